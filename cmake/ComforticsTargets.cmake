@@ -1,0 +1,44 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# What every target of the project shares, and how a room and its tests are declared.
+
+add_library(comfortics_options INTERFACE)
+target_compile_features(comfortics_options INTERFACE cxx_std_20)
+target_compile_options(
+  comfortics_options
+  INTERFACE
+    # Results are exact to the last bit as written: no fused multiply-add, ever.
+    -ffp-contract=off
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
+    -Wcast-qual -Wformat=2 -Wimplicit-fallthrough
+    $<$<BOOL:${COMFORTICS_WERROR}>:-Werror>)
+if(COMFORTICS_SANITIZE)
+  target_compile_options(comfortics_options INTERFACE -fsanitize=${COMFORTICS_SANITIZE} -fno-omit-frame-pointer
+                                                      -fno-sanitize-recover=all)
+  target_link_options(comfortics_options INTERFACE -fsanitize=${COMFORTICS_SANITIZE})
+endif()
+if(COMFORTICS_COVERAGE)
+  target_compile_options(comfortics_options INTERFACE --coverage)
+  target_link_options(comfortics_options INTERFACE --coverage)
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# comfortics_room(<room> SOURCES ... LINKS ...): one library per folder of src/. LINKS names the rooms that this
+# one may include; an include from any other room does not compile... or, at the latest, does not link.
+function(comfortics_room room)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(comfortics_${room} STATIC ${arg_SOURCES})
+  add_library(comfortics::${room} ALIAS comfortics_${room})
+  target_include_directories(comfortics_${room} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(comfortics_${room} PUBLIC ${arg_LINKS} PRIVATE comfortics_options)
+  target_compile_features(comfortics_${room} PUBLIC cxx_std_20)
+endfunction()
+
+# comfortics_test(<room> SOURCES ... LINKS ...): one test executable per room, linking that room only.
+function(comfortics_test room)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${room}_tests ${arg_SOURCES})
+  target_link_libraries(${room}_tests PRIVATE ${arg_LINKS} GTest::gtest GTest::gtest_main comfortics_options)
+  gtest_discover_tests(${room}_tests TEST_PREFIX ${room}/ DISCOVERY_TIMEOUT 60)
+endfunction()
