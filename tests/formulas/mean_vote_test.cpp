@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "formulas/mean_vote.h"
+
+#include "formula_cases.h"
+
+#include <bit>
+#include <cstdint>
+#include <random>
+#include <sstream>
+
+namespace {
+
+using namespace comfortics::formulas;
+using comfortics::tests::expectAll;
+using comfortics::tests::FormulaCase;
+using comfortics::values::RunFailure;
+
+constexpr const char* kTurnsBack = "the mean-vote walk turns back without meeting its tolerance";
+constexpr const char* kStandsStill = "the mean-vote walk stands still without meeting its tolerance";
+
+struct Solve {
+    double Ta, Tmrt, Ea, WS, M0;
+};
+
+using Solver = Number (*)(Number, Number, Number, Number, Number);
+
+/// The bits of the vote, or why there is none.
+std::string outcome(Solver solver, const Solve& s)
+{
+    try {
+        std::ostringstream bits;
+        bits << std::hex << std::bit_cast<std::uint64_t>(solver(s.Ta, s.Tmrt, s.Ea, s.WS, s.M0).value());
+        return bits.str();
+    } catch (const RunFailure& failure) {
+        return failure.why();
+    }
+}
+
+std::string described(const Solve& s)
+{
+    std::ostringstream text;
+    text.precision(17);
+    text << "Ta " << s.Ta << " Tmrt " << s.Tmrt << " Ea " << s.Ea << " WS " << s.WS << " M0 " << s.M0;
+    return text.str();
+}
+
+struct Range {
+    double from, to;
+};
+
+/// Holds fast against plain over random weather, half of it rounded as readings are.
+void expectFastIsPlain(std::uint64_t seed, int solves, Range Ta, Range radiantExcess, Range WS)
+{
+    // A plain solve is half a million powers.
+#if !defined(__OPTIMIZE__) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    solves /= 50;
+#endif
+    constexpr double kRates[] = {230, 100, 165, 65, 290};
+    std::mt19937_64 random(seed);
+    const auto draw = [&random](Range range) {
+        return std::uniform_real_distribution<double>(range.from, range.to)(random);
+    };
+    const auto rounded = [](double x) { return std::nearbyint(x * 10) / 10; };
+    for (int i = 0; i < solves; ++i) {
+        Solve s{draw(Ta), 0, draw({0.01, 40}), draw(WS), kRates[random() % 5]};
+        s.Tmrt = s.Ta + draw(radiantExcess);
+        if (i % 2 == 0)
+            s = {rounded(s.Ta), rounded(s.Tmrt), s.Ea, rounded(s.WS), s.M0};
+        ASSERT_EQ(outcome(Predicted_Mean_Vote, s), outcome(Predicted_Mean_Vote_plain, s))
+            << described(s) << ", solve " << i << " of seed " << seed;
+    }
+}
+
+TEST(MeanVote, FastIsPlainInHeat)
+{
+    expectFastIsPlain(118, 5000, {22, 52}, {-8, 45}, {-0.05, 6});
+}
+
+TEST(MeanVote, FastIsPlainInCalm)
+{
+    expectFastIsPlain(119, 3000, {5, 40}, {-10, 30}, {-0.01, 0.4});
+}
+
+TEST(MeanVote, FastIsPlainInCold)
+{
+    expectFastIsPlain(120, 900, {-60, 5}, {-10, 25}, {0, 5});
+}
+
+TEST(MeanVote, FastIsPlainInStorm)
+{
+    expectFastIsPlain(121, 1300, {-35, 45}, {-5, 20}, {5, 60});
+}
+
+// Far outside all weather: hot and cold walks of millions of steps, below 0 K too, where the
+// radiation no longer falls with the temperature; walks that fail in their first pass.
+TEST(MeanVote, FastIsPlainFarOut)
+{
+    const Solve solves[] = {
+        {20, 900, 5, 0.3, 165},    {700, 20, 5, 2, 100},     {-190, -185, 0, 0.1, 65},
+        {-330, -250, 0, 3, 100},   {-420, -270, 0, 40, 290}, {-480, -300, 0, 0.02, 165},
+        {-280, -290, 0, 1e4, 230}, {22, 24, 9, 700, 165},    {33.4, 35.2, 9, 0.02, 65},
+        {22, 24, 9, -0.5, 165},    {22, 1e78, 9, 0.5, 165},  {22, 24, 1e307, 0.5, 165},
+        {22, 24, 9, 1e307, 165},   {1e306, 24, 9, 1, 165},   {22, 24, 1e307, -1, 165},
+        {22, 24, 9, 0.5, 1e300},
+    };
+    for (const Solve& s : solves)
+        EXPECT_EQ(outcome(Predicted_Mean_Vote, s), outcome(Predicted_Mean_Vote_plain, s)) << described(s);
+}
+
+TEST(MeanVote, FailsWhereTheWalkHasNoEnd)
+{
+    EXPECT_EQ(outcome(Predicted_Mean_Vote, {-40, -38, 0.1, 30, 165}), kTurnsBack);
+    // Walks of 1e16 steps, which nobody can make one by one.
+    EXPECT_EQ(outcome(Predicted_Mean_Vote, {-1e6, 20, 0, 1, 165}), kStandsStill);
+    EXPECT_EQ(outcome(Predicted_Mean_Vote, {20, 1e13, 9, 1, 165}), kStandsStill);
+    EXPECT_EQ(outcome(Predicted_Mean_Vote, {1e200, 20, 9, 1, 165}), kStandsStill);
+}
+
+TEST(MeanVote, Votes)
+{
+    expectAll({
+        {"118", [] { return Index_118(22, 27, 11, 0.6); }, "1.92445122"},
+        {"119", [] { return Index_119(22, 27, 11, 0.6); }, "0.266072361"},
+        {"120", [] { return Index_120(22, 27, 11, 0.6); }, "1.14107401"},
+        {"121", [] { return Index_121(22, 27, 11, 0.6); }, "-0.840950867"},
+        {"122", [] { return Index_122(22, 27, 11, 0.6); }, "2.67335332"},
+        {"123", [] { return Index_123(22, 27, 11, 0.6); }, "73.2379756"},
+        {"124", [] { return Index_124(22, 27, 11, 0.6); }, "6.46995496"},
+        {"125", [] { return Index_125(22, 27, 11, 0.6); }, "32.4197575"},
+        {"126", [] { return Index_126(22, 27, 11, 0.6); }, "19.9213701"},
+        {"127", [] { return Index_127(22, 27, 11, 0.6); }, "96.3890417"},
+        {"thick clothing at -30 °C", [] { return Index_120(-30, -26, 0.5, 0.2); }, "-1.20752295"},
+        {"thickest below", [] { return Index_120(-30.1, -26, 0.5, 0.2); }, "-1.2108558"},
+        {"thin clothing at 25 °C", [] { return Index_120(25, 29, 13, 0.3); }, "1.66569502"},
+        {"thinnest above", [] { return Index_120(25.1, 29, 13, 0.3); }, "1.67561277"},
+        {"still air", [] { return Index_119(-12, -4, 1.8, 0); }, "-1.55144835"},
+        {"an upward walk", [] { return Index_120(38, 70, 24, 0); }, "6.69257169"},
+        {"a storm that ends", [] { return Index_122(8, 15, 7, 9); }, "0.789566044"},
+        {"a negative wind", [] { return Index_119(22, 27, 11, -0.1); }, "fails"},
+    });
+}
+
+// ISO 7730 (2005), table 1: 77, 26, 10 and 5 % at votes of 2, 1, 0.5 and 0.
+TEST(MeanVote, Dissatisfied)
+{
+    EXPECT_EQ(Predicted_Percentage_Dissatisfied(0).value(), 5);
+    for (const double sign : {-1.0, 1.0}) {
+        EXPECT_NEAR(Predicted_Percentage_Dissatisfied(sign * 0.5).value(), 10, 0.5);
+        EXPECT_NEAR(Predicted_Percentage_Dissatisfied(sign * 1).value(), 26, 0.5);
+        EXPECT_NEAR(Predicted_Percentage_Dissatisfied(sign * 2).value(), 77, 0.5);
+    }
+}
+
+} // namespace
