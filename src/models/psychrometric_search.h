@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "values/number.h"
+#include "values/variant.h"
+
+namespace comfortics::models {
+
+using values::Number;
+using values::Variant;
+
+/// Passes after which the psychrometric search is taken to have no end: 20000 degrees of climb.
+inline constexpr int kLastPsychrometricPass = 100000;
+
+namespace plain {
+
+/// The psychrometric search, step by step.
+Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td);
+
+} // namespace plain
+
+/// Psychrometric wet-bulb temperature [°C]: from the dew point Td [°C] up in steps of 0.2, until the
+/// heat balance of the wet thermometer at 101 kPa changes its sign. The steps would also end above
+/// an air temperature Ta [°C] that is a number; one that is a text never ends them.
+///
+/// Fails where the search would go on for ever: a balance of exactly 0 differs in sign from
+/// nothing. The fast way has the bits and the failures of the plain one.
+Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td);
+
+} // namespace comfortics::models

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "values/number.h"
+
+#include <array>
+#include <cstddef>
+
+namespace comfortics::models {
+
+using values::Number;
+
+/// One monomial of the regression: coefficient * Ta^a * va^b * D^c * Pa^d.
+struct UtciTerm {
+    int Ta;
+    int va;
+    int D;
+    int Pa;
+    double coefficient;
+};
+
+inline constexpr std::size_t kUtciTermCount = 210;
+
+/// The regression of the Universal Thermal Climate Index (Bröde et al., 2012), by ascending power
+/// of Pa, then of D, then of va, then of Ta.
+extern const std::array<UtciTerm, kUtciTermCount> kUtciTerms;
+
+/// How many of the terms each partial sum S1 to S8 takes. S1 has a bare Ta before them.
+inline constexpr std::array<std::size_t, 8> kUtciPartialSums{50, 25, 25, 25, 25, 25, 25, 10};
+
+/// Universal Thermal Climate Index [°C] from air temperature Ta [°C], wind speed va [m/s],
+/// D = Tmrt - Ta [K] and vapour pressure Pa [kPa]. Every term is its coefficient times its
+/// variables one at a time, every partial sum runs from left to right. No range is checked: the
+/// regression was fitted to -50 <= Ta <= 50, 0.5 <= va <= 17, -30 <= D <= 70, Pa <= 5.
+/// Fails on overflow.
+Number UTCI_Polynomial(Number Ta, Number va, Number D, Number Pa);
+
+} // namespace comfortics::models

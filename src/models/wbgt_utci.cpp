@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "models/wbgt_utci.h"
+
+#include "formulas/primitives.h"
+#include "models/psychrometric_search.h"
+#include "models/radiation_search.h"
+#include "models/utci_polynomial.h"
+#include "values/number_text.h"
+#include "values/run_failure.h"
+
+#include <utility>
+
+namespace comfortics::models {
+
+using formulas::Dew_Point_Magnus;
+using formulas::Live;
+using formulas::Relative_Humidity_Magnus;
+using values::exponential;
+using values::format;
+using values::kFormat00_00000;
+using values::logarithm;
+using values::plainText;
+using values::RunFailure;
+
+namespace {
+
+constexpr double kAbsent = -99;
+constexpr const char* kError = "Error:";
+
+bool isGiven(const Variant& reading)
+{
+    return !reading.equalsNumber(kAbsent) && !reading.isEmptyText();
+}
+
+std::string readsAbove(const Variant& Td, const Variant& Ta)
+{
+    const std::string air = Ta.text();
+    std::string dew = Td.text();
+    if (values::isNumeric(dew)) {
+        const std::string rounded = plainText(values::val(format(dew, values::kFormat0_00)));
+        if (rounded != air)
+            dew = rounded;
+    }
+    if (Td.isText() || Ta.isText())
+        return "the dew point " + dew + " reads above the air temperature " + air +
+               " (the two are compared as texts)";
+    return "the dew point " + dew + " is above the air temperature " + air;
+}
+
+} // namespace
+
+Variant WBGT_UTCI::UTCI_Regression(Variant& Ta, Variant& Tg, Variant& Td, Variant& WS, Variant& SR,
+                                   Variant& RH)
+{
+    if (auto early = completeHumidity(Ta, Tg, Td, SR, RH))
+        return *std::move(early);
+    if (isGiven(SR)) {
+        if (isGiven(Tg))
+            return answer(kError, "both the globe temperature and the solar radiation are given");
+        Tg.assign(Globe_Temperature_Model(Ta, RH, WS, SR)); // no caption, unlike the outdoor WBGT
+    }
+    const Number Tmrt = MRT_From_Globe(Ta.number(), Tg.number(), WS.number());
+    // 17.29 and 0.6108 are this model's own: [kPa], where the indoor WBGT has 17.27 and 0.6106.
+    const Number Pa = exponential((17.29 * Td.number()) / (Td.number() + 237.3)) * 0.6108;
+    const Number D = Tmrt - Ta.number();
+    return UTCI_Polynomial(Ta.number(), WS.number(), D, Pa);
+}
+
+Variant WBGT_UTCI::WBGT_Outdoor(Variant& Ta, Variant& Tg, Variant& Td, Variant& WS, Variant& SR, Variant& RH)
+{
+    if (auto early = completeHumidity(Ta, Tg, Td, SR, RH))
+        return *std::move(early);
+    if (isGiven(SR)) {
+        if (isGiven(Tg))
+            return answer(kError, "both the globe temperature and the solar radiation are given");
+        Tg.assign(Globe_Temperature_Model(Ta, RH, WS, SR));
+        m_desk.writeCaption(Live::Tg, format(Tg, kFormat00_00000));
+    } else {
+        // A radiation of 0 ends the search at 1356, and the model without a result; deliberate,
+        // though a radiation that is searched is absent and so never 0.
+        const bool endsEarly = SR.equalsNumber(0);
+        const auto found = searchRadiation(Ta, RH, WS, Tg, endsEarly ? 1356 : kLastCandidate);
+        if (found) {
+            SR.assign(*found);
+            m_desk.writeCaption(Live::SR, plainText(*found));
+            m_desk.writeSolarRadiationResult(plainText(*found));
+        } else if (endsEarly) {
+            return {};
+        } else if (SR.isEmptyText()) {
+            // What the wet bulb's arithmetic would say of it, with the reason. (-99 is a number and
+            // goes in as one.)
+            throw RunFailure("type mismatch: the text \"\" is no number (no solar radiation up to " +
+                             plainText(kLastCandidate) + " W/m² brings the globe to " + Tg.text() + ")");
+        }
+    }
+    const Variant Tnwb = Natural_Wet_Bulb(Ta, Td, RH, WS, SR);
+    return ((0.7 * Tnwb.number()) + (0.2 * Tg.number())) + (0.1 * Ta.number());
+}
+
+Variant WBGT_UTCI::WBGT_Indoor(Variant& Ta, Variant& Td, Variant& WS, Variant& RH)
+{
+    // The dew point is compared as it came: one that RH replaces below is not looked at.
+    if (isDewPointAbove(Td, Ta)) {
+        m_desk.writeCaption(Live::Tpwb, format(Variant(), kFormat00_00000));
+        return kError;
+    }
+    if (WS.isBelowNumber(0.1))
+        WS.assign(0.1);
+    if (isGiven(RH))
+        Td.assign(Dew_Point_Magnus(m_desk, Ta.number(), RH.number()));
+    const Number Tw = psychrometricWetBulb(Ta, Td);
+    m_desk.writeCaption(Live::Tpwb, format(Tw, kFormat00_00000));
+    return ((0.67 * Tw) + (0.33 * Ta.number())) -
+           (((logarithm(WS.number()) * 0.048) / logarithm(10)) * (Ta.number() - Tw));
+}
+
+Variant WBGT_UTCI::Mean_Radiant_Temperature_Model(Variant& Ta, Variant& Tg, Variant& SR, Variant& WS)
+{
+    constexpr double humidity = 60;
+    Variant result;
+    if (!isGiven(SR)) {
+        result = MRT_From_Globe(Ta.number(), Tg.number(), WS.number());
+    } else if (!isGiven(Tg)) {
+        Tg.assign(Globe_Temperature_Model(Ta, humidity, WS, SR));
+        result = MRT_From_Globe(Ta.number(), Tg.number(), WS.number());
+    } else {
+        result = answer(kError, "both the globe temperature and the solar radiation are given");
+    }
+    m_desk.writeCaption(Live::Tmrt, result.text());
+    return result;
+}
+
+/// What the UTCI and the outdoor WBGT do first: test the pairs, derive the absent one of Td and RH,
+/// test the dew point. Returns the answer that ends the model, if there is one.
+std::optional<Variant> WBGT_UTCI::completeHumidity(const Variant& Ta, const Variant& Tg, Variant& Td,
+                                                   const Variant& SR, Variant& RH)
+{
+    if (RH.isEmptyText() && Td.isEmptyText())
+        return answer("", "neither the dew point nor the relative humidity is given");
+    if (Tg.isEmptyText() && SR.isEmptyText())
+        return answer("", "neither the globe temperature nor the solar radiation is given");
+    if (RH.equalsNumber(kAbsent) && Td.equalsNumber(kAbsent))
+        return Variant();
+    if (Tg.equalsNumber(kAbsent) && SR.equalsNumber(kAbsent))
+        return Variant();
+    if (isGiven(RH)) {
+        if (isGiven(Td))
+            return answer(kError, "both the dew point and the relative humidity are given");
+        Td.assign(Dew_Point_Magnus(m_desk, Ta.number(), RH.number()));
+    } else {
+        RH.assign(Relative_Humidity_Magnus(m_desk, Ta.number(), Td.number()));
+    }
+    if (isDewPointAbove(Td, Ta))
+        return kError;
+    return std::nullopt;
+}
+
+bool WBGT_UTCI::isDewPointAbove(const Variant& Td, const Variant& Ta)
+{
+    if (!isGreater(Td, Ta))
+        return false;
+    m_desk.explain(readsAbove(Td, Ta));
+    return true;
+}
+
+Variant WBGT_UTCI::answer(const char* text, std::string why)
+{
+    m_desk.explain(std::move(why));
+    return text;
+}
+
+Variant WBGT_UTCI::Globe_Temperature_Model(const Variant& Ta, const Variant& RH, Variant& WS,
+                                           const Variant& SR)
+{
+    raiseToMinimumWind(WS, kMinimumWind);
+    const Number air = Ta.number();
+    const Number humidity = RH.number();
+    const Number wind = WS.number();
+    const Number sun = SR.number();
+    return told(m_globes.recall({air.value(), humidity.value(), wind.value(), sun.value()},
+                                [&] { return models::Globe_Temperature_Model(air, humidity, wind, sun); }));
+}
+
+Variant WBGT_UTCI::Natural_Wet_Bulb(const Variant& Ta, const Variant& Td, const Variant& RH, Variant& WS,
+                                    const Variant& SR)
+{
+    raiseToMinimumWind(WS, kMinimumWind);
+    const Number air = Ta.number();
+    const Number dew = Td.number();
+    const Number humidity = RH.number();
+    const Number wind = WS.number();
+    const Number sun = SR.number();
+    Variant Tnwb =
+        told(m_wetBulbs.recall({air.value(), dew.value(), humidity.value(), wind.value(), sun.value()},
+                               [&] { return models::Natural_Wet_Bulb(air, dew, humidity, wind, sun); }));
+    if (!Tnwb.isEmpty())
+        m_desk.writeCaption(Live::Tnwb, format(Tnwb, kFormat00_00000));
+    return Tnwb;
+}
+
+std::optional<std::int16_t> WBGT_UTCI::searchRadiation(const Variant& Ta, const Variant& RH, Variant& WS,
+                                                       const Variant& Tg, int last)
+{
+    raiseToMinimumWind(WS, kMinimumWind);
+    const Number air = Ta.number();
+    const Number humidity = RH.number();
+    const Number wind = WS.number();
+    const Number globe = Tg.number();
+    bool solvedNow = false;
+    const Search& search = m_searches.recall(
+        {air.value(), humidity.value(), wind.value(), globe.value(), static_cast<double>(last)}, [&] {
+            solvedNow = true;
+            Search found;
+            found.radiation = models::searchRadiation(air, humidity, wind, globe, last, [&] {
+                ++found.messages;
+                showNoConvergence();
+            });
+            return found;
+        });
+    for (int i = 0; !solvedNow && i < search.messages; ++i)
+        showNoConvergence();
+    return search.radiation;
+}
+
+Number WBGT_UTCI::psychrometricWetBulb(const Variant& Ta, const Variant& Td)
+{
+    const Number air = Ta.number();
+    const Number dew = Td.number();
+    return m_psychrometrics.recall({air.value(), dew.value(), Ta.isText() ? 1.0 : 0.0},
+                                   [&] { return Psychrometric_Wet_Bulb(Ta, dew); });
+}
+
+Variant WBGT_UTCI::told(const Solution& solution)
+{
+    if (!solution.converged())
+        showNoConvergence();
+    return solution.temperature();
+}
+
+void WBGT_UTCI::showNoConvergence()
+{
+    m_desk.showMessage("No convergence: values too extreme");
+}
+
+} // namespace comfortics::models

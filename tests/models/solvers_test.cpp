@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "models/solvers.h"
+
+#include "model_cases.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace comfortics::tests {
+namespace {
+
+using namespace models;
+
+struct Row {
+    std::string name;
+    std::string result;
+    std::string expected;
+};
+
+void expectAll(const std::vector<Row>& rows)
+{
+    for (const Row& row : rows)
+        EXPECT_EQ(row.result, row.expected) << row.name;
+}
+
+// The expected values of this file come from a separate evaluation of the balance in Python.
+
+TEST(Primitives, AirProperties)
+{
+    expectAll({
+        {"viscosity, cool", shown([] { return Air_Viscosity(285.5); }), "1.77682333e-05"},
+        {"viscosity, hot", shown([] { return Air_Viscosity(310); }), "1.89035467e-05"},
+        {"diffusivity at the site", shown([] { return Air_Diffusivity(291.25, 1010); }), "2.45884202e-05"},
+        {"diffusivity on a mountain", shown([] { return Air_Diffusivity(305, 870); }), "3.17900991e-05"},
+        {"emissivity", shown([] { return Emissivity_Atmosphere(288.15, 0.63); }), "0.807871735"},
+        {"emissivity of dry air", shown([] { return Emissivity_Atmosphere(288.15, 0); }), "0"},
+        {"viscosity below 0 K", shown([] { return Air_Viscosity(-1); }),
+         "fails: negative base with a fractional exponent (-28.97 ^ 0.5)"},
+    });
+}
+
+TEST(Primitives, ConvectionRaisesAWindThatIsANumber)
+{
+    struct Case {
+        Variant wind;
+        double pressure;
+        const char* cylinder;
+        const char* sphere;
+        Variant windAfter;
+    };
+    const Case cases[] = {
+        {1.7, 1010, "47.3713855", "21.0610601", 1.7},
+        {1.7, 870, "43.3146505", "19.6180071", 1.7},
+        {0.1, 1010, "8.6545947", "5.85665552", 0.1},
+        {0.04, 1010, "8.6545947", "5.85665552", 0.1},
+        {"0.04", 1010, "4.99439318", "4.06731648", "0.04"}, // a text is above every number
+        {"0", 1010, "0", "0.988294838", "0"},
+        {Variant(), 1010, "8.6545947", "5.85665552", 0.1}, // Empty counts as 0
+    };
+    for (const Case& c : cases) {
+        Variant wind = c.wind;
+        EXPECT_EQ(shown([&] { return Convection_Cylinder(293.5, c.pressure, wind, 0.1); }), c.cylinder)
+            << c.wind.text();
+        EXPECT_EQ(wind, c.windAfter) << c.wind.text();
+        wind = c.wind;
+        EXPECT_EQ(shown([&] { return Convection_Sphere(293.5, c.pressure, wind, 0.1); }), c.sphere)
+            << c.wind.text();
+        EXPECT_EQ(wind, c.windAfter) << c.wind.text();
+    }
+}
+
+std::string plainGlobe(double Ta, double RH, double v, double SR, double P = 101, double fdir = 0.8,
+                       double z = 0)
+{
+    Variant wind = v;
+    return shown([&] { return plain::Globe_Temperature_Model(Ta, RH, P, wind, SR, fdir, z, 0); });
+}
+
+std::string plainWick(double SR, double P, double fdir, double z, double radiationSwitch)
+{
+    Variant wind = 1.4;
+    return shown(
+        [&] { return plain::Natural_Wet_Bulb(31, 18.2, 47, P, wind, 0, SR, fdir, z, radiationSwitch); });
+}
+
+TEST(Globe, SolvesTheBalance)
+{
+    const double inputs[][4] = {
+        {31, 47, 1.4, 730}, {31, 47, 1.4, 0}, {-17, 82, 3.2, 140}, {57, 12, 0.2, 1300}, {4, 99, 8, 55}};
+    const char* const expected[] = {"43.5921064", "29.959515", "-16.3817189", "91.3596175", "3.78928519"};
+    for (std::size_t i = 0; i < std::size(inputs); ++i) {
+        const auto& [Ta, RH, WS, SR] = inputs[i];
+        EXPECT_EQ(plainGlobe(Ta, RH, WS, SR), expected[i]) << "row " << i;
+        EXPECT_EQ(shown([&] { return Globe_Temperature_Model(Ta, RH, WS, SR); }), expected[i]) << "row " << i;
+    }
+}
+
+TEST(Globe, SiteAndZenith)
+{
+    expectAll({
+        {"pressure", plainGlobe(31, 47, 1.4, 730, 87), "44.2546819"},
+        {"direct fraction", plainGlobe(31, 47, 1.4, 730, 101, 0.35), "46.5871774"},
+        {"low sun", plainGlobe(31, 47, 1.4, 730, 101, 0.8, 1.1), "49.9811703"},
+        {"horizon", plainGlobe(31, 47, 1.4, 730, 101, 0.8, 1.57), "1025.7579"},
+        {"below the horizon counts as 1.57", plainGlobe(31, 47, 1.4, 730, 101, 0.8, 1.65), "1025.7579"},
+        {"a negative angle counts as 1e-10", plainGlobe(31, 47, 1.4, 730, 101, 0.8, -0.4), "43.5921064"},
+    });
+}
+
+TEST(Globe, EndsWithoutATemperature)
+{
+    expectAll({
+        {"a gale swings the iteration", shown([] { return Globe_Temperature_Model(0, 50, 30, 600); }),
+         "no convergence"},
+        {"the same, plainly", plainGlobe(0, 50, 30, 600), "no convergence"},
+        {"a gale in great cold",
+         shown([] { return Globe_Temperature_Model(-40, 50, 20, 600); }).substr(0, 50),
+         "fails: negative base with a fractional exponent (-"},
+        {"below 0 K", shown([] { return Globe_Temperature_Model(-300, 50, 1, 600); }).substr(0, 19),
+         "fails: negative bas"},
+        {"still air", shown([] { return Globe_Temperature_Model(31, 47, 0, 100); }), "34.0594557"},
+    });
+}
+
+TEST(WetBulb, SolvesTheBalance)
+{
+    const double inputs[][5] = {
+        {31, 18.2, 47, 1.4, 730}, {31, 18.2, 47, 1.4, 0},   {-17, -19.3, 82, 3.2, 140},
+        {57, 17, 12, 0.2, 1300},  {4, 3.9, 99, 8, 55}, // the first pass is within the tolerance
+        {38.5, 35.1, 77, 0.1, 0}, {30.8, 29.2, 81, 5, 100}, {4.2, 4.1, 87, 5, 100}, // thrown down on the way
+    };
+    const char* const expected[] = {"23.9746106", "22.2501642", "-17.2323141", "36.3742659",
+                                    "3.85233647", "34.9823773", "28.0809302",  "3.36358385"};
+    for (std::size_t i = 0; i < std::size(inputs); ++i) {
+        const auto& [Ta, Td, RH, WS, SR] = inputs[i];
+        EXPECT_EQ(shown([&] { return Natural_Wet_Bulb(Ta, Td, RH, WS, SR); }), expected[i]) << "row " << i;
+    }
+}
+
+TEST(WetBulb, SiteZenithAndSwitch)
+{
+    expectAll({
+        {"pressure", plainWick(730, 87, 0.8, 0, 1), "23.6007036"},
+        {"direct fraction", plainWick(730, 101, 0.35, 0, 1), "25.06323"},
+        {"low sun", plainWick(730, 101, 0.8, 1.1, 1), "25.1817071"},
+        {"no radiation", plainWick(730, 101, 0.8, 0, 0), "22.0802827"},
+        {"half of it", plainWick(730, 101, 0.8, 0, 0.5), "23.0561689"},
+        {"a negative angle counts as 1e-10", plainWick(730, 101, 0.8, -0.4, 1), "23.9746106"},
+        {"1.6 counts as 1.57", plainWick(0.5, 101, 0.8, 1.6, 1), "22.8310558"},
+        {"1.55 stands", plainWick(15, 101, 0.8, 1.55, 1), "22.9504338"},
+        {"15 W/m2: still 1.57", plainWick(15, 101, 0.8, 1.6, 1), "35.2396414"},
+        {"above 15 W/m2 1.54", plainWick(15.5, 101, 0.8, 1.6, 1), "22.7531697"},
+        {"above 15 W/m2 1.53 stands", plainWick(15.5, 101, 0.8, 1.53, 1), "22.6400278"},
+        {"900 W/m2: still 1.54", plainWick(900, 101, 0.8, 1.6, 1), "40.918444"},
+        {"above 900 W/m2 1.52", plainWick(901, 101, 0.8, 1.6, 1), "35.8820301"},
+        {"above 900 W/m2 1.51 stands", plainWick(901, 101, 0.8, 1.51, 1), "34.3510241"},
+    });
+}
+
+TEST(WetBulb, EndsWithoutATemperature)
+{
+    expectAll({
+        {"damp heat", shown([] { return Natural_Wet_Bulb(52.7, 50.8, 91, 0.9, 370); }), "no convergence"},
+        {"still air", shown([] { return Natural_Wet_Bulb(31, 18.2, 47, 0, 100); }),
+         "fails: division by zero"},
+    });
+}
+
+TEST(RadiantTemperature, FromTheGlobe)
+{
+    expectAll({
+        {"wind decides", shown([] { return MRT_From_Globe(22, 31, 1.3); }), "52.1285984"},
+        {"buoyancy decides", shown([] { return MRT_From_Globe(22, 31, 0.02); }), "36.4028397"},
+        {"still air", shown([] { return MRT_From_Globe(22, 31, 0); }), "36.4028397"},
+        {"globe below air", shown([] { return MRT_From_Globe(30, 24, 2.1); }), "-1.42237823"},
+        {"globe at air temperature", shown([] { return MRT_From_Globe(25, 25, 7); }), "25"},
+        {"globe far below air", shown([] { return MRT_From_Globe(60, 0, 9); }).substr(0, 48),
+         "fails: negative base with a fractional exponent "},
+    });
+}
+
+// The fast solvers against the plain ones, by bits, status and wording of the failure.
+TEST(FastSolvers, AreThePlainOnes)
+{
+    Random random;
+    for (int i = 0; i < 40000 / kSlowness; ++i) {
+        double Ta = random.between(-60, 58);
+        double RH = random.between(0.1, 100);
+        double WS = random.size(0.1, 60);
+        double SR = random.integer(0, 1376);
+        double Td = Ta - random.between(0, 30);
+        switch (random.integer(0, 11)) { // every fourth input is out of the ordinary
+        case 0:
+            Ta = random.between(-280, 900);
+            Td = random.between(-290, 400);
+            break;
+        case 1:
+            WS = random.oneIn(2) ? 0 : random.between(-1, 2000);
+            RH = random.between(-10, 5000);
+            break;
+        case 2:
+            SR = random.between(-3000, 9000);
+            break;
+        default:
+            break;
+        }
+        SCOPED_TRACE(testing::Message() << "seed " << Random::kSeed << ": Ta " << Ta << " Td " << Td << " RH "
+                                        << RH << " WS " << WS << " SR " << SR);
+        Variant wind = WS;
+        ASSERT_EQ(bits([&] { return Globe_Temperature_Model(Ta, RH, WS, SR); }),
+                  bits([&] { return plain::Globe_Temperature_Model(Ta, RH, 101, wind, SR, 0.8, 0, -2); }));
+        ASSERT_EQ(bits([&] { return Natural_Wet_Bulb(Ta, Td, RH, WS, SR); }),
+                  bits([&] { return plain::Natural_Wet_Bulb(Ta, Td, RH, 101, wind, -2, SR, 0.8, 0, 1); }));
+    }
+}
+
+} // namespace
+} // namespace comfortics::tests
