@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What a form asks of the user or the desktop. The views answer with real dialogs, tests with
+// prepared answers.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace comfortics::controls {
+
+enum class Buttons { Ok, YesNo };
+enum class Icon { None, Question, Information };
+enum class Answer { Ok, Yes, No };
+
+/// A message box. An empty title means the program's own.
+struct MessageBox {
+    std::string text;
+    std::string title = {};
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+};
+
+/// Shows message boxes and waits for the answer.
+class Messages {
+public:
+    virtual ~Messages() = default;
+    virtual Answer show(const MessageBox& box) = 0;
+};
+
+/// The system's clipboard, for plain text (UTF-8).
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    virtual void clear() = 0;
+    virtual void setText(const std::string& text) = 0;
+    virtual std::string text() = 0;
+};
+
+/// A dialog that asks where to save.
+struct SaveRequest {
+    std::string title;
+    std::string filter = {};   ///< as the form words it, possibly without a pattern
+    std::string fileName = {}; ///< the name offered
+    bool overwritePrompt = false;
+};
+
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    /// The chosen path, or nothing when the user cancels.
+    virtual std::optional<std::string> askSave(const SaveRequest& request) = 0;
+};
+
+} // namespace comfortics::controls

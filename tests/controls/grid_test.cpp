@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/grid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace comfortics::controls {
+
+void PrintTo(const GridChange::Range& range, std::ostream* out)
+{
+    *out << range.firstRow << "," << range.firstCol << " to " << range.lastRow << "," << range.lastCol;
+}
+
+} // namespace comfortics::controls
+
+namespace comfortics::tests {
+
+using namespace controls;
+using Range = GridChange::Range;
+
+namespace {
+
+// Fills a whole grid by its clip text; everything stays selected.
+void fill(Grid& grid, std::string_view text)
+{
+    grid.select(0, 0, grid.rows() - 1, grid.cols() - 1);
+    grid.setClip(text);
+}
+
+void select(Grid& grid, const Range& range)
+{
+    grid.select(range.firstRow, range.firstCol, range.lastRow, range.lastCol);
+}
+
+std::string column(const Grid& grid, std::size_t col)
+{
+    std::string texts;
+    for (std::size_t row = 0; row < grid.rows(); ++row)
+        texts += (row ? "|" : "") + std::string(grid.textMatrix(row, col));
+    return texts;
+}
+
+} // namespace
+
+TEST(Grid, ClipJoinsTheSelectionWhicheverWayItWasMade)
+{
+    Grid grid(3, 3);
+    fill(grid, "a\tb\tc\rd\te\tf\rg\t\ti");
+    struct Case {
+        Range anchorAndExtent;
+        std::string expected;
+    };
+    for (const Case& row : {Case{{0, 0, 2, 2}, "a\tb\tc\rd\te\tf\rg\t\ti"}, Case{{1, 1, 2, 2}, "e\tf\r\ti"},
+                            Case{{2, 2, 1, 1}, "e\tf\r\ti"}, Case{{2, 0, 1, 1}, "d\te\rg\t"},
+                            Case{{0, 2, 2, 2}, "c\rf\ri"}, Case{{2, 1, 2, 1}, ""}}) {
+        select(grid, row.anchorAndExtent);
+        EXPECT_EQ(grid.clip(), row.expected) << testing::PrintToString(row.anchorAndExtent);
+    }
+}
+
+TEST(Grid, WritingClipReplacesTheSelectionAndNothingElse)
+{
+    struct Case {
+        std::string name;
+        std::string text;
+        std::string expected; // of rows 1 and 2, columns 1 and 2, in a grid of x
+    };
+    const std::vector<Case> cases = {
+        {"fits", "1\t2\r3\t4", "1\t2\r3\t4"},
+        {"ends with a break", "1\t2\r3\t4\r", "1\t2\r3\t4"},
+        {"too much", "1\t2\t9\r3\t4\t9\r5\t6", "1\t2\r3\t4"},
+        {"too few columns", "1\r3", "1\t\r3\t"},
+        {"too few rows", "1\t2", "1\t2\r\t"},
+        {"empty cells and an empty row", "\t2\r\r4", "\t2\r\t"},
+        {"a line feed is text", "1\n\t2\r3\t4", "1\n\t2\r3\t4"},
+    };
+    for (const Case& row : cases) {
+        Grid grid(4, 4);
+        fill(grid, "x\tx\tx\tx\rx\tx\tx\tx\rx\tx\tx\tx\rx\tx\tx\tx");
+        grid.select(1, 1, 2, 2);
+        grid.setClip(row.text);
+        EXPECT_EQ(grid.clip(), row.expected) << row.name;
+        grid.select(1, 1, 2, 2);
+        grid.setClip("\t\r\t");
+        EXPECT_EQ(column(grid, 0) + column(grid, 1) + column(grid, 3), "x|x|x|xx|||xx|x|x|x") << row.name;
+    }
+}
+
+TEST(Grid, WritingTheAnchorTakesTheExtentAlong)
+{
+    Grid grid(5, 4);
+    grid.select(1, 1, 4, 3);
+    grid.setCol(0);
+    EXPECT_EQ(grid.selection(), (Range{1, 0, 1, 0}));
+    grid.setRowSel(3);
+    grid.setColSel(2);
+    EXPECT_EQ(grid.selection(), (Range{1, 0, 3, 2}));
+    grid.setRow(4);
+    EXPECT_EQ(grid.selection(), (Range{4, 0, 4, 0}));
+}
+
+TEST(Grid, SortsByCharacterCode)
+{
+    struct Case {
+        std::string name;
+        std::string before; // a column below the header H
+        std::string ascending;
+        std::string descending;
+    };
+    const std::vector<Case> cases = {
+        {"numbers are texts", "9.0\r10.0\r-1.0\r\r100.0", "H||-1.0|10.0|100.0|9.0", "H|9.0|100.0|10.0|-1.0|"},
+        {"case counts", "b\rB\ra\rA", "H|A|B|a|b", "H|b|a|B|A"},
+        {"a beginning stands first", "abc\rab\rabcd", "H|ab|abc|abcd", "H|abcd|abc|ab"},
+        {"the ninth byte decides", "01234567z\r01234567a", "H|01234567a|01234567z", "H|01234567z|01234567a"},
+        {"beyond the sixteenth", "0123456789abcdefb\r0123456789abcdef\r0123456789abcdefa",
+         "H|0123456789abcdef|0123456789abcdefa|0123456789abcdefb",
+         "H|0123456789abcdefb|0123456789abcdefa|0123456789abcdef"},
+        {"beyond ASCII", "\xC3\xA9\rz\r\xC2\xB2", "H|z|\xC2\xB2|\xC3\xA9", "H|\xC3\xA9|\xC2\xB2|z"},
+    };
+    for (const Case& row : cases) {
+        Grid grid(static_cast<std::size_t>(std::count(row.before.begin(), row.before.end(), '\r')) + 2, 1);
+        fill(grid, "H\r" + row.before);
+        grid.setSort(Sort::StringAscending);
+        EXPECT_EQ(column(grid, 0), row.ascending) << row.name;
+        grid.setSort(Sort::StringDescending);
+        EXPECT_EQ(column(grid, 0), row.descending) << row.name;
+    }
+}
+
+TEST(Grid, SortsWholeRowsByTheSelectedColumnsAndKeepsTheOrderOfEquals)
+{
+    struct Case {
+        std::string name;
+        Range selection;
+        Sort order;
+        std::string expected; // third column
+    };
+    const std::vector<Case> cases = {
+        {"first column up", {1, 0, 1, 0}, Sort::StringAscending, "h|q|s|p|r"},
+        {"first column down, equals in order", {1, 0, 1, 0}, Sort::StringDescending, "h|p|r|q|s"},
+        {"second column", {3, 1, 3, 1}, Sort::StringAscending, "h|p|r|s|q"},
+        {"two columns", {2, 0, 2, 1}, Sort::StringAscending, "h|s|q|p|r"},
+        {"two columns, made backwards", {2, 1, 2, 0}, Sort::StringAscending, "h|s|q|p|r"},
+        {"selected rows do not bound it", {1, 0, 2, 0}, Sort::StringAscending, "h|q|s|p|r"},
+        {"a selected header does not join in", {0, 2, 0, 2}, Sort::StringDescending, "h|s|r|q|p"},
+    };
+    for (const Case& row : cases) {
+        Grid grid(5, 3);
+        fill(grid, "h\th\th\rb\t1\tp\ra\t2\tq\rb\t1\tr\ra\t1\ts");
+        select(grid, row.selection);
+        grid.setSort(row.order);
+        EXPECT_EQ(column(grid, 2), row.expected) << row.name;
+    }
+}
+
+TEST(Grid, WhatBelongsToARowTravelsWithIt)
+{
+    Grid grid(4, 2);
+    fill(grid, "h\th\rc\t1\ra\t2\rb\t3");
+    for (std::size_t row = 1; row < 4; ++row)
+        grid.setRowKey(row, static_cast<std::int32_t>(10 * row));
+    grid.setCellAlignment(2, 1, 7);
+    grid.setCellFont(3, 0, {.name = "Serif", .bold = true});
+    grid.setMergeRow(1, true);
+    grid.setRowHeight(2, 500);
+    grid.select(1, 0, 1, 0);
+    grid.setSort(Sort::StringAscending); // now the old rows 2, 3, 1
+    EXPECT_EQ(std::vector({grid.rowKey(0), grid.rowKey(1), grid.rowKey(2), grid.rowKey(3)}),
+              std::vector({0, 20, 30, 10}));
+    EXPECT_EQ(grid.cellAlignment(1, 1), 7);
+    EXPECT_EQ(grid.cellAlignment(2, 1), Grid::kGeneralAlignment);
+    EXPECT_EQ(grid.cellFont(2, 0)->name, "Serif");
+    EXPECT_EQ(grid.cellFont(3, 0), grid.font());
+    EXPECT_TRUE(grid.mergeRow(3) && !grid.mergeRow(1));
+    EXPECT_EQ(grid.rowHeight(1), 500);
+}
+
+TEST(Grid, ANewSizeKeepsWhatFitsAndClearTheDimensions)
+{
+    Grid grid(4, 3);
+    fill(grid, "a\tb\tc\rd\te\tf\rg\th\ti\rj\tk\tl");
+    grid.setRowKey(1, 4);
+    grid.setRowKey(2, 5);
+    grid.setCellAlignment(3, 2, 1);
+    grid.setColAlignment(1, 4);
+    grid.select(3, 2, 1, 1);
+    grid.setRows(2);
+    grid.setCols(2);
+    EXPECT_EQ(grid.selection(), (Range{1, 1, 1, 1}));
+    grid.setRows(4);
+    grid.setCols(3);
+    EXPECT_EQ(column(grid, 0) + " " + column(grid, 1) + " " + column(grid, 2), "a|d|| b|e|| |||");
+    EXPECT_EQ(grid.rowKey(1), 4);
+    EXPECT_EQ(grid.rowKey(2), 0);
+    EXPECT_EQ(grid.cellAlignment(3, 2), Grid::kGeneralAlignment);
+    grid.clear();
+    EXPECT_EQ(column(grid, 0) + column(grid, 1) + column(grid, 2), "|||||||||");
+    EXPECT_EQ(grid.rowKey(1), 0);
+    EXPECT_EQ(grid.colAlignment(1), 4);
+}
+
+TEST(Grid, RefusesWhatDoesNotExist)
+{
+    const std::vector<std::function<void(Grid&)>> acts = {
+        [](Grid& grid) { (void)grid.textMatrix(3, 0); },
+        [](Grid& grid) { grid.setTextMatrix(3, 0, "x"); },
+        [](Grid& grid) { grid.setTextMatrix(0, 2, "x"); },
+        [](Grid& grid) { grid.setRows(0); },
+        [](Grid& grid) { grid.setFixedRows(2), grid.setRows(1); },
+        [](Grid& grid) { grid.setRows(Grid::kMaxRows + 1); },
+        [](Grid& grid) { grid.setCols(0); },
+        [](Grid& grid) { grid.setFixedRows(4); },
+        [](Grid& grid) { grid.setRowSel(3); },
+        [](Grid& grid) { grid.setCol(2); },
+        [](Grid& grid) { grid.setRowKey(3, 1); },
+    };
+    for (std::size_t i = 0; i < acts.size(); ++i) {
+        Grid grid(3, 2);
+        EXPECT_THROW(acts[i](grid), std::out_of_range) << i;
+        EXPECT_EQ(grid.rows() * 10 + grid.cols(), 32u) << i;
+        EXPECT_EQ(grid.selection(), (Range{1, 0, 1, 0})) << i;
+    }
+}
+
+TEST(Grid, ScrollsNoFurtherThanTheLastPage)
+{
+    Grid grid(20, 1);
+    grid.setSize(1000, 1300); // the header, four rows of 240 and a part of a fifth
+    EXPECT_TRUE(grid.rowIsVisible(0) && grid.rowIsVisible(4) && !grid.rowIsVisible(5));
+    grid.setTopRow(19);
+    EXPECT_EQ(grid.topRow(), 16u);
+    EXPECT_TRUE(grid.rowIsVisible(0) && grid.rowIsVisible(19));
+    EXPECT_FALSE(grid.rowIsVisible(15) || grid.rowIsVisible(20));
+    grid.setRowHeight(18, 480); // one row less fits
+    EXPECT_FALSE(grid.rowIsVisible(19));
+    grid.setTopRow(19);
+    EXPECT_EQ(grid.topRow(), 17u);
+    grid.setRows(3);
+    EXPECT_EQ(grid.topRow(), 1u);
+}
+
+TEST(Grid, TheMouseSelectsBeforeTheFormIsTold)
+{
+    struct Case {
+        std::string name;
+        MouseButton button;
+        std::size_t row;
+        bool shift;
+        Range expected;
+    };
+    const std::vector<Case> cases = {
+        {"a cell", MouseButton::Left, 3, false, {3, 2, 3, 2}},
+        {"a header takes the column", MouseButton::Left, 0, false, {1, 2, 4, 2}},
+        {"Shift extends", MouseButton::Left, 3, true, {2, 1, 3, 2}},
+        {"Shift on a header extends the columns", MouseButton::Left, 0, true, {1, 1, 4, 2}},
+        {"the right button leaves it", MouseButton::Right, 3, false, {2, 1, 2, 1}},
+    };
+    for (const Case& row : cases) {
+        Grid grid(5, 3);
+        grid.select(2, 1, 2, 1);
+        int told = 0;
+        grid.onMouseDown([&](MouseButton button) {
+            ++told;
+            EXPECT_EQ(button, row.button) << row.name;
+            EXPECT_EQ(grid.mouseRow(), row.row) << row.name;
+            EXPECT_EQ(grid.selection(), row.expected) << row.name;
+        });
+        grid.mouseDown(row.button, row.row, 2, row.shift);
+        EXPECT_EQ(told, 1) << row.name;
+    }
+}
+
+TEST(Grid, TellsItsViewWhatChanged)
+{
+    struct Case {
+        std::function<void(Grid&)> act;
+        std::string expected;
+    };
+    const auto gathered = [](Grid& grid) {
+        const Grid::Bulk outer(grid);
+        grid.setTextMatrix(3, 0, "x");
+        {
+            const Grid::Bulk inner(grid);
+            grid.setTextMatrix(1, 2, "y");
+        }
+        grid.setRow(2);
+    };
+    const std::vector<Case> cases = {
+        {[](Grid& grid) { grid.setTextMatrix(2, 1, "x"), grid.setTextMatrix(2, 1, "x"); }, "2,1 to 2,1;"},
+        {[](Grid& grid) { grid.setRow(1), grid.setRow(2); }, "selection ;"},
+        {[](Grid& grid) { grid.setRows(4), grid.setRows(9); }, "structure ;"},
+        {[](Grid& grid) { grid.setColWidth(0, 5); }, "layout ;"},
+        {[](Grid& grid) { grid.setSort(Sort::StringAscending); }, "1,0 to 3,2;"},
+        {[](Grid& grid) { grid.setTopRow(3), grid.setTopRow(3); }, "scroll ;"},
+        {gathered, "selection 1,0 to 3,2;"},
+        {[](Grid& grid) { const Grid::Bulk bulk(grid); }, ""},
+    };
+    for (const Case& row : cases) {
+        Grid grid(4, 3);
+        std::string told;
+        grid.watch([&](const GridChange& change) {
+            told += std::string(change.structure ? "structure " : "") + (change.layout ? "layout " : "") +
+                    (change.selection ? "selection " : "") + (change.scroll ? "scroll " : "") +
+                    (change.cells ? testing::PrintToString(*change.cells) : "") + ";";
+        });
+        row.act(grid);
+        EXPECT_EQ(told, row.expected);
+    }
+}
+
+} // namespace comfortics::tests
