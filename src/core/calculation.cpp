@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/calculation.h"
+
+#include "formulas/primitives.h"
+#include "values/number_text.h"
+#include "values/run_failure.h"
+
+#include <initializer_list>
+#include <string_view>
+#include <utility>
+
+namespace comfortics::core {
+
+using formulas::Live;
+using values::Number;
+using values::RunFailure;
+using values::Variant;
+
+namespace {
+
+constexpr std::string_view kIndexPrefix = "index ";
+
+// How the user is told where a run stopped.
+std::string phrase(const std::string& where)
+{
+    if (where.starts_with(kIndexPrefix)) {
+        const int index = static_cast<int>(values::val(where.substr(kIndexPrefix.size())));
+        return "at " + where + ", " + std::string(catalogueRow(index).name);
+    }
+    constexpr std::pair<std::string_view, std::string_view> kModels[] = {
+        {"UTCI_Regression", "in the Universal Thermal Climate Index"},
+        {"WBGT_Outdoor", "in the outdoor WBGT"},
+        {"WBGT_Indoor", "in the indoor WBGT"},
+        {"Mean_Radiant_Temperature_Model", "in the mean radiant temperature"},
+        {"Saturation_Pressure_Hardy", "in the saturated vapour pressure"},
+        {"Dew_Point_Magnus", "in the dew point"},
+        {"Relative_Humidity_Magnus", "in the relative humidity"},
+        {"Vapor_Pressure_Magnus", "in the actual vapour pressure"},
+    };
+    for (const auto& [name, words] : kModels)
+        if (where == name)
+            return std::string(words);
+    return "in " + where;
+}
+
+} // namespace
+
+void AssumptionBoxes::write(const std::array<std::string, 6>& texts)
+{
+    txt_ArAdu.setText(texts[0]);
+    txt_Emmisivity.setText(texts[1]);
+    txt_Barometric.setText(texts[2]);
+    txt_Height.setText(texts[3]);
+    txt_Weight.setText(texts[4]);
+    txt_Friction.setText(texts[5]);
+}
+
+formulas::Assumptions AssumptionBoxes::read() const
+{
+    const auto number = [](const controls::TextBox& box) { return values::val(box.text()); };
+    return {.Friction = number(txt_Friction),
+            .Height = number(txt_Height) / 100,
+            .Weight = number(txt_Weight),
+            .Barometric = number(txt_Barometric),
+            .Emissivity = number(txt_Emmisivity),
+            .ArAdu = number(txt_ArAdu)};
+}
+
+std::string Failure::sentence() const
+{
+    return "The calculation stopped " + phrase(where) + ": " + why + ".";
+}
+
+Calculation::Calculation(const Limits& limits, controls::Messages& messages)
+    : m_limits(limits), m_messages(messages), m_models(*this), m_driver(*this, limits)
+{
+}
+
+RunStatus Calculation::run(const Settings& settings)
+{
+    m_failure.reset();
+    m_explanation.clear();
+    m_driver.reset();
+
+    // A globe temperature more than 10 degrees below the air temperature is thrown away.
+    if (values::val(readings.txt_TG.text()) < values::val(readings.txt_TA.text()) - 10)
+        readings.txt_TG.setText("");
+    blankResults();
+    if (!readings.valid())
+        return RunStatus::Rejected;
+
+    try {
+        calculate(settings);
+    } catch (const RunFailure& failure) {
+        m_failure = Failure{m_where.empty() ? std::string(kIndexPrefix) + std::to_string(m_driver.counter())
+                                            : m_where,
+                            failure.why()};
+        blankResults();
+        blankLive();
+        for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+            m_driver.outcome(index).kind =
+                settings.selection.contains(index) ? OutcomeKind::RunFailed : OutcomeKind::NotSelected;
+        return RunStatus::Failed;
+    }
+    return RunStatus::Ok;
+}
+
+// The order of the steps is the order of every calculation. Each model gets working copies read
+// afresh from the boxes, so what a model overwrote in an earlier call is lost; only the globe
+// temperature that the mean radiant temperature derives survives, to the captions.
+void Calculation::calculate(const Settings& settings)
+{
+    m_where = "readings";
+    readings.round();
+    writeUnreachableEntries();
+    for (const Live quantity :
+         {Live::Ta, Live::Tg, Live::Td, Live::WS, Live::SR, Live::RH, Live::Tnwb, Live::Tpwb})
+        writeCaption(quantity, {});
+
+    Variant Ta;
+    Variant Tg;
+    Variant Td;
+    Variant WS;
+    Variant SR;
+    Variant RH;
+    const auto copyAfresh = [this](std::initializer_list<std::pair<Variant*, Reading>> copies) {
+        for (const auto& [variable, reading] : copies)
+            *variable = copy(reading);
+    };
+    const auto copyAll = [&] {
+        copyAfresh({{&Ta, Reading::TA},
+                    {&Tg, Reading::TG},
+                    {&Td, Reading::DP},
+                    {&WS, Reading::WS},
+                    {&SR, Reading::SR},
+                    {&RH, Reading::RH}});
+    };
+
+    m_where = "UTCI_Regression";
+    copyAll();
+    m_UTCI_Value = taken(m_models.UTCI_Regression(Ta, Tg, Td, WS, SR, RH)).value();
+    m_where = "WBGT_Outdoor";
+    copyAll();
+    keepWbgtOutdoor(taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH)));
+    m_where = "WBGT_Indoor";
+    copyAfresh({{&Ta, Reading::TA}, {&Td, Reading::DP}, {&WS, Reading::WS}, {&RH, Reading::RH}});
+    m_WBGT_Indoor_Value = taken(m_models.WBGT_Indoor(Ta, Td, WS, RH)).value();
+    m_where = "Mean_Radiant_Temperature_Model";
+    copyAfresh({{&Ta, Reading::TA}, {&Tg, Reading::TG}, {&SR, Reading::SR}, {&WS, Reading::WS}});
+    m_models.Mean_Radiant_Temperature_Model(Ta, Tg, SR, WS);
+    m_where = "Saturation_Pressure_Hardy";
+    Ta = copy(Reading::TA);
+    const Number Es = formulas::Saturation_Pressure_Hardy(Ta.number());
+    deriveHumidity(Ta, Td, RH);
+    m_where = "Vapor_Pressure_Magnus";
+    const Number Ea = formulas::Vapor_Pressure_Magnus(Td.number());
+
+    m_where = "captions";
+    const auto writeRounded = [this](Live quantity, const Variant& value) {
+        writeCaption(quantity, values::format(value, values::kFormat0_00000));
+    };
+    writeRounded(Live::Ta, Ta);
+    writeRounded(Live::Tg, Tg);
+    writeRounded(Live::Td, Td);
+    writeRounded(Live::WS, WS);
+    writeRounded(Live::SR, SR);
+    writeRounded(Live::RH, RH);
+    writeRounded(Live::Es, Es);
+    writeRounded(Live::Ea, Ea);
+
+    m_where.clear();
+    m_driver.run(settings.selection, settings.ignoreLimits, assumptions.read());
+    for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+        if (!settings.selection.contains(index))
+            writeResult(index, {});
+}
+
+void Calculation::deriveHumidity(Variant& Ta, Variant& Td, Variant& RH)
+{
+    const std::string& dewPoint = readings.txt_DP.text();
+    const std::string& humidity = readings.txt_RH.text();
+    if (!humidity.empty()) {
+        m_where = "Dew_Point_Magnus";
+        Ta = copy(Reading::TA);
+        RH = copy(Reading::RH);
+        Td.assign(formulas::Dew_Point_Magnus(*this, Ta.number(), RH.number()));
+    }
+    if (!dewPoint.empty()) {
+        m_where = "Relative_Humidity_Magnus";
+        Ta = copy(Reading::TA);
+        Td = copy(Reading::DP);
+        RH.assign(formulas::Relative_Humidity_Magnus(*this, Ta.number(), Td.number()));
+    }
+}
+
+// Entries 9 to 12 get four of the readings here; each is overwritten or blanked again before the
+// run ends, so no user ever sees them.
+void Calculation::writeUnreachableEntries()
+{
+    writeResult(9, values::format(readings.txt_SR.text(), values::kFormat0));
+    writeResult(10, values::format(readings.txt_TG.text(), values::kFormat0_0));
+    writeResult(11, values::format(readings.txt_DP.text(), values::kFormat0_0));
+    writeResult(12, values::format(readings.txt_RH.text(), values::kFormat0_0));
+}
+
+void Calculation::blankResults()
+{
+    const std::size_t entries = (results.controlCount() - 3) / 3;
+    for (std::size_t index = 1; index <= entries; ++index)
+        results.lbl_results[index].setCaption({});
+}
+
+void Calculation::blankLive()
+{
+    for (std::size_t i = 0; i < formulas::kLiveCount; ++i)
+        writeCaption(static_cast<Live>(i), {});
+}
+
+std::string Calculation::whyBlank(int index) const
+{
+    return core::whyBlank(index, m_driver.outcome(index), m_limits,
+                          m_failure ? m_failure->sentence() : std::string());
+}
+
+// A model's text where a number is taken ends the run.
+Number Calculation::taken(const Variant& modelResult) const
+{
+    if (modelResult.isText())
+        throw RunFailure(m_explanation.empty() ? "the model answers \"" + modelResult.text() + "\""
+                                               : m_explanation);
+    return modelResult.number();
+}
+
+void Calculation::keepWbgtOutdoor(Number value)
+{
+    m_WBGT_Outdoor_Value = value.value();
+    m_WBGT_Outdoor_Text = values::val(values::plainText(value.value()));
+}
+
+void Calculation::writeCaption(Live quantity, std::string text)
+{
+    m_liveValues[place(quantity)] = values::val(text);
+    if (quantity == Live::Td)
+        m_vapourPressure.reset();
+    m_live[place(quantity)].setCaption(std::move(text));
+}
+
+void Calculation::writeSolarRadiationResult(std::string text)
+{
+    writeResult(159, std::move(text));
+}
+
+void Calculation::showMessage(const std::string& text)
+{
+    m_messages.show({.text = text});
+}
+
+void Calculation::explain(std::string why)
+{
+    m_explanation = std::move(why);
+}
+
+Number Calculation::vapourPressure()
+{
+    if (!m_vapourPressure) {
+        const Number Ea = formulas::Vapor_Pressure_Magnus(live(Live::Td));
+        m_vapourPressure = values::val(values::plainText(Ea.value()));
+    }
+    return *m_vapourPressure;
+}
+
+Variant Calculation::boxText(Input text) const
+{
+    switch (text) {
+    case Input::TextTa:
+        return copy(Reading::TA);
+    case Input::TextTg:
+        return copy(Reading::TG);
+    case Input::TextSR:
+        return copy(Reading::SR);
+    case Input::TextTd:
+        return copy(Reading::DP);
+    case Input::TextRH:
+        return copy(Reading::RH);
+    case Input::TextWS:
+        return copy(Reading::WS);
+    default:
+        return {};
+    }
+}
+
+Variant Calculation::runMeanRadiantTemperature()
+{
+    Variant Ta = copy(Reading::TA);
+    Variant Tg = copy(Reading::TG);
+    Variant SR = copy(Reading::SR);
+    Variant WS = copy(Reading::WS);
+    return m_models.Mean_Radiant_Temperature_Model(Ta, Tg, SR, WS);
+}
+
+Variant Calculation::runUtci(Number wind)
+{
+    Variant Ta = copy(Reading::TA);
+    Variant Tg = copy(Reading::TG);
+    Variant Td = copy(Reading::DP);
+    Variant WS = wind;
+    Variant SR = copy(Reading::SR);
+    Variant RH = copy(Reading::RH);
+    const Number value = taken(m_models.UTCI_Regression(Ta, Tg, Td, WS, SR, RH));
+    m_UTCI_Value = value.value();
+    return value;
+}
+
+Variant Calculation::runWbgtIndoor()
+{
+    Variant Ta = copy(Reading::TA);
+    Variant Td = copy(Reading::DP);
+    Variant WS = copy(Reading::WS);
+    Variant RH = copy(Reading::RH);
+    const Number value = taken(m_models.WBGT_Indoor(Ta, Td, WS, RH));
+    m_WBGT_Indoor_Value = value.value();
+    return value;
+}
+
+Variant Calculation::runWbgtOutdoor()
+{
+    Variant Ta = copy(Reading::TA);
+    Variant Tg = copy(Reading::TG);
+    Variant Td = copy(Reading::DP);
+    Variant WS = copy(Reading::WS);
+    Variant SR = copy(Reading::SR);
+    Variant RH = copy(Reading::RH);
+    const Number value = taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH));
+    keepWbgtOutdoor(value);
+    return value;
+}
+
+void Calculation::writeResult(int index, std::string text)
+{
+    results.lbl_results[static_cast<std::size_t>(index)].setCaption(std::move(text));
+}
+
+} // namespace comfortics::core

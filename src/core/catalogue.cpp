@@ -1,0 +1,361 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The one list of the indices. Names and units are fixed texts, misspellings and double names
+// included: users and files know the indices by them.
+#include "core/catalogue.h"
+
+#include "core/driver.h"
+#include "formulas/apparent_temperature.h"
+#include "formulas/cold.h"
+#include "formulas/comfort_votes.h"
+#include "formulas/cooling_power.h"
+#include "formulas/humid_heat.h"
+#include "formulas/mean_vote.h"
+#include "formulas/physiology.h"
+#include "formulas/psychrometry.h"
+#include "formulas/radiant.h"
+#include "formulas/wind_chill_equivalent.h"
+
+namespace comfortics::core {
+
+using namespace formulas;
+using enum Input;
+
+namespace {
+
+/// The indices that show a live quantity itself.
+values::Variant readOut(values::Number quantity)
+{
+    return quantity;
+}
+
+// clang-format off
+constexpr std::array<CatalogueRow, kIndexCount> kCatalogue{{
+    {.number = 1, .name = "Accepted Level of Physical Activity (Blazejczyk; 2010)", .unit = "W/m²", .inputs = {Ta, Ea}, .formula = formula<&Index_001>()},
+    {.number = 2, .name = "Actual Sensation Vote  (Nikolopoulou; 2004)", .unit = "[-]", .inputs = {Ta, SR, WS, RH}, .formula = formula<&Index_002>()},
+    {.number = 3, .name = "Actual Sensation Vote (Europe) (Nikolopulou; 2004)", .unit = "[-]", .inputs = {Ta, SR, WS, RH}, .formula = formula<&Index_003>()},
+    {.number = 4, .name = "Actual Sensation Vote (Nikolopulou; 2003)", .unit = "[-]", .inputs = {Ta, Tg, WS, RH}, .formula = formula<&Index_004>()},
+    {.number = 5, .name = "Actual Vapor Pressure", .unit = "hPa", .gate = Gate::None, .inputs = {Ea}, .formula = formula<&readOut>()},
+    {.number = 6, .name = "Air Enthalpy (Boer; 1964)", .unit = "Kcal/kg", .gated = Gated::Tnwb, .inputs = {Tnwb, Es}, .formula = formula<&Index_006>()},
+    {.number = 7, .name = "Apparent Temperature (Almeida; 2010)", .unit = "°C", .inputs = {Ta, Td}, .formula = formula<&Index_007>()},
+    {.number = 8, .name = "Apparent Temperature (Arnoldy; 1962)", .unit = "°C", .inputs = {Ta, WS}, .formula = formula<&Index_008>()},
+    {.number = 9, .name = "Apparent Temperature (Fischer; 2010)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_009>()},
+    {.number = 10, .name = "Apparent Temperature (indoor) (Steadman; 1984)", .unit = "°C", .inputs = {Ta, Ea}, .formula = formula<&Index_010>()},
+    {.number = 11, .name = "Apparent Temperature (indoor) (Steadman; 1994)", .unit = "°C", .inputs = {Ta, Ea}, .formula = formula<&Index_011>()},
+    {.number = 12, .name = "Apparent Temperature (Kalkstein; 1986)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, Td}, .formula = formula<&Index_012>()},
+    {.number = 13, .name = "Apparent Temperature (shade) (Steadman; 1984)", .unit = "°C", .inputs = {Ta, Ea, WS}, .formula = formula<&Index_013>()},
+    {.number = 14, .name = "Apparent Temperature (shade) (Steadman; 1994)", .unit = "°C", .inputs = {Ta, Ea, WS}, .formula = formula<&Index_014>()},
+    {.number = 15, .name = "Apparent Temperature (Smoyer-Tomic; 2001)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, Td}, .formula = formula<&Index_015>()},
+    {.number = 16, .name = "Apparent Temperature (sun) (Steadman; 1984)", .unit = "°C", .inputs = {Ta, Ea, WS, Tmrt}, .formula = formula<&Index_016>()},
+    {.number = 17, .name = "Apparent Temperature (sun) (Steadman; 1994)", .unit = "°C", .inputs = {Ta, Ea, WS, Tmrt}, .formula = formula<&Index_017>()},
+    {.number = 18, .name = "Approximated Subjective Temperature (Auliciems; 2007)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, Tmrt, WS, Tg}, .formula = formula<&Index_018>()},
+    {.number = 19, .name = "Belding-Hatch Index (Belding; 1955)", .unit = "[-]", .inputs = {Tg, WS, Ea}, .formula = formula<&Index_019>()},
+    {.number = 20, .name = "Belgian Effective Temperature (Bidlot; 1947)", .unit = "°C", .inputs = {Tnwb, Ta}, .formula = formula<&Index_020>()},
+    {.number = 21, .name = "Bioclimatic Index of Severity (Belkin; 1992)", .unit = "[-]", .inputs = {Ta, RH, WS}, .formula = formula<&Index_021>()},
+    {.number = 22, .name = "Biologically Active Temperature (Tsitsenko; 1971)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH, WS}, .formula = formula<&Index_022>()},
+    {.number = 23, .name = "Biometeorological Comfort Index (Rodriguez; 1985)", .unit = "°C", .inputs = {WS, Ta, Tnwb}, .formula = formula<&Index_023>()},
+    {.number = 24, .name = "Bodman's Weather Severity Index (Winter) (Bodman; 1908)", .unit = "[-]", .inputs = {Ta, WS}, .formula = formula<&Index_024>()},
+    {.number = 25, .name = "Comfort Vote (Bedford; 1936)", .unit = "[-]", .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_025>()},
+    {.number = 26, .name = "Cooling Power (Angus; 1930)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_026>()},
+    {.number = 27, .name = "Cooling Power (Becker; 1972)", .unit = "mcal/cm²/s", .gate = Gate::None, .inputs = {Ta, WS}, .formula = formula<&Index_027>()},
+    {.number = 28, .name = "Cooling Power (Bedford; 1933)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_028>()},
+    {.number = 29, .name = "Cooling Power (Bider; 1931)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_029>()},
+    {.number = 30, .name = "Cooling Power (Bradtke; 1926)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_030>()},
+    {.number = 31, .name = "Cooling Power (Buttner; 1934)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_031>()},
+    {.number = 32, .name = "Cooling Power (Cena; 1966)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_032>()},
+    {.number = 33, .name = "Cooling Power (Dorno; 1925)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_033>()},
+    {.number = 34, .name = "Cooling Power (Dorno; 1934)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_034>()},
+    {.number = 35, .name = "Cooling Power (Goldschmidt; 1952)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_035>()},
+    {.number = 36, .name = "Cooling Power (Goldschmidt; 1952)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_036>()},
+    {.number = 37, .name = "Cooling Power (Henneberger; 1948)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_037>()},
+    {.number = 38, .name = "Cooling Power (Hill; 1916)", .unit = "W/m²", .inputs = {Ta, WS}, .formula = formula<&Index_038>()},
+    {.number = 39, .name = "Cooling Power (Hill; 1937)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_039>()},
+    {.number = 40, .name = "Cooling Power (Hill; 1937)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_040>()},
+    {.number = 41, .name = "Cooling Power (Joranger; 1955)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_041>()},
+    {.number = 42, .name = "Cooling Power (Lahmayer; 1932)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_042>()},
+    {.number = 43, .name = "Cooling Power (Lehmann; 1936)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_043>()},
+    {.number = 44, .name = "Cooling Power (Matzke; 1954)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_044>()},
+    {.number = 45, .name = "Cooling Power (Matzke; 1954)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_045>()},
+    {.number = 46, .name = "Cooling Power (Meissner; 1932)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_046>()},
+    {.number = 47, .name = "Cooling Power (Vinje; 1962)", .unit = "mcal/cm²/s", .inputs = {WS, Ta}, .formula = formula<&Index_047>()},
+    {.number = 48, .name = "Cooling Power (Weiss; 1926)", .unit = "mcal/cm²/s", .inputs = {Ta, WS}, .formula = formula<&Index_048>()},
+    {.number = 49, .name = "Cooling Power (Wet Air Temperature)  (Hill; 1916)", .unit = "W/m²", .inputs = {Ta, WS, Ea}, .formula = formula<&Index_049>()},
+    {.number = 50, .name = "Corrected Effective Temperature (Basic) - expression for wind speed of 0.1 m/s (Auliciems; 2007)", .unit = "°C", .inputs = {Tg, Tnwb}, .formula = formula<&Index_050>()},
+    {.number = 51, .name = "Corrected Effective Temperature (Normal) - expression for wind speed of 0.1 m/s (Auliciems; 2007)", .unit = "°C", .inputs = {Tg, Tnwb}, .formula = formula<&Index_051>()},
+    {.number = 52, .name = "Dew Point (Bruce; 1916)", .unit = "°C", .gate = Gate::None, .inputs = {Td}, .formula = formula<&readOut>()},
+    {.number = 53, .name = "Discomfort Index (eq. 1) (Thom; 1959)", .unit = "[-]", .inputs = {Tnwb, Ta}, .formula = formula<&Index_053>()},
+    {.number = 54, .name = "Discomfort Index (eq. 2) (Thom; 1959)", .unit = "[-]", .inputs = {Ta, Tnwb}, .formula = formula<&Index_054>()},
+    {.number = 55, .name = "Discomfort Index (Giles; 1990)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH}, .formula = formula<&Index_055>()},
+    {.number = 56, .name = "Discomfort Index (Kawamura; 1965)", .unit = "[-]", .inputs = {Ta, Td}, .formula = formula<&Index_056>()},
+    {.number = 57, .name = "Discomfort Index (Tennenbaum; 1961)", .unit = "°C", .inputs = {Ta, Tnwb}, .formula = formula<&Index_057>()},
+    {.number = 58, .name = "Discomfort Index (Weather Services of South Africa; obtained 2018)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, RH}, .formula = formula<&Index_058>()},
+    {.number = 59, .name = "Draught Risk Index (High Turbulence) (Fanger; 1987)", .unit = "% of people dissatisfied", .inputs = {Ta, WS}, .formula = formula<&Index_059>()},
+    {.number = 60, .name = "Draught Risk Index (Low Turbulence) (Fanger; 1987)", .unit = "% of people dissatisfied", .inputs = {Ta, WS}, .formula = formula<&Index_060>()},
+    {.number = 61, .name = "Draught Risk Index (Medium Turbulence) (Fanger; 1987)", .unit = "% of people dissatisfied", .inputs = {Ta, WS}, .formula = formula<&Index_061>()},
+    {.number = 62, .name = "Dry Kata Cooling (Maloney; 2011)", .unit = "W/m²", .gate = Gate::None, .inputs = {Ta, WS}, .formula = formula<&Index_062>()},
+    {.number = 63, .name = "Effective Radiant Field (Gagge; 1967)", .unit = "W/m²", .gate = Gate::None, .inputs = {Ta, Tmrt}, .formula = formula<&Index_063>()},
+    {.number = 64, .name = "Effective Radiant Field (Nishi; 1981)", .unit = "W/m²", .gate = Gate::None, .inputs = {WS, Tg, Ta}, .formula = formula<&Index_064>()},
+    {.number = 65, .name = "Effective Temperature (Houghten; 1923)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_065>()},
+    {.number = 66, .name = "Effective Temperature (Missenard; 1933)", .unit = "°C", .inputs = {Ta, RH, WS}, .formula = formula<&Index_066>()},
+    {.number = 67, .name = "Environmental Stress Index (Moran; 2001)", .unit = "°C", .inputs = {Ta, RH, SR}, .formula = formula<&Index_067>()},
+    {.number = 68, .name = "Equatorial Comfort Index (Webb; 1960)", .unit = "°C", .inputs = {Tnwb, Ta, WS}, .formula = formula<&Index_068>()},
+    {.number = 69, .name = "Equivalent Effective Temperature (Aizenshtat; 1974)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH, WS}, .formula = formula<&Index_069>()},
+    {.number = 70, .name = "Equivalent Effective Temperature (Aizenshtat; 1982)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH, WS}, .formula = formula<&Index_070>()},
+    {.number = 71, .name = "Equivalent Temperature (Bedford; 1936)", .unit = "°C", .inputs = {Ta, Tmrt, WS}, .formula = formula<&Index_071>()},
+    {.number = 72, .name = "Equivalent Temperature (Brundl; 1984)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, Unset, RH}, .formula = formula<&Index_072>()},
+    {.number = 73, .name = "Equivalent Warmth (Bedford; 1936)", .unit = "°C", .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_073>()},
+    {.number = 74, .name = "Exposed Skin Temperature (Brauner; 1995)", .unit = "°C", .inputs = {Ta, WS}, .formula = formula<&Index_074>()},
+    {.number = 75, .name = "Facial Skin Temperature (Cheek) (Adamenko; 1972)", .unit = "°C", .inputs = {Ta, WS}, .formula = formula<&Index_075>()},
+    {.number = 76, .name = "Facial Skin Temperature (Ear Lobe) (Adamenko; 1972)", .unit = "°C", .inputs = {Ta, WS}, .formula = formula<&Index_076>()},
+    {.number = 77, .name = "Facial Skin Temperature (Nose) (Adamenko; 1972)", .unit = "°C", .inputs = {Ta, WS}, .formula = formula<&Index_077>()},
+    {.number = 78, .name = "Fighter Index of Thermal Stress (Direct Sunlight) (Stribley; 1978)", .unit = "°C", .inputs = {Tpwb, Ta}, .formula = formula<&Index_078>()},
+    {.number = 79, .name = "Fighter Index of Thermal Stress (Moderate Overcast) (Stribley; 1978)", .unit = "°C", .inputs = {Tpwb, Ta}, .formula = formula<&Index_079>()},
+    {.number = 80, .name = "Globe Temperature (Liljegren; 2008)", .unit = "°C", .inputs = {Tg}, .formula = formula<&readOut>()},
+    {.number = 81, .name = "Heart Rate (High Intensity) (Fuller; 1966)", .unit = "beats/min", .gate = Gate::None, .inputs = {Ta, Ea}, .formula = formula<&Index_081>()},
+    {.number = 82, .name = "Heart Rate (Low Intensity) (Fuller; 1966)", .unit = "beats/min", .gate = Gate::None, .inputs = {Ta, Ea}, .formula = formula<&Index_082>()},
+    {.number = 83, .name = "Heart Rate (Moderate Intensity) (Fuller; 1966)", .unit = "beats/min", .gate = Gate::None, .inputs = {Ta, Ea}, .formula = formula<&Index_083>()},
+    {.number = 84, .name = "Heart Rate Safe limit (LaFleur; 1971)", .unit = "beats/min", .gate = Gate::None, .inputs = {Ta, Ea}, .formula = formula<&Index_084>()},
+    {.number = 85, .name = "Heat Index (Blazekcjyk; 2012)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_085>()},
+    {.number = 86, .name = "Heat Index (National Oceanic and Atmospheric Administration; Last modified 2014)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_086>()},
+    {.number = 87, .name = "Heat Index (Patricola; 2010)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_087>()},
+    {.number = 88, .name = "Heat Index (Rothfusz; 1990)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_088>()},
+    {.number = 89, .name = "Heat Index (Stull; 2000)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_089>()},
+    {.number = 90, .name = "Humidex (Masterson; 1979)", .unit = "°C", .inputs = {Ta, Td}, .formula = formula<&Index_090>()},
+    {.number = 91, .name = "Humisery (Weiss; 1982)", .unit = "°C", .inputs = {Ta, Td, WS}, .formula = formula<&Index_091>()},
+    {.number = 92, .name = "Humiture (Hevener; 1959)", .unit = "°C", .inputs = {Ta, Tnwb}, .formula = formula<&Index_092>()},
+    {.number = 93, .name = "Humiture (Lally; 1960)", .unit = "°C", .inputs = {Ta, Ea}, .formula = formula<&Index_093>()},
+    {.number = 94, .name = "Humiture (Weiss; 1982)", .unit = "°C", .inputs = {Ta, Td}, .formula = formula<&Index_094>()},
+    {.number = 95, .name = "Insulation Predicted Index (Blazeczyk; 2011)", .unit = "Clo", .inputs = {Ta, WS}, .formula = formula<&Index_095>()},
+    {.number = 96, .name = "Integrated Index (Indoor) (Junge; 2016)", .unit = "[-]", .inputs = {Ta, RH, WS}, .formula = formula<&Index_096>()},
+    {.number = 97, .name = "Integrated Index (Outdoor) (Junge; 2016)", .unit = "[-]", .inputs = {Ta, Tg, RH, WS}, .formula = formula<&Index_097>()},
+    {.number = 98, .name = "Internal Comfort Temperature (Xavier; 2000)", .unit = "°C", .gate = Gate::Text, .gated = Gated::MeanOfTmrtAndTa, .inputs = {Ta, Tmrt, RH, WS}, .formula = formula<&Index_098>()},
+    {.number = 99, .name = "Kata Index (Zhongpeng; 2012)", .unit = "[-]", .inputs = {Tnwb, WS}, .formula = formula<&Index_099>()},
+    {.number = 100, .name = "Mean Radiant Temperature (Ramsey; 2000)", .unit = "°C", .gate = Gate::None, .inputs = {TextTa, TextTg, TextSR, TextWS}, .block = &Driver::block100},
+    {.number = 101, .name = "Mean Skin Temperature (McPherson; 1993)", .unit = "°C", .inputs = {Ta}, .formula = formula<&Index_101>()},
+    {.number = 102, .name = "Meditteranean Outdoor Comfort Index (Salata; 2016)", .unit = "[-]", .inputs = {WS, RH, Tmrt, Ta}, .formula = formula<&Index_102>()},
+    {.number = 103, .name = "Missenard's Index (Missenard; 1969)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_103>()},
+    {.number = 104, .name = "Modified Discomfort Index (Moran; 1988) ", .unit = "°C", .gated = Gated::WBGT_Outdoor, .inputs = {Tnwb, Ta}, .formula = formula<&Index_104>()},
+    {.number = 105, .name = "Modified Environmental Stress Index (Moran; 2003)", .unit = "°C", .inputs = {Ta, RH, SR}, .formula = formula<&Index_105>()},
+    {.number = 106, .name = "Natural Wet Bulb Temperature (Maloney; 2011)", .unit = "°C", .inputs = {Ta, RH, WS, SR}, .formula = formula<&Index_106>()},
+    {.number = 107, .name = "Net Radiation (Cena; 1984)", .unit = "W/m²", .gate = Gate::None, .inputs = {Tmrt, Ta}, .formula = formula<&Index_107>()},
+    {.number = 108, .name = "New Wind Chill (NOAA; 2001)", .unit = "[-]", .inputs = {Ta, WS}, .formula = formula<&Index_108>()},
+    {.number = 109, .name = "Normal Equivalent Effective Temperature (Boksha; 1980)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH, WS}, .formula = formula<&Index_109>()},
+    {.number = 110, .name = "Operative Temperature (ASHRAE; 2004)", .unit = "°C", .gate = Gate::None, .inputs = {Tmrt, Ta}, .formula = formula<&Index_110>()},
+    {.number = 111, .name = "Operative Temperature (ISO 7726:1998)", .unit = "°C", .gate = Gate::Text, .gated = Gated::TmrtLessTa, .inputs = {Ta, WS, Tmrt}, .formula = formula<&Index_111>()},
+    {.number = 112, .name = "Operative Temperature (ISO 7730:1994)", .unit = "°C", .gate = Gate::Text, .gated = Gated::TmrtLessTa, .inputs = {WS, Ta, Tmrt}, .formula = formula<&Index_112>()},
+    {.number = 113, .name = "Operative Temperature (Winslow; 1937)", .unit = "°C", .inputs = {WS, Tmrt, Ta}, .formula = formula<&Index_113>()},
+    {.number = 114, .name = "Outdoor Standard Effective Temperature (Skinner; 2001)", .unit = "°C", .gated = Gated::WBGT_Outdoor, .inputs = {Wbgt}, .formula = formula<&Index_114>()},
+    {.number = 115, .name = "Oxford Index (Lind; 1957)", .unit = "[-]", .inputs = {Tnwb, Ta}, .formula = formula<&Index_115>()},
+    {.number = 116, .name = "Perceived Equivalent Temperature (Monteiro; 2010)", .unit = "°C", .inputs = {Ta, Tmrt, RH, WS}, .formula = formula<&Index_116>()},
+    {.number = 117, .name = "Perceived Temperature (Linke; 1926)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, WS, SR}, .formula = formula<&Index_117>()},
+    {.number = 118, .name = "Predicted Mean Vote (high metabolic rate) (da Silva; 2013)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_118>()},
+    {.number = 119, .name = "Predicted Mean Vote (low metabolic rate) (da Silva; 2013)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_119>()},
+    {.number = 120, .name = "Predicted Mean Vote (moderate metabolic rate) (da Silva; 2013)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_120>()},
+    {.number = 121, .name = "Predicted Mean Vote (Resting Conditions) (da Silva; 2013)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_121>()},
+    {.number = 122, .name = "Predicted Mean Vote (very high metabolic rate) (da Silva; 2013)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_122>()},
+    {.number = 123, .name = "Predicted Percentage Dissatisfied (high metabolic rate) (da Silva; 2013)", .unit = "% of dissatisfied people", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_123>()},
+    {.number = 124, .name = "Predicted Percentage Dissatisfied (low metabolic rate) (da Silva; 2013)", .unit = "% of dissatisfied people", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_124>()},
+    {.number = 125, .name = "Predicted Percentage Dissatisfied (moderate metabolic rate) (da Silva; 2013)", .unit = "% of dissatisfied people", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_125>()},
+    {.number = 126, .name = "Predicted Percentage Dissatisfied (Resting Conditions) (da Silva; 2013)", .unit = "% of dissatisfied people", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_126>()},
+    {.number = 127, .name = "Predicted Percentage Dissatisfied (very high metabolic rate) (da Silva; 2013)", .unit = "% of dissatisfied people", .gate = Gate::None, .inputs = {Ta, Tmrt, Ea, WS}, .formula = formula<&Index_127>()},
+    {.number = 128, .name = "Predicted Percentage Dissatisfied (Xavier; 2000)", .unit = "% of dissatisfied people", .gate = Gate::Text, .gated = Gated::MeanOfTmrtAndTa, .inputs = {Ta, Tmrt, RH, WS}, .formula = formula<&Index_128>()},
+    {.number = 129, .name = "Predicted Thermal Sensation Vote (Cheng; 2008)", .unit = "[-]", .inputs = {Ta, WS, SR, RH}, .formula = formula<&Index_129>()},
+    {.number = 130, .name = "Psychrometric Wet Bulb Temperature (Malchaire; 1976)", .unit = "°C", .inputs = {Tg, Ta, RH, Tnwb}, .formula = formula<&Index_130>()},
+    {.number = 131, .name = "Psychrometric Wet Bulb Temperature (McPherson; 2008)", .unit = "°C", .gate = Gate::None, .inputs = {Tpwb}, .formula = formula<&readOut>()},
+    {.number = 132, .name = "Radiation Equivalent Effective Temperature (Non-Pigmented) (Sheleihovskyi; 1948)", .unit = "°C", .inputs = {Ta, RH, WS, SR}, .formula = formula<&Index_132>()},
+    {.number = 133, .name = "Radiation Equivalent Effective Temperature (Pigmented) (Sheleihovskyi; 1948)", .unit = "°C", .inputs = {Ta, RH, WS, SR}, .formula = formula<&Index_133>()},
+    {.number = 134, .name = "Relative Humidity", .unit = "%", .gate = Gate::None, .inputs = {RH}, .formula = formula<&readOut>()},
+    {.number = 135, .name = "Relative Humidity Dry Temperature (Wallace; 2005)", .unit = "°C", .gated = Gated::WBGT_Outdoor, .inputs = {RH, Ta}, .formula = formula<&Index_135>()},
+    {.number = 136, .name = "Relative Strain Index (Kyle; 1992)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Ea}, .formula = formula<&Index_136>()},
+    {.number = 137, .name = "Relative Strain Index (Lee; 1966)", .unit = "[-]", .inputs = {Ta, Ea}, .formula = formula<&Index_137>()},
+    {.number = 138, .name = "Revised Wind Chill Index (Court; 1948)", .unit = "kg cal/m²/hr", .inputs = {WS, Ta}, .formula = formula<&Index_138>()},
+    {.number = 139, .name = "Robaa's Index (Robaa; 2003)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Tnwb, WS}, .formula = formula<&Index_139>()},
+    {.number = 140, .name = "Saturated Vapor Pressure", .unit = "hPa", .gate = Gate::None, .inputs = {Es}, .formula = formula<&readOut>()},
+    {.number = 141, .name = "Saturation Deficit (Flugge; 1912)", .unit = "kPa", .gate = Gate::None, .inputs = {Es, Ea}, .formula = formula<&Index_141>()},
+    {.number = 142, .name = "Severity Index (Diurnal temperature < 4°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_142>()},
+    {.number = 143, .name = "Severity Index (Diurnal temperature: >18°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_143>()},
+    {.number = 144, .name = "Severity Index (Diurnal temperature: 10.1-12°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_144>()},
+    {.number = 145, .name = "Severity Index (Diurnal temperature: 12.1-14°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_145>()},
+    {.number = 146, .name = "Severity Index (Diurnal temperature: 14.1-16°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_146>()},
+    {.number = 147, .name = "Severity Index (Diurnal temperature: 16.1-18°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_147>()},
+    {.number = 148, .name = "Severity Index (Diurnal temperature: 4.1-6°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_148>()},
+    {.number = 149, .name = "Severity Index (Diurnal temperature: 6.1-8°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_149>()},
+    {.number = 150, .name = "Severity Index (Diurnal temperature: 8.1-10°C) (Osokin; 1968)", .unit = "[-]", .inputs = {Ta, WS, RH}, .formula = formula<&Index_150>()},
+    {.number = 151, .name = "Simple Index (Moran; 2001)", .unit = "[-]", .inputs = {Ta, RH, SR}, .formula = formula<&Index_151>()},
+    {.number = 152, .name = "Simplified Radiation Equivalent Effective Temperature (Boksha; 1980)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH, WS}, .formula = formula<&Index_152>()},
+    {.number = 153, .name = "Simplified Tropical Summer Index (Auliciems; 2007)", .unit = "°C", .inputs = {Tnwb, Tg, WS}, .formula = formula<&Index_153>()},
+    {.number = 154, .name = "Simplified Universal Thermal Cimate Index (UTCI) (Blazejcyk; 2011)", .unit = "°C", .inputs = {Ta, Tmrt, WS, RH}, .formula = formula<&Index_154>()},
+    {.number = 155, .name = "Simplified Wet Bulb Globe Temperature (American College of Sports Medicine; 1984)", .unit = "°C", .inputs = {Ta, Ea}, .formula = formula<&Index_155>()},
+    {.number = 156, .name = "Simplified Wet Bulb Globe Temperature (Gagge; 1976)", .unit = "°C", .inputs = {Ta, Ea}, .formula = formula<&Index_156>()},
+    {.number = 157, .name = "Skin Temperature (Blazejczyk; 2005)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, Tmrt, RH, WS}, .formula = formula<&Index_157>()},
+    {.number = 158, .name = "Skin Wettedness (Blazejczyk; 2005)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, Tmrt, RH, WS}, .formula = formula<&Index_158>()},
+    {.number = 159, .name = "Solar Radiation", .unit = "W/m²", .gate = Gate::None, .inputs = {SR}, .formula = formula<&readOut>()},
+    {.number = 160, .name = "Standard Operative Temperature (Gagge; 1940)", .unit = "°C", .inputs = {Ta, Tmrt, WS}, .formula = formula<&Index_160>()},
+    {.number = 161, .name = "Subjective Temperature (McIntyre; 1973)", .unit = "°C", .inputs = {Ta, Tmrt, WS}, .formula = formula<&Index_161>()},
+    {.number = 162, .name = "Sultriness Index (Scharlau; 1943)", .unit = "Torr", .gate = Gate::None, .inputs = {Ea}, .formula = formula<&Index_162>()},
+    {.number = 163, .name = "Sultriness Intensity (Aikimovich; 1971)", .unit = "[-]", .inputs = {Ea}, .formula = formula<&Index_163>()},
+    {.number = 164, .name = "Summer Scharlau Index (Sharlau; 1950)", .unit = "[-]", .inputs = {Ta, RH}, .formula = formula<&Index_164>()},
+    {.number = 165, .name = "Summer Simmer Index (Pepi; 1987)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_165>()},
+    {.number = 166, .name = "Swedish Wet Bulb Globe Temperature (WBGT) (Eriksson; 1974)", .unit = "°C", .inputs = {WS, Tpwb, Tg}, .formula = formula<&Index_166>()},
+    {.number = 167, .name = "Temperature Humidity Index (Costanzo; 2006)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_167>()},
+    {.number = 168, .name = "Temperature Humidity Index (eq. 1) (Pepi; 1987)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_168>()},
+    {.number = 169, .name = "Temperature Humidity Index (eq. 2) (Pepi; 1987)", .unit = "°C", .inputs = {Ta, Td}, .formula = formula<&Index_169>()},
+    {.number = 170, .name = "Temperature Humidity Index (Romanian National Institute of Meteorology and Hydrology; 2000)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, RH}, .formula = formula<&Index_170>()},
+    {.number = 171, .name = "Temperature Humidity Index (Kyle; 1994)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH}, .formula = formula<&Index_171>()},
+    {.number = 172, .name = "Temperature Humidity Index (Nieuwolt; 1977)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, RH}, .formula = formula<&Index_172>()},
+    {.number = 173, .name = "Temperature Humidity Index (Schoen; 2005)", .unit = "°C", .inputs = {Ta, Td}, .formula = formula<&Index_173>()},
+    {.number = 174, .name = "Temperature of the exhaled air (McPherson; 1993)", .unit = "°C", .gate = Gate::None, .inputs = {Ta, StaleEa}, .formula = formula<&Index_174>()},
+    {.number = 175, .name = "Temperature Resultante Miniere (Vogt; 1978)", .unit = "°C", .gate = Gate::None, .inputs = {Tnwb, Ta, WS}, .formula = formula<&Index_175>()},
+    {.number = 176, .name = "Temperature Wind Speed Humidity Index (Zaninovic; 1992)", .unit = "kJ/kg", .inputs = {Ta, Tnwb, WS, RH}, .formula = formula<&Index_176>()},
+    {.number = 177, .name = "Thermal comfort (Givoni; 2000)", .unit = "[-]", .gate = Gate::None, .inputs = {Ta, SR, WS}, .formula = formula<&Index_177>()},
+    {.number = 178, .name = "Thermal Comfort (Humid-Tropical environments) (Sangkertadi; 2014)", .unit = "[-]", .inputs = {WS, Ta, Tg, RH}, .formula = formula<&Index_178>()},
+    {.number = 179, .name = "Thermal Resistance of Clothing  (1 Clothing Layer) (Jokl 1982)", .unit = "W/m2/K", .inputs = {WS}, .formula = formula<&Index_179>(), .format = values::kFormat0_00},
+    {.number = 180, .name = "Thermal Resistance of Clothing  (2 Clothing Layers) (Jokl 1982)", .unit = "W/m2/K", .inputs = {WS}, .formula = formula<&Index_180>(), .format = values::kFormat0_00},
+    {.number = 181, .name = "Thermal Resistance of Clothing  (3 Clothing Layers) (Jokl 1982)", .unit = "W/m2/K", .inputs = {WS}, .formula = formula<&Index_181>(), .format = values::kFormat0_00},
+    {.number = 182, .name = "Thermal Resistance of Clothing  (4 Clothing Layers) (Jokl 1982)", .unit = "W/m2/K", .inputs = {WS}, .formula = formula<&Index_182>(), .format = values::kFormat0_00},
+    {.number = 183, .name = "Thermal Sensation (Acclimatization: 20°C) (Givoni; 2004)", .unit = "[-]", .inputs = {Ta, SR, WS}, .formula = formula<&Index_183>()},
+    {.number = 184, .name = "Thermal Sensation (Acclimatization: 30°C) (Givoni; 2004)", .unit = "[-]", .inputs = {Ta, SR, WS}, .formula = formula<&Index_184>()},
+    {.number = 185, .name = "Thermal Sensation (Acclimatization: 40°C) (Givoni; 2004)", .unit = "[-]", .inputs = {Ta, SR, WS}, .formula = formula<&Index_185>()},
+    {.number = 186, .name = "Thermal Sensation (Rohles; 1971)", .unit = "[-]", .inputs = {Ta, Td}, .formula = formula<&Index_186>()},
+    {.number = 187, .name = "Thermal Sensation (Rohles; 1971)", .unit = "[-]", .inputs = {Ta, Ea}, .formula = formula<&Index_187>()},
+    {.number = 188, .name = "Thermal Sensation (Sub Tropical Environments) (Monteiro; 2010)", .unit = "[-]", .inputs = {Ta, Tmrt, RH, WS}, .formula = formula<&Index_188>()},
+    {.number = 189, .name = "Thermal Sensation Index (Xavier; 2000)", .unit = "[-]", .gate = Gate::Text, .gated = Gated::MeanOfTmrtAndTa, .inputs = {Ta, Tmrt, RH, WS}, .formula = formula<&Index_189>()},
+    {.number = 190, .name = "Thermal Sensation Vote (Summer) (Yahia; 2013)", .unit = "[-]", .inputs = {Wbgt}, .formula = formula<&Index_190>()},
+    {.number = 191, .name = "Thermal Sensation Vote (Winter) (Yahia; 2013)", .unit = "[-]", .inputs = {Wbgt}, .formula = formula<&Index_191>()},
+    {.number = 192, .name = "TPV index (Baghdad) (Nicol; 1975)", .unit = "[-]", .inputs = {Tg, Ea, WS}, .formula = formula<&Index_192>()},
+    {.number = 193, .name = "TPV index (Roorkee) (Nicol; 1975)", .unit = "[-]", .inputs = {Tg, Ea, WS}, .formula = formula<&Index_193>()},
+    {.number = 194, .name = "Tropical Summer Index (Sharma; 1986)", .unit = "°C", .inputs = {Tnwb, Tg, WS}, .formula = formula<&Index_194>()},
+    {.number = 195, .name = "Universal Thermal Climate Index (Broede; 2009)", .unit = "°C", .gateWind = GateWind::At10m, .inputs = {TextTa, TextTg, TextTd, WindAt10m, TextSR, TextRH}, .block = &Driver::block195},
+    {.number = 196, .name = "Radiative Effective Temperature (Blazejczyk; 2004)", .unit = "°C", .inputs = {TextTa, TextWS, TextRH, TextSR}, .block = &Driver::block196},
+    {.number = 197, .name = "Wet Bulb Globe Temperature (eq. 1) (Ono; 2014)", .unit = "°C", .inputs = {Ta, RH, SR, WS}, .formula = formula<&Index_197>()},
+    {.number = 198, .name = "Wet Bulb Globe Temperature (eq. 2) (Ono; 2014)", .unit = "°C", .inputs = {Ta, RH, SR, WS}, .formula = formula<&Index_198>()},
+    {.number = 199, .name = "Wet Bulb Globe Temperature (indoor) (Yaglou; 1956)", .unit = "°C", .inputs = {TextTa, TextTd, TextWS, TextRH}, .block = &Driver::block199},
+    {.number = 200, .name = "Wet Bulb Globe Temperature (outdoor) (Yaglou; 1956)", .unit = "°C", .inputs = {TextTa, TextTg, TextTd, TextWS, TextSR, TextRH}, .block = &Driver::block200},
+    {.number = 201, .name = "Wet Bulb Temperature (Liljegren; 2008)", .unit = "°C", .inputs = {Tnwb}, .formula = formula<&readOut>()},
+    {.number = 202, .name = "Wet Bulb Temperature (Malchaire; 1976)", .unit = "°C", .inputs = {Tg, Ta, RH, Tpwb}, .formula = formula<&Index_202>()},
+    {.number = 203, .name = "Wet Bulb Temperature (Stull; 2011)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_203>()},
+    {.number = 204, .name = "Wet Cooling Power (Landsberg; 1972)", .unit = "mcal/cm²/s", .gate = Gate::None, .inputs = {WS, Tnwb}, .formula = formula<&Index_204>()},
+    {.number = 205, .name = "Wet Globe Temperature (Botsball) (Botsford; 1971)", .unit = "°C", .inputs = {Wbgt}, .formula = formula<&Index_205>()},
+    {.number = 206, .name = "Wet Kata Cooling (Maloney; 2011)", .unit = "W/m²", .inputs = {Ta, RH, WS, Unset}, .formula = formula<&Index_206>()},
+    {.number = 207, .name = "Wet Kata Cooling Power (Chamber of Mines of South Africa; 1972)", .unit = "mcal/cm²/s", .gate = Gate::None, .inputs = {RH, Tnwb}, .formula = formula<&Index_207>()},
+    {.number = 208, .name = "Wet Kata Cooling Power (Hill; 1919)", .unit = "mcal/cm²/s", .inputs = {Ta, RH, WS}, .formula = formula<&Index_208>()},
+    {.number = 209, .name = "Wet Kata Cooling Power (Krisha; 1996)", .unit = "W/m²", .gate = Gate::None, .inputs = {Tnwb, WS}, .formula = formula<&Index_209>()},
+    {.number = 210, .name = "Wet-Bulb Dry Temperature (Wallace; 2005)", .unit = "°C", .gated = Gated::WBGT_Outdoor, .inputs = {Tnwb, Ta}, .formula = formula<&Index_210>()},
+    {.number = 211, .name = "Wind Chill (National Oceanic and Atmospheric Administration; 2003)", .unit = "°C", .inputs = {Ta, WS}, .formula = formula<&Index_211>()},
+    {.number = 212, .name = "Wind Chill (Paul Siple; 1945)", .unit = "kg cal/m²/hr", .inputs = {WS, Ta}, .formula = formula<&Index_212>()},
+    {.number = 213, .name = "Wind Chill (Steadman; 1971)", .unit = "cal/m²/s", .inputs = {Ta, WS, Tmrt}, .formula = formula<&Index_213>()},
+    {.number = 214, .name = "Wind Chill Equivalent (Quayle; 1998)", .unit = "°C", .inputs = {Ta, WS}, .formula = formula<&Index_214>()},
+    {.number = 215, .name = "Wind Chill Equivalent Temperature (wind of 1.34 m/s) (Falconer; 1968)", .unit = "°C", .inputs = {WS, Ta}, .formula = formula<&Index_215>()},
+    {.number = 216, .name = "Wind Speed at 10m (high crops - hedges and shrubs) (Hellmann; 1915)", .unit = "m/s", .gate = Gate::None, .inputs = {WS}, .formula = formula<&Index_216>()},
+    {.number = 217, .name = "Wind Speed at 10m (large city with tall buildings) (Hellmann; 1915)", .unit = "m/s", .gate = Gate::None, .inputs = {WS}, .formula = formula<&Index_217>()},
+    {.number = 218, .name = "Wind Speed at 10m (small town with trees and shrubs) (Hellmann; 1915)", .unit = "m/s", .gate = Gate::None, .inputs = {WS}, .formula = formula<&Index_218>()},
+    {.number = 219, .name = "Wind Speed at 10m (smooth hard ground - calm water) (Hellmann; 1915)", .unit = "m/s", .gate = Gate::None, .inputs = {WS}, .formula = formula<&Index_219>()},
+    {.number = 220, .name = "Wind Speed at 10m (tall grass on level ground) (Hellmann; 1915)", .unit = "m/s", .gate = Gate::None, .inputs = {WS}, .formula = formula<&Index_220>()},
+    {.number = 221, .name = "Wind Speed at 10m (wooded countryside - many trees) (Hellmann; 1915)", .unit = "m/s", .gate = Gate::None, .inputs = {WS}, .formula = formula<&Index_221>()},
+    {.number = 222, .name = "Winter Scharlau Index (Sharlau; 1950)", .unit = "[-]", .inputs = {Ta, RH}, .formula = formula<&Index_222>()},
+}};
+// clang-format on
+
+consteval bool everyRowIsWhole()
+{
+    for (std::size_t i = 0; i < kCatalogue.size(); ++i) {
+        const CatalogueRow& row = kCatalogue[i];
+        if (row.number != static_cast<int>(i) + 1 || row.name.empty() || row.unit.empty())
+            return false;
+        if ((row.formula.function == nullptr) == (row.block == nullptr))
+            return false;
+        if (row.formula.function != nullptr && row.formula.arity != row.inputs.size())
+            return false;
+    }
+    return true;
+}
+static_assert(everyRowIsWhole(), "each row stands at its number and has as many inputs as its formula");
+
+} // namespace
+
+std::string_view inputName(Input input)
+{
+    switch (input) {
+    case Ta:
+        return "Ta";
+    case Tg:
+        return "Tg";
+    case SR:
+        return "SR";
+    case Td:
+        return "Td";
+    case RH:
+        return "RH";
+    case WS:
+        return "WS";
+    case Tmrt:
+        return "Tmrt";
+    case Tnwb:
+        return "Tnwb";
+    case Tpwb:
+        return "Tpwb";
+    case Es:
+        return "Es";
+    case Ea:
+        return "Ea";
+    case Wbgt:
+        return "WBGT_Outdoor_Value";
+    case StaleEa:
+        return "Ea of an earlier index";
+    case Unset:
+        return "0";
+    case TextTa:
+        return "text of Ta";
+    case TextTg:
+        return "text of Tg";
+    case TextSR:
+        return "text of SR";
+    case TextTd:
+        return "text of Td";
+    case TextRH:
+        return "text of RH";
+    case TextWS:
+        return "text of WS";
+    case WindAt10m:
+        return "WS at 10 m";
+    }
+    return {};
+}
+
+std::string_view gatedName(Gated gated)
+{
+    switch (gated) {
+    case Gated::Ta:
+        return "Ta";
+    case Gated::Tnwb:
+        return "Tnwb";
+    case Gated::MeanOfTmrtAndTa:
+        return "(Tmrt + Ta) / 2";
+    case Gated::TmrtLessTa:
+        return "Tmrt - Ta";
+    case Gated::WBGT_Outdoor:
+        return "WBGT_Outdoor";
+    }
+    return {};
+}
+
+std::string_view CatalogueRow::source() const
+{
+    const std::size_t open = name.rfind('(');
+    const std::size_t close = name.rfind(')');
+    if (open == std::string_view::npos || close == std::string_view::npos || close < open)
+        return {};
+    return name.substr(open + 1, close - open - 1);
+}
+
+std::span<const CatalogueRow, kIndexCount> catalogue()
+{
+    return kCatalogue;
+}
+
+const CatalogueRow& catalogueRow(int index)
+{
+    return kCatalogue.at(static_cast<std::size_t>(index - 1));
+}
+
+} // namespace comfortics::core

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/catalogue.h"
+#include "core/limits.h"
+#include "core/outcome.h"
+#include "core/selection.h"
+#include "formulas/assumptions.h"
+#include "formulas/live_quantity.h"
+#include "values/number.h"
+#include "values/variant.h"
+
+#include <array>
+#include <string>
+
+namespace comfortics::core {
+
+/// What the driver reads and writes; the calculation answers.
+class DriverDesk {
+public:
+    /// A live quantity's caption read as a number.
+    virtual values::Number live(formulas::Live quantity) const = 0;
+    virtual formulas::Captions& captions() = 0;
+    /// `Vapor_Pressure_Magnus` of the dew point's caption, through its number text [hPa].
+    virtual values::Number vapourPressure() = 0;
+    /// The outdoor WBGT that the calculation keeps, as it is and through its number text [°C].
+    virtual values::Number WBGT_Outdoor_Value() const = 0;
+    virtual values::Number WBGT_Outdoor_Text() const = 0;
+    /// The text of a reading box, as the models and index 196 take it.
+    virtual values::Variant boxText(Input text) const = 0;
+    /// The models' blocks. Each stores its value where the calculation keeps it.
+    virtual values::Variant runMeanRadiantTemperature() = 0;
+    virtual values::Variant runUtci(values::Number wind) = 0;
+    virtual values::Variant runWbgtIndoor() = 0;
+    virtual values::Variant runWbgtOutdoor() = 0;
+    /// Writes the result entry of an index.
+    virtual void writeResult(int index, std::string text) = 0;
+
+protected:
+    ~DriverDesk() = default;
+};
+
+/// Evaluates the catalogue: one block per index, in order, in five procedures.
+class Driver {
+public:
+    Driver(DriverDesk& desk, const Limits& limits);
+
+    /// Runs the five procedures. Throws RunFailure at the first formula without a defined result;
+    /// `counter` then tells the index.
+    void run(const Selection& selection, bool ignoreLimits, const formulas::Assumptions& assumptions);
+
+    /// The running index counter: the index being evaluated, 222 after a run.
+    int counter() const noexcept { return m_counter; }
+
+    /// What became of index 1 to 222 in the last run.
+    const Outcome& outcome(int index) const { return m_outcomes.at(static_cast<std::size_t>(index - 1)); }
+    Outcome& outcome(int index) { return m_outcomes.at(static_cast<std::size_t>(index - 1)); }
+
+    /// Forgets all outcomes.
+    void reset();
+
+    // Blocks that differ from the template.
+
+    /// Mean radiant temperature: the model on the box texts; it writes its caption again.
+    values::Variant block100();
+    /// UTCI with the wind at 10 m, a plain number, in place of the typed wind's text.
+    values::Variant block195();
+    /// Radiative effective temperature on the raw texts of its boxes.
+    values::Variant block196();
+    /// Indoor WBGT on the box texts.
+    values::Variant block199();
+    /// Outdoor WBGT on the box texts; its captions and entry 159 are written again at this point,
+    /// so that indices 201 to 222 see them and earlier ones do not.
+    values::Variant block200();
+
+private:
+    void Indices_001to050();
+    void Indices_051to100();
+    void Indices_101to150();
+    void Indices_151to200();
+    void Indices_201to222();
+
+    void runProcedure(int last);
+    void runBlock(const CatalogueRow& row);
+    bool passes(const CatalogueRow& row, Outcome& outcome);
+    values::Variant evaluate(const CatalogueRow& row);
+    values::Number read(Input input);
+    values::Number windAt10m() const;
+
+    DriverDesk& m_desk;
+    const Limits& m_limits;
+    const Selection* m_selection = nullptr;
+    bool m_ignoreLimits = false;
+    const formulas::Assumptions* m_assumptions = nullptr;
+    int m_counter = 0;
+    values::Number m_staleEa; // a variable of each procedure: 0 until a block reads `Ea`
+    std::array<Outcome, kIndexCount> m_outcomes{};
+};
+
+} // namespace comfortics::core

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/frm_main.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+namespace comfortics::core {
+
+using controls::Answer;
+using controls::Key;
+using controls::KeyPress;
+using controls::TextBox;
+
+namespace {
+
+constexpr std::string_view kProgramTitle = "Comfortics";
+
+std::string lowered(std::string_view text)
+{
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return result;
+}
+
+// Where the arrow keys lead from each reading box. The table is uneven on purpose: solar radiation
+// and humidity lead to each other with both Up and Down.
+struct Neighbours {
+    Reading down;
+    std::optional<Reading> right;
+    Reading up;
+    std::optional<Reading> left;
+};
+
+Neighbours neighbours(Reading reading)
+{
+    using enum Reading;
+    switch (reading) {
+    case TA:
+        return {TG, std::nullopt, WS, std::nullopt};
+    case TG:
+        return {DP, SR, TA, SR};
+    case SR:
+        return {RH, TG, RH, TG};
+    case DP:
+        return {WS, RH, TG, RH};
+    case RH:
+        return {SR, DP, SR, DP};
+    case WS:
+        break;
+    }
+    return {TA, std::nullopt, DP, std::nullopt};
+}
+
+} // namespace
+
+Frm_Main::Frm_Main(const Limits& limits, controls::Messages& messages, Windows& windows)
+    : Form(std::string(kProgramTitle)), calculation(limits, messages), m_messages(messages),
+      m_windows(windows)
+{
+    cmd_Show_Results.click.handle([this] { cmd_Show_Results_Click(); });
+    cmd_Calculate.click.handle([this] { cmd_Calculate_Click(); });
+    Img_Calculate.click.handle([this] { cmd_Show_Results.setValue(true); });
+    Check_All_Indices.click.handle([this] { Check_All_Indices_Click(); });
+    txt_Search_List.change.handle([this] { txt_Search_List_Change(); });
+    Menu_Options.click.handle([this] { Menu_Options_Click(); });
+    Menu_Raw_Data.click.handle([this] { m_windows.showRawData(); });
+    Menu_Radiation.click.handle([this] { m_windows.showRadiation(); });
+    Menu_Converter.click.handle([this] { m_windows.showConverter(); });
+
+    for (std::size_t i = 0; i < kReadingCount; ++i) {
+        const auto reading = static_cast<Reading>(i);
+        TextBox& box = calculation.readings.box(reading);
+        box.setBackColor(kOrdinaryColor);
+        box.onKeyDown([this, reading](KeyPress press) { readingKeyDown(reading, press); });
+    }
+    for (TextBox* box : {&txt_TA, &txt_TG, &txt_DP})
+        box->doubleClick.handle([this, box] { takeFromConverter(*box, &Windows::converter_lbl_C); });
+    txt_SR.doubleClick.handle([this] { takeFromConverter(txt_SR, &Windows::converter_lbl_SR); });
+    txt_WS.doubleClick.handle([this] { takeFromConverter(txt_WS, &Windows::converter_lbl_WS); });
+
+    Form_Load();
+}
+
+void Frm_Main::Form_Load()
+{
+    Fra_Options.moveTo(0, 0);
+    Fra_Options.setVisible(false);
+    lbl_SR_unit.setCaption("W/m²");
+    for (std::size_t index = 1; index <= kIndexCount; ++index)
+        List_Indices.addItem(results.lbl_Index[index].caption());
+    Check_All_Indices.setChecked(true);
+}
+
+Settings Frm_Main::settings() const
+{
+    Settings result;
+    for (std::size_t row = 0; row < List_Indices.count(); ++row)
+        result.selection.set(static_cast<int>(row) + 1, List_Indices.selected(row));
+    result.ignoreLimits = Opt_Limits.selected() == 1;
+    return result;
+}
+
+void Frm_Main::cmd_Show_Results_Click()
+{
+    if (!calculation.readings.complete())
+        return;
+    cmd_Calculate.setValue(true);
+    m_windows.showResults();
+}
+
+void Frm_Main::cmd_Calculate_Click()
+{
+    if (calculation.run(settings()) == RunStatus::Failed)
+        m_messages.show({.text = calculation.failure()->sentence(), .title = std::string(kProgramTitle)});
+}
+
+void Frm_Main::Check_All_Indices_Click()
+{
+    List_Indices.selectAll(Check_All_Indices.checked());
+}
+
+// Moves the list, changes no selection. The empty text is found in the first name.
+void Frm_Main::txt_Search_List_Change()
+{
+    const std::string wanted = lowered(txt_Search_List.text());
+    for (std::size_t row = 0; row < List_Indices.count(); ++row) {
+        if (lowered(List_Indices.item(row)).find(wanted) != std::string::npos) {
+            List_Indices.setCurrentRow(row);
+            return;
+        }
+    }
+}
+
+void Frm_Main::Menu_Options_Click()
+{
+    Fra_Options.setVisible(!Fra_Options.visible());
+}
+
+void Frm_Main::readingKeyDown(Reading reading, KeyPress press)
+{
+    const auto go = [this](std::optional<Reading> to) {
+        if (to)
+            calculation.readings.box(*to).setFocus();
+    };
+    const Neighbours around = neighbours(reading);
+    switch (press.key) {
+    case Key::Down:
+        go(around.down);
+        break;
+    case Key::Right:
+        go(around.right);
+        break;
+    case Key::Up:
+        go(around.up);
+        break;
+    case Key::Left:
+        go(around.left);
+        break;
+    case Key::Delete:
+        calculation.readings.box(reading).setText("");
+        break;
+    case Key::Enter:
+        cmd_Show_Results.setValue(true);
+        break;
+    default:
+        break;
+    }
+}
+
+void Frm_Main::takeFromConverter(TextBox& box, std::string (Windows::*converterCaption)())
+{
+    if (box.backColor() == kTransferColor)
+        box.setText((m_windows.*converterCaption)());
+}
+
+bool Frm_Main::Form_QueryUnload()
+{
+    const Answer answer =
+        m_messages.show({.text = "Are you sure that you want to continue?\r\n\r\n"
+                                 "Note: By clicking the 'Yes' button, all changes will be lost.",
+                         .title = std::string(kProgramTitle),
+                         .buttons = controls::Buttons::YesNo});
+    if (answer != Answer::Yes)
+        return true;
+    m_windows.unloadAll();
+    return false;
+}
+
+} // namespace comfortics::core

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace comfortics::core {
+
+/// The settings of one INI file, as the classic profile call reads them: section and key without
+/// regard to case, the first of equal keys in the first of equal sections, blanks around a value
+/// and one pair of quotes around it dropped, lines that start with a semicolon ignored.
+class IniFile {
+public:
+    /// A file that cannot be read has no settings.
+    static IniFile read(const std::string& path);
+
+    explicit IniFile(std::string_view text);
+
+    /// The value, cut to 149 characters; the empty text if section or key is missing.
+    std::string Read_Index_Setting(std::string_view section, std::string_view key) const;
+
+private:
+    std::unordered_map<std::string, std::string> m_values; // "section\nkey", lower case
+};
+
+} // namespace comfortics::core

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/outcome.h"
+
+#include "core/catalogue.h"
+#include "values/number_text.h"
+
+namespace comfortics::core {
+
+namespace {
+
+using values::plainText;
+
+std::string interval(const Bound& from, const Bound& to, const char* unit)
+{
+    return from.text + " to " + to.text + " " + unit;
+}
+
+} // namespace
+
+std::string whyBlank(int index, const Outcome& outcome, const Limits& limits, const std::string& runFailure)
+{
+    const CatalogueRow& row = catalogueRow(index);
+    const IndexLimits& bounds = limits.of(index);
+    switch (outcome.kind) {
+    case OutcomeKind::Value:
+        break;
+    case OutcomeKind::NotCalculated:
+        return "Nothing has been calculated yet.";
+    case OutcomeKind::NotSelected:
+        return "The index is not selected in the list.";
+    case OutcomeKind::OutsideTemperature:
+        return "Outside its limits: " + std::string(gatedName(row.gated)) + " is " +
+               plainText(outcome.gatedValue) + " °C, valid from " +
+               interval(bounds.Tair_min, bounds.Tair_max, "°C") +
+               (row.gate == Gate::Text ? ", compared as texts." : ".");
+    case OutcomeKind::OutsideWind:
+        return std::string("Outside its limits: the wind ") +
+               (row.gateWind == GateWind::At10m ? "at 10 m is " : "is ") + plainText(outcome.wind) +
+               " m/s, valid from " + interval(bounds.WS_min, bounds.WS_max, "m/s") + ".";
+    case OutcomeKind::NoValue:
+        return "The formula has no value for these readings.";
+    case OutcomeKind::RunFailed:
+        return runFailure;
+    }
+    return {};
+}
+
+} // namespace comfortics::core

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/limits.h"
+
+#include <cstdint>
+#include <string>
+
+namespace comfortics::core {
+
+enum class OutcomeKind : std::uint8_t {
+    NotCalculated,      ///< no calculation has run, or its readings were rejected
+    Value,              ///< a value stands
+    NotSelected,        ///< its row of the list is not selected
+    OutsideTemperature, ///< the gated value lies outside the temperature limits
+    OutsideWind,        ///< the wind lies outside the wind limits
+    NoValue,            ///< the formula has no value for these readings
+    RunFailed,          ///< the run failed, here or elsewhere
+};
+
+/// What became of one index, with the numbers that decided it.
+struct Outcome {
+    OutcomeKind kind = OutcomeKind::NotCalculated;
+    double gatedValue = 0; ///< the value that met the temperature limits [°C]
+    double wind = 0;       ///< the wind that met the wind limits [m/s]
+};
+
+/// One sentence for the user: why index 1 to 222 is blank. Empty where a value stands.
+/// runFailure is the sentence of the failed run.
+std::string whyBlank(int index, const Outcome& outcome, const Limits& limits, const std::string& runFailure);
+
+} // namespace comfortics::core

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/catalogue.h"
+
+#include <bitset>
+
+namespace comfortics::core {
+
+/// Which of the 222 indices a calculation evaluates.
+class Selection {
+public:
+    static Selection all() { return Selection(true); }
+    static Selection none() { return Selection(false); }
+
+    bool contains(int index) const { return m_bits[static_cast<std::size_t>(index)]; }
+    void set(int index, bool selected) { m_bits[static_cast<std::size_t>(index)] = selected; }
+    std::size_t count() const { return m_bits.count(); }
+
+    friend bool operator==(const Selection&, const Selection&) = default;
+
+private:
+    explicit Selection(bool selected)
+    {
+        if (selected)
+            for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+                set(index, true);
+    }
+
+    std::bitset<kIndexCount + 1> m_bits; // bit 0 unused
+};
+
+} // namespace comfortics::core

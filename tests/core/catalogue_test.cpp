@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/catalogue.h"
+
+#include "core/frm_results.h"
+#include "core/limits.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace comfortics::core {
+namespace {
+
+std::vector<int> numbersWhere(bool (*holds)(const CatalogueRow&))
+{
+    std::vector<int> numbers;
+    for (const CatalogueRow& row : catalogue())
+        if (holds(row))
+            numbers.push_back(row.number);
+    return numbers;
+}
+
+TEST(Catalogue, NoIndexIsMissing)
+{
+    EXPECT_TRUE(numbersWhere([](const CatalogueRow& row) {
+                    return row.formula.function == nullptr && row.block == nullptr;
+                }).empty());
+}
+
+TEST(Catalogue, GatesAreWhereTheyBelong)
+{
+    EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.gate == Gate::None; }).size(), 60U);
+    EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.gate == Gate::Text; }),
+              (std::vector{98, 111, 112, 128, 189}));
+    EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.gated != Gated::Ta; }),
+              (std::vector{6, 98, 104, 111, 112, 114, 128, 135, 189, 210}));
+    EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.gateWind == GateWind::At10m; }),
+              std::vector{195});
+    // A gated quantity or wind without a gate would be dead.
+    EXPECT_TRUE(numbersWhere([](const CatalogueRow& row) {
+                    return row.gate == Gate::None &&
+                           (row.gated != Gated::Ta || row.gateWind != GateWind::AsMeasured);
+                }).empty());
+}
+
+TEST(Catalogue, OnlyTheKnownNamesStandTwice)
+{
+    std::map<std::string_view, std::vector<int>> byName;
+    for (const CatalogueRow& row : catalogue())
+        byName[row.name].push_back(row.number);
+    std::set<std::vector<int>> repeated;
+    for (const auto& [name, numbers] : byName)
+        if (numbers.size() > 1)
+            repeated.insert(numbers);
+    EXPECT_EQ(repeated, (std::set<std::vector<int>>{{35, 36}, {39, 40}, {44, 45}, {186, 187}}));
+}
+
+TEST(Catalogue, FormatsAndBlocksAreTheKnownExceptions)
+{
+    EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.format.decimals != 1; }),
+              (std::vector{179, 180, 181, 182}));
+    EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.block != nullptr; }),
+              (std::vector{100, 195, 196, 199, 200}));
+}
+
+TEST(Catalogue, TheLimitsFileSpeaksOfTheSameIndices)
+{
+    const Limits limits = Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    for (const CatalogueRow& row : catalogue()) {
+        // The file is in an 8-bit code page, where the degree sign is one byte, and the reader drops
+        // blanks at the ends.
+        std::string name(row.name);
+        for (std::size_t at; (at = name.find("\xC2\xB0")) != std::string::npos;)
+            name.erase(at, 1);
+        name.erase(name.find_last_not_of(' ') + 1);
+        EXPECT_EQ(limits.of(row.number).Name, name) << row.number;
+    }
+}
+
+TEST(Catalogue, SourcesAreReadOffTheNames)
+{
+    EXPECT_EQ(catalogueRow(65).source(), "Houghten; 1923");
+    EXPECT_EQ(catalogueRow(111).source(), "ISO 7726:1998");
+    EXPECT_EQ(catalogueRow(134).source(), "");
+}
+
+TEST(FrmResults, HoldsNamesAndUnitsByNumber)
+{
+    const Frm_Results results;
+    EXPECT_EQ(results.controlCount(), 669U);
+    EXPECT_EQ(results.lbl_Index[1].caption(), "Accepted Level of Physical Activity (Blazejczyk; 2010)");
+    EXPECT_EQ(results.lbl_Index[104].caption(), "Modified Discomfort Index (Moran; 1988) ");
+    EXPECT_EQ(results.lbl_Unit[6].caption(), "Kcal/kg");
+    EXPECT_EQ(results.lbl_Unit[222].caption(), "[-]");
+}
+
+} // namespace
+} // namespace comfortics::core

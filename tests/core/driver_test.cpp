@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/driver.h"
+
+#include "test_desk.h"
+#include "values/run_failure.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace comfortics::core {
+namespace {
+
+using formulas::Live;
+using values::Number;
+using values::Variant;
+
+/// A desk with prepared quantities: the driver alone, without models.
+class PreparedDesk final : public DriverDesk, public formulas::Captions {
+public:
+    std::map<Live, double> quantities{{Live::Ta, 24},   {Live::Tg, 31},  {Live::SR, 420},  {Live::Td, 11},
+                                      {Live::RH, 44},   {Live::WS, 3},   {Live::Tmrt, 47}, {Live::Tnwb, 17},
+                                      {Live::Tpwb, 16}, {Live::Es, 29.8}};
+    double wbgt = 21.5;
+    std::map<Input, std::string> texts{
+        {Input::TextTa, "24"}, {Input::TextSR, "420"}, {Input::TextRH, "44"}, {Input::TextWS, "3"}};
+    std::map<int, std::string> results;
+    std::map<Live, std::string> written;
+    double utciWind = 0;
+
+    Number live(Live quantity) const override
+    {
+        const auto found = quantities.find(quantity);
+        return found == quantities.end() ? 0 : found->second;
+    }
+    formulas::Captions& captions() override { return *this; }
+    Number vapourPressure() override { return 13.125; }
+    Number WBGT_Outdoor_Value() const override { return wbgt; }
+    Number WBGT_Outdoor_Text() const override { return wbgt; }
+    Variant boxText(Input text) const override { return texts.at(text); }
+    Variant runMeanRadiantTemperature() override { return 47.25; }
+    Variant runUtci(Number wind) override
+    {
+        utciWind = wind.value();
+        return 26.5;
+    }
+    Variant runWbgtIndoor() override { return 19.5; }
+    Variant runWbgtOutdoor() override { return 21.75; }
+    void writeResult(int index, std::string text) override { results[index] = std::move(text); }
+    void writeCaption(Live quantity, std::string text) override { written[quantity] = std::move(text); }
+};
+
+struct Fixture {
+    explicit Fixture(const std::string& limitLines = {}) : limits(tests::openLimits(limitLines)) {}
+    Limits limits;
+    PreparedDesk desk;
+    Selection selection = Selection::all();
+    bool ignoreLimits = false;
+
+    Outcome run(int index)
+    {
+        Driver driver(desk, limits);
+        driver.run(selection, ignoreLimits, {});
+        return driver.outcome(index);
+    }
+};
+
+struct GateCase {
+    std::string name;
+    int index;
+    std::string limits;
+    OutcomeKind expected;
+};
+
+// Gated values of the desk: Ta 24, Tnwb 17, mean of Tmrt and Ta 35.5, Tmrt less Ta 23, WBGT 21.5, wind 3.
+TEST(Driver, GatesAreInclusiveAndTakeTheirOwnQuantity)
+{
+    using enum OutcomeKind;
+    const auto t = [](int index, const std::string& low, const std::string& high) {
+        const std::string n = std::to_string(index);
+        return "Tair_min_" + n + "=" + low + "\r\nTair_max_" + n + "=" + high + "\r\n";
+    };
+    const auto w = [](int index, const std::string& low, const std::string& high) {
+        const std::string n = std::to_string(index);
+        return "WS_min_" + n + "=" + low + "\r\nWS_max_" + n + "=" + high + "\r\n";
+    };
+    const std::vector<GateCase> cases{
+        {"air temperature at the lower end", 8, t(8, "24", "30"), Value},
+        {"below it", 8, t(8, "24.1", "30"), OutsideTemperature},
+        {"at the upper end", 8, t(8, "10", "24"), Value},
+        {"above it", 8, t(8, "10", "23.9"), OutsideTemperature},
+        {"wind at the lower end", 8, w(8, "3", "5"), Value},
+        {"below it", 8, w(8, "3.1", "5"), OutsideWind},
+        {"wind at the upper end", 8, w(8, "1", "3"), Value},
+        {"above it", 8, w(8, "1", "2.9"), OutsideWind},
+        {"a highest wind of 0 switches the gate off", 8, w(8, "9", "0"), Value},
+        {"the wind never opens a shut gate", 8, t(8, "0", "1") + w(8, "1", "5"), OutsideTemperature},
+        {"6 is gated on the natural wet bulb", 6, t(6, "17", "17"), Value},
+        {"and not on the air", 6, t(6, "24", "24"), OutsideTemperature},
+        {"104 is gated on the outdoor WBGT", 104, t(104, "21.5", "21.5"), Value},
+        {"135 too", 135, t(135, "24", "24"), OutsideTemperature},
+        {"98 compares the mean as text: 35.5 from 10 to 38", 98, t(98, "10", "38"), Value},
+        {"9 sorts above 38", 98, t(98, "9", "38"), OutsideTemperature},
+        {"4 sorts above 35.5 and 100 below", 189, t(189, "100", "4"), Value},
+        {"128 the same", 128, t(128, "36", "40"), OutsideTemperature},
+        {"111 compares the difference 23 as text", 111, t(111, "-0.001", "99"), Value},
+        {"112 too: 3 sorts above 23", 112, t(112, "3", "99"), OutsideTemperature},
+        {"195 meets the wind at 10 m, 3 / 0.11 ^ 0.2 = 4.66", 195, w(195, "4", "5"), Value},
+        {"not the typed one", 195, w(195, "2", "4"), OutsideWind},
+        {"without a gate limits mean nothing", 12, t(12, "0", "1") + w(12, "8", "9"), Value},
+    };
+    for (const GateCase& row : cases) {
+        Fixture fixture(row.limits);
+        const Outcome outcome = fixture.run(row.index);
+        EXPECT_EQ(outcome.kind, row.expected) << row.name;
+        EXPECT_EQ(fixture.desk.results[row.index].empty(), row.expected != Value) << row.name;
+        fixture.ignoreLimits = true;
+        EXPECT_EQ(fixture.run(row.index).kind, Value) << row.name << ", limits ignored";
+    }
+}
+
+TEST(Driver, ATextGateJudgesByCharacters)
+{
+    Fixture fixture("Tair_min_98=10\r\nTair_max_98=38\r\n");
+    for (const auto& [mean, passes] : std::initializer_list<std::pair<double, bool>>{{2.5, true},
+                                                                                     {4.5, false},
+                                                                                     {9.3, false},
+                                                                                     {10, true},
+                                                                                     {38, true},
+                                                                                     {38.5, false},
+                                                                                     {150, true},
+                                                                                     {-5, false}}) {
+        fixture.desk.quantities[Live::Tmrt] = mean;
+        fixture.desk.quantities[Live::Ta] = mean;
+        EXPECT_EQ(fixture.run(98).kind == OutcomeKind::Value, passes) << mean;
+    }
+}
+
+TEST(Driver, WithoutLimitsOnlyUngatedIndicesGiveValues)
+{
+    Fixture fixture;
+    fixture.limits = Limits();
+    Driver driver(fixture.desk, fixture.limits);
+    driver.run(fixture.selection, false, {});
+    int values = 0;
+    for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+        values += driver.outcome(index).kind == OutcomeKind::Value ? 1 : 0;
+    EXPECT_EQ(values, 60);
+    EXPECT_EQ(driver.counter(), 222);
+}
+
+TEST(Driver, Index174TakesWhateverVapourPressureAnEarlierBlockOfItsProcedureLeft)
+{
+    const auto exhaled = [](std::initializer_list<int> unselected) {
+        Fixture fixture;
+        for (const int index : unselected)
+            fixture.selection.set(index, false);
+        fixture.run(174);
+        return fixture.desk.results[174];
+    };
+    EXPECT_EQ(exhaled({}), "32.9");                   // 32.6 + 0.0002 * 1312.5
+    EXPECT_EQ(exhaled({155, 156, 162}), "32.9");      // one of the four is enough
+    EXPECT_EQ(exhaled({155, 156, 162, 163}), "32.6"); // those of earlier procedures do not count
+}
+
+TEST(Driver, UnsetInputsCountAsZeroAndFormatsAreTheIndexs)
+{
+    Fixture fixture;
+    fixture.run(1);
+    EXPECT_EQ(fixture.desk.results[5], "13.1");
+    EXPECT_EQ(fixture.desk.results[52], "11.0");
+    EXPECT_EQ(fixture.desk.results[131], "16.0");
+    EXPECT_EQ(fixture.desk.results[110], "35.5");
+    EXPECT_EQ(fixture.desk.results[100], "47.3"); // half away from zero
+    EXPECT_EQ(fixture.desk.results[199], "19.5");
+    EXPECT_EQ(fixture.desk.results[200], "21.8");
+    // exp(-1.13 * 3 - 0.23) ... n = 1: (0.0403 ^ 0.61) * exp(-0.441) + exp(-0.23 - 3.39) * 0.054
+    EXPECT_EQ(fixture.desk.results[179], "0.09");
+    EXPECT_NEAR(fixture.desk.utciWind, 4.665, 0.001);
+    EXPECT_EQ(fixture.desk.written.count(Live::Td), 1U); // index 208 derives its own dew point
+}
+
+TEST(Driver, AnEmptyResultIsABlankWithItsOwnReason)
+{
+    Fixture fixture;
+    const Outcome outcome = fixture.run(91); // humisery has no value between its dew point classes
+    EXPECT_EQ(outcome.kind, OutcomeKind::Value);
+    fixture.desk.quantities[Live::Td] = 20.2;
+    EXPECT_EQ(fixture.run(91).kind, OutcomeKind::NoValue);
+    EXPECT_EQ(fixture.desk.results[91], "");
+    EXPECT_EQ(whyBlank(91, {OutcomeKind::NoValue}, fixture.limits, {}),
+              "The formula has no value for these readings.");
+}
+
+TEST(Driver, SaysWhyAValueIsBlank)
+{
+    Fixture fixture(
+        "Tair_min_8=-60\r\nTair_max_8=10\r\nTair_min_195=-50\r\nTair_max_195=50\r\nWS_min_195=0.5\r\n"
+        "WS_max_195=4\r\nTair_min_98=10\r\nTair_max_98=30\r\n");
+    fixture.selection.set(7, false);
+    const auto why = [&](int index) { return whyBlank(index, fixture.run(index), fixture.limits, {}); };
+    EXPECT_EQ(why(7), "The index is not selected in the list.");
+    EXPECT_EQ(why(8), "Outside its limits: Ta is 24 °C, valid from -60 to 10 °C.");
+    EXPECT_EQ(why(98),
+              "Outside its limits: (Tmrt + Ta) / 2 is 35.5 °C, valid from 10 to 30 °C, compared as texts.");
+    EXPECT_EQ(why(195).substr(0, 44), "Outside its limits: the wind at 10 m is 4.66");
+    EXPECT_EQ(why(5), "");
+}
+
+TEST(Driver, AFailureStopsAtItsIndex)
+{
+    Fixture fixture;
+    fixture.desk.quantities[Live::WS] = 0;
+    Driver driver(fixture.desk, fixture.limits);
+    EXPECT_THROW(driver.run(fixture.selection, false, {}), values::RunFailure);
+    EXPECT_EQ(driver.counter(), 19); // 25 * WS ^ 0.4 in the denominator
+}
+
+} // namespace
+} // namespace comfortics::core

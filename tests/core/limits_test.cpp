@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/limits.h"
+
+#include "core/load_indices.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace comfortics::core {
+namespace {
+
+TEST(IniFile, ReadsAsTheProfileCall)
+{
+    const IniFile file("; a comment\r\n"
+                       "Name_1=outside any section\r\n"
+                       "[Other]\r\nName_1=other\r\n"
+                       "  [indices]  \r\n"
+                       " name_1 =  first  \r\n"
+                       "NAME_1=second\r\n"
+                       "Name_2=\"in quotes\"\r\n"
+                       "Name_3='half open\r\n"
+                       ";Name_4=commented\r\n"
+                       "Name_5=a=b\n"
+                       "Name_6=\r\n"
+                       "no key here\r\n"
+                       "[INDICES]\r\nName_7=in a repeated section\r\n");
+    const auto setting = [&file](const char* key) { return file.Read_Index_Setting("INDICES", key); };
+    EXPECT_EQ(setting("Name_1"), "first");
+    EXPECT_EQ(setting("Name_2"), "in quotes");
+    EXPECT_EQ(setting("Name_3"), "'half open");
+    EXPECT_EQ(setting("Name_4"), "");
+    EXPECT_EQ(setting("Name_5"), "a=b");
+    EXPECT_EQ(setting("Name_6"), "");
+    EXPECT_EQ(setting("Name_7"), "");
+    EXPECT_EQ(file.Read_Index_Setting("other", "NAME_1"), "other");
+}
+
+TEST(IniFile, CutsValuesAt149Characters)
+{
+    const IniFile file("[S]\nK=" + std::string(200, 'x') + "\n");
+    EXPECT_EQ(file.Read_Index_Setting("S", "K"), std::string(149, 'x'));
+}
+
+TEST(Limits, BoundsAreNumberText)
+{
+    const Limits limits = Limits::fromText("[INDICES]\n"
+                                           "Tair_min_7=12,5\nTair_max_7=ten\nWS_min_7= -.50x\nWS_max_7=1e3\n"
+                                           "Active_7=1\nCategories_7=cold\n");
+    const IndexLimits& row = limits.of(7);
+    EXPECT_EQ(row.Tair_min.text, "12");
+    EXPECT_EQ(row.Tair_max.text, "0");
+    EXPECT_EQ(row.WS_min.text, "-0.5");
+    EXPECT_EQ(row.WS_max.text, "1000");
+    EXPECT_EQ(row.WS_max.number, 1000);
+    EXPECT_EQ(row.Active, 1);
+    EXPECT_EQ(row.Categories, "cold");
+    EXPECT_EQ(limits.of(8).Tair_max.text, "0");
+}
+
+TEST(Limits, AMissingFileReadsAsZeros)
+{
+    const Limits limits = Limits::Load_Limits("no/such/folder/Limits.Index");
+    EXPECT_EQ(limits.of(1).Tair_max.text, "0");
+    EXPECT_EQ(limits.of(222).Name, "");
+}
+
+TEST(Limits, TheShippedFileIsWhole)
+{
+    const Limits limits = Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    for (int index = 1; index <= static_cast<int>(kIndexCount); ++index) {
+        const IndexLimits& row = limits.of(index);
+        EXPECT_FALSE(row.Name.empty()) << index;
+        // 196 is shut on purpose: it fails whenever the radiation box is empty.
+        EXPECT_EQ(row.Tair_min.number < row.Tair_max.number, index != 196) << index;
+        EXPECT_LE(row.WS_min.number, row.WS_max.number) << index;
+    }
+    EXPECT_EQ(limits.of(195).WS_max.text, "17");
+}
+
+} // namespace
+} // namespace comfortics::core

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What the core tests share: limits without a file, and a message service that keeps its texts.
+#pragma once
+
+#include "controls/dialogs.h"
+#include "core/calculation.h"
+#include "core/catalogue.h"
+#include "core/limits.h"
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace comfortics::tests {
+
+struct RecordedMessages final : controls::Messages {
+    std::vector<controls::MessageBox> boxes;
+    controls::Answer answer = controls::Answer::Ok;
+    controls::Answer show(const controls::MessageBox& box) override
+    {
+        boxes.push_back(box);
+        return answer;
+    }
+};
+
+/// Limits that let every temperature from -100 to 100 pass, with the given lines on top: the first
+/// of equal keys counts.
+inline core::Limits openLimits(const std::string& first = {})
+{
+    std::string text = "[INDICES]\r\n" + first;
+    for (std::size_t i = 1; i <= core::kIndexCount; ++i) {
+        const std::string number = std::to_string(i);
+        text += "Tair_min_" + number + "=-100\r\nTair_max_" + number + "=100\r\n";
+    }
+    return core::Limits::fromText(text);
+}
+
+/// A calculation with its surroundings.
+struct Bench {
+    explicit Bench(core::Limits given = openLimits()) : limits(std::move(given)) {}
+
+    core::Limits limits;
+    RecordedMessages messages;
+    core::Calculation calculation{limits, messages};
+    core::Settings settings;
+
+    core::RunStatus run(std::initializer_list<std::pair<core::Reading, const char*>> readings)
+    {
+        for (const auto& [reading, text] : readings)
+            calculation.readings.box(reading).setText(text);
+        return calculation.run(settings);
+    }
+    const std::string& value(int index) const
+    {
+        return calculation.results.lbl_results[static_cast<std::size_t>(index)].caption();
+    }
+    const std::string& live(formulas::Live quantity) const
+    {
+        return calculation.liveLabel(quantity).caption();
+    }
+};
+
+} // namespace comfortics::tests
