@@ -68,7 +68,8 @@ formulas::Assumptions AssumptionBoxes::read() const
 
 std::string Failure::sentence() const
 {
-    return "The calculation stopped " + phrase(where) + ": " + why + ".";
+    return "The calculation stopped " + phrase(where) + ": " + why +
+           ". By the robust rules only what depends on it would be blank.";
 }
 
 Calculation::Calculation(const Limits& limits, controls::Messages& messages)
@@ -81,6 +82,9 @@ RunStatus Calculation::run(const Settings& settings)
     m_failure.reset();
     m_explanation.clear();
     m_driver.reset();
+    m_availability.reset();
+    m_rules = settings.rules;
+    m_models.setRules(settings.rules);
 
     // A globe temperature more than 10 degrees below the air temperature is thrown away.
     if (values::val(readings.txt_TG.text()) < values::val(readings.txt_TA.text()) - 10)
@@ -136,28 +140,61 @@ void Calculation::calculate(const Settings& settings)
                     {&RH, Reading::RH}});
     };
 
-    m_where = "UTCI_Regression";
-    copyAll();
-    m_UTCI_Value = taken(m_models.UTCI_Regression(Ta, Tg, Td, WS, SR, RH)).value();
-    m_where = "WBGT_Outdoor";
-    copyAll();
-    keepWbgtOutdoor(taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH)));
-    m_where = "WBGT_Indoor";
-    copyAfresh({{&Ta, Reading::TA}, {&Td, Reading::DP}, {&WS, Reading::WS}, {&RH, Reading::RH}});
-    m_WBGT_Indoor_Value = taken(m_models.WBGT_Indoor(Ta, Td, WS, RH)).value();
-    m_where = "Mean_Radiant_Temperature_Model";
-    copyAfresh({{&Ta, Reading::TA}, {&Tg, Reading::TG}, {&SR, Reading::SR}, {&WS, Reading::WS}});
-    m_models.Mean_Radiant_Temperature_Model(Ta, Tg, SR, WS);
-    m_where = "Saturation_Pressure_Hardy";
-    Ta = copy(Reading::TA);
-    const Number Es = formulas::Saturation_Pressure_Hardy(Ta.number());
+    attempt(
+        "UTCI_Regression",
+        [&] {
+            copyAll();
+            m_UTCI_Value = taken(m_models.UTCI_Regression(Ta, Tg, Td, WS, SR, RH)).value();
+        },
+        [](const std::string&) {});
+    attempt(
+        "WBGT_Outdoor",
+        [&] {
+            copyAll();
+            keepWbgtOutdoor(taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH)));
+        },
+        [this](const std::string& why) {
+            m_availability.lose(Live::Tnwb, why);
+            m_availability.loseWbgt(why);
+            if (readings.txt_SR.text().empty())
+                m_availability.lose(Live::SR, why);
+        });
+    attempt(
+        "WBGT_Indoor",
+        [&] {
+            copyAfresh({{&Ta, Reading::TA}, {&Td, Reading::DP}, {&WS, Reading::WS}, {&RH, Reading::RH}});
+            m_WBGT_Indoor_Value = taken(m_models.WBGT_Indoor(Ta, Td, WS, RH)).value();
+        },
+        [this](const std::string& why) { m_availability.lose(Live::Tpwb, why); });
+    attempt(
+        "Mean_Radiant_Temperature_Model",
+        [&] {
+            copyAfresh({{&Ta, Reading::TA}, {&Tg, Reading::TG}, {&SR, Reading::SR}, {&WS, Reading::WS}});
+            m_models.Mean_Radiant_Temperature_Model(Ta, Tg, SR, WS);
+        },
+        [&](const std::string& why) {
+            m_availability.lose(Live::Tmrt, why);
+            if (Tg.isEmptyText())
+                m_availability.lose(Live::Tg, why);
+        });
+    Variant Es;
+    attempt(
+        "Saturation_Pressure_Hardy",
+        [&] {
+            Ta = copy(Reading::TA);
+            Es = formulas::Saturation_Pressure_Hardy(Ta.number());
+        },
+        [this](const std::string& why) { m_availability.lose(Live::Es, why); });
     deriveHumidity(Ta, Td, RH);
-    m_where = "Vapor_Pressure_Magnus";
-    const Number Ea = formulas::Vapor_Pressure_Magnus(Td.number());
+    Variant Ea;
+    attempt(
+        "Vapor_Pressure_Magnus", [&] { Ea = formulas::Vapor_Pressure_Magnus(Td.number()); },
+        [this](const std::string& why) { m_availability.lose(Live::Ea, why); });
 
     m_where = "captions";
     const auto writeRounded = [this](Live quantity, const Variant& value) {
-        writeCaption(quantity, values::format(value, values::kFormat0_00000));
+        writeCaption(quantity, m_availability.has(quantity) ? values::format(value, values::kFormat0_00000)
+                                                            : std::string());
     };
     writeRounded(Live::Ta, Ta);
     writeRounded(Live::Tg, Tg);
@@ -167,9 +204,12 @@ void Calculation::calculate(const Settings& settings)
     writeRounded(Live::RH, RH);
     writeRounded(Live::Es, Es);
     writeRounded(Live::Ea, Ea);
+    for (const Live quantity : {Live::Tmrt, Live::Tnwb, Live::Tpwb})
+        if (!m_availability.has(quantity))
+            writeCaption(quantity, {});
 
     m_where.clear();
-    m_driver.run(settings.selection, settings.ignoreLimits, assumptions.read());
+    m_driver.run(settings, assumptions.read(), m_availability);
     for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
         if (!settings.selection.contains(index))
             writeResult(index, {});
@@ -177,19 +217,47 @@ void Calculation::calculate(const Settings& settings)
 
 void Calculation::deriveHumidity(Variant& Ta, Variant& Td, Variant& RH)
 {
-    const std::string& dewPoint = readings.txt_DP.text();
-    const std::string& humidity = readings.txt_RH.text();
-    if (!humidity.empty()) {
-        m_where = "Dew_Point_Magnus";
-        Ta = copy(Reading::TA);
-        RH = copy(Reading::RH);
-        Td.assign(formulas::Dew_Point_Magnus(*this, Ta.number(), RH.number()));
+    const bool dewPointGiven = !readings.txt_DP.text().empty();
+    const bool humidityGiven = !readings.txt_RH.text().empty();
+    if (humidityGiven)
+        attempt(
+            "Dew_Point_Magnus",
+            [&] {
+                Ta = copy(Reading::TA);
+                RH = copy(Reading::RH);
+                Td.assign(formulas::Dew_Point_Magnus(*this, Ta.number(), RH.number()));
+            },
+            [this](const std::string& why) { m_availability.lose(Live::Td, why); });
+    if (dewPointGiven)
+        attempt(
+            "Relative_Humidity_Magnus",
+            [&] {
+                Ta = copy(Reading::TA);
+                Td = copy(Reading::DP);
+                RH.assign(formulas::Relative_Humidity_Magnus(*this, Ta.number(), Td.number()));
+            },
+            [this](const std::string& why) { m_availability.lose(Live::RH, why); });
+    if (!dewPointGiven && !humidityGiven) { // emptied as the readings were rounded
+        const std::string why = "neither the dew point nor the relative humidity is given";
+        m_availability.lose(Live::Td, why);
+        m_availability.lose(Live::RH, why);
     }
-    if (!dewPoint.empty()) {
-        m_where = "Relative_Humidity_Magnus";
-        Ta = copy(Reading::TA);
-        Td = copy(Reading::DP);
-        RH.assign(formulas::Relative_Humidity_Magnus(*this, Ta.number(), Td.number()));
+}
+
+// One step of the sequence. By the classic rules its failure ends the run; by the robust rules it
+// costs what the step provides.
+template <typename Step, typename Loss>
+void Calculation::attempt(const char* where, Step step, Loss lose)
+{
+    m_where = where;
+    if (m_rules == Rules::Classic) {
+        step();
+        return;
+    }
+    try {
+        step();
+    } catch (const RunFailure& failure) {
+        lose(failure.why());
     }
 }
 

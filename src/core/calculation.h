@@ -3,12 +3,13 @@
 
 #include "controls/controls.h"
 #include "controls/dialogs.h"
+#include "core/availability.h"
 #include "core/driver.h"
 #include "core/frm_results.h"
 #include "core/limits.h"
 #include "core/outcome.h"
 #include "core/reading_boxes.h"
-#include "core/selection.h"
+#include "core/settings.h"
 #include "formulas/live_quantity.h"
 #include "models/desk.h"
 #include "models/wbgt_utci.h"
@@ -18,12 +19,6 @@
 #include <string>
 
 namespace comfortics::core {
-
-/// What a calculation is asked to do.
-struct Settings {
-    Selection selection = Selection::all();
-    bool ignoreLimits = false; ///< evaluate selected indices whatever their limits
-};
 
 /// The assumption boxes, with their texts at start. `txt_Height` stands beside the heading
 /// "Body Mass:" and `txt_Weight` beside "Body Stature:"; both are read by box, not by heading.
@@ -45,7 +40,8 @@ struct AssumptionBoxes {
 enum class RunStatus {
     Ok,
     Rejected, ///< a needed reading is missing or no number; results are blank, labels as they were
-    Failed,   ///< a step had no defined result; results and live quantities are blank
+    Failed,   ///< a step had no defined result; results and live quantities are blank. By the robust
+              ///< rules no run fails: what depends on the step is blank, with its reason
 };
 
 /// Why a run failed.
@@ -97,6 +93,8 @@ private:
     static std::size_t place(formulas::Live quantity) { return static_cast<std::size_t>(quantity); }
 
     void calculate(const Settings& settings);
+    template <typename Step, typename Loss>
+    void attempt(const char* where, Step step, Loss lose);
     void blankResults();
     void blankLive();
     void writeUnreachableEntries();
@@ -127,6 +125,8 @@ private:
     controls::Messages& m_messages;
     models::WBGT_UTCI m_models;
     Driver m_driver;
+    Availability m_availability;
+    Rules m_rules = Rules::Classic; // of the run
 
     std::array<controls::Label, formulas::kLiveCount> m_live;
     std::array<values::Number, formulas::kLiveCount> m_liveValues{}; // the captions, read once

@@ -226,7 +226,7 @@ constexpr std::array<CatalogueRow, kIndexCount> kCatalogue{{
     {.number = 193, .name = "TPV index (Roorkee) (Nicol; 1975)", .unit = "[-]", .inputs = {Tg, Ea, WS}, .formula = formula<&Index_193>()},
     {.number = 194, .name = "Tropical Summer Index (Sharma; 1986)", .unit = "°C", .inputs = {Tnwb, Tg, WS}, .formula = formula<&Index_194>()},
     {.number = 195, .name = "Universal Thermal Climate Index (Broede; 2009)", .unit = "°C", .gateWind = GateWind::At10m, .inputs = {TextTa, TextTg, TextTd, WindAt10m, TextSR, TextRH}, .block = &Driver::block195},
-    {.number = 196, .name = "Radiative Effective Temperature (Blazejczyk; 2004)", .unit = "°C", .inputs = {TextTa, TextWS, TextRH, TextSR}, .block = &Driver::block196},
+    {.number = 196, .name = "Radiative Effective Temperature (Blazejczyk; 2004)", .unit = "°C", .inputs = {TextTa, TextWS, TextRH, TextSR}, .robustInputs = {Ta, WS, RH, SR}, .block = &Driver::block196},
     {.number = 197, .name = "Wet Bulb Globe Temperature (eq. 1) (Ono; 2014)", .unit = "°C", .inputs = {Ta, RH, SR, WS}, .formula = formula<&Index_197>()},
     {.number = 198, .name = "Wet Bulb Globe Temperature (eq. 2) (Ono; 2014)", .unit = "°C", .inputs = {Ta, RH, SR, WS}, .formula = formula<&Index_198>()},
     {.number = 199, .name = "Wet Bulb Globe Temperature (indoor) (Yaglou; 1956)", .unit = "°C", .inputs = {TextTa, TextTd, TextWS, TextRH}, .block = &Driver::block199},

@@ -93,6 +93,7 @@ struct CatalogueRow {
     Gated gated = Gated::Ta;
     GateWind gateWind = GateWind::AsMeasured;
     InputList inputs;
+    InputList robustInputs{}; ///< what the row reads in their place by the robust rules, where that differs
     FormulaCall formula{};
     Block block = nullptr; ///< takes the place of the formula where set
     values::Format format = values::kFormat0_0;

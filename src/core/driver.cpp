@@ -3,11 +3,15 @@
 
 #include "formulas/primitives.h"
 #include "formulas/radiant.h"
+#include "values/run_failure.h"
+
+#include <utility>
 
 namespace comfortics::core {
 
 using formulas::Live;
 using values::Number;
+using values::RunFailure;
 using values::Variant;
 
 Driver::Driver(DriverDesk& desk, const Limits& limits) : m_desk(desk), m_limits(limits)
@@ -19,11 +23,12 @@ void Driver::reset()
     m_outcomes.fill({});
 }
 
-void Driver::run(const Selection& selection, bool ignoreLimits, const formulas::Assumptions& assumptions)
+void Driver::run(const Settings& settings, const formulas::Assumptions& assumptions,
+                 const Availability& availability)
 {
-    m_selection = &selection;
-    m_ignoreLimits = ignoreLimits;
+    m_settings = &settings;
     m_assumptions = &assumptions;
+    m_availability = &availability;
     m_counter = 0;
     Indices_001to050();
     Indices_051to100();
@@ -62,15 +67,38 @@ void Driver::runProcedure(int last)
     m_staleEa = 0;
     while (m_counter < last) {
         ++m_counter;
-        runBlock(catalogueRow(m_counter));
+        if (m_settings->rules == Rules::Robust)
+            runBlockAlone(catalogueRow(m_counter));
+        else
+            runBlock(catalogueRow(m_counter));
     }
+}
+
+// One index by the robust rules: whatever fails in it costs its own value alone.
+void Driver::runBlockAlone(const CatalogueRow& row)
+{
+    std::string why;
+    if (m_settings->selection.contains(row.number))
+        why = m_availability->whyNot(row, m_settings->ignoreLimits);
+    if (why.empty()) {
+        try {
+            runBlock(row);
+            return;
+        } catch (const RunFailure& failure) {
+            why = "The formula fails: " + failure.why() + ".";
+        }
+    }
+    Outcome& result = outcome(row.number);
+    result.kind = OutcomeKind::RunFailed;
+    result.failure = std::move(why);
+    m_desk.writeResult(row.number, {});
 }
 
 void Driver::runBlock(const CatalogueRow& row)
 {
     Outcome& result = outcome(row.number);
     result = {};
-    if (!m_selection->contains(row.number)) {
+    if (!m_settings->selection.contains(row.number)) {
         result.kind = OutcomeKind::NotSelected;
         return; // the entry is left alone here and blanked at the end of the sequence
     }
@@ -122,7 +150,7 @@ bool Driver::passes(const CatalogueRow& row, Outcome& result)
 
     result.gatedValue = X.value();
     result.wind = wind.value();
-    if (m_ignoreLimits || (temperaturePasses && windPasses))
+    if (m_settings->ignoreLimits || (temperaturePasses && windPasses))
         return true;
     result.kind = temperaturePasses ? OutcomeKind::OutsideWind : OutcomeKind::OutsideTemperature;
     return false;
@@ -134,7 +162,7 @@ Variant Driver::evaluate(const CatalogueRow& row)
     std::size_t count = 0;
     for (const Input input : row.inputs)
         inputs[count++] = read(input);
-    return row.formula.function({*m_assumptions, m_desk.captions()}, inputs);
+    return row.formula.function({*m_assumptions, m_desk.captions(), m_settings->rules}, inputs);
 }
 
 Number Driver::read(Input input)
@@ -198,6 +226,8 @@ Variant Driver::block195()
 
 Variant Driver::block196()
 {
+    if (m_settings->rules == Rules::Robust)
+        return formulas::Index_196(read(Input::Ta), read(Input::WS), read(Input::RH), read(Input::SR));
     return formulas::Index_196(m_desk.boxText(Input::TextTa), m_desk.boxText(Input::TextWS),
                                m_desk.boxText(Input::TextRH), m_desk.boxText(Input::TextSR));
 }

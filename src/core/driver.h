@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/availability.h"
 #include "core/catalogue.h"
 #include "core/limits.h"
 #include "core/outcome.h"
-#include "core/selection.h"
+#include "core/settings.h"
 #include "formulas/assumptions.h"
 #include "formulas/live_quantity.h"
 #include "values/number.h"
@@ -45,9 +46,11 @@ class Driver {
 public:
     Driver(DriverDesk& desk, const Limits& limits);
 
-    /// Runs the five procedures. Throws RunFailure at the first formula without a defined result;
-    /// `counter` then tells the index.
-    void run(const Selection& selection, bool ignoreLimits, const formulas::Assumptions& assumptions);
+    /// Runs the five procedures. By the classic rules throws RunFailure at the first formula without
+    /// a defined result; `counter` then tells the index. By the robust rules such an index, and one
+    /// that reads a lost quantity, is blank and keeps the reason.
+    void run(const Settings& settings, const formulas::Assumptions& assumptions,
+             const Availability& availability = {});
 
     /// The running index counter: the index being evaluated, 222 after a run.
     int counter() const noexcept { return m_counter; }
@@ -65,7 +68,8 @@ public:
     values::Variant block100();
     /// UTCI with the wind at 10 m, a plain number, in place of the typed wind's text.
     values::Variant block195();
-    /// Radiative effective temperature on the raw texts of its boxes.
+    /// Radiative effective temperature on the raw texts of its boxes; by the robust rules on the
+    /// live quantities, like all other indices.
     values::Variant block196();
     /// Indoor WBGT on the box texts.
     values::Variant block199();
@@ -82,6 +86,7 @@ private:
 
     void runProcedure(int last);
     void runBlock(const CatalogueRow& row);
+    void runBlockAlone(const CatalogueRow& row);
     bool passes(const CatalogueRow& row, Outcome& outcome);
     values::Variant evaluate(const CatalogueRow& row);
     values::Number read(Input input);
@@ -89,8 +94,8 @@ private:
 
     DriverDesk& m_desk;
     const Limits& m_limits;
-    const Selection* m_selection = nullptr;
-    bool m_ignoreLimits = false;
+    const Settings* m_settings = nullptr;
+    const Availability* m_availability = nullptr;
     const formulas::Assumptions* m_assumptions = nullptr;
     int m_counter = 0;
     values::Number m_staleEa; // a variable of each procedure: 0 until a block reads `Ea`

@@ -3,6 +3,7 @@
 
 #include "formulas/assumptions.h"
 #include "formulas/live_quantity.h"
+#include "formulas/rules.h"
 #include "values/variant.h"
 
 #include <array>
@@ -18,6 +19,7 @@ inline constexpr std::size_t kMostInputs = 6;
 struct FormulaContext {
     const formulas::Assumptions& assumptions;
     formulas::Captions& captions;
+    formulas::Rules rules;
 };
 
 /// The inputs of one call, in the formula's order.
@@ -53,6 +55,8 @@ values::Variant callWith(const FormulaContext& context, const FormulaInputs& inp
             return inputs[place(index)];
         else if constexpr (std::is_same_v<Parameter, const formulas::Assumptions&>)
             return (context.assumptions);
+        else if constexpr (std::is_same_v<Parameter, formulas::Rules>)
+            return context.rules;
         else
             return (context.captions);
     };
@@ -71,8 +75,8 @@ consteval FormulaCall wrap(Result (*)(Parameters...))
 
 } // namespace detail
 
-/// Wraps a formula function: its Number parameters are inputs in order; assumptions and captions
-/// come from the context.
+/// Wraps a formula function: its Number parameters are inputs in order; assumptions, captions and
+/// rules come from the context.
 template <auto function>
 consteval FormulaCall formula()
 {

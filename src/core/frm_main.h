@@ -78,6 +78,8 @@ public:
     controls::Label lbl_Friction{"Air Friction Coefficient:"};
     controls::Label lbl_Limits{"Calculate Comfortics without taking into account their limits:"};
     controls::OptionGroup Opt_Limits{{"No", "Yes"}};
+    controls::Label lbl_Rules{"Calculation rules:"};
+    controls::OptionGroup Opt_Rules{{"Classic", "Robust"}};
 
     controls::ListBox List_Indices;
     controls::TextBox txt_Search_List;

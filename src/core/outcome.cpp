@@ -40,7 +40,7 @@ std::string whyBlank(int index, const Outcome& outcome, const Limits& limits, co
     case OutcomeKind::NoValue:
         return "The formula has no value for these readings.";
     case OutcomeKind::RunFailed:
-        return runFailure;
+        return outcome.failure.empty() ? runFailure : outcome.failure;
     }
     return {};
 }

@@ -23,6 +23,7 @@ struct Outcome {
     OutcomeKind kind = OutcomeKind::NotCalculated;
     double gatedValue = 0; ///< the value that met the temperature limits [°C]
     double wind = 0;       ///< the wind that met the wind limits [m/s]
+    std::string failure{}; ///< by the robust rules: the sentence of what this index failed on
 };
 
 /// One sentence for the user: why index 1 to 222 is blank. Empty where a value stands.

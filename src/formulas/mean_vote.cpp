@@ -161,12 +161,15 @@ private:
 /// A pass depends on its guess alone. A guess that comes again two steps later comes for ever, and
 /// so does one that a step does not move. (Turning back is no proof yet: around a power of two a
 /// step forth and a step back can differ by a rounding, once.)
-Number walkOn(const HeatBalance& balance, Number t, Pass pass, std::optional<Number> before)
+Number walkOn(const HeatBalance& balance, Number t, Pass pass, std::optional<Number> before, Rules rules)
 {
     while (!meetsTolerance(t, pass.Tcl)) {
         const Number next = pass.Tcl > t ? t + kStep : t - kStep;
-        if (next == before)
+        if (next == before) {
+            if (rules == Rules::Robust)
+                return pass.PMV;
             throw RunFailure("the mean-vote walk turns back without meeting its tolerance");
+        }
         if (next == t)
             throw RunFailure(kStandsStill);
         before = t;
@@ -193,18 +196,18 @@ const SteppedWalk& walkDownward()
 // Both ways begin with the second guess: 33 is held against a clothing temperature of 0, which it
 // never meets, and the first step always leads down.
 
-Number Predicted_Mean_Vote_plain(Number Ta, Number Tmrt, Number Ea, Number WS, Number M0)
+Number Predicted_Mean_Vote_plain(Number Ta, Number Tmrt, Number Ea, Number WS, Number M0, Rules rules)
 {
     const HeatBalance balance(Ta, Tmrt, Ea, WS, M0);
     const Number t = kStart - kStep;
-    return walkOn(balance, t, balance.pass(t), std::nullopt);
+    return walkOn(balance, t, balance.pass(t), std::nullopt, rules);
 }
 
 // A pass that is skipped could fail by overflow alone. With |t| below 1.1e12, where the walk stands
 // still, that takes an input beyond 1e60. Against such a Ta or Tmrt the guess is lost in rounding,
 // so the first pass, which is always made, has the very terms that would overflow later. In such a
 // wind the walk leads towards Ta, so the first pass has the largest.
-Number Predicted_Mean_Vote(Number Ta, Number Tmrt, Number Ea, Number WS, Number M0)
+Number Predicted_Mean_Vote(Number Ta, Number Tmrt, Number Ea, Number WS, Number M0, Rules rules)
 {
     const HeatBalance balance(Ta, Tmrt, Ea, WS, M0);
     Number t = kStart - kStep;
@@ -224,7 +227,7 @@ Number Predicted_Mean_Vote(Number Ta, Number Tmrt, Number Ea, Number WS, Number 
         if (meetsTolerance(t, pass.Tcl))
             return pass.PMV;
         if (upward != (pass.Tcl > t))
-            return walkOn(balance, t, pass, walk.at(passed));
+            return walkOn(balance, t, pass, walk.at(passed), rules);
         floor = std::min(floor, t.value());
     }
 }
@@ -234,54 +237,54 @@ Number Predicted_Percentage_Dissatisfied(Number vote)
     return 100 - exponential(-(0.03353 * power(vote, 4) + 0.2179 * power(vote, 2))) * 95;
 }
 
-Variant Index_118(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_118(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 230);
+    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 230, rules);
 }
 
-Variant Index_119(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_119(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 100);
+    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 100, rules);
 }
 
-Variant Index_120(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_120(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 165);
+    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 165, rules);
 }
 
-Variant Index_121(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_121(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 65);
+    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 65, rules);
 }
 
-Variant Index_122(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_122(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 290);
+    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 290, rules);
 }
 
-Variant Index_123(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_123(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Percentage_Dissatisfied(Index_118(Ta, Tmrt, Ea, WS).number());
+    return Predicted_Percentage_Dissatisfied(Index_118(Ta, Tmrt, Ea, WS, rules).number());
 }
 
-Variant Index_124(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_124(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Percentage_Dissatisfied(Index_119(Ta, Tmrt, Ea, WS).number());
+    return Predicted_Percentage_Dissatisfied(Index_119(Ta, Tmrt, Ea, WS, rules).number());
 }
 
-Variant Index_125(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_125(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Percentage_Dissatisfied(Index_120(Ta, Tmrt, Ea, WS).number());
+    return Predicted_Percentage_Dissatisfied(Index_120(Ta, Tmrt, Ea, WS, rules).number());
 }
 
-Variant Index_126(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_126(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Percentage_Dissatisfied(Index_121(Ta, Tmrt, Ea, WS).number());
+    return Predicted_Percentage_Dissatisfied(Index_121(Ta, Tmrt, Ea, WS, rules).number());
 }
 
-Variant Index_127(Number Ta, Number Tmrt, Number Ea, Number WS)
+Variant Index_127(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
 {
-    return Predicted_Percentage_Dissatisfied(Index_122(Ta, Tmrt, Ea, WS).number());
+    return Predicted_Percentage_Dissatisfied(Index_122(Ta, Tmrt, Ea, WS, rules).number());
 }
 
 } // namespace comfortics::formulas

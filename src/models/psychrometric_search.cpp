@@ -30,7 +30,7 @@ Real balance(Real Ta, Real Tw, Real ed, Real ew)
 
 } // namespace
 
-Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td)
+Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
 {
     Number Tw = Td;
     Number diff = 10000;
@@ -40,6 +40,8 @@ Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td)
         const Number prev = diff;
         const Number ew = vaporPressure(Tw, exponential);
         diff = balance(Ta.number(), Tw, ed, ew);
+        if (rules == Rules::Robust && pass == 1 && diff == 0)
+            return Td;
         Tw = Tw + kStep;
         if (isGreater(Variant(Tw), Ta))
             break;
@@ -62,14 +64,14 @@ Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td)
     return Td;
 }
 
-Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td)
+Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
 {
     const double air = Ta.number().value();
     const double dew = Td.value();
     // In this range the balance falls by more than 101 per degree of Tw, some 20 a step: where it
     // is above 0 at one step, it was above 0 at all before, and it is below 0 at Ta.
     if (!Ta.isText() || !(dew > -100 && dew < air && air < 100))
-        return plain::Psychrometric_Wet_Bulb(Ta, Td);
+        return plain::Psychrometric_Wet_Bulb(Ta, Td, rules);
     const auto exponentialOf = [](double x) { return exponential(x).value(); };
     const double ed = vaporPressure(dew, exponentialOf);
     const auto balanceAt = [&](double Tw) { return balance(air, Tw, ed, vaporPressure(Tw, exponentialOf)); };
@@ -88,14 +90,14 @@ Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td)
     for (auto steps = static_cast<int>((root - dew) / kStep) - 1; steps > 0; --steps)
         Tw = Tw + kStep;
     if (!(balanceAt(Tw) > 0))
-        return plain::Psychrometric_Wet_Bulb(Ta, Td);
+        return plain::Psychrometric_Wet_Bulb(Ta, Td, rules);
     double diff = 0;
     do {
         diff = balanceAt(Tw);
         Tw = Tw + kStep;
     } while (diff > 0);
     if (diff == 0)
-        return plain::Psychrometric_Wet_Bulb(Ta, Td);
+        return plain::Psychrometric_Wet_Bulb(Ta, Td, rules);
     return Tw > Td + 0.3 ? Tw - 0.3 : dew;
 }
 

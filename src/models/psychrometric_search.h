@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "formulas/rules.h"
 #include "values/number.h"
 #include "values/variant.h"
 
 namespace comfortics::models {
 
+using formulas::Rules;
 using values::Number;
 using values::Variant;
 
@@ -15,7 +17,7 @@ inline constexpr int kLastPsychrometricPass = 100000;
 namespace plain {
 
 /// The psychrometric search, step by step.
-Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td);
+Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules = Rules::Classic);
 
 } // namespace plain
 
@@ -24,7 +26,8 @@ Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td);
 /// an air temperature Ta [°C] that is a number; one that is a text never ends them.
 ///
 /// Fails where the search would go on for ever: a balance of exactly 0 differs in sign from
-/// nothing. The fast way has the bits and the failures of the plain one.
-Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td);
+/// nothing. By the robust rules a first balance of exactly 0, which saturated air can give, ends the
+/// search with the dew point itself. The fast way has the bits and the failures of the plain one.
+Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules = Rules::Classic);
 
 } // namespace comfortics::models

@@ -174,8 +174,9 @@ Solution Globe_Temperature_Model(Number Ta, Number RH, Number P, Variant& WS, Nu
 
 // ---------------------------------------------------------------------------------------------
 // The fast solvers. They run in bare doubles inside a range of air and of iterates where every
-// divisor is well away from 0 and nothing overflows; whatever leaves that range, or is about to
-// fail, is solved again by the plain solver, whose result or failure it then is.
+// divisor is well away from 0 and nothing overflows; whatever leaves that range is solved again by
+// the plain solver, whose result or failure it then is. Inside it only a root can fail, and does so
+// alike.
 //
 // An iteration whose state comes back to the bits of an earlier one never converges: it need not
 // run to its last pass. The usual case is a swing to and fro between two temperatures.
@@ -367,9 +368,7 @@ Solution GlobeModel::solve(Number SR) const
     double fourthPower = m_surroundings + sun;
     CycleDetector cycle(Tp);
     for (int pass = 1; pass <= kLastPass; ++pass) {
-        if (fourthPower < 0)
-            return plainly();
-        const double Tnew = pow(fourthPower, 0.25);
+        const double Tnew = pow(fourthPower, 0.25); // fails below 0, as in the plain solver
         const double d = Tnew - Tp;
         if (std::abs(d) < kTolerance)
             return {SolverStatus::Converged, Tnew - kKelvin};

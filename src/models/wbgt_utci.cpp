@@ -27,12 +27,16 @@ namespace {
 constexpr double kAbsent = -99;
 constexpr const char* kError = "Error:";
 
+/// How far a dew point may lie above the air temperature by rounding alone [K], where numbers are
+/// compared.
+constexpr double kDewPointTolerance = 1e-9;
+
 bool isGiven(const Variant& reading)
 {
     return !reading.equalsNumber(kAbsent) && !reading.isEmptyText();
 }
 
-std::string readsAbove(const Variant& Td, const Variant& Ta)
+std::string readsAbove(const Variant& Td, const Variant& Ta, bool asTexts)
 {
     const std::string air = Ta.text();
     std::string dew = Td.text();
@@ -41,7 +45,7 @@ std::string readsAbove(const Variant& Td, const Variant& Ta)
         if (rounded != air)
             dew = rounded;
     }
-    if (Td.isText() || Ta.isText())
+    if (asTexts)
         return "the dew point " + dew + " reads above the air temperature " + air +
                " (the two are compared as texts)";
     return "the dew point " + dew + " is above the air temperature " + air;
@@ -140,9 +144,9 @@ std::optional<Variant> WBGT_UTCI::completeHumidity(const Variant& Ta, const Vari
     if (Tg.isEmptyText() && SR.isEmptyText())
         return answer("", "neither the globe temperature nor the solar radiation is given");
     if (RH.equalsNumber(kAbsent) && Td.equalsNumber(kAbsent))
-        return Variant();
+        return std::make_optional<Variant>();
     if (Tg.equalsNumber(kAbsent) && SR.equalsNumber(kAbsent))
-        return Variant();
+        return std::make_optional<Variant>();
     if (isGiven(RH)) {
         if (isGiven(Td))
             return answer(kError, "both the dew point and the relative humidity are given");
@@ -157,10 +161,13 @@ std::optional<Variant> WBGT_UTCI::completeHumidity(const Variant& Ta, const Vari
 
 bool WBGT_UTCI::isDewPointAbove(const Variant& Td, const Variant& Ta)
 {
-    if (!isGreater(Td, Ta))
-        return false;
-    m_desk.explain(readsAbove(Td, Ta));
-    return true;
+    const bool asTexts = m_rules == formulas::Rules::Classic && (Td.isText() || Ta.isText());
+    const bool above = m_rules == formulas::Rules::Classic
+                           ? isGreater(Td, Ta)
+                           : isGiven(Td) && Td.number() - Ta.number() > kDewPointTolerance;
+    if (above)
+        m_desk.explain(readsAbove(Td, Ta, asTexts));
+    return above;
 }
 
 Variant WBGT_UTCI::answer(const char* text, std::string why)
@@ -226,8 +233,9 @@ Number WBGT_UTCI::psychrometricWetBulb(const Variant& Ta, const Variant& Td)
 {
     const Number air = Ta.number();
     const Number dew = Td.number();
-    return m_psychrometrics.recall({air.value(), dew.value(), Ta.isText() ? 1.0 : 0.0},
-                                   [&] { return Psychrometric_Wet_Bulb(Ta, dew); });
+    return m_psychrometrics.recall(
+        {air.value(), dew.value(), Ta.isText() ? 1.0 : 0.0, static_cast<double>(m_rules)},
+        [&] { return Psychrometric_Wet_Bulb(Ta, dew, m_rules); });
 }
 
 Variant WBGT_UTCI::told(const Solution& solution)

@@ -12,6 +12,7 @@
 //   - arithmetic takes a numeric text for its number and fails on any other.
 #pragma once
 
+#include "formulas/rules.h"
 #include "models/desk.h"
 #include "models/solve_memory.h"
 #include "models/solvers.h"
@@ -34,6 +35,11 @@ namespace comfortics::models {
 class WBGT_UTCI {
 public:
     explicit WBGT_UTCI(Desk& desk) : m_desk(desk) {}
+
+    /// The rules of the calls that follow; classic at first. By the robust ones the dew point is
+    /// compared with the air temperature as a number, and the psychrometric search ends in
+    /// saturated air.
+    void setRules(formulas::Rules rules) { m_rules = rules; }
 
     /// Universal Thermal Climate Index [°C] (Bröde et al., 2009). Overwrites whichever of Td and RH
     /// is absent, Tg if absent, and a WS that is a number below 0.1 where it derives Tg. Writes the
@@ -77,11 +83,12 @@ private:
     };
 
     Desk& m_desk;
+    formulas::Rules m_rules = formulas::Rules::Classic;
     // One calculation asks for three globes (as measured, at 10 m, at 60 %) and one of the others.
     SolveMemory<4, Solution, 4> m_globes;
     SolveMemory<5, Solution, 2> m_wetBulbs;
     SolveMemory<5, Search, 2> m_searches;
-    SolveMemory<3, Number, 2> m_psychrometrics;
+    SolveMemory<4, Number, 2> m_psychrometrics;
 };
 
 } // namespace comfortics::models

@@ -116,19 +116,21 @@ TEST(Calculation, AFailedRunBlanksEverythingAndNamesItsCause)
             {"20", "", "400", "", "50", "2"},
             "UTCI_Regression",
             "The calculation stopped in the Universal Thermal Climate Index: the dew point 9.27 reads above "
-            "the air temperature 20 (the two are compared as texts)."},
+            "the air temperature 20 (the two are compared as texts). By the robust rules only "
+            "what depends on it would be blank."},
         FailingCase{
             "humidity 0",
             {"30", "", "400", "", "0", "2"},
             "UTCI_Regression",
             "The calculation stopped in the Universal Thermal Climate Index: logarithm of a number not above "
-            "zero (0)."},
+            "zero (0). By the robust rules only what depends on it would be blank."},
         FailingCase{
             "a typed globe without radiation, with index 196 selected whatever the limits",
             {"30", "35", "", "", "50", "2"},
             "index 196",
             "The calculation stopped at index 196, Radiative Effective Temperature (Blazejczyk; 2004): type "
-            "mismatch: the text \"\" is no number."},
+            "mismatch: the text \"\" is no number. By the robust rules only what depends on it would be "
+            "blank."},
     };
     for (const FailingCase& row : cases) {
         SCOPED_TRACE(row.name);
@@ -152,6 +154,68 @@ TEST(Calculation, AFailedRunBlanksEverythingAndNamesItsCause)
         bench.settings.ignoreLimits = false;
         EXPECT_EQ(bench.run({{TA, "25"}, {SR, "500"}, {RH, "50"}, {WS, "2"}}), RunStatus::Ok);
         EXPECT_EQ(bench.value(134), "50.0");
+    }
+}
+
+// By the robust rules no run fails; what the readings cannot give is blank and says why.
+TEST(Calculation, RobustRulesLiftWhatEndsAClassicRun)
+{
+    Bench bench;
+    bench.settings.rules = Rules::Robust;
+
+    // A dew point that only reads above the air temperature is no failure at all.
+    ASSERT_EQ(bench.run({{TA, "20"}, {SR, "400"}, {RH, "50"}, {WS, "2"}}), RunStatus::Ok);
+    EXPECT_EQ(bench.live(Live::Td).substr(0, 4), "09.2");
+    for (const int index : {114, 131, 195, 199, 200, 201})
+        EXPECT_NE(bench.value(index), "") << index;
+
+    // Saturated air: the search that has no end by the classic rules ends with the dew point.
+    bench.calculation.readings.clear();
+    ASSERT_EQ(bench.run({{TA, "10"}, {SR, "200"}, {DP, "10"}, {WS, "2"}}), RunStatus::Ok);
+    EXPECT_EQ(bench.live(Live::Tpwb).empty(), false);
+
+    // Humidity 0 has no dew point: whoever reads it or what the wet bulbs give is blank.
+    bench.calculation.readings.clear();
+    ASSERT_EQ(bench.run({{TA, "30"}, {SR, "400"}, {RH, "0"}, {WS, "2"}}), RunStatus::Ok);
+    EXPECT_EQ(bench.live(Live::Td), "");
+    EXPECT_EQ(bench.live(Live::Ea), "");
+    EXPECT_EQ(bench.value(52), "");
+    EXPECT_EQ(bench.value(200), "");
+    EXPECT_EQ(bench.calculation.whyBlank(52),
+              "Td is not available: logarithm of a number not above zero (0).");
+    EXPECT_EQ(bench.value(8), "26.0");
+    EXPECT_NE(bench.value(100), ""); // the radiant temperature needs no humidity
+    EXPECT_EQ(bench.calculation.failure(), std::nullopt);
+    EXPECT_TRUE(bench.messages.boxes.empty());
+
+    // Nothing of a lost quantity stays behind for the next run.
+    bench.calculation.readings.clear();
+    ASSERT_EQ(bench.run({{TA, "30"}, {SR, "400"}, {RH, "50"}, {WS, "2"}}), RunStatus::Ok);
+    EXPECT_EQ(bench.value(52), "18.4");
+}
+
+TEST(Calculation, TheRulesGiveTheSameTextsWhereBothGiveAny)
+{
+    const std::array<std::array<const char*, 6>, 4> readings{{{"25", "", "500", "", "50", "2"},
+                                                              {"31.5", "36", "", "", "44", "1"},
+                                                              {"36", "", "950", "21", "", "5.5"},
+                                                              {"-4", "", "100", "-11", "", "3"}}};
+    for (const auto& texts : readings) {
+        Bench classic;
+        classic.settings.ignoreLimits = true;
+        classic.settings.selection.set(196, false);
+        Bench robust;
+        robust.settings = classic.settings;
+        robust.settings.rules = Rules::Robust;
+        for (Bench* bench : {&classic, &robust}) {
+            for (std::size_t i = 0; i < kReadingCount; ++i)
+                bench->calculation.readings.box(static_cast<Reading>(i)).setText(texts[i]);
+            ASSERT_EQ(bench->calculation.run(bench->settings), RunStatus::Ok) << texts[0];
+        }
+        for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+            EXPECT_EQ(robust.value(index), classic.value(index)) << index << " at " << texts[0];
+        for (std::size_t i = 0; i < formulas::kLiveCount; ++i)
+            EXPECT_EQ(robust.live(static_cast<Live>(i)), classic.live(static_cast<Live>(i))) << i;
     }
 }
 

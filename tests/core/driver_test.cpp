@@ -55,13 +55,12 @@ struct Fixture {
     explicit Fixture(const std::string& limitLines = {}) : limits(tests::openLimits(limitLines)) {}
     Limits limits;
     PreparedDesk desk;
-    Selection selection = Selection::all();
-    bool ignoreLimits = false;
+    Settings settings;
 
     Outcome run(int index)
     {
         Driver driver(desk, limits);
-        driver.run(selection, ignoreLimits, {});
+        driver.run(settings, {});
         return driver.outcome(index);
     }
 };
@@ -115,7 +114,7 @@ TEST(Driver, GatesAreInclusiveAndTakeTheirOwnQuantity)
         const Outcome outcome = fixture.run(row.index);
         EXPECT_EQ(outcome.kind, row.expected) << row.name;
         EXPECT_EQ(fixture.desk.results[row.index].empty(), row.expected != Value) << row.name;
-        fixture.ignoreLimits = true;
+        fixture.settings.ignoreLimits = true;
         EXPECT_EQ(fixture.run(row.index).kind, Value) << row.name << ", limits ignored";
     }
 }
@@ -142,7 +141,7 @@ TEST(Driver, WithoutLimitsOnlyUngatedIndicesGiveValues)
     Fixture fixture;
     fixture.limits = Limits();
     Driver driver(fixture.desk, fixture.limits);
-    driver.run(fixture.selection, false, {});
+    driver.run(fixture.settings, {});
     int values = 0;
     for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
         values += driver.outcome(index).kind == OutcomeKind::Value ? 1 : 0;
@@ -155,7 +154,7 @@ TEST(Driver, Index174TakesWhateverVapourPressureAnEarlierBlockOfItsProcedureLeft
     const auto exhaled = [](std::initializer_list<int> unselected) {
         Fixture fixture;
         for (const int index : unselected)
-            fixture.selection.set(index, false);
+            fixture.settings.selection.set(index, false);
         fixture.run(174);
         return fixture.desk.results[174];
     };
@@ -198,7 +197,7 @@ TEST(Driver, SaysWhyAValueIsBlank)
     Fixture fixture(
         "Tair_min_8=-60\r\nTair_max_8=10\r\nTair_min_195=-50\r\nTair_max_195=50\r\nWS_min_195=0.5\r\n"
         "WS_max_195=4\r\nTair_min_98=10\r\nTair_max_98=30\r\n");
-    fixture.selection.set(7, false);
+    fixture.settings.selection.set(7, false);
     const auto why = [&](int index) { return whyBlank(index, fixture.run(index), fixture.limits, {}); };
     EXPECT_EQ(why(7), "The index is not selected in the list.");
     EXPECT_EQ(why(8), "Outside its limits: Ta is 24 °C, valid from -60 to 10 °C.");
@@ -208,12 +207,62 @@ TEST(Driver, SaysWhyAValueIsBlank)
     EXPECT_EQ(why(5), "");
 }
 
+TEST(Driver, ByTheRobustRulesAFailureCostsItsIndexAlone)
+{
+    Fixture fixture;
+    fixture.settings.rules = Rules::Robust;
+    fixture.desk.quantities[Live::WS] = 0;
+    const Outcome failed = fixture.run(19);
+    EXPECT_EQ(failed.kind, OutcomeKind::RunFailed);
+    EXPECT_EQ(whyBlank(19, failed, fixture.limits, "not this"), "The formula fails: division by zero.");
+    EXPECT_EQ(fixture.desk.results[19], "");
+    EXPECT_EQ(fixture.desk.results[20], "17.7"); // 0.9 * 17 + 0.1 * 24
+    EXPECT_EQ(fixture.desk.results[222].empty(), false);
+}
+
+TEST(Driver, ByTheRobustRulesExactlyTheReadersOfALostQuantityAreBlank)
+{
+    Fixture fixture;
+    fixture.settings.rules = Rules::Robust;
+    Availability availability;
+    availability.lose(Live::Tnwb, "the wet bulb is gone");
+    availability.loseWbgt("the globe is gone");
+    Driver driver(fixture.desk, fixture.limits);
+    driver.run(fixture.settings, {}, availability);
+    for (const CatalogueRow& row : catalogue()) {
+        bool reads = row.gated == Gated::WBGT_Outdoor || row.gated == Gated::Tnwb;
+        for (const Input input : row.inputs)
+            reads = reads || input == Input::Tnwb || input == Input::Wbgt;
+        EXPECT_EQ(driver.outcome(row.number).kind == OutcomeKind::RunFailed, reads) << row.number;
+        if (reads) {
+            EXPECT_EQ(fixture.desk.results[row.number], "") << row.number;
+        }
+    }
+    EXPECT_EQ(driver.outcome(20).failure, "Tnwb is not available: the wet bulb is gone.");
+    EXPECT_EQ(driver.outcome(114).failure, "The outdoor WBGT is not available: the globe is gone.");
+
+    // With limits ignored the gate asks for nothing: 135 reads humidity and air temperature only.
+    fixture.settings.ignoreLimits = true;
+    driver.run(fixture.settings, {}, availability);
+    EXPECT_EQ(driver.outcome(135).kind, OutcomeKind::Value);
+}
+
+TEST(Driver, ByTheRobustRulesIndex196ReadsTheLiveQuantities)
+{
+    Fixture fixture;
+    fixture.desk.texts[Input::TextSR] = "";
+    fixture.settings.rules = Rules::Robust;
+    fixture.run(196);
+    // ET = 17.256; ET + (0.9989 * 420) * ((0.0155 - ET * 0.00025) - (0.0043 - ET * 0.00011))
+    EXPECT_EQ(fixture.desk.results[196], "20.9");
+}
+
 TEST(Driver, AFailureStopsAtItsIndex)
 {
     Fixture fixture;
     fixture.desk.quantities[Live::WS] = 0;
     Driver driver(fixture.desk, fixture.limits);
-    EXPECT_THROW(driver.run(fixture.selection, false, {}), values::RunFailure);
+    EXPECT_THROW(driver.run(fixture.settings, {}), values::RunFailure);
     EXPECT_EQ(driver.counter(), 19); // 25 * WS ^ 0.4 in the denominator
 }
 

@@ -51,6 +51,7 @@ TEST(FrmMain, StartsWithAllIndicesSelectedAndOptionsHiddenInTheCorner)
     EXPECT_EQ(main.form.List_Indices.item(34), "Cooling Power (Goldschmidt; 1952)");
     EXPECT_EQ(main.form.settings().selection, Selection::all());
     EXPECT_FALSE(main.form.settings().ignoreLimits);
+    EXPECT_EQ(main.form.settings().rules, Rules::Classic);
     EXPECT_FALSE(main.form.Fra_Options.visible());
     EXPECT_EQ(main.form.lbl_SR_unit.caption(), "W/m²");
     EXPECT_EQ(main.form.txt_Height.text(), "75");
@@ -101,6 +102,8 @@ TEST(FrmMain, SelectionOfTheListIsTheSelectionOfTheRun)
     main.form.Opt_Limits.select(1);
     EXPECT_EQ(main.form.settings().selection, Selection::all());
     EXPECT_TRUE(main.form.settings().ignoreLimits);
+    main.form.Opt_Rules.select(1);
+    EXPECT_EQ(main.form.settings().rules, Rules::Robust);
 }
 
 TEST(FrmMain, SearchMovesTheListToTheFirstHit)

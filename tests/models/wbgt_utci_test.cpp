@@ -276,6 +276,14 @@ TEST(Models, RepeatThemselvesFromMemory)
         EXPECT_EQ(transcript(models, desk, c.model, c.readings), c.expected) << c.model << ", " << c.name;
 }
 
+TEST(Models, RememberWhetherTheAirTemperatureIsAText)
+{
+    RecordingDesk desk;
+    WBGT_UTCI models(desk);
+    EXPECT_EQ(transcript(models, desk, Model::Indoor, {"12.5", "", "12.4", "2", "", ""})[0], "Tpwb 12.50000");
+    EXPECT_EQ(transcript(models, desk, Model::Indoor, {12.5, "", 12.4, "2", "", ""})[0], "Tpwb 12.40000");
+}
+
 TEST(Models, ShowAMessageForEachCandidateWithoutConvergence)
 {
     // In this gale candidates go by without convergence until one reaches 2 °C: one message each,

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/availability.h"
+
+namespace comfortics::core {
+
+using formulas::Live;
+
+namespace {
+
+const std::string kNone;
+
+} // namespace
+
+void Availability::reset()
+{
+    for (std::string& reason : m_reasons)
+        reason.clear();
+    m_wbgt.clear();
+}
+
+void Availability::lose(Live quantity, const std::string& why)
+{
+    std::string& reason = m_reasons[static_cast<std::size_t>(quantity)];
+    if (reason.empty())
+        reason = std::string(formulas::kLiveInfo[static_cast<std::size_t>(quantity)].symbol) +
+                 " is not available: " + why + ".";
+}
+
+void Availability::loseWbgt(const std::string& why)
+{
+    if (m_wbgt.empty())
+        m_wbgt = "The outdoor WBGT is not available: " + why + ".";
+}
+
+std::string Availability::whyNot(const CatalogueRow& row, bool ignoreLimits) const
+{
+    const InputList& inputs = row.robustInputs.size() > 0 ? row.robustInputs : row.inputs;
+    for (const Input input : inputs)
+        if (const std::string& why = reason(input); !why.empty())
+            return why;
+    if (row.gate == Gate::None || ignoreLimits)
+        return {};
+    const auto firstOf = [this](Live one, Live other) {
+        return reason(one).empty() ? reason(other) : reason(one);
+    };
+    switch (row.gated) {
+    case Gated::Ta:
+        return reason(Live::Ta);
+    case Gated::Tnwb:
+        return reason(Live::Tnwb);
+    case Gated::MeanOfTmrtAndTa:
+    case Gated::TmrtLessTa:
+        return firstOf(Live::Tmrt, Live::Ta);
+    case Gated::WBGT_Outdoor:
+        return m_wbgt;
+    }
+    return {};
+}
+
+const std::string& Availability::reason(Input input) const
+{
+    switch (input) {
+    case Input::Ta:
+        return reason(Live::Ta);
+    case Input::Tg:
+        return reason(Live::Tg);
+    case Input::SR:
+        return reason(Live::SR);
+    case Input::Td:
+        return reason(Live::Td);
+    case Input::RH:
+        return reason(Live::RH);
+    case Input::WS:
+        return reason(Live::WS);
+    case Input::Tmrt:
+        return reason(Live::Tmrt);
+    case Input::Tnwb:
+        return reason(Live::Tnwb);
+    case Input::Tpwb:
+        return reason(Live::Tpwb);
+    case Input::Es:
+        return reason(Live::Es);
+    case Input::Ea: // computed from the dew point, here and in the block that 174 takes it from
+    case Input::StaleEa:
+        return reason(reason(Live::Td).empty() ? Live::Ea : Live::Td);
+    case Input::Wbgt:
+        return m_wbgt;
+    case Input::Unset:
+    case Input::TextTa: // the boxes are always there
+    case Input::TextTg:
+    case Input::TextSR:
+    case Input::TextTd:
+    case Input::TextRH:
+    case Input::TextWS:
+    case Input::WindAt10m:
+        break;
+    }
+    return kNone;
+}
+
+} // namespace comfortics::core
