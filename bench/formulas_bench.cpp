@@ -51,12 +51,12 @@ void runPlain(benchmark::State& state, Plain plain, Fast fast)
     state.counters["fast_solves"] = seconds / static_cast<double>(state.iterations()) / secondsPerSolve(fast);
 }
 
-using Vote = Number (*)(Number, Number, Number, Number, Number);
+using Vote = Number (*)(Number, Number, Number, Number, Number, Rules);
 
 template <Vote vote>
 auto voteIn(Weather weather)
 {
-    return [weather] { return vote(weather.Ta, weather.Tmrt, weather.Ea, weather.WS, 165); };
+    return [weather] { return vote(weather.Ta, weather.Tmrt, weather.Ea, weather.WS, 165, Rules::Classic); };
 }
 
 void meanVoteFast(benchmark::State& state, Weather weather)

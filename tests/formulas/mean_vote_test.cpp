@@ -22,14 +22,14 @@ struct Solve {
     double Ta, Tmrt, Ea, WS, M0;
 };
 
-using Solver = Number (*)(Number, Number, Number, Number, Number);
+using Solver = Number (*)(Number, Number, Number, Number, Number, Rules);
 
 /// The bits of the vote, or why there is none.
-std::string outcome(Solver solver, const Solve& s)
+std::string outcome(Solver solver, const Solve& s, Rules rules = Rules::Classic)
 {
     try {
         std::ostringstream bits;
-        bits << std::hex << std::bit_cast<std::uint64_t>(solver(s.Ta, s.Tmrt, s.Ea, s.WS, s.M0).value());
+        bits << std::hex << std::bit_cast<std::uint64_t>(solver(s.Ta, s.Tmrt, s.Ea, s.WS, s.M0, rules).value());
         return bits.str();
     } catch (const RunFailure& failure) {
         return failure.why();
@@ -114,6 +114,19 @@ TEST(MeanVote, FailsWhereTheWalkHasNoEnd)
     EXPECT_EQ(outcome(Predicted_Mean_Vote, {-1e6, 20, 0, 1, 165}), kStandsStill);
     EXPECT_EQ(outcome(Predicted_Mean_Vote, {20, 1e13, 9, 1, 165}), kStandsStill);
     EXPECT_EQ(outcome(Predicted_Mean_Vote, {1e200, 20, 9, 1, 165}), kStandsStill);
+}
+
+// By the robust rules the walk ends where it would turn back: at one of the two guesses around the
+// answer, a ten thousandth of a degree from it, so with a vote that close to the true one.
+TEST(MeanVote, EndsWhereItTurnsBackByTheRobustRules)
+{
+    const Solve storm{-40, -38, 0.1, 30, 165};
+    const std::string vote = outcome(Predicted_Mean_Vote, storm, Rules::Robust);
+    EXPECT_EQ(vote, outcome(Predicted_Mean_Vote_plain, storm, Rules::Robust));
+    EXPECT_NE(vote, kTurnsBack);
+    // Robust changes nothing where the walk has an end.
+    const Solve mild{22, 27, 11, 0.6, 100};
+    EXPECT_EQ(outcome(Predicted_Mean_Vote, mild, Rules::Robust), outcome(Predicted_Mean_Vote, mild));
 }
 
 TEST(MeanVote, Votes)
