@@ -116,6 +116,8 @@ public:
     /// The row's own height, or the default, and never less than the least height.
     int rowHeight(std::size_t row) const;
     void setRowHeight(std::size_t row, int height);
+    /// For all rows without a height of their own; a view sets it by its font.
+    void setDefaultRowHeight(int height);
     int rowHeightMin() const noexcept { return m_rowHeightMin; }
     void setRowHeightMin(int height);
     /// In pixels.
@@ -241,6 +243,7 @@ private:
     std::size_t m_mouseCol = 0;
     int m_width = 0;
     int m_height = 0;
+    int m_defaultRowHeight = kDefaultRowHeight;
     int m_rowHeightMin = 0;
     int m_gridLineWidth = 1;
     FontRef m_font = std::make_shared<const Font>();

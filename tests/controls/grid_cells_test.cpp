@@ -79,6 +79,18 @@ TEST(GridCells, BehaveAsAPlainMatrix)
     }
 }
 
+TEST(GridCells, AnEmptyStretchTakesPartInANewOrder)
+{
+    GridCells cells(600, 1); // nothing is held for the last rows
+    cells.setText(0, 0, "x");
+    std::vector<std::uint32_t> from(600);
+    std::iota(from.begin(), from.end(), 0u);
+    std::swap(from.front(), from.back());
+    cells.reorder(0, from);
+    EXPECT_EQ(cells.text(0, 0), "");
+    EXPECT_EQ(cells.text(599, 0), "x");
+}
+
 TEST(GridCells, AreLean)
 {
     GridCells cells(20000, 222);

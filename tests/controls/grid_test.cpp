@@ -187,7 +187,8 @@ TEST(Grid, ANewSizeKeepsWhatFitsAndClearTheDimensions)
     fill(grid, "a\tb\tc\rd\te\tf\rg\th\ti\rj\tk\tl");
     grid.setRowKey(1, 4);
     grid.setRowKey(2, 5);
-    grid.setCellAlignment(3, 2, 1);
+    grid.setCellAlignment(2, 1, 1);
+    grid.setCellAlignment(1, 2, 1);
     grid.setColAlignment(1, 4);
     grid.select(3, 2, 1, 1);
     grid.setRows(2);
@@ -198,7 +199,8 @@ TEST(Grid, ANewSizeKeepsWhatFitsAndClearTheDimensions)
     EXPECT_EQ(column(grid, 0) + " " + column(grid, 1) + " " + column(grid, 2), "a|d|| b|e|| |||");
     EXPECT_EQ(grid.rowKey(1), 4);
     EXPECT_EQ(grid.rowKey(2), 0);
-    EXPECT_EQ(grid.cellAlignment(3, 2), Grid::kGeneralAlignment);
+    EXPECT_EQ(grid.cellAlignment(2, 1), 4);
+    EXPECT_EQ(grid.cellAlignment(1, 2), Grid::kGeneralAlignment);
     grid.clear();
     EXPECT_EQ(column(grid, 0) + column(grid, 1) + column(grid, 2), "|||||||||");
     EXPECT_EQ(grid.rowKey(1), 0);
@@ -241,8 +243,11 @@ TEST(Grid, ScrollsNoFurtherThanTheLastPage)
     EXPECT_FALSE(grid.rowIsVisible(19));
     grid.setTopRow(19);
     EXPECT_EQ(grid.topRow(), 17u);
+    grid.setRowHeightMin(600); // one row beside the header
+    grid.setTopRow(19);
+    EXPECT_EQ(grid.topRow(), 19u);
     grid.setRows(3);
-    EXPECT_EQ(grid.topRow(), 1u);
+    EXPECT_EQ(grid.topRow(), 2u);
 }
 
 TEST(Grid, TheMouseSelectsBeforeTheFormIsTold)

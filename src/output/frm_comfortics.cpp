@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/frm_comfortics.h"
+
+#include "controls/grid_scroll.h"
+#include "output/csv_export.h"
+#include "values/run_failure.h"
+
+#include <cmath>
+#include <iterator>
+
+namespace comfortics::output {
+
+using controls::Grid;
+using controls::MouseButton;
+
+namespace {
+
+constexpr std::size_t kNameCol = 0;
+constexpr std::size_t kValueCol = 1;
+constexpr std::size_t kUnitCol = 2;
+constexpr std::size_t kColCount = 3;
+constexpr int kCentred = 4;
+
+// Places of the design [twips].
+constexpr int kGridLeft = 120;
+constexpr int kGridTop = 720;
+constexpr int kGridWidth = 9600;
+constexpr int kGridHeight = 7200;
+
+// Lower case of ASCII and of the accented letters of Latin-1 in UTF-8 (after the byte C3, 80 to 9E
+// but for the multiplication sign 97); other characters stay.
+std::string lowered(std::string_view text)
+{
+    std::string lower(text);
+    for (std::size_t i = 0; i < lower.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(lower[i]);
+        const bool capital = byte >= 'A' && byte <= 'Z';
+        const bool accented = i > 0 && static_cast<unsigned char>(lower[i - 1]) == 0xC3 && byte >= 0x80 &&
+                              byte <= 0x9E && byte != 0x97;
+        if (capital || accented)
+            lower[i] = static_cast<char>(byte + 0x20);
+    }
+    return lower;
+}
+
+bool contains(std::string_view text, std::string_view part)
+{
+    return text.find(part) != std::string_view::npos;
+}
+
+void copyCells(const Grid& source, Grid& target, std::size_t row)
+{
+    for (std::size_t col = 0; col < kColCount; ++col)
+        target.setTextMatrix(row, col, source.textMatrix(row, col));
+}
+
+} // namespace
+
+Frm_Comfortics::Frm_Comfortics(controls::Clipboard& clipboard, controls::Messages& messages,
+                               controls::FileDialogs& files, PrintDialog& printing)
+    : Form("Comfortics"), m_clipboard(clipboard), m_messages(messages), m_files(files), m_printing(printing)
+{
+    Flex.moveTo(kGridLeft, kGridTop);
+    for (Grid* grid : {&Flex, &Flex_Search}) {
+        grid->setSize(kGridWidth, kGridHeight);
+        grid->setFont({.name = "Arial Narrow"});
+        grid->provideNotes(
+            [this, grid](std::size_t row, std::size_t col) { return whyBlank(*grid, row, col); });
+    }
+    Flex.onMouseDown([this](MouseButton button) { gridMouseDown(Flex, m_flexSortedUp, button); });
+    Flex_Search.onMouseDown(
+        [this](MouseButton button) { gridMouseDown(Flex_Search, m_flexSearchSortedUp, button); });
+    txt_Search.change.handle([this] { txt_Search_Change(); });
+    Menu_Copy_Copy.click.handle([this] { Menu_Copy_Copy_Click(); });
+    Menu_Copy_Selection.click.handle([this] { Menu_Copy_Selection_Click(); });
+    Menu_Export.click.handle([this] { Menu_Export_Click(); });
+    Menu_Print.click.handle([this] { Menu_Print_Click(); });
+    Form_Load();
+}
+
+void Frm_Comfortics::Form_Load()
+{
+    cTP.NewPage = [this](controls::DrawingSurface& surface, bool& topIsSet, bool& /*Cancel*/,
+                         int /*lastRow*/) { cTP_NewPage(surface, topIsSet); };
+    Flex_Search.moveTo(Flex.left(), Flex.top());
+    Flex_Search.setVisible(false);
+}
+
+void Frm_Comfortics::shareWidth(Grid& grid)
+{
+    // Rounded to whole units, halves to even.
+    const double eighth = grid.width() / 8.0;
+    grid.setColWidth(kNameCol, static_cast<int>(std::nearbyint(eighth * 5)));
+    grid.setColWidth(kValueCol, static_cast<int>(std::nearbyint(eighth)));
+    grid.setColWidth(kUnitCol, static_cast<int>(std::nearbyint(eighth * 2)));
+}
+
+void Frm_Comfortics::resizeGrids(int width, int height)
+{
+    for (Grid* grid : {&Flex, &Flex_Search}) {
+        const Grid::Bulk bulk(*grid);
+        grid->setSize(width, height);
+        shareWidth(*grid);
+    }
+}
+
+void Frm_Comfortics::showResults(std::size_t count, const std::function<ResultRow(std::size_t)>& entry)
+{
+    {
+        const Grid::Bulk bulk(Flex);
+        Flex.setRows(count + 1);
+        Flex.setCols(kColCount);
+        for (Grid* grid : {&Flex, &Flex_Search}) {
+            for (std::size_t col = 0; col < kColCount; ++col)
+                grid->setColAlignment(col, kCentred);
+            shareWidth(*grid);
+        }
+        Flex.setTextMatrix(0, kNameCol, "Thermal Index");
+        Flex.setTextMatrix(0, kValueCol, "Value");
+        Flex.setTextMatrix(0, kUnitCol, "Unit");
+        for (std::size_t index = 1; index <= count; ++index) {
+            const ResultRow row = entry(index);
+            Flex.setTextMatrix(index, kNameCol, row.name);
+            Flex.setTextMatrix(index, kValueCol, row.value);
+            Flex.setTextMatrix(index, kUnitCol, row.unit);
+            Flex.setRowKey(index, static_cast<std::int32_t>(index));
+        }
+    }
+    show();
+
+    const std::string searched = txt_Search.text();
+    txt_Search.setText("");
+    Flex_Search.setVisible(false);
+    Flex.setVisible(true);
+    txt_Search.setText(searched);
+}
+
+void Frm_Comfortics::gridMouseDown(Grid& grid, bool& sortedUp, MouseButton button)
+{
+    if (button == MouseButton::Right) {
+        popUpMenu_Copy.raise();
+    } else if (button == MouseButton::Left && grid.rows() >= 2 && grid.mouseRow() == 0) {
+        grid.setSort(sortedUp ? controls::Sort::StringDescending : controls::Sort::StringAscending);
+        sortedUp = !sortedUp;
+    }
+}
+
+void Frm_Comfortics::txt_Search_Change()
+{
+    const bool searching = !txt_Search.text().empty();
+    Flex_Search.setVisible(searching);
+    Flex.setVisible(!searching);
+
+    const Grid::Bulk bulk(Flex_Search);
+    Flex_Search.clear();
+    copyCells(Flex, Flex_Search, 0);
+    const std::string searched = lowered(txt_Search.text());
+    Flex_Search.setRows(Flex.rows());
+    Flex_Search.setCols(Flex.cols());
+    for (std::size_t row = 1; row < Flex.rows(); ++row) {
+        if (!contains(lowered(Flex.textMatrix(row, kNameCol)), searched))
+            continue;
+        copyCells(Flex, Flex_Search, row);
+        Flex_Search.setRowKey(row, Flex.rowKey(row));
+    }
+    // Brings the rows without a match to the bottom. Deliberate: it sorts by the selected column,
+    // so a match with a blank cell there goes to the bottom too, and the cut below, which counts
+    // names, can take it away.
+    Flex_Search.setSort(controls::Sort::StringDescending);
+    std::size_t filled = 0;
+    for (std::size_t row = 0; row < Flex.rows(); ++row)
+        if (!Flex_Search.textMatrix(row, kNameCol).empty())
+            ++filled;
+    Flex_Search.setRows(filled);
+}
+
+void Frm_Comfortics::Menu_Copy_Copy_Click()
+{
+    Grid& grid = visibleGrid();
+    m_clipboard.clear();
+    grid.select(0, 0, grid.rows() - 1, kUnitCol);
+    m_clipboard.setText(grid.clip());
+}
+
+void Frm_Comfortics::Menu_Copy_Selection_Click()
+{
+    m_clipboard.clear();
+    m_clipboard.setText(visibleGrid().clip());
+}
+
+void Frm_Comfortics::Menu_Export_Click()
+{
+    exportSpreadsheetTable(visibleGrid(), kResultsSaved, m_files, m_messages);
+}
+
+void Frm_Comfortics::Menu_Print_Click()
+{
+    m_printing.show([this](Printer& printer) {
+        try {
+            printGrid(visibleGrid(), cTP, m_helper, printer);
+        } catch (const values::RunFailure& failure) {
+            m_messages.show({.text = "The table could not be printed: " + failure.why() + ".",
+                             .title = Menu_Print.caption()});
+        }
+    });
+}
+
+void Frm_Comfortics::cTP_NewPage(controls::DrawingSurface& surface, bool& topIsSet)
+{
+    startNextPage(cTP, surface, topIsSet);
+}
+
+void Frm_Comfortics::MouseWheel(int /*modifierKeys*/, int rotation, int x, int y)
+{
+    for (Grid* grid : {&Flex, &Flex_Search}) {
+        const bool under = x >= grid->left() && x <= grid->left() + grid->width() && y >= grid->top() &&
+                           y <= grid->top() + grid->height();
+        if (grid->visible() && under)
+            controls::ScrollFlexGrid(*grid, rotation);
+    }
+}
+
+std::string Frm_Comfortics::whyBlank(const Grid& grid, std::size_t row, std::size_t col) const
+{
+    const bool blankValue = row >= grid.fixedRows() && col == kValueCol && grid.textMatrix(row, col).empty();
+    const std::int32_t index = grid.rowKey(row);
+    return blankValue && index > 0 && m_reason ? m_reason(index) : std::string();
+}
+
+} // namespace comfortics::output

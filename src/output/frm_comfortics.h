@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/controls.h"
+#include "controls/dialogs.h"
+#include "controls/form.h"
+#include "controls/grid.h"
+#include "output/print_job.h"
+#include "output/table_print.h"
+#include "output/tp_helper.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace comfortics::output {
+
+/// The texts of one catalogue entry, as the store holds them.
+struct ResultRow {
+    std::string_view name;
+    std::string_view value;
+    std::string_view unit;
+};
+
+/// The results window: the table of all entries, and in its place, while something is searched for,
+/// the table of those whose names match. Exactly one of the two is visible, and all commands act
+/// on that one. The window computes nothing; all its cells are texts, also when sorted.
+class Frm_Comfortics : public controls::Form {
+public:
+    /// The answers must outlive the form. It starts hidden.
+    Frm_Comfortics(controls::Clipboard& clipboard, controls::Messages& messages, controls::FileDialogs& files,
+                   PrintDialog& printing);
+
+    controls::Grid Flex{1, 3};
+    controls::Grid Flex_Search{1, 3};
+    controls::TextBox txt_Search;
+    controls::Label lbl_sort_Info{"Click headers to sort Comfortics."};
+    controls::Picture Image1; ///< the search icon
+
+    controls::MenuEntry Menu_Copy{"Menu"}; ///< the popup menu that holds the four below
+    controls::MenuEntry Menu_Copy_Copy{"Copy All"};
+    controls::MenuEntry Menu_Copy_Selection{"Copy Selection"};
+    controls::MenuEntry Menu_Export{"Export (*.csv)"};
+    controls::MenuEntry Menu_Print{"Print Table"};
+    /// Asks the view to open `Menu_Copy` under the mouse.
+    controls::Event popUpMenu_Copy;
+
+    /// The printed table, refilled for each print.
+    clsTablePrint cTP;
+
+    /// Fills the table with the entries 1 to `count`, shows the window, and searches anew for
+    /// whatever the search box holds.
+    void showResults(std::size_t count, const std::function<ResultRow(std::size_t index)>& entry);
+
+    /// Says in one sentence why the value of an entry is blank, for whoever hovers over it; asked
+    /// for blank values only, in whichever row sorting and searching have brought them.
+    void provideReasons(std::function<std::string(int index)> reason) { m_reason = std::move(reason); }
+
+    /// Sizes both grids [twips] and shares the width among their columns.
+    void resizeGrids(int width, int height);
+
+    controls::Grid& visibleGrid() { return Flex_Search.visible() ? Flex_Search : Flex; }
+
+    /// The wheel over the point x, y [twips, as the grids' left and top]: scrolls each visible grid
+    /// under it.
+    void MouseWheel(int modifierKeys, int rotation, int x, int y);
+
+private:
+    void Form_Load();
+    void gridMouseDown(controls::Grid& grid, bool& sortedUp, controls::MouseButton button);
+    void txt_Search_Change();
+    void Menu_Copy_Copy_Click();
+    void Menu_Copy_Selection_Click();
+    void Menu_Export_Click();
+    void Menu_Print_Click();
+    void cTP_NewPage(controls::DrawingSurface& surface, bool& topIsSet);
+    void shareWidth(controls::Grid& grid);
+    std::string whyBlank(const controls::Grid& grid, std::size_t row, std::size_t col) const;
+
+    controls::Clipboard& m_clipboard;
+    controls::Messages& m_messages;
+    controls::FileDialogs& m_files;
+    PrintDialog& m_printing;
+    mdlTPHelper m_helper;
+    std::function<std::string(int)> m_reason;
+    // Whether the next click on a header sorts downwards: one flag for each grid, not for each
+    // column.
+    bool m_flexSortedUp = false;
+    bool m_flexSearchSortedUp = false;
+};
+
+} // namespace comfortics::output

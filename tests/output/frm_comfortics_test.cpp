@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/frm_comfortics.h"
+#include "recording_surface.h"
+#include "test_desk.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace comfortics::tests {
+
+using controls::Grid;
+using controls::MouseButton;
+using output::ResultRow;
+using Range = controls::GridChange::Range;
+
+namespace {
+
+struct PreparedPrinting final : output::PrintDialog {
+    RecordingPrinter printer;
+    void show(const std::function<void(output::Printer&)>& print) override { print(printer); }
+};
+
+// Two of one name, and one without a value.
+const std::vector<ResultRow> kEntries = {
+    {"Set Point", "9.0", "[-]"},   {"Heat", "10.0", "cal/cm\xC2\xB2"}, {"asset", "", "hPa"},
+    {"Wind, cold", "-3.5", "[-]"}, {"Heat", "100.0", "hPa"},           {"sETting", "0.5", "a"},
+};
+
+struct Results : testing::Test {
+    RecordedClipboard clipboard;
+    RecordedMessages messages;
+    PreparedFiles files;
+    PreparedPrinting printing;
+    output::Frm_Comfortics form{clipboard, messages, files, printing};
+    Grid& Flex = form.Flex;
+    Grid& Flex_Search = form.Flex_Search;
+
+    void show(const std::vector<ResultRow>& entries = kEntries)
+    {
+        form.showResults(entries.size(), [&](std::size_t index) { return entries.at(index - 1); });
+    }
+    void search(const std::string& text) { form.txt_Search.setText(text); }
+    bool searchIsShown() const { return form.Flex_Search.visible() && !form.Flex.visible(); }
+    static std::string column(const Grid& grid, std::size_t col)
+    {
+        std::string texts;
+        for (std::size_t row = 0; row < grid.rows(); ++row)
+            texts += (row ? "|" : "") + std::string(grid.textMatrix(row, col));
+        return texts;
+    }
+    // The entries in the order of their rows; 0 for the header.
+    static std::string order(const Grid& grid)
+    {
+        std::string keys;
+        for (std::size_t row = 0; row < grid.rows(); ++row)
+            keys += std::to_string(grid.rowKey(row));
+        return keys;
+    }
+    static void click(Grid& grid, std::size_t row, std::size_t col)
+    {
+        grid.mouseDown(MouseButton::Left, row, col);
+    }
+};
+
+} // namespace
+
+TEST_F(Results, StartHiddenWithTheirTexts)
+{
+    EXPECT_FALSE(form.visible());
+    EXPECT_FALSE(searchIsShown());
+    EXPECT_EQ(form.caption(), "Comfortics");
+    EXPECT_EQ(form.lbl_sort_Info.caption(), "Click headers to sort Comfortics.");
+    EXPECT_EQ(form.Menu_Copy.caption() + "|" + form.Menu_Copy_Copy.caption() + "|" +
+                  form.Menu_Copy_Selection.caption() + "|" + form.Menu_Export.caption() + "|" +
+                  form.Menu_Print.caption(),
+              "Menu|Copy All|Copy Selection|Export (*.csv)|Print Table");
+    EXPECT_EQ(Flex.font()->name, "Arial Narrow");
+    EXPECT_EQ(Flex_Search.left(), Flex.left());
+    EXPECT_EQ(Flex_Search.top(), Flex.top());
+}
+
+TEST_F(Results, FillTheTable)
+{
+    show();
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(column(Flex, 0), "Thermal Index|Set Point|Heat|asset|Wind, cold|Heat|sETting");
+    EXPECT_EQ(column(Flex, 1), "Value|9.0|10.0||-3.5|100.0|0.5");
+    EXPECT_EQ(column(Flex, 2), "Unit|[-]|cal/cm\xC2\xB2|hPa|[-]|hPa|a");
+    EXPECT_EQ(order(Flex), "0123456");
+    for (const Grid* grid : {&Flex, &Flex_Search})
+        EXPECT_EQ(grid->colAlignment(0) * 100 + grid->colAlignment(1) * 10 + grid->colAlignment(2), 444);
+}
+
+TEST_F(Results, ShareTheWidthHalvesToEven)
+{
+    struct Case {
+        int width;
+        std::vector<int> expected;
+    };
+    show();
+    for (const Case& row : {Case{8000, {5000, 1000, 2000}}, Case{8004, {5002, 1000, 2001}},
+                            Case{8012, {5008, 1002, 2003}}, Case{8010, {5006, 1001, 2002}}}) {
+        form.resizeGrids(row.width, 5000);
+        for (const Grid* grid : {&Flex, &Flex_Search})
+            EXPECT_EQ(std::vector({grid->colWidth(0), grid->colWidth(1), grid->colWidth(2)}), row.expected)
+                << row.width;
+    }
+}
+
+TEST_F(Results, SortWithOneFlagForAllHeadersWhichOutlivesTheFilling)
+{
+    show();
+    click(Flex, 0, 1);
+    EXPECT_EQ(column(Flex, 1), "Value||-3.5|0.5|10.0|100.0|9.0");
+    click(Flex, 0, 0); // another header: downwards all the same
+    EXPECT_EQ(column(Flex, 0), "Thermal Index|sETting|asset|Wind, cold|Set Point|Heat|Heat");
+    click(Flex, 0, 0);
+    EXPECT_EQ(order(Flex), "0251436");
+    show();
+    EXPECT_EQ(order(Flex), "0123456");
+    click(Flex, 0, 0);
+    EXPECT_EQ(order(Flex), "0634125") << "downwards";
+}
+
+TEST_F(Results, OtherClicksNeitherSortNorTurnTheFlag)
+{
+    int popUps = 0;
+    form.popUpMenu_Copy.watch([&] { ++popUps; });
+    form.showResults(0, nullptr);
+    click(Flex, 0, 0); // nothing but the header
+    show();
+    click(Flex, 3, 0);
+    EXPECT_EQ(popUps, 0);
+    Flex.mouseDown(MouseButton::Right, 0, 0);
+    EXPECT_EQ(popUps, 1);
+    EXPECT_EQ(order(Flex), "0123456");
+    click(Flex, 0, 0);
+    EXPECT_EQ(order(Flex), "0251436") << "upwards still";
+}
+
+TEST_F(Results, SearchNamesInAnyCaseAndSortThemDownwards)
+{
+    struct Case {
+        std::string text;
+        std::string order;
+    };
+    const std::vector<Case> cases = {
+        {"SET", "0631"},  {"set", "0631"}, {"heat", "025"},
+        {", c", "04"},    {"e", "063125"}, {"hPa", "0"}, // a unit, not a name
+        {"Thermal", "0"},                                // the header is no match
+    };
+    show();
+    for (const Case& row : cases) {
+        search(row.text);
+        EXPECT_EQ(order(Flex_Search), row.order) << row.text;
+        EXPECT_EQ(Flex_Search.textMatrix(0, 2), "Unit");
+        EXPECT_TRUE(searchIsShown());
+    }
+    click(Flex, 0, 0);
+    search("heat");
+    EXPECT_EQ(order(Flex_Search), "025");
+    search("");
+    EXPECT_FALSE(searchIsShown());
+    EXPECT_EQ(Flex_Search.rows(), 7u) << "an empty text matches every row";
+
+    show({{"\xC3\x96kotherm", "1", ""}, {"20 \xC2\xB0.", "2", ""}, {"3\xC3\x97", "3", ""}});
+    search("\xC3\xB6KO");
+    EXPECT_EQ(order(Flex_Search), "01") << "accented letters";
+    search("\xC3\xB7");
+    EXPECT_EQ(order(Flex_Search), "0") << "division is no small multiplication";
+}
+
+TEST_F(Results, TheTwoTablesHaveTheirOwnFlags)
+{
+    show();
+    click(Flex, 0, 0);
+    search("set");
+    click(Flex_Search, 0, 0);
+    EXPECT_EQ(order(Flex_Search), "0136") << "upwards";
+    search("se"); // searching does not turn it
+    click(Flex_Search, 0, 0);
+    EXPECT_EQ(order(Flex_Search), "0631") << "downwards";
+}
+
+TEST_F(Results, AMatchWithABlankKeyCanFallBelowTheCut)
+{
+    show();
+    search("s");
+    click(Flex_Search, 0, 1); // by value from now on
+    search("set");
+    // "asset" has no value. It stands at the bottom with the rows that match nothing, in their
+    // order, and one that comes before it takes its place.
+    EXPECT_EQ(column(Flex_Search, 0), "Thermal Index|Set Point|sETting|");
+    EXPECT_EQ(order(Flex_Search), "0160");
+}
+
+TEST_F(Results, ANewFillingKeepsTheSearch)
+{
+    show();
+    search("set");
+    std::vector<ResultRow> next = kEntries;
+    next[0].value = "77.7";
+    show(next);
+    EXPECT_EQ(form.txt_Search.text(), "set");
+    EXPECT_TRUE(searchIsShown());
+    EXPECT_EQ(column(Flex_Search, 1), "Value|0.5||77.7");
+}
+
+TEST_F(Results, CopyTheVisibleTable)
+{
+    show();
+    Flex.select(2, 1, 1, 0);
+    form.Menu_Copy_Selection.click.raise();
+    EXPECT_EQ(clipboard.calls, (std::vector<std::string>{"clear", "Set Point\t9.0\rHeat\t10.0"}));
+    EXPECT_EQ(Flex.row() * 10 + Flex.rowSel(), 21u) << "left alone";
+    form.Menu_Copy_Copy.click.raise();
+    EXPECT_TRUE(clipboard.text().starts_with("Thermal Index\tValue\tUnit\rSet Point\t9.0\t[-]\rHeat"));
+    EXPECT_EQ(Flex.selection(), (Range{0, 0, 6, 2})) << "stays selected";
+    EXPECT_EQ(Flex.row() + Flex.col(), 0u) << "the anchor stands on top";
+
+    search("asse");
+    clipboard.calls.clear();
+    form.Menu_Copy_Copy.click.raise();
+    EXPECT_EQ(clipboard.calls,
+              (std::vector<std::string>{"clear", "Thermal Index\tValue\tUnit\rasset\t\thPa"}));
+    Flex_Search.select(1, 2, 1, 2);
+    form.Menu_Copy_Selection.click.raise();
+    EXPECT_EQ(clipboard.text(), "hPa");
+}
+
+TEST_F(Results, ExportTheVisibleTable)
+{
+    const TemporaryFolder folder;
+    files.answer = folder.file("all");
+    show();
+    form.Menu_Export.click.raise();
+    EXPECT_EQ(readFile(folder.file("all.csv")),
+              "Thermal Index,Value,Unit\r\nSet Point,9.0,[-]\r\nHeat,10.0,cal/cm\xB2\r\nasset,,hPa\r\n"
+              "Wind, cold,-3.5,[-]\r\nHeat,100.0,hPa\r\nsETting,0.5,a\r\n");
+    search("set");
+    form.Menu_Export.click.raise();
+    EXPECT_EQ(readFile(folder.file("all.csv")),
+              "Thermal Index,Value,Unit\r\nsETting,0.5,a\r\nasset,,hPa\r\nSet Point,9.0,[-]\r\n");
+    EXPECT_EQ(messages.shown.back().text, "The spreadsheet table has been saved succesfully.");
+}
+
+TEST_F(Results, PrintTheVisibleTableOnAsManyPagesAsItTakes)
+{
+    RecordingPrinter& printer = printing.printer;
+    printer.heightTwips = 2200;
+    show();
+    form.Menu_Print.click.raise();
+    EXPECT_EQ(printer.job, "print page end ");
+    for (const auto& page : printer.pages)
+        EXPECT_TRUE(page[1].ends_with(" f2049 s8.25 Thermal Index")) << page[1];
+    search("heat");
+    printer.pages = {{}};
+    form.Menu_Print.click.raise();
+    EXPECT_EQ(printer.texts(), "Index Value Unit Heat 10.0 cal/cm\xC2\xB2 Heat 100.0 hPa");
+    EXPECT_TRUE(messages.shown.empty());
+
+    printer.heightTwips = 1200;
+    form.Menu_Print.click.raise();
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text,
+              "The table could not be printed: a page is too low for a single row of the table.");
+}
+
+TEST_F(Results, SayWhyAValueIsBlankWhereverItsRowWent)
+{
+    show();
+    EXPECT_EQ(Flex.note(3, 1), "");
+    form.provideReasons([](int index) { return "reason of " + std::to_string(index); });
+    EXPECT_EQ(Flex.note(3, 1), "reason of 3");
+    EXPECT_EQ(Flex.note(3, 0) + Flex.note(3, 2) + Flex.note(2, 1) + Flex.note(0, 1), "");
+    click(Flex, 0, 1);
+    EXPECT_EQ(Flex.note(1, 1), "reason of 3");
+    search("set");
+    EXPECT_EQ(Flex_Search.note(2, 1), "reason of 3");
+    EXPECT_EQ(Flex_Search.textMatrix(2, 1), "") << "the cell itself stays blank";
+}
+
+TEST_F(Results, TheWheelScrollsTheVisibleGridUnderThePointer)
+{
+    show(std::vector<ResultRow>(100, {"row", "1", "x"}));
+    search("row");
+    form.resizeGrids(9000, 1300);
+    struct Case {
+        int x;
+        int y;
+        std::size_t expected;
+    };
+    for (const Case& row : {Case{0, 0, 4}, Case{9000, 1300, 4}, Case{-1, 0, 1}, Case{9001, 0, 1},
+                            Case{0, -1, 1}, Case{0, 1301, 1}}) {
+        Flex_Search.setTopRow(1);
+        form.MouseWheel(0, -120, Flex.left() + row.x, Flex.top() + row.y);
+        EXPECT_EQ(Flex_Search.topRow(), row.expected) << row.x << ", " << row.y;
+        EXPECT_EQ(Flex.topRow(), 1u);
+    }
+}
+
+} // namespace comfortics::tests
