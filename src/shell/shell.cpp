@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/shell.h"
+
+#include "core/catalogue.h"
+#include "shell/status_line.h"
+
+namespace comfortics::shell {
+
+using converter::Frm_Converter;
+using output::Frm_Comfortics;
+
+Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
+    : splash([this] { return std::make_unique<Frm_Splash_Screen>([this] { handOver(); }); }),
+      results([this] {
+          auto form = std::make_unique<Frm_Comfortics>(m_desktop.clipboard, m_desktop.messages,
+                                                       m_desktop.files, m_desktop.printing);
+          form->provideReasons([this](int index) { return m_main.calculation.whyBlank(index); });
+          return form;
+      }),
+      converter([this] { return std::make_unique<Frm_Converter>(m_main); }),
+      m_limits(core::Limits::Load_Limits((programFolder / "Limits.Index").string())), m_desktop(desktop),
+      m_main(m_limits, desktop.messages, *this)
+{
+    // These two windows do not exist yet.
+    m_main.Menu_Raw_Data.setEnabled(false);
+    m_main.Menu_Radiation.setEnabled(false);
+}
+
+void Shell::start()
+{
+    splash.touch().show();
+}
+
+void Shell::handOver()
+{
+    m_main.show();
+    splash.unload();
+}
+
+std::string Shell::limitsWarning() const
+{
+    return shell::limitsWarning(m_limits);
+}
+
+void Shell::showResults()
+{
+    const core::Frm_Results& store = m_main.results;
+    results.touch().showResults(store.controlCount() / 3 - 1, [&store](std::size_t index) {
+        return output::ResultRow{.name = store.lbl_Index[index].caption(),
+                                 .value = store.lbl_results[index].caption(),
+                                 .unit = store.lbl_Unit[index].caption()};
+    });
+}
+
+void Shell::showRawData() {}
+
+void Shell::showRadiation() {}
+
+void Shell::showConverter()
+{
+    converter.touch().show();
+}
+
+std::string Shell::converter_lbl_C()
+{
+    return converter.get() ? converter.get()->lbl_C.caption() : std::string();
+}
+
+std::string Shell::converter_lbl_WS()
+{
+    return converter.get() ? converter.get()->lbl_WS.caption() : std::string();
+}
+
+std::string Shell::converter_lbl_SR()
+{
+    return converter.get() ? converter.get()->lbl_SR.caption() : std::string();
+}
+
+void Shell::unloadAll()
+{
+    splash.unload();
+    results.unload();
+    converter.unload();
+    m_main.hide();
+    ended.raise();
+}
+
+} // namespace comfortics::shell

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/controls.h"
+#include "controls/dialogs.h"
+#include "converter/frm_converter.h"
+#include "core/frm_main.h"
+#include "core/limits.h"
+#include "output/frm_comfortics.h"
+#include "radiation/frm_radiation.h"
+#include "shell/form_slot.h"
+#include "shell/frm_splash_screen.h"
+
+#include <filesystem>
+#include <string>
+
+namespace comfortics::shell {
+
+/// What the forms ask of the user and the desktop.
+struct Desktop {
+    controls::Messages& messages;
+    controls::Clipboard& clipboard;
+    controls::FileDialogs& files;
+    output::PrintDialog& printing;
+    /// What only the radiation window asks for; without it that window cannot be opened.
+    struct Maps {
+        radiation::Connection& connection;
+        radiation::PlaceSource& map;
+        radiation::TimeZones& timeZones;
+    };
+    const Maps* maps = nullptr;
+};
+
+/// The program: builds the forms, opens one for another, and unloads all of them at the end.
+class Shell final : private core::Windows {
+public:
+    /// Reads Limits.Index from the program's folder; without the file there are no limits. The
+    /// desktop must outlive the shell.
+    Shell(const std::filesystem::path& programFolder, const Desktop& desktop);
+
+    /// Shows the splash screen, which leads to the main window.
+    void start();
+
+    /// The main window; hidden until the splash screen has gone.
+    core::Frm_Main& main() noexcept { return m_main; }
+
+    FormSlot<Frm_Splash_Screen> splash;
+    FormSlot<output::Frm_Comfortics> results;
+    FormSlot<converter::Frm_Converter> converter;
+    FormSlot<radiation::Frm_Radiation> radiation;
+
+    /// One sentence about limits that could not be read; empty where they were.
+    std::string limitsWarning() const;
+
+    /// For the view: all forms are unloaded, the program ends.
+    controls::Event ended;
+
+private:
+    void handOver();
+    void showResults() override;
+    void showRawData() override;
+    void showRadiation() override;
+    void showConverter() override;
+    std::string converter_lbl_C() override;
+    std::string converter_lbl_WS() override;
+    std::string converter_lbl_SR() override;
+    void unloadAll() override;
+
+    core::Limits m_limits;
+    Desktop m_desktop;
+    core::Frm_Main m_main;
+};
+
+} // namespace comfortics::shell
