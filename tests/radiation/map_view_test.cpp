@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "radiation/map_view.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+namespace comfortics::radiation {
+namespace {
+
+// Tile corners as the usual tile numbering has them.
+TEST(Projection, MeetsTheTiles)
+{
+    const struct {
+        GeoPoint point;
+        double zoom, x, y;
+    } rows[] = {{{0, 0}, 0, 128, 128},
+                {{kMaxLatitude, -180}, 3, 0, 0},
+                {{-kMaxLatitude, 180}, 1, 512, 512},
+                {{66.51326044311186, 90}, 2, 768, 256}, // a quarter of the way down
+                {{37.9838, 23.7275}, 10, 148349.838, 101131.422}};
+    for (const auto& row : rows) {
+        const MapPoint at = project(row.point, row.zoom);
+        EXPECT_NEAR(at.x, row.x, 0.001) << row.point.latitude;
+        EXPECT_NEAR(at.y, row.y, 0.001) << row.point.latitude;
+    }
+}
+
+TEST(Projection, HasAnInverse)
+{
+    std::mt19937 random(20240305); // NOLINT: the same points in every run
+    std::uniform_real_distribution<double> latitude(-85, 85);
+    std::uniform_real_distribution<double> longitude(-180, 180);
+    std::uniform_real_distribution<double> zoom(0, 19);
+    std::uniform_real_distribution<double> pixel(0, 700);
+    for (int i = 0; i < 1000; ++i) {
+        const GeoPoint point{latitude(random), longitude(random)};
+        const GeoPoint back = unproject(project(point, 7), 7);
+        ASSERT_NEAR(back.latitude, point.latitude, 1e-9) << i;
+        ASSERT_NEAR(back.longitude, point.longitude, 1e-9) << i;
+
+        MapView view;
+        view.resize(700, 500);
+        view.show(point, zoom(random));
+        const MapPoint at{pixel(random), pixel(random) / 700 * 500};
+        const GeoPoint there = view.toGeo(at);
+        if (std::abs(there.latitude) < 85) {
+            const MapPoint again = view.toScreen(there);
+            // At the least zoom the window is as wide as the world: its edges are one place.
+            ASSERT_NEAR(std::remainder(again.x - at.x, 256 * std::exp2(view.zoom())), 0, 1e-4) << i;
+            ASSERT_NEAR(again.y, at.y, 1e-4) << i;
+        }
+    }
+}
+
+TEST(MapView, KeepsThePlaceUnderTheMouseWhenZooming)
+{
+    MapView view;
+    view.resize(800, 600);
+    view.show({40, 20}, 6);
+    for (const double levels : {1.0, 2.5, -1.5, 0.25, -2.0}) {
+        const MapPoint mouse{137, 451};
+        const GeoPoint before = view.toGeo(mouse);
+        view.zoomBy(levels, mouse);
+        EXPECT_NEAR(view.toGeo(mouse).latitude, before.latitude, 1e-9);
+        EXPECT_NEAR(view.toGeo(mouse).longitude, before.longitude, 1e-9);
+    }
+    EXPECT_NEAR(view.zoom(), 6.25, 1e-12);
+}
+
+TEST(MapView, MovesWithTheMouse)
+{
+    MapView view;
+    view.resize(800, 600);
+    view.show({-30, 179}, 5);
+    const GeoPoint before = view.toGeo({400, 300});
+    view.drag(-150, 40); // over the date line
+    const MapPoint now = view.toScreen(before);
+    EXPECT_NEAR(now.x, 250, 1e-6);
+    EXPECT_NEAR(now.y, 340, 1e-6);
+    EXPECT_LT(view.center().longitude, -170);
+}
+
+TEST(MapView, ShowsNothingBeyondTheWorld)
+{
+    MapView view;
+    view.resize(1024, 300);
+    view.show({89, 0}, 0);
+    EXPECT_DOUBLE_EQ(view.zoom(), 2); // as wide as the window
+    EXPECT_NEAR(view.toGeo({512, 0}).latitude, kMaxLatitude, 1e-9);
+    view.zoomBy(100, {0, 0});
+    EXPECT_DOUBLE_EQ(view.zoom(), kMaxZoom);
+    view.resize(300, 1000);
+    view.show({50, 0}, 1);
+    EXPECT_NEAR(view.center().latitude, 0, 1e-9); // the world is lower than the window
+}
+
+TEST(PlaceText, HasThePrecisionOfAPixel)
+{
+    const struct {
+        double zoom;
+        int decimals;
+    } rows[] = {{0, 0}, {1, 1}, {3, 1}, {4, 2}, {6, 2}, {7, 2}, {7.2, 3}, {10, 3}, {11, 4}, {16, 5}, {19, 6}};
+    for (const auto& row : rows)
+        EXPECT_EQ(decimalsFor(row.zoom), row.decimals) << row.zoom;
+    EXPECT_EQ(placeText({-33.86882, 151.20929}, 3), "-33.869, 151.209");
+    EXPECT_EQ(placeText({-0.0004, 0.0006}, 3), "0.000, 0.001");
+    EXPECT_EQ(placeText({5, -7.5}, 0), "5, -8");
+}
+
+TEST(WrappedLongitude, EndsBelow180)
+{
+    const struct {
+        double from, to;
+    } rows[] = {{180, -180}, {-180, -180}, {190, -170}, {-190, 170}, {540, -180}, {725, 5}, {-20, -20}};
+    for (const auto& row : rows)
+        EXPECT_DOUBLE_EQ(wrappedLongitude(row.from), row.to) << row.from;
+}
+
+} // namespace
+} // namespace comfortics::radiation
