@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "batch/column_map.h"
+#include "batch/row_runner.h"
+#include "batch/table_reader.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace comfortics::batch {
+
+/// What a batch computes and writes.
+struct BatchOptions {
+    core::Settings settings;
+    std::array<std::string, 6> assumptions; ///< ArAdu, emissivity, pressure, height, weight, friction
+    bool live = false;                      ///< write the eleven live quantities too
+    unsigned threads = 1;
+};
+
+struct BatchSummary {
+    RowCounts rows;
+    std::size_t messages = 0; ///< solvers that did not converge
+    bool stopped = false;     ///< `progress` asked to stop
+};
+
+/// Streams a table through the calculation: rows are read in blocks, computed on `threads`
+/// independent calculations, and written in their order. Memory does not grow with the table; the
+/// bytes written do not depend on the number of threads.
+///
+/// `write` takes the output as RFC 4180 CSV: the header first, then blocks of rows. `progress`,
+/// called after each block with the rows done, returns false to stop. Throws MalformedTable; what
+/// `write` throws passes through.
+BatchSummary runBatch(TableReader& reader, const core::Limits& limits, const BatchOptions& options,
+                      const std::function<void(std::string_view)>& write,
+                      const std::function<bool(const RowCounts&)>& progress);
+
+/// Appends a cell as RFC 4180 wants it, quoted where needed.
+void appendCsvCell(std::string& line, std::string_view cell);
+
+/// The heading of an index' column: number, name and unit.
+std::string indexHeading(int index);
+
+} // namespace comfortics::batch

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/row_runner.h"
+
+namespace comfortics::batch {
+
+void RowCounts::add(RowStatus status)
+{
+    switch (status) {
+    case RowStatus::Calculated:
+        ++calculated;
+        break;
+    case RowStatus::Skipped:
+        ++skipped;
+        break;
+    case RowStatus::Failed:
+        ++failed;
+        break;
+    }
+}
+
+void RowCounts::add(const RowCounts& other)
+{
+    calculated += other.calculated;
+    skipped += other.skipped;
+    failed += other.failed;
+}
+
+RowRunner::RowRunner(const core::Limits& limits, const core::Settings& settings)
+    : m_settings(settings), m_calculation(limits, m_messages)
+{
+}
+
+RowStatus RowRunner::run(const std::array<std::string_view, core::kReadingCount>& readings)
+{
+    m_calculation.readings.clear();
+    m_calculation.readings.write(readings);
+
+    RowStatus status = RowStatus::Skipped;
+    if (m_calculation.readings.complete()) {
+        switch (m_calculation.run(m_settings)) {
+        case core::RunStatus::Ok:
+            status = RowStatus::Calculated;
+            break;
+        case core::RunStatus::Failed:
+            status = RowStatus::Failed;
+            break;
+        case core::RunStatus::Rejected:
+            break;
+        }
+    }
+    switch (status) {
+    case RowStatus::Calculated:
+        m_statusText = "ok";
+        break;
+    case RowStatus::Failed:
+        m_statusText = "failed: " + m_calculation.failure()->sentence();
+        break;
+    case RowStatus::Skipped:
+        m_statusText = "skipped: " + m_calculation.readings.whatIsWrong();
+        break;
+    }
+    m_counts.add(status);
+    return status;
+}
+
+} // namespace comfortics::batch

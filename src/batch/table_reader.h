@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace comfortics::batch {
+
+/// One row of a table: its cells, and the line of the file on which it begins.
+struct TableRow {
+    std::vector<std::string> cells;
+    std::size_t line = 0;
+};
+
+/// A row that cannot be read. The text is one sentence that names the line.
+class MalformedTable : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads a CSV or TSV text row by row, without holding more than a block of it.
+///
+/// Quotes as in RFC 4180; lines end in CR LF, LF or CR; a byte-order mark and empty lines are
+/// passed over. The separator is the tab if the first line holds one, otherwise the comma.
+class TableReader {
+public:
+    /// Fills a buffer with the next bytes; returns how many, 0 at the end.
+    using Source = std::function<std::size_t(char* buffer, std::size_t size)>;
+
+    explicit TableReader(Source source);
+
+    /// Reads the next row into `row`; false at the end. Throws MalformedTable on an open quote, on
+    /// text behind a closing quote, and on a row longer than a megabyte.
+    bool next(TableRow& row);
+
+private:
+    int peek();
+    int take();
+    bool refill();
+    bool fetchMore();
+    void begin();
+    void readQuoted(std::string& cell, std::size_t line);
+
+    Source m_source;
+    std::vector<char> m_buffer;
+    std::size_t m_at = 0;
+    std::size_t m_end = 0;
+    std::size_t m_line = 1;
+    std::size_t m_rowLine = 1; // where the current row begins
+    std::size_t m_fetched = 0; // bytes of the blocks that the current row has used up
+    char m_separator = ',';
+    bool m_begun = false;
+};
+
+} // namespace comfortics::batch
