@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/row_pipeline.h"
+#include "cli/commands.h"
+#include "cli/exit_status.h"
+#include "cli/interruption.h"
+#include "cli/reading_options.h"
+#include "output/atomic_file.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <iostream>
+#include <optional>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace comfortics::cli {
+
+namespace {
+
+/// The input file, or standard input for "-".
+class InputFile {
+public:
+    explicit InputFile(const std::string& path) : m_path(path)
+    {
+        if (path == "-") {
+            m_descriptor = STDIN_FILENO;
+            return;
+        }
+        m_descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        if (m_descriptor < 0)
+            fail();
+        struct stat status {};
+        if (::fstat(m_descriptor, &status) == 0 && S_ISREG(status.st_mode))
+            m_size = static_cast<std::size_t>(status.st_size);
+    }
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+    ~InputFile()
+    {
+        if (m_descriptor > STDERR_FILENO)
+            ::close(m_descriptor);
+    }
+
+    /// Nothing more after an interruption.
+    std::size_t read(char* buffer, std::size_t size)
+    {
+        for (;;) {
+            Interruption::waitForInput(m_descriptor);
+            if (Interruption::requested())
+                return 0;
+            const ssize_t count = ::read(m_descriptor, buffer, size);
+            if (count >= 0) {
+                m_read += static_cast<std::size_t>(count);
+                return static_cast<std::size_t>(count);
+            }
+            if (errno != EINTR)
+                fail();
+        }
+    }
+
+    /// The share that is read, where the size is known.
+    std::optional<double> share() const
+    {
+        if (m_size == 0)
+            return std::nullopt;
+        return static_cast<double>(m_read) / static_cast<double>(m_size);
+    }
+
+private:
+    [[noreturn]] void fail() const
+    {
+        throw FileFailure("The file " + m_path + " cannot be read: " + std::strerror(errno) + ".");
+    }
+
+    std::string m_path;
+    int m_descriptor = -1;
+    std::size_t m_size = 0;
+    std::size_t m_read = 0;
+};
+
+/// Tells rows, rows per second and time left, a few times a second, on a terminal only.
+class Progress {
+public:
+    explicit Progress(const InputFile& input) : m_input(input) {}
+
+    void show(const batch::RowCounts& rows)
+    {
+        using namespace std::chrono;
+        const auto now = steady_clock::now();
+        if (!m_terminal || now - m_shown < milliseconds(200))
+            return;
+        m_shown = now;
+        const double seconds = duration<double>(now - m_start).count();
+        std::string line = std::to_string(rows.total()) + " rows, " +
+                           std::to_string(static_cast<long>(static_cast<double>(rows.total()) / seconds)) +
+                           " rows per second";
+        if (const auto share = m_input.share(); share && *share > 0)
+            line += ", " + std::to_string(static_cast<long>(seconds / *share - seconds + 0.5)) + " s left";
+        std::cerr << "\r" << line << "\033[K" << std::flush;
+    }
+
+    void clear() const
+    {
+        if (m_terminal)
+            std::cerr << "\r\033[K" << std::flush;
+    }
+
+private:
+    const InputFile& m_input;
+    bool m_terminal = ::isatty(STDERR_FILENO) == 1;
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+    std::chrono::steady_clock::time_point m_shown = m_start;
+};
+
+class BatchCommand final : public Command {
+public:
+    CLI::App* addTo(CLI::App& tool) override
+    {
+        CLI::App* const command = tool.add_subcommand("batch", "Calculate the rows of a CSV or TSV table");
+        command->add_option("INPUT", m_input, "CSV or TSV file, - for standard input")->required();
+        command->add_option("-o,--output", m_output, "Write to FILE instead of standard output")->type_name("FILE");
+        command->add_flag("--live", m_live, "Write the eleven live quantities too");
+        command->add_option("--threads", m_threads, "Number of threads; default: all cores")
+            ->type_name("N")
+            ->check(CLI::Range(1, 1024));
+        m_options.addTo(*command);
+        command->footer("With a header row the columns are found by name (Ta Tg SR Td RH WS) in any order, and other\n"
+                        "columns are carried through; without one the six columns stand in that order.\n"
+                        "Each row starts from empty boxes.");
+        return command;
+    }
+
+    int run() override
+    {
+        const core::Limits limits = m_options.limits();
+        batch::BatchOptions options;
+        options.settings = m_options.settings();
+        options.assumptions = m_options.assumptionTexts();
+        options.live = m_live;
+        options.threads = m_threads > 0 ? m_threads : std::max(1U, std::thread::hardware_concurrency());
+
+        const Interruption interruption;
+        InputFile input(m_input);
+        Progress progress(input);
+        std::optional<batch::BatchSummary> summary;
+        try {
+            summary = calculate(input, limits, options, progress);
+        } catch (const FileFailure&) {
+            progress.clear();
+            // An interruption can end the input in the middle of a row, or an output that waits.
+            if (!Interruption::requested())
+                throw;
+        }
+        progress.clear();
+        if (!summary) {
+            std::cerr << "comfortics-cli: Interrupted" << (m_output.empty() ? "" : "; no output file was written")
+                      << ".\n";
+            return kInterrupted;
+        }
+        std::cerr << "Rows: " << summary->rows.calculated << " calculated, " << summary->rows.skipped << " skipped, "
+                  << summary->rows.failed << " failed.";
+        if (summary->messages > 0)
+            std::cerr << " Solvers without convergence: " << summary->messages << ".";
+        std::cerr << "\n";
+        return kDone;
+    }
+
+private:
+    // Nothing where it was interrupted. Whatever goes wrong with a file comes as a FileFailure.
+    std::optional<batch::BatchSummary> calculate(InputFile& input, const core::Limits& limits,
+                                                 const batch::BatchOptions& options, Progress& progress) const
+    {
+        batch::TableReader reader([&input](char* buffer, std::size_t size) { return input.read(buffer, size); });
+        try {
+            std::optional<output::AtomicFile> file;
+            if (!m_output.empty())
+                file.emplace(m_output);
+            const batch::BatchSummary summary = batch::runBatch(
+                reader, limits, options,
+                [&file](std::string_view bytes) {
+                    if (file)
+                        file->write(bytes);
+                    else
+                        print(bytes);
+                },
+                [&progress](const batch::RowCounts& rows) {
+                    progress.show(rows);
+                    return !Interruption::requested();
+                });
+            if (Interruption::requested())
+                return std::nullopt;
+            if (file)
+                file->commit();
+            return summary;
+        } catch (const batch::MalformedTable& error) {
+            throw FileFailure(m_input == "-" ? std::string(error.what()) : m_input + ": " + error.what());
+        } catch (const output::WriteFailure& error) {
+            throw FileFailure(error.what());
+        }
+    }
+
+    std::string m_input;
+    std::string m_output;
+    bool m_live = false;
+    unsigned m_threads = 0;
+    CalculationOptions m_options;
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeBatchCommand()
+{
+    return std::make_unique<BatchCommand>();
+}
+
+} // namespace comfortics::cli

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/row_pipeline.h"
+#include "cli/commands.h"
+#include "cli/exit_status.h"
+#include "cli/reading_options.h"
+#include "cli/text_table.h"
+#include "core/calculation.h"
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include <iostream>
+
+namespace comfortics::cli {
+
+namespace {
+
+using core::Calculation;
+using core::kIndexCount;
+using core::RunStatus;
+using formulas::kLiveInfo;
+using formulas::Live;
+
+/// Keeps the texts of the message boxes that the run shows.
+class MessageKeeper final : public controls::Messages {
+public:
+    std::vector<std::string> texts;
+    controls::Answer show(const controls::MessageBox& box) override
+    {
+        texts.push_back(box.text);
+        return controls::Answer::Ok;
+    }
+};
+
+const std::string& valueOf(const Calculation& calculation, int index)
+{
+    return calculation.results.lbl_results[static_cast<std::size_t>(index)].caption();
+}
+
+class CalcCommand final : public Command {
+public:
+    CLI::App* addTo(CLI::App& tool) override
+    {
+        CLI::App* const command = tool.add_subcommand("calc", "Calculate one set of readings");
+        m_readings.addTo(*command);
+        m_options.addTo(*command);
+        command->add_option("--format", m_format, "Output: text, csv or json")
+            ->check(CLI::IsMember({"text", "csv", "json"}))
+            ->capture_default_str()
+            ->group("Output");
+        command->add_flag("--reasons", m_options.reasons, "Say why a value is blank")->group("Output");
+        command->footer("The texts are written to the reading boxes in the order ta, tg, sr, td, rh, ws, as if\n"
+                        "pasted: what is no number is dropped, and a later member of a pair (globe temperature or\n"
+                        "solar radiation, dew point or humidity) empties the earlier one.\n"
+                        "Example: comfortics-cli calc --ta 30 --rh 50 --ws 2 --sr 600");
+        return command;
+    }
+
+    int run() override
+    {
+        const core::Limits limits = m_options.limits();
+        MessageKeeper messages;
+        Calculation calculation(limits, messages);
+        m_options.writeAssumptions(calculation.assumptions);
+        calculation.readings.write(m_readings.texts());
+        const core::Settings settings = m_options.settings();
+
+        const RunStatus status =
+            calculation.readings.complete() ? calculation.run(settings) : RunStatus::Rejected;
+        if (m_format == "json")
+            print(json(calculation, status, messages.texts));
+        else if (status == RunStatus::Ok)
+            print(m_format == "csv" ? csv(calculation, settings) : text(calculation, settings));
+
+        switch (status) {
+        case RunStatus::Ok:
+            if (m_format != "json")
+                for (const std::string& message : messages.texts)
+                    std::cerr << "comfortics-cli: " << message << "\n";
+            return kDone;
+        case RunStatus::Rejected:
+            std::cerr << "comfortics-cli: The readings are rejected: " << calculation.readings.whatIsWrong()
+                      << ".\n";
+            return kReadingsRejected;
+        case RunStatus::Failed:
+            break;
+        }
+        std::cerr << "comfortics-cli: " << calculation.failure()->sentence() << "\n";
+        return kRunFailed;
+    }
+
+private:
+    std::string text(const Calculation& calculation, const core::Settings& settings) const
+    {
+        using enum TextTable::Align;
+        TextTable live({"Live quantity", "", "Value", "Unit"}, {Left, Left, Right, Left});
+        for (std::size_t i = 0; i < kLiveInfo.size(); ++i)
+            live.add({std::string(kLiveInfo[i].name), std::string(kLiveInfo[i].symbol),
+                      calculation.liveLabel(static_cast<Live>(i)).caption(), std::string(kLiveInfo[i].unit)});
+
+        TextTable results(m_options.reasons
+                              ? std::vector<std::string>{"No", "Thermal Index", "Value", "Unit", "Why blank"}
+                              : std::vector<std::string>{"No", "Thermal Index", "Value", "Unit"},
+                          m_options.reasons ? std::vector{Right, Left, Right, Left, Left}
+                                            : std::vector{Right, Left, Right, Left});
+        for (const core::CatalogueRow& row : core::catalogue()) {
+            if (!settings.selection.contains(row.number))
+                continue;
+            std::vector<std::string> cells{std::to_string(row.number), std::string(row.name),
+                                           valueOf(calculation, row.number), std::string(row.unit)};
+            if (m_options.reasons)
+                cells.push_back(calculation.whyBlank(row.number));
+            results.add(std::move(cells));
+        }
+        return live.text() + "\n" + results.text();
+    }
+
+    std::string csv(const Calculation& calculation, const core::Settings& settings) const
+    {
+        std::string result = m_options.reasons ? "number,name,value,unit,reason\r\n" : "number,name,value,unit\r\n";
+        for (const core::CatalogueRow& row : core::catalogue()) {
+            if (!settings.selection.contains(row.number))
+                continue;
+            result += std::to_string(row.number);
+            const std::string reason = calculation.whyBlank(row.number);
+            for (const std::string_view cell :
+                 {row.name, std::string_view(valueOf(calculation, row.number)), row.unit}) {
+                result += ',';
+                batch::appendCsvCell(result, cell);
+            }
+            if (m_options.reasons) {
+                result += ',';
+                batch::appendCsvCell(result, reason);
+            }
+            result += "\r\n";
+        }
+        return result;
+    }
+
+    std::string json(const Calculation& calculation, RunStatus status,
+                     const std::vector<std::string>& messages) const
+    {
+        nlohmann::ordered_json root;
+        root["status"] = status == RunStatus::Ok ? "ok" : status == RunStatus::Rejected ? "rejected" : "failed";
+        auto& boxes = root["boxes"];
+        for (std::size_t i = 0; i < core::kReadingCount; ++i)
+            boxes[std::string(core::kReadingInfo[i].key)] =
+                calculation.readings.text(static_cast<core::Reading>(i));
+        auto& live = root["live"];
+        for (std::size_t i = 0; i < kLiveInfo.size(); ++i)
+            live[std::string(kLiveInfo[i].symbol)] = calculation.liveLabel(static_cast<Live>(i)).caption();
+        root["messages"] = messages;
+        if (const auto& failure = calculation.failure())
+            root["failure"] = {{"where", failure->where}, {"why", failure->why}};
+        else
+            root["failure"] = nullptr;
+        auto& results = root["results"] = nlohmann::ordered_json::array();
+        for (const core::CatalogueRow& row : core::catalogue()) {
+            nlohmann::ordered_json entry{{"number", row.number},
+                                         {"name", row.name},
+                                         {"value", valueOf(calculation, row.number)},
+                                         {"unit", row.unit}};
+            if (m_options.reasons)
+                entry["reason"] = calculation.whyBlank(row.number);
+            results.push_back(std::move(entry));
+        }
+        // Texts of the command line may be no UTF-8; they must not end the program.
+        return root.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+    }
+
+    ReadingOptions m_readings;
+    CalculationOptions m_options;
+    std::string m_format = "text";
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeCalcCommand()
+{
+    return std::make_unique<CalcCommand>();
+}
+
+} // namespace comfortics::cli

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/row_pipeline.h"
+#include "cli/commands.h"
+#include "cli/exit_status.h"
+#include "cli/reading_options.h"
+#include "cli/text_table.h"
+#include "core/catalogue.h"
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+namespace comfortics::cli {
+
+namespace {
+
+using core::CatalogueRow;
+using core::Gate;
+
+std::string lowered(std::string_view text)
+{
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return result;
+}
+
+std::string inputs(const CatalogueRow& row)
+{
+    std::string result;
+    for (const core::Input input : row.inputs)
+        result += (result.empty() ? "" : ", ") + std::string(core::inputName(input));
+    return result;
+}
+
+std::string gate(const CatalogueRow& row)
+{
+    if (row.gate == Gate::None)
+        return "none";
+    return std::string(core::gatedName(row.gated)) + (row.gate == Gate::Text ? " (as text)" : "");
+}
+
+std::string temperatureLimits(const CatalogueRow& row, const core::IndexLimits& limits)
+{
+    return row.gate == Gate::None ? std::string() : limits.Tair_min.text + " to " + limits.Tair_max.text;
+}
+
+std::string windLimits(const CatalogueRow& row, const core::IndexLimits& limits)
+{
+    if (row.gate == Gate::None || limits.WS_max.number <= 0)
+        return {};
+    return limits.WS_min.text + " to " + limits.WS_max.text +
+           (row.gateWind == core::GateWind::At10m ? " at 10 m" : "");
+}
+
+class ListCommand final : public Command {
+public:
+    CLI::App* addTo(CLI::App& tool) override
+    {
+        CLI::App* const command = tool.add_subcommand("list", "List the catalogue of indices");
+        command->add_option("--search", m_search, "Only names that contain TEXT, whatever the case")
+            ->type_name("TEXT");
+        command->add_option("--limits", m_limitsFile, "Show the limits of FILE")->type_name("FILE");
+        command->add_option("--format", m_format, "Output: text, csv, json or markdown")
+            ->check(CLI::IsMember({"text", "csv", "json", "markdown"}))
+            ->capture_default_str();
+        return command;
+    }
+
+    int run() override
+    {
+        const core::Limits limits = readLimits(m_limitsFile);
+        std::vector<const CatalogueRow*> rows;
+        for (const CatalogueRow& row : core::catalogue())
+            if (lowered(row.name).find(lowered(m_search)) != std::string::npos)
+                rows.push_back(&row);
+        if (m_format == "json")
+            print(json(rows, limits));
+        else
+            print(table(rows, limits));
+        return kDone;
+    }
+
+private:
+    static std::vector<std::string> cells(const CatalogueRow& row, const core::Limits& limits)
+    {
+        const core::IndexLimits& bounds = limits.of(row.number);
+        return {std::to_string(row.number), std::string(row.name),          std::string(row.unit),
+                inputs(row),                gate(row),                      temperatureLimits(row, bounds),
+                windLimits(row, bounds),    std::string(row.source())};
+    }
+
+    std::string table(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits) const
+    {
+        using enum TextTable::Align;
+        const std::vector<std::string> headers{"No",   "Thermal Index",         "Unit",              "Inputs",
+                                               "Gate", "Temperature limits [°C]", "Wind limits [m/s]", "Source"};
+        if (m_format == "text") {
+            TextTable result(headers, {Right, Left, Left, Left, Left, Left, Left, Left});
+            for (const CatalogueRow* row : rows)
+                result.add(cells(*row, limits));
+            return result.text();
+        }
+        const bool markdown = m_format == "markdown";
+        std::string result;
+        const auto addLine = [&result, markdown](const std::vector<std::string>& line) {
+            for (std::size_t i = 0; i < line.size(); ++i) {
+                if (markdown) {
+                    std::string cell = line[i];
+                    for (std::size_t at = 0; (at = cell.find('|', at)) != std::string::npos; at += 2)
+                        cell.insert(at, 1, '\\');
+                    result += (i == 0 ? "| " : " ") + cell + " |";
+                } else {
+                    result += i == 0 ? "" : ",";
+                    batch::appendCsvCell(result, line[i]);
+                }
+            }
+            result += markdown ? "\n" : "\r\n";
+        };
+        addLine(headers);
+        if (markdown) {
+            for (std::size_t i = 0; i < headers.size(); ++i)
+                result += i == 0 ? "|---:|" : "---|";
+            result += "\n";
+        }
+        for (const CatalogueRow* row : rows)
+            addLine(cells(*row, limits));
+        return result;
+    }
+
+    static std::string json(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits)
+    {
+        auto root = nlohmann::ordered_json::array();
+        for (const CatalogueRow* row : rows) {
+            const core::IndexLimits& bounds = limits.of(row->number);
+            nlohmann::ordered_json entry{{"number", row->number},
+                                         {"name", row->name},
+                                         {"unit", row->unit},
+                                         {"gate", gate(*row)}};
+            auto& names = entry["inputs"] = nlohmann::ordered_json::array();
+            for (const core::Input input : row->inputs)
+                names.push_back(core::inputName(input));
+            if (row->gate == Gate::None)
+                entry["limits"] = nullptr;
+            else
+                entry["limits"] = {{"tair_min", bounds.Tair_min.number},
+                                   {"tair_max", bounds.Tair_max.number},
+                                   {"ws_min", bounds.WS_min.number},
+                                   {"ws_max", bounds.WS_max.number}};
+            entry["source"] = row->source();
+            root.push_back(std::move(entry));
+        }
+        return root.dump(2) + "\n";
+    }
+
+    std::string m_search;
+    std::string m_limitsFile;
+    std::string m_format = "text";
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeListCommand()
+{
+    return std::make_unique<ListCommand>();
+}
+
+} // namespace comfortics::cli

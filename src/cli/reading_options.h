@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/calculation.h"
+
+#include <array>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace comfortics::cli {
+
+/// The limits of a file named on the command line, which must be readable (throws FileFailure), or
+/// of Limits.Index beside the program, which may be missing, if the name is empty.
+core::Limits readLimits(const std::string& file);
+
+/// The options that `calc` and `batch` share: assumptions, limits, selection.
+class CalculationOptions {
+public:
+    void addTo(CLI::App& command);
+
+    core::Limits limits() const { return readLimits(m_limitsFile); }
+    core::Settings settings() const;
+    /// Texts of ArAdu, emissivity, pressure, height, weight, friction.
+    std::array<std::string, 6> assumptionTexts() const;
+    void writeAssumptions(core::AssumptionBoxes& boxes) const;
+
+    bool reasons = false; ///< say why a value is blank
+
+private:
+    std::string m_ArAdu;
+    std::string m_emissivity;
+    std::string m_barometric;
+    std::string m_height;
+    std::string m_weight;
+    std::string m_friction;
+    bool m_ignoreLimits = false;
+    std::string m_rules = "classic";
+    std::string m_limitsFile;
+    std::string m_select;
+};
+
+/// Reads a list such as "1,5,10-20". Throws std::invalid_argument on anything else.
+core::Selection parseSelection(const std::string& list);
+
+/// The six readings' options.
+class ReadingOptions {
+public:
+    void addTo(CLI::App& command);
+    std::array<std::string_view, core::kReadingCount> texts() const;
+
+private:
+    std::array<std::string, core::kReadingCount> m_texts;
+};
+
+} // namespace comfortics::cli
