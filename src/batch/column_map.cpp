@@ -2,30 +2,17 @@
 #include "batch/column_map.h"
 
 #include "values/number_text.h"
+#include "values/text.h"
 
 #include <algorithm>
 
 namespace comfortics::batch {
 
 using core::kReadingCount;
+using values::lowered;
+using values::trimmed;
 
 namespace {
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return result;
-}
 
 std::optional<std::size_t> readingOf(std::string_view header)
 {

@@ -5,6 +5,7 @@
 #include "cli/reading_options.h"
 #include "cli/text_table.h"
 #include "core/catalogue.h"
+#include "values/text.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -17,14 +18,7 @@ namespace {
 
 using core::CatalogueRow;
 using core::Gate;
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return result;
-}
+using values::lowered;
 
 std::string inputs(const CatalogueRow& row)
 {
@@ -86,16 +80,27 @@ private:
     static std::vector<std::string> cells(const CatalogueRow& row, const core::Limits& limits)
     {
         const core::IndexLimits& bounds = limits.of(row.number);
-        return {std::to_string(row.number), std::string(row.name),          std::string(row.unit),
-                inputs(row),                gate(row),                      temperatureLimits(row, bounds),
-                windLimits(row, bounds),    std::string(row.source())};
+        return {std::to_string(row.number),
+                std::string(row.name),
+                std::string(row.unit),
+                inputs(row),
+                gate(row),
+                temperatureLimits(row, bounds),
+                windLimits(row, bounds),
+                std::string(row.source())};
     }
 
     std::string table(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits) const
     {
         using enum TextTable::Align;
-        const std::vector<std::string> headers{"No",   "Thermal Index",         "Unit",              "Inputs",
-                                               "Gate", "Temperature limits [°C]", "Wind limits [m/s]", "Source"};
+        const std::vector<std::string> headers{"No",
+                                               "Thermal Index",
+                                               "Unit",
+                                               "Inputs",
+                                               "Gate",
+                                               "Temperature limits [°C]",
+                                               "Wind limits [m/s]",
+                                               "Source"};
         if (m_format == "text") {
             TextTable result(headers, {Right, Left, Left, Left, Left, Left, Left, Left});
             for (const CatalogueRow* row : rows)
@@ -134,10 +139,8 @@ private:
         auto root = nlohmann::ordered_json::array();
         for (const CatalogueRow* row : rows) {
             const core::IndexLimits& bounds = limits.of(row->number);
-            nlohmann::ordered_json entry{{"number", row->number},
-                                         {"name", row->name},
-                                         {"unit", row->unit},
-                                         {"gate", gate(*row)}};
+            nlohmann::ordered_json entry{
+                {"number", row->number}, {"name", row->name}, {"unit", row->unit}, {"gate", gate(*row)}};
             auto& names = entry["inputs"] = nlohmann::ordered_json::array();
             for (const core::Input input : row->inputs)
                 names.push_back(core::inputName(input));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/frm_main.h"
 
+#include "values/text.h"
+
 #include <algorithm>
 #include <optional>
 #include <string_view>
@@ -11,18 +13,11 @@ using controls::Answer;
 using controls::Key;
 using controls::KeyPress;
 using controls::TextBox;
+using values::lowered;
 
 namespace {
 
 constexpr std::string_view kProgramTitle = "Comfortics";
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return result;
-}
 
 // Where the arrow keys lead from each reading box. The table is uneven on purpose: solar radiation
 // and humidity lead to each other with both Up and Down.

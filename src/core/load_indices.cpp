@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/load_indices.h"
 
+#include "values/text.h"
+
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -8,28 +10,15 @@
 
 namespace comfortics::core {
 
+using values::lowered;
+using values::trimmed;
+
 namespace {
 
 // The buffer of the profile call holds 150 characters, the last of them its terminator.
 constexpr std::size_t kLongestValue = 149;
 
 constexpr std::string_view kBlanks = " \t\r";
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return result;
-}
 
 std::string_view unquoted(std::string_view value)
 {
@@ -57,21 +46,22 @@ IniFile::IniFile(std::string_view text)
     bool inside = false;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = trimmed(text.substr(0, end));
+        const std::string_view line = trimmed(text.substr(0, end), kBlanks);
         text.remove_prefix(std::min(end + 1, text.size()));
         if (line.empty() || line.front() == ';')
             continue;
         if (line.front() == '[') {
             const std::size_t close = line.find(']');
-            section = lowered(trimmed(line.substr(1, close == std::string_view::npos ? close : close - 1)));
+            section = lowered(
+                trimmed(line.substr(1, close == std::string_view::npos ? close : close - 1), kBlanks));
             inside = sectionsSeen.insert(section).second;
             continue;
         }
         const std::size_t equals = line.find('=');
         if (!inside || equals == std::string_view::npos)
             continue;
-        const std::string_view value = unquoted(trimmed(line.substr(equals + 1)));
-        m_values.try_emplace(section + '\n' + lowered(trimmed(line.substr(0, equals))),
+        const std::string_view value = unquoted(trimmed(line.substr(equals + 1), kBlanks));
+        m_values.try_emplace(section + '\n' + lowered(trimmed(line.substr(0, equals), kBlanks)),
                              value.substr(0, kLongestValue));
     }
 }

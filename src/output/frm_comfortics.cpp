@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/frm_comfortics.h"
 
+#include "values/text.h"
+
 #include "controls/grid_scroll.h"
 #include "output/csv_export.h"
 #include "values/run_failure.h"
@@ -9,6 +11,8 @@
 #include <iterator>
 
 namespace comfortics::output {
+
+using values::lowered;
 
 using controls::Grid;
 using controls::MouseButton;
@@ -29,20 +33,6 @@ constexpr int kGridHeight = 7200;
 
 // Lower case of ASCII and of the accented letters of Latin-1 in UTF-8 (after the byte C3, 80 to 9E
 // but for the multiplication sign 97); other characters stay.
-std::string lowered(std::string_view text)
-{
-    std::string lower(text);
-    for (std::size_t i = 0; i < lower.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(lower[i]);
-        const bool capital = byte >= 'A' && byte <= 'Z';
-        const bool accented = i > 0 && static_cast<unsigned char>(lower[i - 1]) == 0xC3 && byte >= 0x80 &&
-                              byte <= 0x9E && byte != 0x97;
-        if (capital || accented)
-            lower[i] = static_cast<char>(byte + 0x20);
-    }
-    return lower;
-}
-
 bool contains(std::string_view text, std::string_view part)
 {
     return text.find(part) != std::string_view::npos;
