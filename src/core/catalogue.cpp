@@ -262,9 +262,8 @@ consteval bool everyRowIsWhole()
         const CatalogueRow& row = kCatalogue[i];
         if (row.number != static_cast<int>(i) + 1 || row.name.empty() || row.unit.empty())
             return false;
-        if ((row.formula.function == nullptr) == (row.block == nullptr))
-            return false;
-        if (row.formula.function != nullptr && row.formula.arity != row.inputs.size())
+        // Every formula has an input, so an arity of 0 is that of a row with a block of its own.
+        if (row.formula.arity != 0 && row.formula.arity != row.inputs.size())
             return false;
     }
     return true;
