@@ -39,7 +39,8 @@ class Worker {
 public:
     Worker(const core::Limits& limits, const BatchOptions& options, const ColumnMap& columns,
            const std::vector<int>& indices)
-        : m_runner(limits, options.settings), m_columns(columns), m_indices(indices), m_live(options.live)
+        : m_runner(limits, options.settings), m_columns(columns), m_indices(indices), m_live(options.live),
+          m_reasons(options.reasons)
     {
         m_runner.calculation().assumptions.write(options.assumptions);
     }
@@ -53,7 +54,7 @@ public:
             appendRow(done.csv, row);
         const RowCounts& after = m_runner.counts();
         done.rows = {after.calculated - before.calculated, after.skipped - before.skipped,
-                     after.failed - before.failed};
+                     after.failed - before.failed, after.lostValues - before.lostValues};
         done.messages = m_runner.messages() - messagesBefore;
         return done;
     }
@@ -69,6 +70,11 @@ private:
         }
         appendCsvCell(csv, m_runner.statusText());
         const bool values = status == RowStatus::Calculated;
+        if (m_reasons) {
+            csv += ',';
+            if (values)
+                appendCsvCell(csv, reasons());
+        }
         if (m_live) {
             for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
                 csv += ',';
@@ -79,15 +85,30 @@ private:
         for (const int index : m_indices) {
             csv += ',';
             if (values)
-                appendCsvCell(csv, calculation.results.lbl_results[static_cast<std::size_t>(index)].caption());
+                appendCsvCell(csv,
+                              calculation.results.lbl_results[static_cast<std::size_t>(index)].caption());
         }
         csv += "\r\n";
+    }
+
+    // What failed in a calculated row, index by index.
+    std::string reasons()
+    {
+        std::string text;
+        for (const int index : m_indices) {
+            if (m_runner.calculation().outcome(index).kind != core::OutcomeKind::RunFailed)
+                continue;
+            text += (text.empty() ? "" : " ") + std::to_string(index) + ": ";
+            text += m_runner.calculation().whyBlank(index);
+        }
+        return text;
     }
 
     RowRunner m_runner;
     const ColumnMap& m_columns;
     const std::vector<int>& m_indices;
     bool m_live;
+    bool m_reasons;
 };
 
 using Crew = OrderedCrew<Block, Done>;
@@ -99,7 +120,7 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
         appendCsvCell(line, name);
         line += ',';
     }
-    line += "Status";
+    line += options.reasons ? "Status,Reasons" : "Status";
     if (options.live) {
         for (const formulas::LiveInfo& info : formulas::kLiveInfo) {
             line += ',';

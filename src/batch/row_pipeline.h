@@ -19,6 +19,7 @@ struct BatchOptions {
     core::Settings settings;
     std::array<std::string, 6> assumptions; ///< ArAdu, emissivity, pressure, height, weight, friction
     bool live = false;                      ///< write the eleven live quantities too
+    bool reasons = false;                   ///< a column that tells what failed in a row, index by index
     unsigned threads = 1;
 };
 

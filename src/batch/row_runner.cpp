@@ -23,6 +23,7 @@ void RowCounts::add(const RowCounts& other)
     calculated += other.calculated;
     skipped += other.skipped;
     failed += other.failed;
+    lostValues += other.lostValues;
 }
 
 RowRunner::RowRunner(const core::Limits& limits, const core::Settings& settings)
@@ -40,6 +41,8 @@ RowStatus RowRunner::run(const std::array<std::string_view, core::kReadingCount>
         switch (m_calculation.run(m_settings)) {
         case core::RunStatus::Ok:
             status = RowStatus::Calculated;
+            if (m_settings.rules == core::Rules::Robust)
+                countLostValues();
             break;
         case core::RunStatus::Failed:
             status = RowStatus::Failed;
@@ -61,6 +64,12 @@ RowStatus RowRunner::run(const std::array<std::string_view, core::kReadingCount>
     }
     m_counts.add(status);
     return status;
+}
+
+void RowRunner::countLostValues()
+{
+    for (int index = 1; index <= static_cast<int>(core::kIndexCount); ++index)
+        m_counts.lostValues += m_calculation.outcome(index).kind == core::OutcomeKind::RunFailed ? 1 : 0;
 }
 
 } // namespace comfortics::batch

@@ -32,6 +32,7 @@ struct RowCounts {
     std::size_t calculated = 0;
     std::size_t skipped = 0;
     std::size_t failed = 0;
+    std::size_t lostValues = 0; ///< values of calculated rows that are blank for a failure
 
     std::size_t total() const { return calculated + skipped + failed; }
     void add(RowStatus status);
@@ -57,6 +58,8 @@ public:
     std::size_t messages() const noexcept { return m_messages.count(); }
 
 private:
+    void countLostValues();
+
     MessageCounter m_messages;
     core::Settings m_settings;
     core::Calculation m_calculation;

@@ -125,15 +125,19 @@ public:
     {
         CLI::App* const command = tool.add_subcommand("batch", "Calculate the rows of a CSV or TSV table");
         command->add_option("INPUT", m_input, "CSV or TSV file, - for standard input")->required();
-        command->add_option("-o,--output", m_output, "Write to FILE instead of standard output")->type_name("FILE");
+        command->add_option("-o,--output", m_output, "Write to FILE instead of standard output")
+            ->type_name("FILE");
         command->add_flag("--live", m_live, "Write the eleven live quantities too");
+        command->add_flag("--reasons", m_options.reasons,
+                          "Write a column that tells which indices of a row failed, and why");
         command->add_option("--threads", m_threads, "Number of threads; default: all cores")
             ->type_name("N")
             ->check(CLI::Range(1, 1024));
         m_options.addTo(*command);
-        command->footer("With a header row the columns are found by name (Ta Tg SR Td RH WS) in any order, and other\n"
-                        "columns are carried through; without one the six columns stand in that order.\n"
-                        "Each row starts from empty boxes.");
+        command->footer(
+            "With a header row the columns are found by name (Ta Tg SR Td RH WS) in any order, and other\n"
+            "columns are carried through; without one the six columns stand in that order.\n"
+            "Each row starts from empty boxes.");
         return command;
     }
 
@@ -144,6 +148,7 @@ public:
         options.settings = m_options.settings();
         options.assumptions = m_options.assumptionTexts();
         options.live = m_live;
+        options.reasons = m_options.reasons;
         options.threads = m_threads > 0 ? m_threads : std::max(1U, std::thread::hardware_concurrency());
 
         const Interruption interruption;
@@ -160,12 +165,14 @@ public:
         }
         progress.clear();
         if (!summary) {
-            std::cerr << "comfortics-cli: Interrupted" << (m_output.empty() ? "" : "; no output file was written")
-                      << ".\n";
+            std::cerr << "comfortics-cli: Interrupted"
+                      << (m_output.empty() ? "" : "; no output file was written") << ".\n";
             return kInterrupted;
         }
-        std::cerr << "Rows: " << summary->rows.calculated << " calculated, " << summary->rows.skipped << " skipped, "
-                  << summary->rows.failed << " failed.";
+        std::cerr << "Rows: " << summary->rows.calculated << " calculated, " << summary->rows.skipped
+                  << " skipped, " << summary->rows.failed << " failed.";
+        if (summary->rows.lostValues > 0)
+            std::cerr << " Values blank for a failure: " << summary->rows.lostValues << ".";
         if (summary->messages > 0)
             std::cerr << " Solvers without convergence: " << summary->messages << ".";
         std::cerr << "\n";
@@ -177,7 +184,8 @@ private:
     std::optional<batch::BatchSummary> calculate(InputFile& input, const core::Limits& limits,
                                                  const batch::BatchOptions& options, Progress& progress) const
     {
-        batch::TableReader reader([&input](char* buffer, std::size_t size) { return input.read(buffer, size); });
+        batch::TableReader reader(
+            [&input](char* buffer, std::size_t size) { return input.read(buffer, size); });
         try {
             std::optional<output::AtomicFile> file;
             if (!m_output.empty())

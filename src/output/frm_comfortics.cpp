@@ -1,21 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/frm_comfortics.h"
 
-#include "values/text.h"
-
 #include "controls/grid_scroll.h"
 #include "output/csv_export.h"
 #include "values/run_failure.h"
+#include "values/text.h"
 
 #include <cmath>
 #include <iterator>
 
 namespace comfortics::output {
 
-using values::lowered;
-
 using controls::Grid;
 using controls::MouseButton;
+using values::lowered;
 
 namespace {
 
@@ -31,8 +29,6 @@ constexpr int kGridTop = 720;
 constexpr int kGridWidth = 9600;
 constexpr int kGridHeight = 7200;
 
-// Lower case of ASCII and of the accented letters of Latin-1 in UTF-8 (after the byte C3, 80 to 9E
-// but for the multiplication sign 97); other characters stay.
 bool contains(std::string_view text, std::string_view part)
 {
     return text.find(part) != std::string_view::npos;
