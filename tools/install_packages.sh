@@ -8,7 +8,7 @@ set -euo pipefail
 
 declare -A groups=(
     [build]="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3"
-    [window]="qt6-base-dev qt6-svg-dev qt6-charts-dev libgl1-mesa-dev qt6-wayland"
+    [window]="qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libgl1-mesa-dev qt6-wayland"
     [test]="libgtest-dev"
     [bench]="libbenchmark-dev"
     [check]="clang-format git"

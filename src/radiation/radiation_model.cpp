@@ -33,7 +33,6 @@ namespace {
 
 constexpr Number pi = kPi;
 constexpr double kAlbedo = 0.3;
-constexpr double kExactBelow = 4503599627370496; // 2^52: doubles from here on are whole numbers
 constexpr values::Format kClockFormat{0, 2};
 
 Number Int(Number x)
@@ -51,11 +50,15 @@ void assign(Number& target, Compute compute)
     }
 }
 
-// From 2^52 on a figure has no decimals to round, and ten times the figure may be too large.
+// One decimal of the figure's 15 significant digits, halves to even.
 std::string figureText(Number x)
 {
-    const Number rounded = absolute(x) < kExactBelow ? roundHalfEven(x * 10) / 10 : x;
-    return values::format(rounded.value(), values::kFormat0_0);
+    const std::string text = values::plainText(x.value());
+    const std::size_t point = text.find('.');
+    const bool isHalf = point != std::string::npos && text.size() == point + 3 && text.back() == '5';
+    if (isHalf && (text[point + 1] - '0') % 2 == 0)
+        return values::format(text.substr(0, point + 2), values::kFormat0_0);
+    return values::format(x.value(), values::kFormat0_0); // halves away from zero
 }
 
 // The quantities of the loop, which live from minute to minute.

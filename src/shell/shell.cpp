@@ -4,26 +4,49 @@
 #include "core/catalogue.h"
 #include "shell/status_line.h"
 
+#include <chrono>
+#include <ctime>
+
 namespace comfortics::shell {
 
 using converter::Frm_Converter;
 using output::Frm_Comfortics;
+using radiation::Frm_Radiation;
+
+namespace {
+
+// By the local clock.
+radiation::Date today()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    return {std::chrono::year(local.tm_year + 1900),
+            std::chrono::month(static_cast<unsigned>(local.tm_mon + 1)),
+            std::chrono::day(static_cast<unsigned>(local.tm_mday))};
+}
+
+} // namespace
 
 Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
-    : splash([this] { return std::make_unique<Frm_Splash_Screen>([this] { handOver(); }); }),
-      results([this] {
+    : splash([this] { return std::make_unique<Frm_Splash_Screen>([this] { handOver(); }); }), results([this] {
           auto form = std::make_unique<Frm_Comfortics>(m_desktop.clipboard, m_desktop.messages,
                                                        m_desktop.files, m_desktop.printing);
           form->provideReasons([this](int index) { return m_main.calculation.whyBlank(index); });
           return form;
       }),
-      converter([this] { return std::make_unique<Frm_Converter>(m_main); }),
+      converter([this] { return std::make_unique<Frm_Converter>(m_main); }), radiation([this] {
+          return std::make_unique<Frm_Radiation>(
+              Frm_Radiation::Surroundings{m_desktop.messages, m_desktop.clipboard, m_desktop.files,
+                                          m_desktop.maps->connection, m_desktop.maps->map,
+                                          m_desktop.maps->timeZones},
+              today());
+      }),
       m_limits(core::Limits::Load_Limits((programFolder / "Limits.Index").string())), m_desktop(desktop),
       m_main(m_limits, desktop.messages, *this)
 {
-    // These two windows do not exist yet.
-    m_main.Menu_Raw_Data.setEnabled(false);
-    m_main.Menu_Radiation.setEnabled(false);
+    m_main.Menu_Raw_Data.setEnabled(false); // this window does not exist yet
+    m_main.Menu_Radiation.setEnabled(desktop.maps != nullptr);
 }
 
 void Shell::start()
@@ -52,9 +75,15 @@ void Shell::showResults()
     });
 }
 
-void Shell::showRawData() {}
+void Shell::showRawData()
+{
+}
 
-void Shell::showRadiation() {}
+void Shell::showRadiation()
+{
+    if (m_desktop.maps)
+        radiation.touch().show();
+}
 
 void Shell::showConverter()
 {
@@ -81,6 +110,7 @@ void Shell::unloadAll()
     splash.unload();
     results.unload();
     converter.unload();
+    radiation.unload();
     m_main.hide();
     ended.raise();
 }

@@ -33,10 +33,12 @@ std::string statusLine(const core::Calculation& calculation)
         return "Nothing was calculated yet.";
 
     const int values = count(OutcomeKind::Value);
-    std::string sentence = values == 1 ? "1 index has a value" : std::to_string(values) + " indices have a value";
+    std::string sentence =
+        values == 1 ? "1 index has a value" : std::to_string(values) + " indices have a value";
     const std::pair<int, std::string_view> blanks[] = {
         {count(OutcomeKind::OutsideTemperature) + count(OutcomeKind::OutsideWind), " outside the limits"},
         {count(OutcomeKind::NoValue), " without a value for these readings"},
+        {count(OutcomeKind::RunFailed), " failed"}, // by the robust rules, each for itself
         {count(OutcomeKind::NotSelected), " not selected"},
     };
     for (const auto& [number, words] : blanks)

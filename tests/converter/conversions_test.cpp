@@ -74,10 +74,10 @@ TEST(Conversions, AreFoundByAnyOfTheirNames)
     const struct {
         const char* name;
         const char* box;
-    } rows[] = {{"f", "txt_F"},         {"FAHRENHEIT", "txt_F"}, {"Re", "txt_Re"},
-                {"kn", "txt_knots"},    {"KNOTS", "txt_knots"},  {"km/h", "txt_kmh"},
-                {"kW/m2", "txt_kWm"},   {"kW/m²", "txt_kWm"},    {"feet per minute", "txt_ftm"},
-                {"W/cm2", "txt_Wcm"},   {"m/min", "txt_mm"}};
+    } rows[] = {{"f", "txt_F"},       {"FAHRENHEIT", "txt_F"}, {"Re", "txt_Re"},
+                {"kn", "txt_knots"},  {"KNOTS", "txt_knots"},  {"km/h", "txt_kmh"},
+                {"kW/m2", "txt_kWm"}, {"kW/m²", "txt_kWm"},    {"feet per minute", "txt_ftm"},
+                {"W/cm2", "txt_Wcm"}, {"m/min", "txt_mm"}};
     for (const auto& row : rows) {
         const Conversion* const found = findConversion(row.name);
         ASSERT_NE(found, nullptr) << row.name;

@@ -38,9 +38,12 @@ struct Desk final : core::Windows {
     std::string offered() const
     {
         std::string names;
-        for (const auto& [name, box] :
-             {std::pair<const char*, const TextBox*>{"TA ", &main.txt_TA}, {"TG ", &main.txt_TG},
-              {"SR ", &main.txt_SR}, {"DP ", &main.txt_DP}, {"RH ", &main.txt_RH}, {"WS ", &main.txt_WS}}) {
+        for (const auto& [name, box] : {std::pair<const char*, const TextBox*>{"TA ", &main.txt_TA},
+                                        {"TG ", &main.txt_TG},
+                                        {"SR ", &main.txt_SR},
+                                        {"DP ", &main.txt_DP},
+                                        {"RH ", &main.txt_RH},
+                                        {"WS ", &main.txt_WS}}) {
             if (box->backColor() == kTransferColor)
                 names += name;
             else
@@ -70,7 +73,7 @@ TEST(FrmConverter, OpensDockedToTheRightWithTheTemperaturePanel)
     EXPECT_FALSE(desk.form->Fra_SR.visible());
     EXPECT_EQ(desk.offered(), "TA TG DP ");
     EXPECT_EQ(desk.form->caption(), "Conversion of Units");
-    const char* const units[] = {"",        "W/in²", "CHU/h/ft²", "kcal/h/m²",
+    const char* const units[] = {"",       "W/in²", "CHU/h/ft²", "kcal/h/m²",
                                  "J/s/m²", "kW/m²", "W/cm²",     "Btu/s/ft²"};
     for (std::size_t i = 1; i < 8; ++i)
         EXPECT_EQ(desk.form->lbl_SR_unit[i].caption(), units[i]);
@@ -187,9 +190,8 @@ TEST(FrmConverter, WhatIsNoNumberVanishes)
         const char* caption;
     };
     const Row rows[] = {
-        {"-", "", "-273.2"},          // a lone sign or point is no number
-        {".", "", "-273.2"},
-        {"x", "", "-273.2"},
+        {"-", "", "-273.2"}, // a lone sign or point is no number
+        {".", "", "-273.2"},          {"x", "", "-273.2"},
         {"300,25", "300,25", "27.1"}, // a comma stands, and counts as a point
         {"-5", "5", "-268.2"},        // so a sign at the front is lost
         {"1e40", "40", "-233.2"},     // neither is 1e, on the way to an exponent

@@ -209,7 +209,8 @@ TEST(Shell, ReadsTheLimitsOfTheProgramsFolder)
         const Program without(folder);
         EXPECT_NE(without.shell.limitsWarning().find("Limits.Index"), std::string::npos);
     }
-    std::ofstream(folder / "Limits.Index") << "[INDICES]\r\nTair_min_35=10\r\nTair_max_35=20\r\nWS_max_35=0\r\n";
+    std::ofstream(folder / "Limits.Index")
+        << "[INDICES]\r\nTair_min_35=10\r\nTair_max_35=20\r\nWS_max_35=0\r\n";
     {
         Program with(folder);
         EXPECT_EQ(with.shell.limitsWarning(), "");

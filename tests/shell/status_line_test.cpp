@@ -47,7 +47,20 @@ TEST(StatusLine, CountsTheIndicesByWhatBecameOfThem)
     bench.settings.selection.set(35, true); // all bounds are 0 here
     bench.settings.selection.set(5, true);
     ASSERT_EQ(bench.calculation.run(bench.settings), core::RunStatus::Ok);
-    EXPECT_EQ(statusLine(bench.calculation), "2 indices have a value, 1 outside the limits, 219 not selected.");
+    EXPECT_EQ(statusLine(bench.calculation),
+              "2 indices have a value, 1 outside the limits, 219 not selected.");
+}
+
+TEST(StatusLine, CountsWhatFailedForItselfByTheRobustRules)
+{
+    Bench bench;
+    bench.calculation.readings.write({"30", "", "600", "", "0", "2"}); // no humidity has no dew point
+    bench.settings.rules = core::Rules::Robust;
+    bench.settings.selection = core::Selection::none();
+    bench.settings.selection.set(52, true);  // dew point
+    bench.settings.selection.set(134, true); // relative humidity
+    ASSERT_EQ(bench.calculation.run(bench.settings), core::RunStatus::Ok);
+    EXPECT_EQ(statusLine(bench.calculation), "1 index has a value, 1 failed, 220 not selected.");
 }
 
 TEST(StatusLine, TheCountsAreThoseOfTheTable)

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/application.h"
+
+#include "ui/text.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QIcon>
+#include <QPalette>
+
+#include <functional>
+
+// Outside of all namespaces, as the macro wants it. The pictures lie in a library, which the linker
+// would leave out otherwise.
+static void loadPictures()
+{
+    Q_INIT_RESOURCE(resources);
+}
+
+namespace comfortics::ui {
+
+namespace {
+
+constexpr float kQuiet = 0.6F;
+
+// The window comes and goes with its form. It may be on the stack when its form goes.
+template <class Form, class Window>
+void pair(shell::FormSlot<Form>& slot, std::unique_ptr<Window>& window,
+          std::function<std::unique_ptr<Window>(Form&)> make)
+{
+    slot.loaded.watch([&slot, &window, make = std::move(make)] { window = make(*slot.get()); });
+    slot.unloading.watch([&window] {
+        window->hide();
+        window.release()->deleteLater();
+    });
+}
+
+// Some desktops leave this colour as it is on a light ground.
+void fadePlaceholders()
+{
+    QPalette palette = QApplication::palette();
+    QColor quiet = palette.color(QPalette::Text);
+    quiet.setAlphaF(kQuiet);
+    if (palette.color(QPalette::PlaceholderText) == quiet)
+        return;
+    palette.setColor(QPalette::PlaceholderText, quiet);
+    QApplication::setPalette(palette);
+}
+
+} // namespace
+
+Appearance::Appearance()
+{
+    loadPictures();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/comfortics.svg")));
+    fadePlaceholders();
+    qApp->installEventFilter(this);
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange)
+        fadePlaceholders();
+    return QObject::eventFilter(watched, event);
+}
+
+Application::Application(const std::filesystem::path& programFolder)
+    : m_shell(programFolder, {m_messages, m_clipboard, m_files, m_printing, &m_maps}),
+      m_main(m_shell.main(), toQt(m_shell.limitsWarning()))
+{
+    m_main.placeOnScreen();
+    pair<shell::Frm_Splash_Screen, SplashWindow>(
+        m_shell.splash, m_splash, [](auto& form) { return std::make_unique<SplashWindow>(form); });
+    pair<output::Frm_Comfortics, ResultsWindow>(m_shell.results, m_results, [this](auto& form) {
+        return std::make_unique<ResultsWindow>(form, m_main, [this] { m_shell.results.unload(); });
+    });
+    pair<converter::Frm_Converter, ConverterWindow>(m_shell.converter, m_converter, [this](auto& form) {
+        return std::make_unique<ConverterWindow>(form, m_main, [this] { m_shell.converter.unload(); });
+    });
+    pair<radiation::Frm_Radiation, RadiationWindow>(m_shell.radiation, m_radiation, [this](auto& form) {
+        return std::make_unique<RadiationWindow>(
+            form, RadiationWindow::Surroundings{m_files, m_messages, m_tiles, m_tilePlaces}, m_main,
+            [this] { m_shell.radiation.unload(); });
+    });
+    m_shell.ended.watch([] { QCoreApplication::exit(); });
+}
+
+void Application::start()
+{
+    m_shell.start();
+}
+
+} // namespace comfortics::ui

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "shell/shell.h"
+#include "ui/converter_window.h"
+#include "ui/desktop.h"
+#include "ui/main_window.h"
+#include "ui/map_services.h"
+#include "ui/print_dialog.h"
+#include "ui/radiation_window.h"
+#include "ui/results_window.h"
+#include "ui/splash_window.h"
+#include "ui/tile_source.h"
+
+#include <QObject>
+
+#include <filesystem>
+#include <memory>
+
+namespace comfortics::ui {
+
+/// Makes the program's pictures known to Qt, sets its icon, and keeps quiet texts legible in palettes that
+/// leave their colour out.
+class Appearance : public QObject {
+public:
+    Appearance();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+/// The forms and their windows. A window is there for as long as its form is loaded.
+class Application {
+public:
+    /// Needs a QApplication. Limits.Index is read from the program's folder.
+    explicit Application(const std::filesystem::path& programFolder);
+
+    /// Shows the splash screen; the main window follows.
+    void start();
+
+    shell::Shell& shell() noexcept { return m_shell; }
+    MainWindow& mainWindow() noexcept { return m_main; }
+    ResultsWindow* resultsWindow() noexcept { return m_results.get(); }
+    ConverterWindow* converterWindow() noexcept { return m_converter.get(); }
+    RadiationWindow* radiationWindow() noexcept { return m_radiation.get(); }
+
+private:
+    Appearance m_appearance;
+    DesktopMessages m_messages;
+    DesktopClipboard m_clipboard;
+    DesktopFileDialogs m_files;
+    DesktopPrintDialog m_printing;
+    DesktopConnection m_connection;
+    DesktopTimeZones m_timeZones;
+    TileSource m_tiles{TileSettings::read()};
+    TilePlaces m_tilePlaces{m_tiles};
+    shell::Desktop::Maps m_maps{m_connection, m_tilePlaces, m_timeZones};
+    shell::Shell m_shell;
+    MainWindow m_main;
+    std::unique_ptr<SplashWindow> m_splash;
+    std::unique_ptr<ResultsWindow> m_results;
+    std::unique_ptr<ConverterWindow> m_converter;
+    std::unique_ptr<RadiationWindow> m_radiation;
+};
+
+} // namespace comfortics::ui

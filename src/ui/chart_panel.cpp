@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/chart_panel.h"
+
+#include "ui/text.h"
+
+#include <QBuffer>
+#include <QCategoryAxis>
+#include <QChart>
+#include <QChartView>
+#include <QGraphicsLineItem>
+#include <QGraphicsScene>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLegend>
+#include <QLineSeries>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QSvgGenerator>
+#include <QVBoxLayout>
+#include <QValueAxis>
+
+#include <algorithm>
+#include <cmath>
+
+namespace comfortics::ui {
+
+using radiation::ChartPoint;
+using radiation::kFigureCount;
+
+namespace {
+
+constexpr double kMinutesPerHour = 60;
+constexpr int kLabelledHours = 8;  // at most
+constexpr double kLeastSpan = 100; // W/m²
+
+constexpr std::array<const char*, kFigureCount> kNames{
+    "Horizontal surface", "Tilted surface", "Horizontal surface, with clouds", "Tilted surface, with clouds"};
+// Told apart by colour-blind readers, too: the clouded ones are dashed.
+const std::array<QColor, kFigureCount> kColors{QColor(0xD5, 0x5E, 0x00), QColor(0x00, 0x72, 0xB2),
+                                               QColor(0xE6, 0x9F, 0x00), QColor(0x56, 0xB4, 0xE9)};
+
+QString hourText(int hour)
+{
+    return QStringLiteral("%1:00").arg(hour, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+ChartPanel::ChartPanel(const controls::Grid& table, controls::FileDialogs& files,
+                       controls::Messages& messages, QWidget* parent)
+    : QWidget(parent), m_table(table), m_files(files), m_messages(messages)
+{
+    buildChart();
+    m_reading = new QLabel;
+    m_reading->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_reading->setWordWrap(true);
+    m_reading->setMinimumHeight(2 * m_reading->fontMetrics().lineSpacing());
+    auto* const save = new QPushButton(QStringLiteral("Save Chart..."));
+    save->setToolTip(QStringLiteral("Saves the chart as a PNG or SVG picture"));
+    connect(save, &QPushButton::clicked, this, [this] { this->save(); });
+
+    auto* const bottom = new QHBoxLayout;
+    bottom->addWidget(m_reading, 1);
+    bottom->addWidget(save);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view, 1);
+    layout->addLayout(bottom);
+    refresh();
+}
+
+void ChartPanel::buildChart()
+{
+    m_chart = new QChart;
+    m_time = new QCategoryAxis;
+    m_time->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
+    m_time->setTitleText(QStringLiteral("Clock time [hh:mm]"));
+    m_radiation = new QValueAxis;
+    m_radiation->setTitleText(QStringLiteral("Solar radiation [W/m²]"));
+    m_radiation->setLabelFormat(QStringLiteral("%d"));
+    m_chart->addAxis(m_time, Qt::AlignBottom);
+    m_chart->addAxis(m_radiation, Qt::AlignLeft);
+    for (std::size_t i = 0; i < kFigureCount; ++i) {
+        auto* const curve = new QLineSeries;
+        curve->setName(QString::fromLatin1(kNames[i]));
+        curve->setPen(QPen(kColors[i], 2, i < 2 ? Qt::SolidLine : Qt::DashLine));
+        m_chart->addSeries(curve);
+        curve->attachAxis(m_time);
+        curve->attachAxis(m_radiation);
+        m_curves[i] = curve;
+    }
+    m_chart->legend()->setAlignment(Qt::AlignTop);
+    m_chart->legend()->setMarkerShape(QLegend::MarkerShapeFromSeries); // dashes, too
+    m_view = new QChartView(m_chart);
+    m_view->setRenderHint(QPainter::Antialiasing);
+    m_view->setMinimumSize(320, 260);
+    m_view->setAccessibleName(QStringLiteral("Chart of the radiation table"));
+    m_view->viewport()->setMouseTracking(true);
+    m_view->viewport()->installEventFilter(this);
+    m_cursor = new QGraphicsLineItem(m_chart);
+    m_cursor->setPen(QPen(Qt::gray, 1, Qt::DotLine));
+    m_cursor->setZValue(20);
+    m_cursor->hide();
+}
+
+void ChartPanel::refresh()
+{
+    hideCursor();
+    m_points = radiation::chartPoints(m_table);
+    for (std::size_t i = 0; i < kFigureCount; ++i) {
+        QList<QPointF> curve;
+        for (const ChartPoint& point : m_points)
+            curve.append({point.minute, point.figures[i]});
+        m_curves[i]->replace(curve);
+    }
+    const radiation::ChartSpan span = radiation::chartSpan(m_points);
+    m_radiation->setRange(span.lowest, std::max(span.highest, span.lowest + kLeastSpan));
+    m_radiation->applyNiceNumbers();
+    m_reading->setText(span.isCut
+                           ? QStringLiteral("Some figures lie outside of the chart; the table has them.")
+                           : QStringLiteral("Move the mouse over the chart to read it."));
+
+    for (const QString& label : m_time->categoriesLabels())
+        m_time->remove(label);
+    if (m_points.empty())
+        return;
+    const auto byMinute = [](const ChartPoint& a, const ChartPoint& b) { return a.minute < b.minute; };
+    const auto [first, last] = std::minmax_element(m_points.begin(), m_points.end(), byMinute);
+    const int firstHour = static_cast<int>(std::floor(first->minute / kMinutesPerHour));
+    const int lastHour = static_cast<int>(std::ceil((last->minute + 1) / kMinutesPerHour));
+    const int step = (lastHour - firstHour + kLabelledHours - 1) / kLabelledHours;
+    for (int hour = firstHour; hour <= lastHour; hour += step)
+        m_time->append(hourText(hour), hour * kMinutesPerHour);
+    m_time->setRange(firstHour * kMinutesPerHour, lastHour * kMinutesPerHour);
+}
+
+void ChartPanel::moveCursor(double minute)
+{
+    const ChartPoint* const point = radiation::nearestPoint(m_points, minute);
+    if (!point)
+        return;
+    const QRectF area = m_chart->plotArea();
+    const double x = m_chart->mapToPosition({point->minute, 0}, m_curves[0]).x();
+    m_cursor->setLine(x, area.top(), x, area.bottom());
+    m_cursor->show();
+    QString text = toQt(m_table.textMatrix(point->row, 0));
+    for (std::size_t i = 0; i < kFigureCount; ++i)
+        text += QStringLiteral("   %1: %2 W/m²")
+                    .arg(QString::fromLatin1(kNames[i]), toQt(m_table.textMatrix(point->row, i + 1)));
+    m_reading->setText(text);
+}
+
+void ChartPanel::hideCursor()
+{
+    m_cursor->hide();
+}
+
+bool ChartPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseMove) {
+        const QPointF at = m_view->mapToScene(static_cast<QMouseEvent*>(event)->position().toPoint());
+        moveCursor(m_chart->mapToValue(m_chart->mapFromScene(at), m_curves[0]).x());
+    } else if (event->type() == QEvent::Leave) {
+        hideCursor();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ChartPanel::save()
+{
+    const auto name = m_files.askSave({.title = "Save Chart",
+                                       .filter = "Pictures (*.png *.svg)",
+                                       .fileName = "Solar Radiation.png",
+                                       .overwritePrompt = true});
+    if (name && !name->empty())
+        saveAs(toQt(*name));
+}
+
+bool ChartPanel::saveAs(const QString& path)
+{
+    hideCursor();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    const QSize size = m_view->size();
+    if (path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
+        QSvgGenerator svg;
+        svg.setOutputDevice(&buffer);
+        svg.setSize(size);
+        svg.setViewBox(QRect({}, size));
+        svg.setTitle(QStringLiteral("Solar radiation"));
+        QPainter painter(&svg);
+        m_view->render(&painter);
+    } else {
+        constexpr int kSharpness = 2; // pixels a pixel of the screen
+        QImage image(size * kSharpness, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        m_view->render(&painter, image.rect());
+        painter.end();
+        image.save(&buffer, "PNG");
+    }
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    m_messages.show(
+        {.text = "The chart could not be saved: " + fromQt(file.errorString()) + ".", .title = "Save Chart"});
+    return false;
+}
+
+} // namespace comfortics::ui

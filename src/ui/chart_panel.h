@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/dialogs.h"
+#include "controls/grid.h"
+#include "radiation/chart_data.h"
+
+#include <QWidget>
+
+#include <array>
+#include <vector>
+
+class QCategoryAxis;
+class QChart;
+class QChartView;
+class QGraphicsLineItem;
+class QLabel;
+class QLineSeries;
+class QValueAxis;
+
+namespace comfortics::ui {
+
+/// The four curves of the radiation table over the clock time. It shows the table's figures and
+/// nothing else; the cursor reads them under the mouse.
+class ChartPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    ChartPanel(const controls::Grid& table, controls::FileDialogs& files, controls::Messages& messages,
+               QWidget* parent = nullptr);
+
+    /// Reads the table anew.
+    void refresh();
+    /// Writes the chart as SVG where the name ends in .svg, else as PNG. Tells a failure.
+    bool saveAs(const QString& path);
+    /// What the cursor reads at a minute of the clock.
+    void moveCursor(double minute);
+
+    const std::vector<radiation::ChartPoint>& points() const noexcept { return m_points; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildChart();
+    void save();
+    void hideCursor();
+
+    const controls::Grid& m_table;
+    controls::FileDialogs& m_files;
+    controls::Messages& m_messages;
+    std::vector<radiation::ChartPoint> m_points;
+    std::array<QLineSeries*, radiation::kFigureCount> m_curves{};
+    QChart* m_chart = nullptr;
+    QChartView* m_view = nullptr;
+    QCategoryAxis* m_time = nullptr;
+    QValueAxis* m_radiation = nullptr;
+    QGraphicsLineItem* m_cursor = nullptr;
+    QLabel* m_reading = nullptr;
+};
+
+} // namespace comfortics::ui

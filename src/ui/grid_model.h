@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/grid.h"
+
+#include <QAbstractTableModel>
+#include <QFont>
+
+namespace comfortics::ui {
+
+/// The body of a grid as rows, its last fixed row as header. Holds no cells: the view asks for what
+/// it shows.
+class GridModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    GridModel(controls::Grid& grid, QObject* parent);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// Where a cell of the body stands in the grid.
+    std::size_t gridRow(int row) const { return static_cast<std::size_t>(row) + m_grid.fixedRows(); }
+
+    /// Tells the views of a change of the grid.
+    void repeat(const controls::GridChange& change);
+
+    /// The least size of letters on the screen [points]; a grid's own font may be smaller.
+    void setLeastPointSize(double points) { m_leastPoints = points; }
+    QFont font(const controls::Font& own) const;
+
+private:
+    QVariant cell(std::size_t row, std::size_t col, int role) const;
+
+    controls::Grid& m_grid;
+    int m_rows;
+    int m_cols;
+    double m_leastPoints = 0;
+};
+
+} // namespace comfortics::ui

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/grid.h"
+
+#include <QTableView>
+
+#include <functional>
+
+namespace comfortics::ui {
+
+class GridModel;
+
+/// The view of a grid: its fixed row is the header, and selection, scroll position and clicks are
+/// the grid's own. A million rows are no burden, since only visible cells are asked for.
+///
+/// The view is drawn larger than the grid's twips say where letters would be too small otherwise;
+/// `twips` and `pixels` convert.
+class GridView : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit GridView(controls::Grid& grid, QWidget* parent = nullptr);
+    ~GridView() override;
+    Q_DISABLE_COPY_MOVE(GridView)
+
+    /// Called with the new size [twips] when the view's changes; without it the grid alone learns
+    /// its size.
+    void onResize(std::function<void(int width, int height)> resized) { m_resized = std::move(resized); }
+    /// Called for each notch of the wheel, at a point of the grid [twips]; without it the grid
+    /// scrolls by a page.
+    void onWheel(std::function<void(int modifierKeys, int rotation, int x, int y)> wheel)
+    {
+        m_wheel = std::move(wheel);
+    }
+    /// Called after the current cell or the selection has moved.
+    void onSelection(std::function<void()> moved) { m_moved = std::move(moved); }
+
+    void selectAll() override;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    int pixels(int twips) const;
+    int twips(int pixels) const;
+    void measure();
+    void repeat(const controls::GridChange& change);
+    void repeatLayout();
+    void repeatSelection();
+    void repeatScroll();
+    void tellSize();
+    bool headerPress(QMouseEvent& event);
+    void moveTo(const QModelIndex& index, bool extend);
+    void showNote(const QPoint& position, const QPoint& onScreen);
+
+    controls::Grid& m_grid;
+    GridModel* m_model;
+    std::function<void(int, int)> m_resized;
+    std::function<void(int, int, int, int)> m_wheel;
+    std::function<void()> m_moved;
+    double m_pixelsPerTwip = 1;
+    int m_turned = 0; // of the wheel, less than a notch
+    bool m_telling = false;
+};
+
+} // namespace comfortics::ui

@@ -1,0 +1,432 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/main_window.h"
+
+#include "formulas/live_quantity.h"
+#include "shell/status_line.h"
+#include "ui/bindings.h"
+#include "ui/index_list.h"
+#include "ui/text.h"
+#include "ui/widgets.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace comfortics::ui {
+
+using core::Reading;
+using core::ReadingInfo;
+
+namespace {
+
+constexpr int kSpacing = 12;
+constexpr int kNarrow = 6;
+constexpr double kReadingScale = 1.25;
+constexpr int kReadingCharacters = 7;
+constexpr int kAssumptionCharacters = 14;
+constexpr QLatin1String kWideValue("64.1234567890123"); // the mean radiant temperature is not rounded
+constexpr int kCalculateIcon = 40;
+constexpr int kConverterWidth = 280; // what placing leaves free at the side
+constexpr int kLeastWidth = 960;
+constexpr double kScreenShare = 0.92;
+
+// The object name is that of the form's control.
+void name(QWidget& widget, const QString& objectName, const QString& accessibleName, const QString& hint)
+{
+    widget.setObjectName(objectName);
+    widget.setAccessibleName(accessibleName);
+    widget.setToolTip(hint);
+}
+
+void scaleFont(QWidget& widget, double scale)
+{
+    QFont font = widget.font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    widget.setFont(font);
+}
+
+} // namespace
+
+MainWindow::MainWindow(core::Frm_Main& form, const QString& warning) : FormWindow(form), m_form(form)
+{
+    setMenuBar(new MenuBar);
+    buildMenus();
+    buildStatus(warning);
+
+    auto* const central = new QWidget;
+    auto* const layout = new QVBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new ContentArea(buildContent()));
+    setCentralWidget(central);
+    m_options = buildOptions(central); // lies over the content
+
+    setTabOrders();
+    m_readings[0]->setFocus();
+}
+
+QWidget* MainWindow::buildContent()
+{
+    auto* const content = new QWidget;
+    auto* const columns = new QHBoxLayout(content);
+    columns->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
+    columns->setSpacing(kSpacing);
+    auto* const left = new QVBoxLayout;
+    left->setSpacing(kSpacing);
+    left->addWidget(buildReadings());
+    left->addWidget(buildActions());
+    left->addStretch();
+    columns->addLayout(left, 2);
+    columns->addWidget(buildLive(), 1, Qt::AlignTop);
+    columns->addWidget(buildIndices(), 3);
+    return content;
+}
+
+QWidget* MainWindow::readingField(Reading reading)
+{
+    const ReadingInfo& info = core::kReadingInfo[static_cast<std::size_t>(reading)];
+    controls::TextBox& box = m_form.calculation.readings.box(reading);
+
+    auto* const field = new QWidget;
+    auto* const layout = new QGridLayout(field);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setVerticalSpacing(2);
+    auto* const heading = new QLabel(toQt(info.heading));
+    auto* const line = new QLineEdit;
+    auto* const unit = new QLabel(toQt(info.unit));
+    if (reading == Reading::SR)
+        bind(*unit, m_form.lbl_SR_unit);
+    scaleFont(*line, kReadingScale);
+    line->setMinimumWidth(line->fontMetrics().averageCharWidth() * kReadingCharacters);
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as there is room
+    unit->setMinimumWidth(unit->fontMetrics().horizontalAdvance(QStringLiteral("W/m²")));
+    name(*line, QStringLiteral("txt_") + toQt(info.key),
+         toQt(info.heading) + QStringLiteral(", ") + unit->text(), toQt(info.hint));
+    heading->setToolTip(line->toolTip());
+    layout->addWidget(heading, 0, 0, 1, 2);
+    layout->addWidget(line, 1, 0);
+    layout->addWidget(unit, 1, 1);
+    layout->setColumnStretch(0, 1);
+
+    const auto* const binding = new TextBoxBinding(*line, box);
+    connect(binding, &TextBoxBinding::keyHandled, this, [this](controls::KeyPress press) {
+        if (press.key == controls::Key::Enter)
+            showStatus();
+    });
+    m_readings[static_cast<std::size_t>(reading)] = line;
+    return field;
+}
+
+// The arrow keys follow this arrangement.
+QWidget* MainWindow::buildReadings()
+{
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(kNarrow);
+    grid->setVerticalSpacing(kSpacing);
+    const auto pair = [this, grid](int row, Reading left, Reading right) {
+        grid->addWidget(readingField(left), row, 0);
+        grid->addWidget(readingField(right), row, 2);
+        QLabel* const either = quietLabel(QStringLiteral("or"));
+        either->setFixedHeight(m_readings.front()->sizeHint().height()); // beside the boxes
+        grid->addWidget(either, row, 1, Qt::AlignBottom);
+    };
+    grid->addWidget(readingField(Reading::TA), 0, 0, 1, 3);
+    pair(1, Reading::TG, Reading::SR);
+    pair(2, Reading::DP, Reading::RH);
+    grid->addWidget(readingField(Reading::WS), 3, 0, 1, 3);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(2, 1);
+    return new Card(QStringLiteral("Readings"), grid);
+}
+
+QWidget* MainWindow::buildActions()
+{
+    auto* const picture =
+        new QPushButton(QIcon(QStringLiteral(":/calculate.svg")), QStringLiteral("Calculate"));
+    picture->setIconSize({kCalculateIcon, kCalculateIcon});
+    scaleFont(*picture, kReadingScale);
+    bind(*picture, m_form.Img_Calculate);
+    name(*picture, QStringLiteral("Img_Calculate"), QStringLiteral("Calculate"),
+         QStringLiteral("Calculates the indices and shows the results table (Enter in a reading)"));
+
+    auto* const first = new QPushButton;
+    bind(*first, m_form.cmd_Show_Results);
+    name(*first, QStringLiteral("cmd_Show_Results"), first->text(),
+         QStringLiteral("Calculates the indices and shows the results table"));
+    auto* const second = new QPushButton;
+    bind(*second, m_form.cmd_Calculate);
+    name(*second, QStringLiteral("cmd_Calculate"), second->text(),
+         QStringLiteral("Calculates the indices without showing the results table"));
+
+    auto* const actions = new QWidget;
+    auto* const grid = new QGridLayout(actions);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(kNarrow);
+    grid->addWidget(picture, 0, 0, 1, 2);
+    grid->addWidget(first, 1, 0);
+    grid->addWidget(second, 1, 1);
+    for (QPushButton* const button : {picture, first, second}) {
+        connect(button, &QPushButton::clicked, this, [this] { showStatus(); });
+        m_tabOrder.push_back(button);
+    }
+    return actions;
+}
+
+QWidget* MainWindow::buildLive()
+{
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(kNarrow);
+    grid->setVerticalSpacing(kSpacing);
+    QFont bold = font();
+    bold.setBold(true);
+    grid->setColumnMinimumWidth(2, QFontMetrics(bold, this).horizontalAdvance(kWideValue));
+    for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
+        const formulas::LiveInfo& info = formulas::kLiveInfo[i];
+        const int row = static_cast<int>(i);
+        auto* const symbol = new QLabel(toQt(info.symbol));
+        QFont italic = symbol->font();
+        italic.setItalic(true);
+        symbol->setFont(italic);
+        auto* const value = new QLabel;
+        value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        value->setFont(bold);
+        name(*value, toQt(info.symbol), toQt(info.name) + QStringLiteral(", ") + toQt(info.unit),
+             toQt(info.name) + QStringLiteral(" (") + toQt(info.symbol) + QStringLiteral(") in ") +
+                 toQt(info.unit));
+        bind(*value, m_form.calculation.liveLabel(static_cast<formulas::Live>(i)));
+        auto* const text = new QLabel(toQt(info.name));
+        text->setBuddy(value);
+        grid->addWidget(text, row, 0);
+        grid->addWidget(symbol, row, 1);
+        grid->addWidget(value, row, 2);
+        grid->addWidget(new QLabel(toQt(info.unit)), row, 3);
+    }
+    grid->setColumnStretch(2, 1);
+    grid->setRowStretch(static_cast<int>(formulas::kLiveCount), 1);
+    return new Card(QStringLiteral("Live quantities"), grid);
+}
+
+QWidget* MainWindow::buildIndices()
+{
+    auto* const search = new QLineEdit;
+    search->setPlaceholderText(QStringLiteral("Search the list"));
+    search->setClearButtonEnabled(true);
+    search->addAction(QIcon(QStringLiteral(":/search.svg")), QLineEdit::LeadingPosition);
+    name(*search, QStringLiteral("txt_Search_List"), QStringLiteral("Search the index list"),
+         QStringLiteral("Moves the list to the first index whose name contains the text"));
+    new TextBoxBinding(*search, m_form.txt_Search_List);
+
+    auto* const list = new IndexList(m_form.List_Indices);
+    name(*list, QStringLiteral("List_Indices"), QStringLiteral("Indices"),
+         QStringLiteral("Ticked indices are calculated"));
+
+    auto* const all = new QCheckBox;
+    bind(*all, m_form.Check_All_Indices);
+    name(*all, QStringLiteral("Check_All_Indices"), QStringLiteral("All indices"),
+         QStringLiteral("Ticks all indices of the list or none"));
+
+    auto* const layout = new QVBoxLayout;
+    auto* const top = new QHBoxLayout;
+    top->addWidget(search, 1);
+    top->addWidget(all);
+    layout->addLayout(top);
+    layout->addWidget(list, 1);
+    m_tabOrder.insert(m_tabOrder.begin(), {search, list, all});
+    return new Card(QStringLiteral("Indices"), layout);
+}
+
+void MainWindow::assumptionRow(QGridLayout& grid, controls::Label& heading, controls::TextBox& box,
+                               const QString& objectName, const QString& hint)
+{
+    const int row = grid.rowCount();
+    auto* const label = new QLabel;
+    auto* const line = new QLineEdit;
+    bind(*label, heading);
+    new TextBoxBinding(*line, box);
+    name(*line, objectName, label->text(), hint);
+    label->setToolTip(hint);
+    grid.addWidget(label, row, 0);
+    line->setMaximumWidth(line->fontMetrics().averageCharWidth() * kAssumptionCharacters);
+    grid.addWidget(line, row, 1);
+    m_tabOrder.push_back(line);
+}
+
+void MainWindow::choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group)
+{
+    auto* const label = new QLabel;
+    bind(*label, heading);
+    label->setWordWrap(true);
+    const int row = grid.rowCount();
+    grid.addWidget(label, row, 0, 1, 2);
+    auto* const choices = new QWidget; // holds the buttons of one choice together
+    auto* const layout = new QHBoxLayout(choices);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (std::size_t option = 0; option < group.captions().size(); ++option) {
+        auto* const button = new QRadioButton;
+        bind(*button, group, option);
+        name(*button, button->text(), label->text() + QStringLiteral(" ") + button->text(), label->text());
+        layout->addWidget(button);
+        m_tabOrder.push_back(button);
+    }
+    layout->addStretch();
+    grid.addWidget(choices, row + 1, 0, 1, 2);
+}
+
+QWidget* MainWindow::buildOptions(QWidget* parent)
+{
+    auto* const content = new QGridLayout;
+    content->setHorizontalSpacing(kSpacing);
+    assumptionRow(*content, m_form.lbl_ArAdu, m_form.txt_ArAdu, QStringLiteral("txt_ArAdu"),
+                  QStringLiteral("Share of the body's surface that takes part in radiation, no unit"));
+    assumptionRow(*content, m_form.lbl_Emmisivity, m_form.txt_Emmisivity, QStringLiteral("txt_Emmisivity"),
+                  QStringLiteral("Emissivity of the body's surface, no unit"));
+    assumptionRow(*content, m_form.lbl_Barometric, m_form.txt_Barometric, QStringLiteral("txt_Barometric"),
+                  QStringLiteral("Barometric pressure in hPa"));
+    assumptionRow(*content, m_form.lbl_Height, m_form.txt_Height, QStringLiteral("txt_Height"),
+                  QStringLiteral("Body mass in kg"));
+    assumptionRow(*content, m_form.lbl_Weight, m_form.txt_Weight, QStringLiteral("txt_Weight"),
+                  QStringLiteral("Body stature in cm"));
+    assumptionRow(*content, m_form.lbl_Friction, m_form.txt_Friction, QStringLiteral("txt_Friction"),
+                  QStringLiteral("Exponent of the wind profile, no unit"));
+
+    choiceRows(*content, m_form.lbl_Limits, m_form.Opt_Limits);
+    choiceRows(*content, m_form.lbl_Rules, m_form.Opt_Rules);
+
+    auto* const close = new QPushButton(QStringLiteral("Close"));
+    close->setToolTip(QStringLiteral("Hides the options; what is set here stays in force (Escape)"));
+    connect(close, &QPushButton::clicked, this, [this] { turnOptions(); });
+    m_tabOrder.push_back(close);
+    content->addWidget(close, content->rowCount(), 0, 1, 2, Qt::AlignRight);
+
+    m_firstOption = content->itemAtPosition(1, 1)->widget();
+    auto* const area = new ContentArea(new Card(toQt(m_form.Menu_Options.caption()), content), parent);
+    area->setAutoFillBackground(true);
+    connect(new QShortcut(QKeySequence(Qt::Key_Escape), area, {}, {}, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, [this] { turnOptions(); });
+    area->setObjectName(QStringLiteral("Fra_Options"));
+    bindAppearance(*area, m_form.Fra_Options);
+    return area;
+}
+
+void MainWindow::buildMenus()
+{
+    const auto add = [](QWidget& menu, controls::MenuEntry& entry, char mnemonic, const QString& tip) {
+        auto* const action = new QAction(&menu);
+        bind(*action, entry, mnemonic);
+        if (!tip.isEmpty())
+            action->setProperty("tip", tip);
+        menu.addAction(action);
+        return action;
+    };
+    QMenuBar& bar = *menuBar();
+    const QString notYet = QStringLiteral("not part of this build yet");
+    const auto ready = [&notYet](const controls::MenuEntry& entry, const QString& tip) {
+        return entry.enabled() ? tip : notYet;
+    };
+    add(bar, m_form.Menu_Raw_Data, 'R',
+        ready(m_form.Menu_Raw_Data, QStringLiteral("Calculates many rows of readings")));
+    add(bar, m_form.Menu_Radiation, 'S',
+        ready(m_form.Menu_Radiation, QStringLiteral("Estimates solar radiation for a day and a place")));
+    add(bar, m_form.Menu_Converter, 'C', QStringLiteral("Converts other units into those of the readings"));
+    listen(*this, m_form.Menu_Converter.click, [this] { tellPlace(); }); // where it docks
+
+    auto* const hotkeys = new QMenu(withMnemonic(m_form.menu_Hotkeys.caption(), 'H'), &bar);
+    for (controls::MenuEntry* const entry :
+         {&m_form.menu_Enter, &m_form.menu_Backspace, &m_form.Menu_Delete, &m_form.Menu_Arrows})
+        add(*hotkeys, *entry, 0, {});
+    bar.addMenu(hotkeys);
+
+    const auto* const options = add(bar, m_form.Menu_Options, 'O',
+                                    QStringLiteral("Assumptions on body and site, and the use of limits"));
+    connect(options, &QAction::triggered, this, [this] { focusOptions(); });
+}
+
+void MainWindow::buildStatus(const QString& warning)
+{
+    statusBar()->setContentsMargins(kNarrow, 0, 0, 0);
+    m_status = new CutLabel;
+    m_status->show(QStringLiteral("Type the readings, then press Enter."));
+    statusBar()->addWidget(m_status, 1);
+    if (!warning.isEmpty()) {
+        auto* const label = new CutLabel;
+        label->show(warning);
+        statusBar()->addPermanentWidget(label, 1);
+    }
+}
+
+void MainWindow::showStatus()
+{
+    m_status->show(toQt(shell::statusLine(m_form.calculation)));
+}
+
+void MainWindow::setTabOrders()
+{
+    for (std::size_t i = 1; i < m_readings.size(); ++i)
+        setTabOrder(m_readings[i - 1], m_readings[i]);
+    QWidget* last = m_readings.back();
+    for (QWidget* const widget : m_tabOrder) {
+        setTabOrder(last, widget);
+        last = widget;
+    }
+}
+
+void MainWindow::turnOptions()
+{
+    m_form.Menu_Options.click.raise();
+    focusOptions();
+}
+
+// The options hide the readings: the keyboard goes to what is in sight.
+void MainWindow::focusOptions()
+{
+    if (m_form.Fra_Options.visible())
+        m_firstOption->setFocus(Qt::ShortcutFocusReason);
+    else
+        m_readings.front()->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::placeOptions()
+{
+    m_options->setGeometry(QRect(QPoint(m_form.Fra_Options.left(), m_form.Fra_Options.top()),
+                                 m_options->sizeHint().boundedTo(centralWidget()->size())));
+    m_options->raise();
+}
+
+void MainWindow::placeOnScreen()
+{
+    const QRect usable = screen()->availableGeometry();
+    // As wide as it likes, but with room for the converter; the index list gives way.
+    const int width = std::min(sizeHint().width(), std::max(usable.width() - kConverterWidth, kLeastWidth));
+    resize(width, std::min(sizeHint().height(), static_cast<int>(usable.height() * kScreenShare)));
+    const int free = std::max(usable.width() - width, 0);
+    placeWithin(usable, usable.topLeft() + QPoint((free - std::min(free, kConverterWidth)) / 2,
+                                                  (usable.height() - height()) / 3));
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    FormWindow::resizeEvent(event);
+    placeOptions();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_form.visible() && m_form.Form_QueryUnload())
+        event->ignore();
+    else
+        event->accept();
+}
+
+} // namespace comfortics::ui

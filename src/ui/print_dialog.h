@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "output/print_job.h"
+
+namespace comfortics::ui {
+
+/// A preview, from which the system's print dialog is reached. That one prints to a PDF file, too,
+/// and offers nothing else where there is no printer.
+class DesktopPrintDialog final : public output::PrintDialog {
+public:
+    void show(const std::function<void(output::Printer&)>& print) override;
+};
+
+} // namespace comfortics::ui

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/results_window.h"
+
+#include "ui/bindings.h"
+#include "ui/grid_view.h"
+#include "ui/text.h"
+#include "ui/widgets.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace comfortics::ui {
+
+namespace {
+
+constexpr int kSpacing = 8;
+constexpr QSize kSize(780, 680);
+constexpr double kMainShown = 0.36; // of the main window's width, with the readings
+
+} // namespace
+
+ResultsWindow::ResultsWindow(output::Frm_Comfortics& form, const QWidget& main, std::function<void()> closed)
+    : FormWindow(form), m_form(form), m_closed(std::move(closed))
+{
+    m_reason = new CutLabel;
+    statusBar()->setContentsMargins(kSpacing, 0, 0, 0);
+    statusBar()->addWidget(m_reason, 1);
+    buildMenu();
+    setCentralWidget(buildContent());
+    m_table->setFocus();
+    buildKeys();
+    placeBeside(main);
+}
+
+void ResultsWindow::buildMenu()
+{
+    m_menu = new QMenu(toQt(m_form.Menu_Copy.caption()), this);
+    const auto add = [this](controls::MenuEntry& entry, char mnemonic, const QKeySequence& keys) {
+        auto* const action = new QAction(m_menu);
+        bind(*action, entry, mnemonic);
+        action->setShortcut(keys);
+        m_menu->addAction(action);
+        return action;
+    };
+    add(m_form.Menu_Copy_Copy, 'A', {});
+    // In the search box the same keys copy the text there.
+    auto* const copy = add(m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy);
+    auto* const save = add(m_form.Menu_Export, 'E', QKeySequence::Save);
+    auto* const print = add(m_form.Menu_Print, 'P', QKeySequence::Print);
+    for (QAction* const action : {copy, save, print})
+        addAction(action);
+    listen(*this, m_form.popUpMenu_Copy, [this] { m_menu->popup(QCursor::pos()); });
+}
+
+GridView* ResultsWindow::buildTable(controls::Grid& grid, const QString& objectName)
+{
+    auto* const table = new GridView(grid);
+    table->setObjectName(objectName);
+    table->setAccessibleName(QStringLiteral("Results"));
+    table->onResize([this](int width, int height) { m_form.resizeGrids(width, height); });
+    table->onWheel([this, &grid](int modifierKeys, int rotation, int x, int y) {
+        m_form.MouseWheel(modifierKeys, rotation, grid.left() + x, grid.top() + y);
+    });
+    table->onSelection([this] { showReason(); });
+    bindAppearance(*table, grid);
+    return table;
+}
+
+QWidget* ResultsWindow::buildContent()
+{
+    m_search = new QLineEdit;
+    m_search->setObjectName(QStringLiteral("txt_Search"));
+    m_search->setClearButtonEnabled(true);
+    m_search->setPlaceholderText(QStringLiteral("Search the indices"));
+    m_search->addAction(QIcon(QStringLiteral(":/search.svg")), QLineEdit::LeadingPosition);
+    m_search->setAccessibleName(QStringLiteral("Search the indices"));
+    m_search->setToolTip(
+        QStringLiteral("Shows the indices whose name contains the text (Ctrl+F; Escape clears it)"));
+    new TextBoxBinding(*m_search, m_form.txt_Search);
+
+    auto* const info = new QLabel;
+    bind(*info, m_form.lbl_sort_Info);
+    info->setForegroundRole(QPalette::PlaceholderText);
+
+    auto* const menu = new QPushButton(withMnemonic(m_form.Menu_Copy.caption(), 'M'));
+    menu->setMenu(m_menu);
+    menu->setToolTip(
+        QStringLiteral("Copies, exports and prints the table; the right mouse button opens it, too"));
+
+    auto* const top = new QHBoxLayout;
+    top->setSpacing(kSpacing);
+    top->addWidget(m_search, 1);
+    top->addWidget(info);
+    top->addWidget(menu);
+
+    auto* const content = new QWidget;
+    auto* const layout = new QVBoxLayout(content);
+    layout->setContentsMargins(kSpacing, kSpacing, kSpacing, 0);
+    layout->setSpacing(kSpacing);
+    layout->addLayout(top);
+    // One of the two is visible at any time, in the same place.
+    m_table = buildTable(m_form.Flex, QStringLiteral("Flex"));
+    layout->addWidget(m_table, 1);
+    layout->addWidget(buildTable(m_form.Flex_Search, QStringLiteral("Flex_Search")), 1);
+    return content;
+}
+
+void ResultsWindow::buildKeys()
+{
+    const auto add = [this](const QKeySequence& keys, const std::function<void()>& action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    };
+    add(QKeySequence::Find, [this] {
+        m_search->setFocus(Qt::ShortcutFocusReason);
+        m_search->selectAll();
+    });
+    add(QKeySequence(Qt::Key_Escape), [this] { m_search->clear(); });
+}
+
+// The reason of a blank in the current row, for those who use no mouse.
+void ResultsWindow::showReason()
+{
+    const controls::Grid& grid = m_form.visibleGrid();
+    std::string reason;
+    for (std::size_t col = 0; col < grid.cols() && reason.empty(); ++col)
+        reason = grid.note(grid.row(), col);
+    m_reason->show(toQt(reason));
+}
+
+// Leaves the readings of the main window in sight.
+void ResultsWindow::placeBeside(const QWidget& main)
+{
+    resize(kSize);
+    const QRect frame = main.frameGeometry();
+    placeWithin(usableBeside(main),
+                {frame.left() + static_cast<int>(frame.width() * kMainShown), frame.top()});
+}
+
+void ResultsWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    m_closed();
+}
+
+} // namespace comfortics::ui

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/text.h"
+
+namespace comfortics::ui {
+
+QString withMnemonic(std::string_view caption, char mnemonic)
+{
+    QString text;
+    bool marked = mnemonic == 0;
+    for (const QChar character : toQt(caption)) {
+        if (character == QLatin1Char('&')) {
+            text += QLatin1Char('&');
+        } else if (!marked && character == QLatin1Char(mnemonic)) {
+            text += QLatin1Char('&');
+            marked = true;
+        }
+        text += character;
+    }
+    return text;
+}
+
+} // namespace comfortics::ui

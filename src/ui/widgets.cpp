@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/widgets.h"
+
+#include "ui/colors.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <QVBoxLayout>
+
+namespace comfortics::ui {
+
+namespace {
+
+constexpr double kCorner = 6;
+constexpr int kPadding = 12;
+constexpr double kHeadingScale = 1.1;
+
+} // namespace
+
+Card::Card(const QString& heading, QLayout* content, QWidget* parent) : QFrame(parent)
+{
+    auto* const label = new QLabel(heading);
+    QFont font = label->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * kHeadingScale);
+    label->setFont(font);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
+    layout->addWidget(label);
+    layout->addLayout(content, 1);
+}
+
+void Card::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor ground = palette().color(QPalette::Window);
+    painter.setBrush(isDark(palette()) ? ground.lighter(118) : ground.lighter(103));
+    painter.setPen(isDark(palette()) ? ground.lighter(160) : ground.darker(118));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+}
+
+void CutLabel::show(const QString& text)
+{
+    setText(text);
+    setToolTip(text);
+}
+
+QSize CutLabel::minimumSizeHint() const
+{
+    return {0, QLabel::minimumSizeHint().height()};
+}
+
+void CutLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(contentsRect(), static_cast<int>(alignment()),
+                     fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
+}
+
+bool MenuBar::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* const help = static_cast<QHelpEvent*>(event);
+        const QAction* const action = actionAt(help->pos());
+        // Without one of its own an action's tooltip repeats its text.
+        if (action && action->property("tip").isValid())
+            QToolTip::showText(help->globalPos(), action->property("tip").toString(), this);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QMenuBar::event(event);
+}
+
+ContentArea::ContentArea(QWidget* content, QWidget* parent) : QScrollArea(parent)
+{
+    setWidget(content);
+    setWidgetResizable(true);
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, QWidget* now) {
+        if (now && widget() && widget()->isAncestorOf(now))
+            ensureWidgetVisible(now);
+    });
+}
+
+QSize ContentArea::sizeHint() const
+{
+    return widget()->sizeHint() + QSize(2 * frameWidth(), 2 * frameWidth());
+}
+
+QLabel* quietLabel(const QString& text, QWidget* parent)
+{
+    auto* const label = new QLabel(text, parent);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+} // namespace comfortics::ui

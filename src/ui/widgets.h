@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Small widgets that the windows share.
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScrollArea>
+
+namespace comfortics::ui {
+
+/// A panel with a heading, its content below.
+class Card : public QFrame {
+    Q_OBJECT
+
+public:
+    /// Takes the layout of the content over.
+    Card(const QString& heading, QLayout* content, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// One line of text that is cut with an ellipsis where it does not fit; the tooltip has all of it.
+class CutLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+
+    void show(const QString& text);
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// A menu bar that shows the tooltips of its entries, of greyed ones too.
+class MenuBar : public QMenuBar {
+    Q_OBJECT
+
+public:
+    using QMenuBar::QMenuBar;
+
+protected:
+    bool event(QEvent* event) override;
+};
+
+/// Lets its content shrink no further than legible and scrolls it then.
+class ContentArea : public QScrollArea {
+    Q_OBJECT
+
+public:
+    explicit ContentArea(QWidget* content, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+};
+
+/// A label in quieter text than its surroundings.
+QLabel* quietLabel(const QString& text, QWidget* parent = nullptr);
+
+} // namespace comfortics::ui
