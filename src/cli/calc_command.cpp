@@ -49,10 +49,11 @@ public:
             ->capture_default_str()
             ->group("Output");
         command->add_flag("--reasons", m_options.reasons, "Say why a value is blank")->group("Output");
-        command->footer("The texts are written to the reading boxes in the order ta, tg, sr, td, rh, ws, as if\n"
-                        "pasted: what is no number is dropped, and a later member of a pair (globe temperature or\n"
-                        "solar radiation, dew point or humidity) empties the earlier one.\n"
-                        "Example: comfortics-cli calc --ta 30 --rh 50 --ws 2 --sr 600");
+        command->footer(
+            "The texts are written to the reading boxes in the order ta, tg, sr, td, rh, ws, as if\n"
+            "pasted: what is no number is dropped, and a later member of a pair (globe temperature or\n"
+            "solar radiation, dew point or humidity) empties the earlier one.\n"
+            "Example: comfortics-cli calc --ta 30 --rh 50 --ws 2 --sr 600");
         return command;
     }
 
@@ -117,7 +118,8 @@ private:
 
     std::string csv(const Calculation& calculation, const core::Settings& settings) const
     {
-        std::string result = m_options.reasons ? "number,name,value,unit,reason\r\n" : "number,name,value,unit\r\n";
+        std::string result =
+            m_options.reasons ? "number,name,value,unit,reason\r\n" : "number,name,value,unit\r\n";
         for (const core::CatalogueRow& row : core::catalogue()) {
             if (!settings.selection.contains(row.number))
                 continue;
@@ -141,7 +143,9 @@ private:
                      const std::vector<std::string>& messages) const
     {
         nlohmann::ordered_json root;
-        root["status"] = status == RunStatus::Ok ? "ok" : status == RunStatus::Rejected ? "rejected" : "failed";
+        root["status"] = status == RunStatus::Ok         ? "ok"
+                         : status == RunStatus::Rejected ? "rejected"
+                                                         : "failed";
         auto& boxes = root["boxes"];
         for (std::size_t i = 0; i < core::kReadingCount; ++i)
             boxes[std::string(core::kReadingInfo[i].key)] =

@@ -70,12 +70,15 @@ void CalculationOptions::addTo(CLI::App& command)
     command.add_flag("--ignore-limits", m_ignoreLimits, "Evaluate the indices whatever their limits")
         ->group("Calculation");
     command
-        .add_option("--rules", m_rules,
-                    "Calculation rules: classic (a failure ends the run) or robust (it costs what depends on it)")
+        .add_option(
+            "--rules", m_rules,
+            "Calculation rules: classic (a failure ends the run) or robust (it costs what depends on it)")
         ->check(CLI::IsMember({"classic", "robust"}))
         ->capture_default_str()
         ->group("Calculation");
-    command.add_option("--limits", m_limitsFile, "Read the limits from FILE instead of Limits.Index beside the program")
+    command
+        .add_option("--limits", m_limitsFile,
+                    "Read the limits from FILE instead of Limits.Index beside the program")
         ->type_name("FILE")
         ->group("Calculation");
     command.add_option("--select", m_select, "Evaluate these indices only, for instance 1,5,10-20")
@@ -122,7 +125,8 @@ void CalculationOptions::writeAssumptions(core::AssumptionBoxes& boxes) const
 
 void ReadingOptions::addTo(CLI::App& command)
 {
-    constexpr std::array<const char*, core::kReadingCount> kNames{"--ta", "--tg", "--sr", "--td", "--rh", "--ws"};
+    constexpr std::array<const char*, core::kReadingCount> kNames{"--ta", "--tg", "--sr",
+                                                                  "--td", "--rh", "--ws"};
     for (std::size_t i = 0; i < core::kReadingCount; ++i)
         command.add_option(kNames[i], m_texts[i], std::string(core::kReadingInfo[i].hint))
             ->type_name("TEXT")

@@ -86,12 +86,14 @@ inline std::vector<Cells> randomRows(std::size_t count, std::uint32_t seed)
     std::mt19937 random(seed);
     const auto chance = [&random](unsigned percent) { return random() % 100 < percent; };
     const auto tenth = [&random](int from, int to) {
-        const int value = from * 10 + static_cast<int>(random() % static_cast<unsigned>((to - from) * 10 + 1));
+        const int value =
+            from * 10 + static_cast<int>(random() % static_cast<unsigned>((to - from) * 10 + 1));
         return (value < 0 ? "-" : "") + std::to_string(std::abs(value) / 10) + "." +
                std::to_string(std::abs(value) % 10);
     };
-    const std::array<const char*, 22> odd{"",     "-",    ".",   "abc",  "1,5",   "1,2,3", "5-",   "20.", "0.",  "0",   "58.1",
-                                          "-999", "1368", "100", "100.1", " 7 ",   "1e1",   "20,0", "-5-", "1.05", "600", "99-"};
+    const std::array<const char*, 22> odd{"",    "-",    ".",    "abc",  "1,5",  "1,2,3", "5-",    "20.",
+                                          "0.",  "0",    "58.1", "-999", "1368", "100",   "100.1", " 7 ",
+                                          "1e1", "20,0", "-5-",  "1.05", "600",  "99-"};
     std::vector<Cells> rows;
     for (std::size_t i = 0; i < count; ++i) {
         Cells row;

@@ -42,16 +42,22 @@ TEST(ColumnMap, FindsColumnsByNameInAnyOrder)
     };
     const std::vector<Row> rows{
         {"short names", {"Ta", "Tg", "SR", "Td", "RH", "WS"}, {"1", "2", "3", "4", "5", "6"}, "1|2|3|4|5|6|"},
-        {"other cases, DP, blanks", {" ws", "RH ", "dp", "sr", "TG", "tA"}, {"1", "2", "3", "4", "5", "6"},
+        {"other cases, DP, blanks",
+         {" ws", "RH ", "dp", "sr", "TG", "tA"},
+         {"1", "2", "3", "4", "5", "6"},
          "6|5|4|3|2|1|"},
         {"the sheet's headers",
          {"Wind Speed (m/s)", "Relative Humidity (%)", "Dew Point (°C)", "Solar Radiation (W/m²)",
           "Globe Temperature (°C)", "Air Temperature (°C)"},
          {"1", "2", "3", "4", "5", "6"},
          "6|5|4|3|2|1|"},
-        {"the sheet's headers in small letters", {"air temperature (°c)", "wind speed (M/S)"}, {"1", "2"},
+        {"the sheet's headers in small letters",
+         {"air temperature (°c)", "wind speed (M/S)"},
+         {"1", "2"},
          "1|||||2|"},
-        {"other columns between", {"station", "Ta", "time", "RH", "", "WS"}, {"Ostrava", "1", "2", "3", "4", "5"},
+        {"other columns between",
+         {"station", "Ta", "time", "RH", "", "WS"},
+         {"Ostrava", "1", "2", "3", "4", "5"},
          "1||||3|5|"},
     };
     for (const Row& row : rows) {

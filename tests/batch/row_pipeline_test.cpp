@@ -66,8 +66,8 @@ std::string tableText(const std::vector<Cells>& rows)
     std::string text = "WS,Station,RH,Ta,Tg,SR,Td\n";
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Cells& row = rows[i];
-        std::vector<std::string> cells{row[5], "no \"" + std::to_string(i) + "\", here", row[4], row[0], row[1],
-                                       row[2], row[3]};
+        std::vector<std::string> cells{
+            row[5], "no \"" + std::to_string(i) + "\", here", row[4], row[0], row[1], row[2], row[3]};
         for (std::size_t column = 0; column < cells.size(); ++column) {
             text += column == 0 ? "" : ",";
             appendCsvCell(text, cells[column]);
@@ -101,7 +101,9 @@ TEST(RunBatch, GivesWhatTheMainWindowGivesRowByRow)
             main.cmd_Calculate.setValue(true);
         const auto& failure = main.calculation.failure();
         std::vector<std::string> expected{rows[i][5], "no \"" + std::to_string(i) + "\", here",
-                                          rows[i][4], rows[i][0], rows[i][1], rows[i][2], rows[i][3]};
+                                          rows[i][4], rows[i][0],
+                                          rows[i][1], rows[i][2],
+                                          rows[i][3]};
         if (complete && failure) {
             expected.push_back("failed: " + failure->sentence());
             expected.resize(expected.size() + 11 + 222);
@@ -168,17 +170,33 @@ TEST(RunBatch, HeadsItsColumns)
               "159 Solar Radiation [W/m²]\r\n");
     wanted.live = true;
     const auto table = cellsOf(run("30,,600,,50,2\n", wanted).csv);
-    EXPECT_EQ(table[0], (std::vector<std::string>{
-                            "Air Temperature (°C)", "Globe Temperature (°C)", "Solar Radiation (W/m²)",
-                            "Dew Point (°C)", "Relative Humidity (%)", "Wind Speed (m/s)", "Status", "Ta [°C]",
-                            "Tg [°C]", "SR [W/m²]", "Td [°C]", "RH [%]", "WS [m/s]", "Tmrt [°C]", "Tnwb [°C]",
-                            "Tpwb [°C]", "Es [hPa]", "Ea [hPa]",
-                            "35 Cooling Power (Goldschmidt; 1952) [mcal/cm²/s]", "159 Solar Radiation [W/m²]"}));
+    EXPECT_EQ(table[0], (std::vector<std::string>{"Air Temperature (°C)",
+                                                  "Globe Temperature (°C)",
+                                                  "Solar Radiation (W/m²)",
+                                                  "Dew Point (°C)",
+                                                  "Relative Humidity (%)",
+                                                  "Wind Speed (m/s)",
+                                                  "Status",
+                                                  "Ta [°C]",
+                                                  "Tg [°C]",
+                                                  "SR [W/m²]",
+                                                  "Td [°C]",
+                                                  "RH [%]",
+                                                  "WS [m/s]",
+                                                  "Tmrt [°C]",
+                                                  "Tnwb [°C]",
+                                                  "Tpwb [°C]",
+                                                  "Es [hPa]",
+                                                  "Ea [hPa]",
+                                                  "35 Cooling Power (Goldschmidt; 1952) [mcal/cm²/s]",
+                                                  "159 Solar Radiation [W/m²]"}));
     // From an independent calculation. The globe temperature is that of the radiant model, as
     // index 200, which derives it anew, is not selected.
-    EXPECT_EQ(table[1], (std::vector<std::string>{"30", "", "600", "", "50", "2", "ok", "30.00000", "39.19379",
-                                                  "600.00000", "18.43809", "50.00000", "2.00000", "64.5557761372821",
-                                                  "23.15121", "21.93809", "42.47046", "21.22134", "3.2", "600.0"}));
+    EXPECT_EQ(table[1],
+              (std::vector<std::string>{
+                  "30",       "",         "600",       "",         "50",       "2",       "ok",
+                  "30.00000", "39.19379", "600.00000", "18.43809", "50.00000", "2.00000", "64.5557761372821",
+                  "23.15121", "21.93809", "42.47046",  "21.22134", "3.2",      "600.0"}));
 }
 
 TEST(RunBatch, WritesTheRowsBeforeAMalformedOneAndNamesItsLine)
@@ -198,7 +216,8 @@ TEST(RunBatch, WritesTheRowsBeforeAMalformedOneAndNamesItsLine)
          "Line 4: the row has 3 cells where the table has 4 columns.", 1},
         {"too many cells", "Ta,SR,RH,WS\n30,600,50,2,9\n",
          "Line 2: the row has 5 cells where the table has 4 columns.", 0},
-        {"open quote", "Ta,SR,RH,WS\n30,600,50,2\n30,\"600,50,2\n", "Line 3: a quote is opened and never closed.", 1},
+        {"open quote", "Ta,SR,RH,WS\n30,600,50,2\n30,\"600,50,2\n",
+         "Line 3: a quote is opened and never closed.", 1},
         {"far down", many + "20\n", "Line 702: the row has 1 cells where the table has 4 columns.", 700},
         {"no header, five columns", "30,600,50,2,3\n",
          "Line 1: a table without a header needs six columns, this row has 5.", 0},
@@ -221,7 +240,9 @@ TEST(RunBatch, StopsWhenAskedTo)
     std::size_t asked = 0;
     const BatchSummary summary = runBatch(
         reader, kLimits, options(),
-        [&](std::string_view bytes) { lines += static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')); },
+        [&](std::string_view bytes) {
+            lines += static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n'));
+        },
         [&](const RowCounts& rows) {
             EXPECT_EQ(rows.total() + 1, lines); // told after each block that is written
             return ++asked < 3;
@@ -272,8 +293,14 @@ TEST(RunBatch, ReachesTheCalculationWithItsSettings)
 TEST(AppendCsvCell, QuotesWhereNeeded)
 {
     const std::pair<const char*, const char*> rows[] = {
-        {"", ""},           {"a b", "a b"},         {"a,b", "\"a,b\""}, {"say \"no\"", "\"say \"\"no\"\"\""},
-        {"a\nb", "\"a\nb\""}, {"a\rb", "\"a\rb\""}, {"°C", "°C"},       {"1\t2", "1\t2"},
+        {"", ""},
+        {"a b", "a b"},
+        {"a,b", "\"a,b\""},
+        {"say \"no\"", "\"say \"\"no\"\"\""},
+        {"a\nb", "\"a\nb\""},
+        {"a\rb", "\"a\rb\""},
+        {"°C", "°C"},
+        {"1\t2", "1\t2"},
     };
     for (const auto& [cell, expected] : rows) {
         std::string line;

@@ -49,7 +49,9 @@ std::vector<Table> tables()
         {"a quote inside a cell is a character", "5\" pipe,b\n", {"1: 5\" pipe|b"}},
         {"line ends in quotes", "\"a\nb\r\nc\rd\",e\nf,g\n", {"1: a\nb\r\nc\rd|e", "5: f|g"}},
         {"blanks are kept", " a , b \n", {"1:  a | b "}},
-        {"open quote", "a,b\n1,2\n3,\"4\n5,6\n", {"1: a|b", "2: 1|2", "Line 3: a quote is opened and never closed."}},
+        {"open quote",
+         "a,b\n1,2\n3,\"4\n5,6\n",
+         {"1: a|b", "2: 1|2", "Line 3: a quote is opened and never closed."}},
         {"open quote at the very end", "a\n\"", {"1: a", "Line 2: a quote is opened and never closed."}},
         {"text behind a quote", "a,b\n\"1\"2,3\n", {"1: a|b", "Line 2: text stands behind a closing quote."}},
         {"blank behind a quote", "\"1\" ,3\n", {"Line 1: text stands behind a closing quote."}},
@@ -118,7 +120,8 @@ TEST(TableReader, GivesUpOnARowWithoutEnd)
 TEST(TableReader, EmptyLinesAreNoLongRow)
 {
     TableReader reader(textSource("a\n" + std::string(3U << 20, '\n') + "b\n"));
-    EXPECT_EQ(rowsOf(std::move(reader)), (std::vector<std::string>{"1: a", std::to_string((3U << 20) + 2) + ": b"}));
+    EXPECT_EQ(rowsOf(std::move(reader)),
+              (std::vector<std::string>{"1: a", std::to_string((3U << 20) + 2) + ": b"}));
 }
 
 } // namespace

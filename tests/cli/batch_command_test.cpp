@@ -59,7 +59,8 @@ TEST(Batch, WritesTheRecordedTable)
 
 TEST(Batch, ReadsTabsAndRowsWithoutHeader)
 {
-    const Ending ending = runTool({"batch", "-", "--select", "35"}, "30\t\t600\t\t50\t2\tx\r\n7,3\t\t120\t\t88\t3,4\ty\r\n");
+    const Ending ending =
+        runTool({"batch", "-", "--select", "35"}, "30\t\t600\t\t50\t2\tx\r\n7,3\t\t120\t\t88\t3,4\ty\r\n");
     EXPECT_EQ(ending.status, 0);
     EXPECT_EQ(ending.out, "Air Temperature (°C),Globe Temperature (°C),Solar Radiation (W/m²),Dew Point (°C),"
                           "Relative Humidity (%),Wind Speed (m/s),Column 7,Status,"
@@ -88,12 +89,12 @@ TEST(Batch, CountsWhatBecameOfTheRows)
                                                                    "20,600,9.3,,2\n"
                                                                    "53,616,,78.2,0.1\n");
     EXPECT_EQ(ending.status, 0);
-    EXPECT_EQ(ending.err,
-              "Rows: 2 calculated, 1 skipped, 1 failed. Solvers without convergence: 1.\n");
+    EXPECT_EQ(ending.err, "Rows: 2 calculated, 1 skipped, 1 failed. Solvers without convergence: 1.\n");
     EXPECT_NE(ending.out.find("30,,,50,2,skipped: globe temperature or solar radiation is missing,\r\n"),
               std::string::npos);
-    EXPECT_NE(ending.out.find("20,600,9.3,,2,failed: The calculation stopped in the Universal Thermal Climate Index: "
-                              "the dew point 9.3 reads above the air temperature 20"),
+    EXPECT_NE(ending.out.find(
+                  "20,600,9.3,,2,failed: The calculation stopped in the Universal Thermal Climate Index: "
+                  "the dew point 9.3 reads above the air temperature 20"),
               std::string::npos);
 }
 
@@ -109,11 +110,14 @@ TEST(Batch, AMalformedTableNamesItsLineAndLeavesNoFile)
          "Line 3: the row has 3 cells where the table has 4 columns."},
         {"too many cells", "Ta,SR,RH,WS\r\n\r\n30,600,50,2,1\r\n",
          "Line 3: the row has 5 cells where the table has 4 columns."},
-        {"open quote", "Ta,SR,RH,WS\n30,600,50,\"2\n30,600,50,2\n", "Line 2: a quote is opened and never closed."},
-        {"text behind a quote", "Ta,SR,RH,WS\n30,600,50,\"2\"m\n", "Line 2: text stands behind a closing quote."},
+        {"open quote", "Ta,SR,RH,WS\n30,600,50,\"2\n30,600,50,2\n",
+         "Line 2: a quote is opened and never closed."},
+        {"text behind a quote", "Ta,SR,RH,WS\n30,600,50,\"2\"m\n",
+         "Line 2: text stands behind a closing quote."},
         {"no reading in the header", "a,b\n1,2\n", "Line 1: no column is named Ta, Tg, SR, Td, RH or WS."},
         {"one reading twice", "Ta,SR,RH,ta\n", "Line 1: two columns give ta."},
-        {"five columns", "30,600,50,2,1\n", "Line 1: a table without a header needs six columns, this row has 5."},
+        {"five columns", "30,600,50,2,1\n",
+         "Line 1: a table without a header needs six columns, this row has 5."},
         {"nothing", "\n\n", "The table is empty."},
     };
     for (const Row& row : rows) {

@@ -38,8 +38,8 @@ TEST(Calc, PrintsTheRecordedJson)
 
 TEST(Calc, PrintsTheRecordedCsvOfTheSelection)
 {
-    const Ending ending = runTool({"calc", "--ta", "7.3", "--tg", "15.7", "--td", "4.5", "--ws", "3.1", "--select",
-                                   "1-20,100,159,195-201", "--format", "csv"});
+    const Ending ending = runTool({"calc", "--ta", "7.3", "--tg", "15.7", "--td", "4.5", "--ws", "3.1",
+                                   "--select", "1-20,100,159,195-201", "--format", "csv"});
     EXPECT_EQ(ending.status, 0);
     EXPECT_EQ(ending.out, fileText(expectedPath("calc_globe.csv")));
 }
@@ -80,13 +80,17 @@ TEST(Calc, WritesTheBoxesInTheSheetsOrder)
         {"given in another order",
          {"--rh", "50", "--td", "10", "--ws", "0", "--sr", "600", "--tg", "35", "--ta", "30"},
          {{"TA", "30"}, {"TG", ""}, {"SR", "600"}, {"DP", ""}, {"RH", "50"}, {"WS", "0.1"}}},
-        {"rounded", {"--ta", "30.25", "--sr", "600.5", "--rh", "50,04", "--ws", "2.00"},
+        {"rounded",
+         {"--ta", "30.25", "--sr", "600.5", "--rh", "50,04", "--ws", "2.00"},
          {{"TA", "30.3"}, {"TG", ""}, {"SR", "601"}, {"DP", ""}, {"RH", "50"}, {"WS", "2"}}},
-        {"negative, also with the equals sign", {"--ta", "-9.5", "--tg=-3", "--td", "-12", "--ws=2"},
+        {"negative, also with the equals sign",
+         {"--ta", "-9.5", "--tg=-3", "--td", "-12", "--ws=2"},
          {{"TA", "-9.5"}, {"TG", "-3"}, {"SR", ""}, {"DP", "-12"}, {"RH", ""}, {"WS", "2"}}},
-        {"blanks and letters", {"--ta", " 30 ", "--tg", "warm", "--sr", "600", "--rh", "50", "--ws", "2"},
+        {"blanks and letters",
+         {"--ta", " 30 ", "--tg", "warm", "--sr", "600", "--rh", "50", "--ws", "2"},
          {{"TA", "30"}, {"TG", ""}, {"SR", "600"}, {"DP", ""}, {"RH", "50"}, {"WS", "2"}}},
-        {"an empty text is none", {"--ta", "30", "--tg", "", "--sr=", "--rh", "50", "--ws", "2"},
+        {"an empty text is none",
+         {"--ta", "30", "--tg", "", "--sr=", "--rh", "50", "--ws", "2"},
          {{"TA", "30"}, {"TG", ""}, {"SR", ""}, {"DP", ""}, {"RH", "50"}, {"WS", "2"}}},
     };
     for (const Row& row : rows) {
@@ -94,7 +98,8 @@ TEST(Calc, WritesTheBoxesInTheSheetsOrder)
         const Ending ending = runTool(with(arguments, row.readings));
         const Json json = Json::parse(ending.out);
         EXPECT_EQ(json["boxes"], row.boxes) << row.name;
-        const bool given = !row.boxes["TG"].get<std::string>().empty() || !row.boxes["SR"].get<std::string>().empty();
+        const bool given =
+            !row.boxes["TG"].get<std::string>().empty() || !row.boxes["SR"].get<std::string>().empty();
         EXPECT_EQ(json["status"], given ? "ok" : "rejected") << row.name << ending.err;
         EXPECT_EQ(ending.status, given ? 0 : 3) << row.name;
     }
@@ -102,8 +107,8 @@ TEST(Calc, WritesTheBoxesInTheSheetsOrder)
 
 TEST(Calc, AssumptionsAndLimitsReachTheFormulas)
 {
-    const Arguments globe{"calc", "--ta", "30", "--tg", "40", "--rh", "50", "--ws", "2", "--format", "json",
-                          "--select", "5,14,24"};
+    const Arguments globe{"calc", "--ta", "30",       "--tg", "40",       "--rh",   "50",
+                          "--ws", "2",    "--format", "json", "--select", "5,14,24"};
     EXPECT_EQ(value(runTool(globe), 14), "30.8");
     EXPECT_EQ(value(runTool(with(globe, {"--friction", "0.30"})), 14), "30.3");
     EXPECT_EQ(value(runTool(globe), 24), "");
@@ -111,12 +116,14 @@ TEST(Calc, AssumptionsAndLimitsReachTheFormulas)
 
     const TemporaryFolder folder;
     const std::string limits =
-        folder.write("my limits.ini", "[INDICES]\r\nTair_min_24=-60\r\nTair_max_24=30\r\nTair_min_14=0\r\nTair_max_14=29\r\n");
+        folder.write("my limits.ini",
+                     "[INDICES]\r\nTair_min_24=-60\r\nTair_max_24=30\r\nTair_min_14=0\r\nTair_max_14=29\r\n");
     const Ending other = runTool(with(globe, {"--limits", limits}));
     EXPECT_EQ(value(other, 24), "-0.4");
     EXPECT_EQ(value(other, 14), "");
     // A damaged file is no error: its bounds read as 0.
-    const Ending damaged = runTool(with(globe, {"--limits", folder.write("damaged", "\x01\xFF[INDI\nTair_max_24")}));
+    const Ending damaged =
+        runTool(with(globe, {"--limits", folder.write("damaged", "\x01\xFF[INDI\nTair_max_24")}));
     EXPECT_EQ(damaged.status, 0);
     EXPECT_EQ(value(damaged, 24), "");
     EXPECT_EQ(value(damaged, 5), "21.2"); // has no limits
@@ -136,7 +143,8 @@ TEST(Calc, ARejectedSetIsToldInTheJsonToo)
 
 TEST(Calc, AFailedRunSaysWhereAndWhyAndShowsNoFigure)
 {
-    const Ending ending = runTool({"calc", "--ta", "20", "--sr", "600", "--td", "9.3", "--ws", "2", "--format", "json"});
+    const Ending ending =
+        runTool({"calc", "--ta", "20", "--sr", "600", "--td", "9.3", "--ws", "2", "--format", "json"});
     EXPECT_EQ(ending.status, 4);
     const Json json = Json::parse(ending.out);
     EXPECT_EQ(json["status"], "failed");

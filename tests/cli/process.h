@@ -58,9 +58,10 @@ public:
 
         m_pid = ::fork();
         if (m_pid == 0) {
-            const int sink = around.standardOutput.empty()
-                                 ? out[1]
-                                 : ::open(around.standardOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+            const int sink =
+                around.standardOutput.empty()
+                    ? out[1]
+                    : ::open(around.standardOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
             ::dup2(in[0], STDIN_FILENO);
             ::dup2(sink, STDOUT_FILENO);
             ::dup2(err[1], STDERR_FILENO);

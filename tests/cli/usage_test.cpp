@@ -49,13 +49,21 @@ TEST(Usage, WrongCallsGetOneSentenceAndTheirStatus)
         {"batch without input", {"batch"}, 2, "INPUT"},
         {"readings missing", {"calc"}, 3, "the air temperature is missing"},
         {"wind missing", {"calc", "--ta", "30", "--sr", "600", "--rh", "50"}, 3, "the wind speed is missing"},
-        {"too hot", {"calc", "--ta", "58.1", "--sr", "600", "--rh", "50", "--ws", "2"}, 3,
+        {"too hot",
+         {"calc", "--ta", "58.1", "--sr", "600", "--rh", "50", "--ws", "2"},
+         3,
          "the air temperature is missing"},
-        {"lone sign", {"calc", "--ta", "-", "--sr", "600", "--rh", "50", "--ws", "2"}, 3,
+        {"lone sign",
+         {"calc", "--ta", "-", "--sr", "600", "--rh", "50", "--ws", "2"},
+         3,
          "the air temperature is no number"},
-        {"globe far below the air", {"calc", "--ta", "30", "--tg", "19", "--rh", "50", "--ws", "2"}, 3,
+        {"globe far below the air",
+         {"calc", "--ta", "30", "--tg", "19", "--rh", "50", "--ws", "2"},
+         3,
          "globe temperature or solar radiation is missing"},
-        {"dew point above the air as texts", {"calc", "--ta", "20", "--sr", "600", "--rh", "50", "--ws", "2"}, 4,
+        {"dew point above the air as texts",
+         {"calc", "--ta", "20", "--sr", "600", "--rh", "50", "--ws", "2"},
+         4,
          "the dew point 9.27 reads above the air temperature 20 (the two are compared as texts)"},
         {"no limits file", sound({"--limits", "/nowhere/Limits.Index"}), 5,
          "The limits file /nowhere/Limits.Index cannot be read."},
@@ -78,7 +86,8 @@ TEST(Usage, WrongCallsGetOneSentenceAndTheirStatus)
 
 TEST(Usage, HelpAndVersionAreNoErrors)
 {
-    for (const Arguments& arguments : {Arguments{"--help"}, {"calc", "--help"}, {"batch", "-h"}, {"list", "--help"}}) {
+    for (const Arguments& arguments :
+         {Arguments{"--help"}, {"calc", "--help"}, {"batch", "-h"}, {"list", "--help"}}) {
         const Ending ending = runTool(arguments);
         EXPECT_EQ(ending.status, 0);
         EXPECT_EQ(ending.err, "");
@@ -87,7 +96,8 @@ TEST(Usage, HelpAndVersionAreNoErrors)
     const Ending version = runTool({"--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out.find("comfortics-cli "), 0U);
-    for (const char* option : {"--ta", "--ws", "--friction", "--ignore-limits", "--limits", "--select", "--format"})
+    for (const char* option :
+         {"--ta", "--ws", "--friction", "--ignore-limits", "--limits", "--select", "--format"})
         EXPECT_NE(runTool({"calc", "--help"}).out.find(option), std::string::npos) << option;
 }
 
@@ -104,7 +114,8 @@ TEST(Usage, ListShowsTheCatalogue)
 
 TEST(Usage, AFullOrClosedOutputIsAFileError)
 {
-    for (const Arguments& arguments : {kSound, Arguments{"list"}, {"batch", expectedPath("batch_input.csv")}}) {
+    for (const Arguments& arguments :
+         {kSound, Arguments{"list"}, {"batch", expectedPath("batch_input.csv")}}) {
         const Ending full = runTool(arguments, {.standardOutput = "/dev/full"});
         EXPECT_EQ(full.status, 5) << arguments[0];
         EXPECT_EQ(full.err, "comfortics-cli: The standard output cannot be written.\n") << arguments[0];

@@ -29,7 +29,8 @@ std::string outcome(Solver solver, const Solve& s, Rules rules = Rules::Classic)
 {
     try {
         std::ostringstream bits;
-        bits << std::hex << std::bit_cast<std::uint64_t>(solver(s.Ta, s.Tmrt, s.Ea, s.WS, s.M0, rules).value());
+        bits << std::hex
+             << std::bit_cast<std::uint64_t>(solver(s.Ta, s.Tmrt, s.Ea, s.WS, s.M0, rules).value());
         return bits.str();
     } catch (const RunFailure& failure) {
         return failure.why();

@@ -25,8 +25,9 @@ public:
                 m_name = name;
                 return;
             }
-        m_folder = (std::filesystem::temp_directory_path() / ("comfortics-locale-" + std::to_string(::getpid())))
-                       .string();
+        m_folder =
+            (std::filesystem::temp_directory_path() / ("comfortics-locale-" + std::to_string(::getpid())))
+                .string();
         std::filesystem::create_directories(m_folder);
         const std::string command =
             "localedef -i de_DE -f UTF-8 '" + m_folder + "/de_DE.UTF-8' >'" + m_folder + "/log' 2>&1";

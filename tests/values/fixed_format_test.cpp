@@ -60,7 +60,8 @@ std::string formatSlowly(double value, Format format)
 void expectSameAsSlowly(double value)
 {
     for (const Format wanted : kFormats)
-        ASSERT_EQ(format(value, wanted), formatSlowly(value, wanted)) << std::hexfloat << value << " " << name(wanted);
+        ASSERT_EQ(format(value, wanted), formatSlowly(value, wanted))
+            << std::hexfloat << value << " " << name(wanted);
 }
 
 // A value with its two neighbours on either side and its mirror image.
@@ -68,7 +69,8 @@ void expectAroundSameAsSlowly(double value)
 {
     const double below = std::nextafter(value, -INFINITY);
     const double above = std::nextafter(value, INFINITY);
-    for (const double one : {std::nextafter(below, -INFINITY), below, value, above, std::nextafter(above, INFINITY)}) {
+    for (const double one :
+         {std::nextafter(below, -INFINITY), below, value, above, std::nextafter(above, INFINITY)}) {
         expectSameAsSlowly(one);
         expectSameAsSlowly(-one);
     }
@@ -92,8 +94,8 @@ TEST(FixedFormat, RoundsHalfAwayFromZeroOnFifteenDigits)
         {-2.5, kFormat0, "-3"},
         {1.005, kFormat0_00, "1.01"},
         {1.0049999999999, kFormat0_00, "1.00"},
-        {1.00499999999999, kFormat0_00, "1.00"},    // 15 digits, still below
-        {1.004999999999999, kFormat0_00, "1.01"},   // a 16th digit: on the half in 15
+        {1.00499999999999, kFormat0_00, "1.00"},  // 15 digits, still below
+        {1.004999999999999, kFormat0_00, "1.01"}, // a 16th digit: on the half in 15
         {0.5, kFormat0, "1"},
         {0.49999999999999, kFormat0, "0"},
         {0.4999999999999999, kFormat0, "1"}, // 0.500000000000000 in 15 digits
@@ -156,16 +158,17 @@ TEST(FixedFormat, AgreesWithTheSlowWayWhereTheLastDigitsDecide)
 
 TEST(FixedFormat, AgreesWithTheSlowWayAtTheEndsOfTheRange)
 {
-    for (const double value : {0.0, 5e-324, 2.2250738585072014e-308, 1e-17, 1e-16, 4.9e-6, 5e-6, 9.99999e11, 1e12,
-                               1.5e12, 999999999999999.0, 1e15, 4503599627370495.5, 9007199254740993.0, 1e59})
+    for (const double value :
+         {0.0, 5e-324, 2.2250738585072014e-308, 1e-17, 1e-16, 4.9e-6, 5e-6, 9.99999e11, 1e12, 1.5e12,
+          999999999999999.0, 1e15, 4503599627370495.5, 9007199254740993.0, 1e59})
         expectAroundSameAsSlowly(value);
 }
 
 TEST(FixedFormat, OfATextKeepsWhatIsNoNumber)
 {
     const std::pair<const char*, const char*> rows[] = {
-        {"", ""},         {"600", "600.0"},   {" 12.34 ", "12.3"}, {"12,5", "12.5"}, {"-", "-"},
-        {"1e2", "100.0"}, {"Error:", "Error:"}, {"1.2.3", "1.2.3"},
+        {"", ""},   {"600", "600.0"}, {" 12.34 ", "12.3"},  {"12,5", "12.5"},
+        {"-", "-"}, {"1e2", "100.0"}, {"Error:", "Error:"}, {"1.2.3", "1.2.3"},
     };
     for (const auto& [text, expected] : rows)
         EXPECT_EQ(format(std::string(text), kFormat0_0), expected) << text;

@@ -35,7 +35,8 @@ TEST(Number, FailsAtAStepWithoutADefinedResult)
         {"1 / 0", [] { return Number(1) / Number(0); }, "division by zero"},
         {"0 / 0", [] { return Number(0) / Number(0); }, "division by zero"},
         {"1 / -0", [] { return Number(1) / Number(-0.0); }, "division by zero"},
-        {"the infinity would vanish again", [] { return Number(1) / (Number(1) / Number(0)); }, "division by zero"},
+        {"the infinity would vanish again", [] { return Number(1) / (Number(1) / Number(0)); },
+         "division by zero"},
         {"most * 2", [] { return Number(kMost) * 2; }, "overflow"},
         {"most + most", [] { return Number(kMost) + kMost; }, "overflow"},
         {"-most - most", [] { return Number(-kMost) - kMost; }, "overflow"},
@@ -93,7 +94,8 @@ TEST(Number, HasTheBitsOfThePlainOperations)
             EXPECT_EQ(bits((Number(a) / b).value()), bits(a / b));
             const double fused = std::fma(a, b, a);
             if (bits(fused) != bits(a * b + a)) {
-                EXPECT_NE(bits((Number(a) * b + a).value()), bits(fused)) << "fused " << first << " " << second;
+                EXPECT_NE(bits((Number(a) * b + a).value()), bits(fused))
+                    << "fused " << first << " " << second;
             }
             if (first > 0 && std::isfinite(std::pow(a, b))) {
                 EXPECT_EQ(bits(power(a, b).value()), bits(std::pow(a, b)));
@@ -111,7 +113,8 @@ TEST(Number, PutsIntegersOnDoublesAtOnce)
 
 TEST(Number, RoundsHalvesToTheEvenNeighbour)
 {
-    const double rows[][2] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-0.5, 0}, {-1.5, -2}, {-2.5, -2}, {2.4, 2}, {2.6, 3}};
+    const double rows[][2] = {{0.5, 0},   {1.5, 2},   {2.5, 2}, {-0.5, 0},
+                              {-1.5, -2}, {-2.5, -2}, {2.4, 2}, {2.6, 3}};
     for (const auto& row : rows)
         EXPECT_EQ(roundHalfEven(row[0]).value(), row[1]) << row[0];
 }

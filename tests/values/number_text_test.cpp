@@ -70,7 +70,8 @@ TEST(PlainText, AgreesWithTheLibraryFormatOnRandomDoubles)
         char text[40];
         std::snprintf(text, sizeof text, "%.15G", value);
         ASSERT_EQ(plainText(value), text);
-        ASSERT_EQ(std::bit_cast<std::uint64_t>(val(text)), std::bit_cast<std::uint64_t>(std::strtod(text, nullptr)))
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(val(text)),
+                  std::bit_cast<std::uint64_t>(std::strtod(text, nullptr)))
             << text;
     }
 }
@@ -117,7 +118,9 @@ TEST(Val, ReadsTheLeadingNumber)
         {"inf", 0},
         {"nan", 0},
         {"1\xC2\xA0", 1}, // a hard blank is no blank
-        {"\xC2\xA0" "1", 0},
+        {"\xC2\xA0"
+         "1",
+         0},
         {"9007199254740993", 9007199254740992}, // to the even neighbour
         {"1e308", 1e308},
         {"1e309", kInfinity},
@@ -178,7 +181,9 @@ TEST(NumericTest, PassesWholeNumbersOnly)
         {"12a", std::nullopt},
         {"nan", std::nullopt},
         {"inf", std::nullopt},
-        {"\xC2\xA0" "1", std::nullopt},
+        {"\xC2\xA0"
+         "1",
+         std::nullopt},
         {"1e400", std::nullopt}, // beyond the double range
         {"-1e400", std::nullopt},
         {"1e-400", 0.0},

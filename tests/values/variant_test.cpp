@@ -77,25 +77,19 @@ TEST(Variant, ComparesWithALiteralByValue)
         bool below;
     };
     const std::vector<Row> rows{
-        {"-99", -99, true, false},
-        {"-99.0", -99, true, false},
+        {"-99", -99, true, false}, {"-99.0", -99, true, false},
         {"9", 15, false, true}, // as texts 9 would stand above 15
-        {"15", 15, true, false},
-        {"100", 15, false, false},
-        {"", 0, false, false},
-        {"", 15, false, false},
-        {"-", 0, false, false},
-        {"Error:", 15, false, false},
-        {kEmpty, 0, true, false},
-        {kEmpty, 0.1, false, true},
-        {-99.0, -99, true, false},
-        {std::int16_t{-99}, -99, true, false},
-        {0.05, 0.1, false, true},
-        {0.1, 0.1, true, false},
+        {"15", 15, true, false},   {"100", 15, false, false},
+        {"", 0, false, false},     {"", 15, false, false},
+        {"-", 0, false, false},    {"Error:", 15, false, false},
+        {kEmpty, 0, true, false},  {kEmpty, 0.1, false, true},
+        {-99.0, -99, true, false}, {std::int16_t{-99}, -99, true, false},
+        {0.05, 0.1, false, true},  {0.1, 0.1, true, false},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(row.value.equalsNumber(row.literal), row.equal) << shown(row.value) << " = " << row.literal;
-        EXPECT_EQ(row.value.isBelowNumber(row.literal), row.below) << shown(row.value) << " < " << row.literal;
+        EXPECT_EQ(row.value.isBelowNumber(row.literal), row.below)
+            << shown(row.value) << " < " << row.literal;
     }
 }
 
@@ -108,27 +102,16 @@ TEST(Variant, ComparesWithAVariantByKind)
         bool greater;
     };
     const std::vector<Row> rows{
-        {"9.5", "25", true},
-        {"-3", "5", false},
-        {"5", "-3", true},
-        {"25", "9.5", false},
-        {"20", "20", false},
-        {"20.0", "20", true}, // the longer of equal beginnings
-        {"", "1", false},
-        {"a", "B", true}, // by code, capitals first
-        {"\xC2\xB0", "z", true},
-        {9.5, 25.0, false},
-        {25.0, 9.5, true},
-        {std::int16_t{25}, 9.5, true},
-        {1000.0, "5", false},
-        {"5", 1000.0, true},
-        {1.0, "", false},
-        {"", 1.0, true},
-        {kEmpty, -1.0, true},
-        {kEmpty, 0.0, false},
+        {"9.5", "25", true},     {"-3", "5", false},   {"5", "-3", true}, {"25", "9.5", false},
+        {"20", "20", false},     {"20.0", "20", true}, // the longer of equal beginnings
+        {"", "1", false},        {"a", "B", true},     // by code, capitals first
+        {"\xC2\xB0", "z", true}, {9.5, 25.0, false},   {25.0, 9.5, true}, {std::int16_t{25}, 9.5, true},
+        {1000.0, "5", false},    {"5", 1000.0, true},  {1.0, "", false},  {"", 1.0, true},
+        {kEmpty, -1.0, true},    {kEmpty, 0.0, false},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(isGreater(row.left, row.right), row.greater) << shown(row.left) << " > " << shown(row.right);
+        EXPECT_EQ(isGreater(row.left, row.right), row.greater)
+            << shown(row.left) << " > " << shown(row.right);
 }
 
 TEST(Variant, HoldingATextStaysATextWhenItTakesANumber)
