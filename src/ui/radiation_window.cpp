@@ -85,7 +85,7 @@ RadiationWindow::RadiationWindow(radiation::Frm_Radiation& form, const Surroundi
     });
     setCentralWidget(content);
     resize(kSize);
-    placeWithin(main.screen()->availableGeometry(), main.frameGeometry().topLeft());
+    placeWithin(usableBeside(main), main.frameGeometry().topLeft());
 }
 
 // --- inputs
