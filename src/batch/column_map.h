@@ -15,8 +15,8 @@ namespace comfortics::batch {
 
 /// The headers of the sheet's six columns, in order.
 inline constexpr std::array<std::string_view, core::kReadingCount> kSheetHeaders{
-    "Air Temperature (°C)", "Globe Temperature (°C)",  "Solar Radiation (W/m²)",
-    "Dew Point (°C)",       "Relative Humidity (%)", "Wind Speed (m/s)"};
+    "Air Temperature (°C)", "Globe Temperature (°C)", "Solar Radiation (W/m²)",
+    "Dew Point (°C)",       "Relative Humidity (%)",  "Wind Speed (m/s)"};
 
 /// Which column of a table feeds which reading.
 class ColumnMap {

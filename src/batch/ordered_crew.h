@@ -116,7 +116,7 @@ private:
     std::deque<std::future<Result>> m_results; // of the owner's thread only
     std::mutex m_mutex;
     std::condition_variable_any m_arrived;
-    std::deque<Order> m_orders; // not begun yet
+    std::deque<Order> m_orders;          // not begun yet
     std::vector<std::jthread> m_threads; // last: stopped and joined before what they use goes
 };
 

@@ -2,6 +2,7 @@
 #include "batch/row_pipeline.h"
 
 #include "batch/ordered_crew.h"
+#include "batch/selected_indices.h"
 #include "core/catalogue.h"
 #include "formulas/live_quantity.h"
 
@@ -10,8 +11,6 @@
 #include <utility>
 
 namespace comfortics::batch {
-
-using core::kIndexCount;
 
 namespace {
 
@@ -24,15 +23,6 @@ struct Done {
     RowCounts rows;
     std::size_t messages = 0;
 };
-
-std::vector<int> selectedIndices(const core::Selection& selection)
-{
-    std::vector<int> indices;
-    for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
-        if (selection.contains(index))
-            indices.push_back(index);
-    return indices;
-}
 
 // One calculation and what it takes to turn a block of rows into CSV.
 class Worker {

@@ -35,7 +35,12 @@ RowStatus RowRunner::run(const std::array<std::string_view, core::kReadingCount>
 {
     m_calculation.readings.clear();
     m_calculation.readings.write(readings);
+    return runBoxes();
+}
 
+RowStatus RowRunner::runBoxes()
+{
+    m_messages.forgetTexts();
     RowStatus status = RowStatus::Skipped;
     if (m_calculation.readings.complete()) {
         switch (m_calculation.run(m_settings)) {
@@ -69,7 +74,8 @@ RowStatus RowRunner::run(const std::array<std::string_view, core::kReadingCount>
 void RowRunner::countLostValues()
 {
     for (int index = 1; index <= static_cast<int>(core::kIndexCount); ++index)
-        m_counts.lostValues += m_calculation.outcome(index).kind == core::OutcomeKind::RunFailed ? 1 : 0;
+        if (m_calculation.outcome(index).kind == core::OutcomeKind::RunFailed)
+            ++m_counts.lostValues;
 }
 
 } // namespace comfortics::batch

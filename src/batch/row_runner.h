@@ -8,21 +8,26 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace comfortics::batch {
 
-/// Answers the models' message boxes of a batch: counts them, shows none.
-class MessageCounter final : public controls::Messages {
+/// Answers the models' message boxes of a batch: counts them, keeps those of a row, shows none.
+class MessageKeeper final : public controls::Messages {
 public:
-    controls::Answer show(const controls::MessageBox&) override
+    controls::Answer show(const controls::MessageBox& box) override
     {
         ++m_count;
+        m_texts.push_back(box.text);
         return controls::Answer::Ok;
     }
     std::size_t count() const noexcept { return m_count; }
+    const std::vector<std::string>& texts() const noexcept { return m_texts; }
+    void forgetTexts() noexcept { m_texts.clear(); }
 
 private:
     std::size_t m_count = 0;
+    std::vector<std::string> m_texts;
 };
 
 enum class RowStatus { Calculated, Skipped, Failed };
@@ -39,8 +44,7 @@ struct RowCounts {
     void add(const RowCounts& other);
 };
 
-/// Runs the rows of a batch through a calculation of its own, one after another. What a row gives
-/// depends on that row alone: each starts from empty boxes.
+/// Runs the rows of a batch through a calculation of its own, one after another.
 class RowRunner {
 public:
     RowRunner(const core::Limits& limits, const core::Settings& settings);
@@ -48,7 +52,11 @@ public:
     /// Assumptions may be written here before the first row.
     core::Calculation& calculation() noexcept { return m_calculation; }
 
+    /// Runs a row that starts from empty boxes, so that what it gives depends on it alone.
     RowStatus run(const std::array<std::string_view, core::kReadingCount>& readings);
+
+    /// Runs what the boxes hold. A row whose boxes are not complete is not calculated.
+    RowStatus runBoxes();
 
     /// "ok", or "skipped: …" or "failed: …" with the reason.
     const std::string& statusText() const noexcept { return m_statusText; }
@@ -56,11 +64,13 @@ public:
     const RowCounts& counts() const noexcept { return m_counts; }
     /// Messages of solvers that did not converge.
     std::size_t messages() const noexcept { return m_messages.count(); }
+    /// The messages of the last row.
+    const std::vector<std::string>& rowMessages() const noexcept { return m_messages.texts(); }
 
 private:
     void countLostValues();
 
-    MessageCounter m_messages;
+    MessageKeeper m_messages;
     core::Settings m_settings;
     core::Calculation m_calculation;
     std::string m_statusText;

@@ -19,7 +19,9 @@ std::string place(std::size_t line)
 
 } // namespace
 
-TableReader::TableReader(Source source) : m_source(std::move(source)), m_buffer(kBlock) {}
+TableReader::TableReader(Source source) : m_source(std::move(source)), m_buffer(kBlock)
+{
+}
 
 // A row of that length is no row of readings; with a quote that is never closed it would be the
 // whole rest of the file.
@@ -27,7 +29,8 @@ bool TableReader::refill()
 {
     m_fetched += m_end;
     if (m_fetched > kLongestRow)
-        throw MalformedTable(place(m_rowLine) + "the row is longer than a megabyte; is a quote never closed?");
+        throw MalformedTable(place(m_rowLine) +
+                             "the row is longer than a megabyte; is a quote never closed?");
     m_at = 0;
     m_end = m_source(m_buffer.data(), m_buffer.size());
     return m_end > 0;

@@ -19,6 +19,8 @@ struct MessageBox {
     std::string title = {};
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
+    std::string checkBox = {}; ///< the text of a check box under the message; none if empty
+    bool* checked = nullptr;   ///< where the tick of the check box is left
 };
 
 /// Shows message boxes and waits for the answer.
@@ -45,11 +47,19 @@ struct SaveRequest {
     bool overwritePrompt = false;
 };
 
+/// A dialog that asks for a file to read.
+struct OpenRequest {
+    std::string title;
+    std::string filter = {}; ///< as the form words it, with a pattern behind the bar
+};
+
 class FileDialogs {
 public:
     virtual ~FileDialogs() = default;
     /// The chosen path, or nothing when the user cancels.
     virtual std::optional<std::string> askSave(const SaveRequest& request) = 0;
+    /// The same for a file to read. A desktop without such a dialog cancels.
+    virtual std::optional<std::string> askOpen(const OpenRequest&) { return std::nullopt; }
 };
 
 } // namespace comfortics::controls

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/catalogue.h"
+#include "core/selection.h"
+
+#include <vector>
+
+namespace comfortics::batch {
+
+/// The selected indices in catalogue order.
+inline std::vector<int> selectedIndices(const core::Selection& selection)
+{
+    std::vector<int> indices;
+    for (int index = 1; index <= static_cast<int>(core::kIndexCount); ++index)
+        if (selection.contains(index))
+            indices.push_back(index);
+    return indices;
+}
+
+} // namespace comfortics::batch
