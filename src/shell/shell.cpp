@@ -9,6 +9,7 @@
 
 namespace comfortics::shell {
 
+using batch::Frm_Raw_Data;
 using converter::Frm_Converter;
 using output::Frm_Comfortics;
 using radiation::Frm_Radiation;
@@ -42,10 +43,13 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
                                           m_desktop.maps->timeZones},
               today());
       }),
+      rawData([this] {
+          return std::make_unique<Frm_Raw_Data>(
+              m_main, m_limits, Frm_Raw_Data::Desktop{m_messages, m_desktop.clipboard, m_desktop.files});
+      }),
       m_limits(core::Limits::Load_Limits((programFolder / "Limits.Index").string())), m_desktop(desktop),
-      m_main(m_limits, desktop.messages, *this)
+      m_messages(desktop.messages), m_main(m_limits, m_messages, *this)
 {
-    m_main.Menu_Raw_Data.setEnabled(false); // this window does not exist yet
     m_main.Menu_Radiation.setEnabled(desktop.maps != nullptr);
 }
 
@@ -77,6 +81,7 @@ void Shell::showResults()
 
 void Shell::showRawData()
 {
+    rawData.touch().open(results.touch());
 }
 
 void Shell::showRadiation()
@@ -111,6 +116,7 @@ void Shell::unloadAll()
     results.unload();
     converter.unload();
     radiation.unload();
+    rawData.unload();
     m_main.hide();
     ended.raise();
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "batch/frm_raw_data.h"
+#include "batch/message_gate.h"
 #include "controls/controls.h"
 #include "controls/dialogs.h"
 #include "converter/frm_converter.h"
@@ -48,6 +50,7 @@ public:
     FormSlot<output::Frm_Comfortics> results;
     FormSlot<converter::Frm_Converter> converter;
     FormSlot<radiation::Frm_Radiation> radiation;
+    FormSlot<batch::Frm_Raw_Data> rawData;
 
     /// One sentence about limits that could not be read; empty where they were.
     std::string limitsWarning() const;
@@ -68,6 +71,7 @@ private:
 
     core::Limits m_limits;
     Desktop m_desktop;
+    batch::MessageGate m_messages; // what the main window says goes through it
     core::Frm_Main m_main;
 };
 

@@ -82,6 +82,9 @@ Application::Application(const std::filesystem::path& programFolder)
             form, RadiationWindow::Surroundings{m_files, m_messages, m_tiles, m_tilePlaces}, m_main,
             [this] { m_shell.radiation.unload(); });
     });
+    pair<batch::Frm_Raw_Data, RawDataWindow>(m_shell.rawData, m_rawData, [this](auto& form) {
+        return std::make_unique<RawDataWindow>(form, m_main, [this] { m_shell.rawData.unload(); });
+    });
     m_shell.ended.watch([] { QCoreApplication::exit(); });
 }
 

@@ -8,6 +8,7 @@
 #include "ui/map_services.h"
 #include "ui/print_dialog.h"
 #include "ui/radiation_window.h"
+#include "ui/raw_data_window.h"
 #include "ui/results_window.h"
 #include "ui/splash_window.h"
 #include "ui/tile_source.h"
@@ -43,6 +44,7 @@ public:
     ResultsWindow* resultsWindow() noexcept { return m_results.get(); }
     ConverterWindow* converterWindow() noexcept { return m_converter.get(); }
     RadiationWindow* radiationWindow() noexcept { return m_radiation.get(); }
+    RawDataWindow* rawDataWindow() noexcept { return m_rawData.get(); }
 
 private:
     Appearance m_appearance;
@@ -61,6 +63,7 @@ private:
     std::unique_ptr<ResultsWindow> m_results;
     std::unique_ptr<ConverterWindow> m_converter;
     std::unique_ptr<RadiationWindow> m_radiation;
+    std::unique_ptr<RawDataWindow> m_rawData;
 };
 
 } // namespace comfortics::ui

@@ -4,6 +4,7 @@
 #include "ui/text.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -27,6 +28,20 @@ QMessageBox::Icon icon(controls::Icon wanted)
     return QMessageBox::NoIcon;
 }
 
+// What stands before the bar is for the user. Without a pattern of its own it filters nothing.
+QString nameFilter(const std::string& filter)
+{
+    const QString text = toQt(filter);
+    return text.left(text.indexOf(QLatin1Char('|'))); // all of it where there is no bar
+}
+
+std::optional<std::string> chosen(QFileDialog& dialog)
+{
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return fromQt(dialog.selectedFiles().first());
+}
+
 } // namespace
 
 Answer DesktopMessages::show(const controls::MessageBox& box)
@@ -38,7 +53,11 @@ Answer DesktopMessages::show(const controls::MessageBox& box)
     dialog.setTextFormat(Qt::PlainText);
     dialog.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     dialog.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+    if (!box.checkBox.empty())
+        dialog.setCheckBox(new QCheckBox(withMnemonic(box.checkBox)));
     const int answer = dialog.exec();
+    if (box.checked && dialog.checkBox())
+        *box.checked = dialog.checkBox()->isChecked();
     if (question)
         return answer == QMessageBox::Yes ? Answer::Yes : Answer::No;
     return Answer::Ok;
@@ -65,14 +84,18 @@ std::optional<std::string> DesktopFileDialogs::askSave(const controls::SaveReque
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
-    // What stands before the bar is for the user. Without a pattern of its own it filters nothing.
-    const QString filter = toQt(request.filter);
-    const qsizetype bar = filter.indexOf(QLatin1Char('|'));
-    dialog.setNameFilter(bar < 0 ? filter : filter.left(bar));
+    dialog.setNameFilter(nameFilter(request.filter));
     dialog.selectFile(toQt(request.fileName));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    return fromQt(dialog.selectedFiles().first());
+    return chosen(dialog);
+}
+
+std::optional<std::string> DesktopFileDialogs::askOpen(const controls::OpenRequest& request)
+{
+    QFileDialog dialog(QApplication::activeWindow(), toQt(request.title));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters({nameFilter(request.filter), QStringLiteral("All files (*)")});
+    return chosen(dialog);
 }
 
 } // namespace comfortics::ui

@@ -22,6 +22,7 @@ public:
 class DesktopFileDialogs final : public controls::FileDialogs {
 public:
     std::optional<std::string> askSave(const controls::SaveRequest& request) override;
+    std::optional<std::string> askOpen(const controls::OpenRequest& request) override;
 };
 
 } // namespace comfortics::ui

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The window of the batch sheet: keys, files and pages. What a run calculates is tested without it.
+#include "test_program.h"
+#include "ui/desktop.h"
+#include "ui/grid_view.h"
+#include "ui/raw_data_window.h"
+#include "ui/text.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDropEvent>
+#include <QFile>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace comfortics::ui {
+namespace {
+
+using tests::find;
+
+// Air temperature, globe, solar radiation, dew point, humidity, wind.
+constexpr const char* kTwoRows = "30\t\t600\t\t50\t2\r\n20\t\t100\t\t60\t1\r\n";
+
+class RawDataWindowTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        program.shell.rawData.loaded.watch([this] {
+            window =
+                std::make_unique<RawDataWindow>(*program.shell.rawData.get(), main, [this] { ++closed; });
+        });
+        program.form.Menu_Raw_Data.click.raise();
+        ASSERT_TRUE(window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get())); // else its shortcuts sleep
+        data = &find<GridView>(*window, "Flex_Data");
+        results = &find<GridView>(*window, "Flex_Results");
+    }
+    void paste(const std::string& text)
+    {
+        program.clipboard.kept = text;
+        QTest::keyClick(data, Qt::Key_V, Qt::ControlModifier);
+    }
+    void press(const char* button) { QTest::mouseClick(&find<QPushButton>(*window, button), Qt::LeftButton); }
+    QString label(const char* name) { return find<QLabel>(*window, name).text(); }
+    batch::Frm_Raw_Data& form() { return *program.shell.rawData.get(); }
+
+    QWidget main;
+    tests::Program program;
+    std::unique_ptr<RawDataWindow> window;
+    GridView* data = nullptr;
+    GridView* results = nullptr;
+    int closed = 0;
+};
+
+TEST_F(RawDataWindowTest, PastesRunsAndShowsTheResults)
+{
+    EXPECT_TRUE(program.form.Menu_Raw_Data.enabled());
+    EXPECT_EQ(data->model()->headerData(4, Qt::Horizontal).toString(),
+              QStringLiteral("Relative Humidity (%)"));
+    EXPECT_FALSE(results->isVisible());
+    program.clipboard.kept = kTwoRows;
+    QTest::keyClick(data, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(data->model()->rowCount(), 1);
+    QTest::keyClick(data, Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(data->model()->rowCount(), 2);
+    EXPECT_EQ(data->model()->index(1, 2).data().toString(), QStringLiteral("100"));
+
+    press("cmd_Calculate");
+    EXPECT_TRUE(results->isVisible());
+    EXPECT_FALSE(data->isVisible());
+    EXPECT_EQ(label("lbl_progress_value"), QStringLiteral("100%"));
+    EXPECT_EQ(label("lbl_progress_rows"), QStringLiteral("2 out of 2"));
+    const auto& bar = find<QProgressBar>(*window, "lbl_progress");
+    EXPECT_EQ(bar.value(), bar.maximum());
+    ASSERT_EQ(results->model()->rowCount(), 2);
+    ASSERT_EQ(results->model()->columnCount(), 222);
+    // The main window holds the last row.
+    for (const int index : {1, 100, 222})
+        EXPECT_EQ(fromQt(results->model()->index(1, index - 1).data().toString()),
+                  program.form.calculation.results.lbl_results[static_cast<std::size_t>(index)].caption());
+    EXPECT_NE(results->model()->index(0, 0).data(), results->model()->index(1, 0).data());
+
+    QTest::keyClick(results, Qt::Key_Escape);
+    EXPECT_TRUE(data->isVisible());
+    EXPECT_FALSE(results->isVisible());
+}
+
+TEST_F(RawDataWindowTest, CtrlVPastesFromTheButtonsTooButNotOverResults)
+{
+    program.clipboard.kept = kTwoRows;
+    auto& calculate = find<QPushButton>(*window, "cmd_Calculate");
+    calculate.setFocus();
+    QTest::keyClick(&calculate, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(data->model()->rowCount(), 2);
+    press("cmd_Calculate");
+    program.clipboard.kept = "1\t\t\t\t\t\r\n";
+    QTest::keyClick(results, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(data->model()->rowCount(), 2);
+}
+
+TEST_F(RawDataWindowTest, KeysCopyAndExportTheResultsAlone)
+{
+    paste(kTwoRows);
+    QTest::keyClick(data, Qt::Key_S, Qt::ControlModifier);
+    QTest::keyClick(data, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(program.files.asked, 0);
+    EXPECT_EQ(program.clipboard.kept, kTwoRows);
+    press("cmd_Calculate");
+    form().Flex_Results.select(2, 0, 2, 0);
+    QTest::keyClick(results, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(program.clipboard.kept, form().Flex_Results.textMatrix(2, 0));
+    QTest::keyClick(results, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(program.files.asked, 1);
+}
+
+TEST_F(RawDataWindowTest, EscapeStopsARun)
+{
+    std::string rows;
+    for (int row = 0; row < 300; ++row)
+        rows += "30\t\t600\t\t50\t2\r\n";
+    paste(rows);
+    bool shownBelow = false;
+    QTimer::singleShot(0, window.get(), [&] {
+        shownBelow = results->isVisible() && data->isVisible();
+        EXPECT_TRUE(find<QPushButton>(*window, "cmd_Stop").isEnabled());
+        QTest::keyClick(data, Qt::Key_Escape);
+    });
+    press("cmd_Calculate");
+    EXPECT_TRUE(shownBelow);
+    EXPECT_TRUE(label("lbl_outcome").startsWith(QStringLiteral("Stopped after row ")));
+    EXPECT_TRUE(results->isVisible());
+    EXPECT_FALSE(find<QPushButton>(*window, "cmd_Stop").isEnabled());
+}
+
+TEST_F(RawDataWindowTest, ClosesAfterTheRunThatItStops)
+{
+    paste(kTwoRows);
+    QTimer::singleShot(0, window.get(), [&] {
+        window->close();
+        EXPECT_TRUE(form().running());
+        EXPECT_EQ(closed, 0);
+    });
+    press("cmd_Calculate");
+    EXPECT_EQ(closed, 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(RawDataWindowTest, TellsInTheStatusLineWhyARowIsBlank)
+{
+    paste("30\t\t600\t\t50\t2\r\n\t\t600\t\t50\t2\r\n");
+    press("cmd_Calculate");
+    form().Flex_Results.select(2, 0, 2, 0);
+    bool told = false;
+    for (const QLabel* const one : window->findChildren<QLabel*>())
+        told = told || (one->isVisible() && one->text().startsWith(QStringLiteral("Row 2 was skipped: ")));
+    EXPECT_TRUE(told);
+}
+
+TEST_F(RawDataWindowTest, TakesADroppedFile)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("rows.csv"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("25,,300,,40,1\n26,,310,,41,1.5\n27,,320,,42,2\n");
+    file.close();
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({50, 50}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(window.get(), &drop);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(data->model()->rowCount(), 3);
+    EXPECT_EQ(data->model()->index(2, 4).data().toString(), QStringLiteral("42"));
+
+    QMimeData text;
+    text.setText(QStringLiteral("no file"));
+    QDragEnterEvent other({50, 50}, Qt::CopyAction, &text, Qt::LeftButton, {});
+    other.ignore();
+    QApplication::sendEvent(window.get(), &other);
+    EXPECT_FALSE(other.isAccepted());
+}
+
+TEST(DesktopMessages, LeavesTheTickOfTheCheckBox)
+{
+    for (const bool tick : {true, false}) {
+        bool checked = !tick;
+        QTimer::singleShot(0, qApp, [tick] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box && box->checkBox());
+            EXPECT_EQ(box->checkBox()->text(), QStringLiteral("Do not show this again in this run"));
+            box->checkBox()->setChecked(tick);
+            box->accept();
+        });
+        DesktopMessages().show(
+            {.text = "Text", .checkBox = "Do not show this again in this run", .checked = &checked});
+        EXPECT_EQ(checked, tick);
+    }
+}
+
+} // namespace
+} // namespace comfortics::ui
