@@ -6,6 +6,7 @@
 #include "core/catalogue.h"
 #include "formulas/live_quantity.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -40,8 +41,10 @@ public:
         const RowCounts before = m_runner.counts();
         const std::size_t messagesBefore = m_runner.messages();
         Done done;
+        done.csv.reserve(m_longestBlock);
         for (const TableRow& row : block)
             appendRow(done.csv, row);
+        m_longestBlock = std::max(m_longestBlock, done.csv.size());
         const RowCounts& after = m_runner.counts();
         done.rows = {after.calculated - before.calculated, after.skipped - before.skipped,
                      after.failed - before.failed, after.lostValues - before.lostValues};
@@ -88,7 +91,10 @@ private:
         for (const int index : m_indices) {
             if (m_runner.calculation().outcome(index).kind != core::OutcomeKind::RunFailed)
                 continue;
-            text += (text.empty() ? "" : " ") + std::to_string(index) + ": ";
+            if (!text.empty())
+                text += ' ';
+            text += std::to_string(index);
+            text += ": ";
             text += m_runner.calculation().whyBlank(index);
         }
         return text;
@@ -99,6 +105,7 @@ private:
     const std::vector<int>& m_indices;
     bool m_live;
     bool m_reasons;
+    std::size_t m_longestBlock = 0; // of CSV, in bytes
 };
 
 using Crew = OrderedCrew<Block, Done>;
@@ -128,7 +135,8 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
 
 void appendCsvCell(std::string& line, std::string_view cell)
 {
-    if (cell.find_first_of(",\"\r\n") == std::string_view::npos) {
+    const auto special = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; };
+    if (std::none_of(cell.begin(), cell.end(), special)) {
         line += cell;
         return;
     }

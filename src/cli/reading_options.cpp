@@ -2,12 +2,14 @@
 #include "cli/reading_options.h"
 
 #include "cli/commands.h"
+#include "shell/status_line.h"
 
 #include <CLI/CLI.hpp>
 
 #include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <stdexcept>
 
 namespace comfortics::cli {
@@ -101,6 +103,15 @@ core::Limits readLimits(const std::string& file)
     if (!std::ifstream(file) || std::filesystem::is_directory(file))
         throw FileFailure("The limits file " + file + " cannot be read.");
     return core::Limits::Load_Limits(file);
+}
+
+core::Limits CalculationOptions::limits() const
+{
+    core::Limits limits = readLimits(m_limitsFile);
+    const std::string warning = m_limitsFile.empty() ? shell::limitsWarning(limits) : std::string();
+    if (!warning.empty())
+        std::cerr << "comfortics-cli: " << warning << "\n";
+    return limits;
 }
 
 core::Settings CalculationOptions::settings() const

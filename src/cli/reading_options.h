@@ -21,7 +21,8 @@ class CalculationOptions {
 public:
     void addTo(CLI::App& command);
 
-    core::Limits limits() const { return readLimits(m_limitsFile); }
+    /// Warns on standard error where the file beside the program gives no limits.
+    core::Limits limits() const;
     core::Settings settings() const;
     /// Texts of ArAdu, emissivity, pressure, height, weight, friction.
     std::array<std::string, 6> assumptionTexts() const;

@@ -129,6 +129,22 @@ TEST(Calc, AssumptionsAndLimitsReachTheFormulas)
     EXPECT_EQ(value(damaged, 5), "21.2"); // has no limits
 }
 
+TEST(Calc, WarnsWhereTheLimitsAreMissingBesideTheProgram)
+{
+    const TemporaryFolder folder;
+    std::filesystem::copy_file(COMFORTICS_CLI, folder.file("tool"));
+    const Ending ending =
+        Process(with(kSolar, {"--select", "5,35", "--format", "csv"}), {.program = folder.file("tool")})
+            .finish();
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_EQ(ending.out, "number,name,value,unit\r\n"
+                          "5,Actual Vapor Pressure,21.2,hPa\r\n"
+                          "35,Cooling Power (Goldschmidt; 1952),,mcal/cm²/s\r\n");
+    EXPECT_EQ(ending.err,
+              "comfortics-cli: Limits.Index, which belongs beside the program, is missing or holds no "
+              "limits: indices with limits stay blank.\n");
+}
+
 TEST(Calc, ARejectedSetIsToldInTheJsonToo)
 {
     const Ending ending = runTool({"calc", "--ta", "30", "--format", "json"});

@@ -35,6 +35,7 @@ struct Ending {
 struct Surroundings {
     std::vector<std::pair<std::string, std::string>> environment = {};
     std::string standardOutput = {}; ///< a file or device in place of the pipe
+    std::string program = COMFORTICS_CLI;
 };
 
 /// A run of comfortics-cli. Its standard input stays open until it is closed or the run is
@@ -49,7 +50,7 @@ public:
         int err[2];
         if (::pipe2(in, O_CLOEXEC) != 0 || ::pipe2(out, O_CLOEXEC) != 0 || ::pipe2(err, O_CLOEXEC) != 0)
             throw std::runtime_error("no pipe");
-        std::vector<std::string> words{COMFORTICS_CLI};
+        std::vector<std::string> words{around.program};
         words.insert(words.end(), arguments.begin(), arguments.end());
         std::vector<char*> argv;
         for (std::string& word : words)
