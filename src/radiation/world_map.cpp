@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "radiation/world_map.h"
 
+#include "values/text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -10,6 +12,9 @@
 #include <tuple>
 
 namespace comfortics::radiation {
+
+using values::lowered;
+using values::trimmed;
 
 namespace {
 
@@ -93,23 +98,6 @@ bool readRing(std::string_view line, const std::vector<MapLine>& lines, std::vec
         append(ring, lines[index].points, backwards);
     }
     return !ring.empty();
-}
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return result;
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    while (!text.empty() && text.front() == ' ')
-        text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ')
-        text.remove_suffix(1);
-    return text;
 }
 
 enum class Match { Whole, Beginning, Word, Middle, None };
