@@ -12,6 +12,7 @@ declare -A groups=(
     [test]="libgtest-dev"
     [bench]="libbenchmark-dev"
     [check]="clang-format git"
+    [screenshots]="xvfb openbox xdotool imagemagick x11-utils xclip dbus at-spi2-core python3-gi gir1.2-atspi-2.0"
 )
 
 wanted=()
