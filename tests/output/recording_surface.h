@@ -18,6 +18,11 @@
 
 namespace comfortics::tests {
 
+inline controls::FontRef font(double size)
+{
+    return std::make_shared<const controls::Font>(controls::Font{.name = "Test", .size = size});
+}
+
 template <class Base>
 class Recording : public Base {
 public:
@@ -53,35 +58,25 @@ public:
     void setDrawWidth(int pixels) override { m_drawWidth = pixels; }
     void line(double x1, double y1, double x2, double y2, controls::Color color) override
     {
-        std::ostringstream text;
-        text << "line " << x1 << "," << y1 << "," << x2 << "," << y2 << " " << std::hex << color;
-        add(text.str());
+        add("line ", x1, ",", y1, ",", x2, ",", y2, " ", std::hex, color);
     }
     void box(double x1, double y1, double x2, double y2) override
     {
-        std::ostringstream text;
-        text << "box " << x1 << "," << y1 << "," << x2 << "," << y2 << " w" << m_drawWidth;
-        if (m_mode != ScaleMode::Pixels || m_fillStyle != controls::kTransparentFill)
-            text << " not in pixels or filled";
-        add(text.str());
+        const bool fits = m_mode == ScaleMode::Pixels && m_fillStyle == controls::kTransparentFill;
+        add("box ", x1, ",", y1, ",", x2, ",", y2, " w", m_drawWidth, fits ? "" : " not in pixels or filled");
     }
     void paintPicture(const controls::Image&, double x, double y, double width, double height) override
     {
-        std::ostringstream text;
-        text << "picture " << x << "," << y << "," << width << "," << height;
-        add(text.str());
+        add("picture ", x, ",", y, ",", width, ",", height);
     }
-    int drawText(std::string_view text, controls::PixelRect& rectangle, unsigned flags) override
+    int drawText(std::string_view text, controls::PixelRect& at, unsigned flags) override
     {
         const int height = static_cast<int>(std::lround(textTwips(text) / 20));
-        if (flags == (controls::DT_NOPREFIX | controls::DT_CALCRECT)) {
-            rectangle.bottom = rectangle.top + height;
-            return height;
-        }
-        std::ostringstream line;
-        line << "text " << rectangle.left << "," << rectangle.top << "," << rectangle.right << ","
-             << rectangle.bottom << " f" << flags << " s" << m_font->size << " " << text;
-        add(line.str());
+        if (flags == (controls::DT_NOPREFIX | controls::DT_CALCRECT))
+            at.bottom = at.top + height;
+        else
+            add("text ", at.left, ",", at.top, ",", at.right, ",", at.bottom, " f", flags, " s", m_font->size,
+                " ", text);
         return height;
     }
 
@@ -99,28 +94,25 @@ public:
     }
 
 protected:
-    void add(std::string line) { pages.back().push_back(std::move(line)); }
+    double m_currentY = 0;
+
+private:
+    template <class... Parts>
+    void add(const Parts&... parts)
+    {
+        std::ostringstream line;
+        (line << ... << parts);
+        pages.back().push_back(line.str());
+    }
     double textTwips(std::string_view text) const
     {
         return m_font->size * 24 * static_cast<double>(1 + std::count(text.begin(), text.end(), '\n'));
     }
-    double m_currentY = 0;
 
-private:
-    FontRef m_font = std::make_shared<const controls::Font>(controls::Font{.name = "Own", .size = 10});
+    FontRef m_font = tests::font(10);
     ScaleMode m_mode = ScaleMode::Twips;
     int m_fillStyle = 0;
     int m_drawWidth = 0;
-};
-
-struct TestImage final : controls::Image {
-    TestImage(double width, double height) : m_width(width), m_height(height) {}
-    double width() const override { return m_width; }
-    double height() const override { return m_height; }
-
-private:
-    double m_width;
-    double m_height;
 };
 
 using RecordingPicture = Recording<controls::DrawingSurface>;
@@ -139,9 +131,15 @@ public:
     void endDoc() override { job += "end "; }
 };
 
-inline controls::FontRef font(double size)
-{
-    return std::make_shared<const controls::Font>(controls::Font{.name = "Test", .size = size});
-}
+class TestImage final : public controls::Image {
+public:
+    TestImage(double width, double height) : m_width(width), m_height(height) {}
+    double width() const override { return m_width; }
+    double height() const override { return m_height; }
+
+private:
+    double m_width;
+    double m_height;
+};
 
 } // namespace comfortics::tests

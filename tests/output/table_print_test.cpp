@@ -7,8 +7,10 @@
 
 #include <cstdio>
 #include <functional>
+#include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics::tests {
@@ -20,21 +22,23 @@ namespace {
 
 // One column of numbered rows below "H", all 300 twips high: 240 of text and 30 on either side.
 // A page of 2000 twips with margins of 100 and 200 leaves 1700.
-void number(clsTablePrint& table, int rows, bool footer = false)
-{
-    table.HasFooter = footer;
-    table.Rows(rows);
-    table.Cols(1);
-    table.HeaderRows(1);
-    table.CellYOffset = 30;
-    table.MarginTop = 100;
-    table.MarginBottom = 200;
-    table.HeaderText(0, 0, "H");
-    if (footer)
-        table.FooterText(0, "F");
-    for (int row = 0; row < rows; ++row)
-        table.TextMatrix(row, 0, std::to_string(row));
-}
+struct Numbered : clsTablePrint {
+    explicit Numbered(int rows, bool footer = false, int headerRows = 1)
+    {
+        HasFooter = footer;
+        Rows(rows);
+        Cols(1);
+        HeaderRows(headerRows);
+        CellYOffset = 30;
+        MarginTop = 100;
+        MarginBottom = 200;
+        HeaderText(-1, 0, "H");
+        if (footer)
+            FooterText(0, "F");
+        for (int row = 0; row < rows; ++row)
+            TextMatrix(row, 0, std::to_string(row));
+    }
+};
 
 } // namespace
 
@@ -43,70 +47,48 @@ TEST(TablePrint, BreaksPages)
     struct Case {
         std::string name;
         int rows;
-        bool headerOnEachPage;
-        bool footer;
+        int headerRows;
+        bool headerOnEachPage, footer;
         double startY;
         int page;
         std::string expected;
+        double endY;
     };
     // After the header 1400 are left, which is four rows; the last index is counted from the first
     // row, so that five stand on a page. Without a header 1700 are left, six rows stand.
     const std::vector<Case> cases = {
-        {"fits exactly", 5, true, false, 100, 1, "H 0 1 2 3 4"},
-        {"one row more", 6, true, false, 100, 1, "H 0 1 2 3 4 / H 5"},
-        {"header on each page", 12, true, false, 100, 1, "H 0 1 2 3 4 / H 5 6 7 8 9 / H 10 11"},
-        {"header once", 12, false, false, 100, 1, "H 0 1 2 3 4 / 5 6 7 8 9 10 / 11"},
-        {"a later page has no header of its own", 1, false, false, 100, 2, "0"},
-        {"but one of each page's", 1, true, false, 100, 2, "H 0"},
-        {"no rows", 0, true, false, 100, 1, "H"},
-        {"no rows but a footer", 0, true, true, 100, 1, "H F"},
-        {"footer on the last page only", 6, true, true, 100, 1, "H 0 1 2 3 4 / H 5 F"},
-        {"starts above the margin", 7, true, false, 0, 1, "H 0 1 2 3 4 5 / H 6"},
-        {"starts low", 6, true, false, 1100, 1, "H 0 1 / H 2 3 4 5"},
-        {"room for the header only: one row is drawn", 6, true, false, 1400, 1, "H 0 / H 1 2 3 4 5"},
-        {"room for one row, taken by the header", 2, true, false, 1500, 1, "H 0 / H 1"},
-        {"no room for a single row", 2, true, false, 1501, 1, " / H 0 1"},
-        {"the footer is set aside for the last row", 1, true, true, 1300, 1, "H / H 0 F"},
-        {"and not for two rows", 2, true, true, 1300, 1, "H 0 / H 1 F"},
+        {"fits exactly", 5, 1, true, false, 100, 1, "H 0 1 2 3 4", 1900},
+        {"header on each page", 11, 1, true, false, 100, 1, "H 0 1 2 3 4 / H 5 6 7 8 9 / H 10", 700},
+        {"header once", 12, 1, false, false, 100, 1, "H 0 1 2 3 4 / 5 6 7 8 9 10 / 11", 400},
+        {"two header rows", 6, 2, true, false, 100, 1, "H H 0 1 2 3 / H H 4 5", 1300},
+        {"a later page has no header of its own", 1, 1, false, false, 100, 2, "0", 400},
+        {"but one of each page's", 1, 1, true, false, 100, 2, "H 0", 700},
+        {"no rows", 0, 1, true, false, 100, 1, "H", 400},
+        {"no rows but a footer", 0, 1, true, true, 100, 1, "H F", 700},
+        {"footer on the last page only", 6, 1, true, true, 100, 1, "H 0 1 2 3 4 / H 5 F", 1000},
+        {"starts above the margin", 7, 1, true, false, 0, 1, "H 0 1 2 3 4 5 / H 6", 700},
+        {"starts low", 6, 1, true, false, 1100, 1, "H 0 1 / H 2 3 4 5", 1600},
+        {"room for the header only: one row is drawn", 6, 1, true, false, 1400, 1, "H 0 / H 1 2 3 4 5", 1900},
+        {"room for one row, taken by the header", 2, 1, true, false, 1500, 1, "H 0 / H 1", 700},
+        {"no room for a single row", 2, 1, true, false, 1501, 1, " / H 0 1", 1000},
+        {"the footer is set aside for the last row", 1, 1, true, true, 1300, 1, "H / H 0 F", 1000},
+        {"and not for two rows", 2, 1, true, true, 1300, 1, "H 0 / H 1 F", 1000},
     };
     for (const Case& row : cases) {
-        clsTablePrint table;
-        number(table, row.rows, row.footer);
+        Numbered table(row.rows, row.footer, row.headerRows);
         table.HeaderOnEachPage = row.headerOnEachPage;
         RecordingPrinter printer;
         table.NewPage = [&](controls::DrawingSurface&, bool&, bool&, int) { printer.newPage(); };
         printer.setCurrentY(row.startY);
         table.DrawTable(printer, 77777, row.page);
-        std::string texts = printer.texts();
-        EXPECT_EQ(texts, row.expected) << row.name;
+        EXPECT_EQ(printer.texts(), row.expected) << row.name;
+        EXPECT_EQ(printer.currentY(), row.endY) << row.name;
     }
-}
-
-TEST(TablePrint, SeveralHeaderRowsTakeTheirRoom)
-{
-    clsTablePrint table;
-    table.HasFooter = false;
-    table.Rows(4);
-    table.Cols(1);
-    table.HeaderRows(2);
-    table.HeaderText(-1, 0, "H");
-    table.TextMatrix(-1, 0, "B");
-    RecordingPrinter printer; // 2000 twips: the header and six rows of 240, by index seven
-    printer.setCurrentY(600); // three rows less
-    table.NewPage = [&](controls::DrawingSurface&, bool&, bool&, int) { printer.newPage(); };
-    table.DrawTable(printer, 0, 1);
-    EXPECT_EQ(printer.texts(), "H H B B B B");
-    EXPECT_EQ(printer.currentY(), 600 + 6 * 240);
-    table.HeaderText(1, 0, "h");
-    printer.setCurrentY(841); // and another: 679 are left below the header, two rows, three by index
-    table.DrawTable(printer, 0, 1);
-    EXPECT_EQ(printer.texts(), "H H B B B B H h B B B / B");
 }
 
 TEST(TablePrint, NewPageGetsTheLastRowAndAnswers)
 {
-    clsTablePrint table;
-    number(table, 30);
+    Numbered table(30);
     table.HeaderOnEachPage = true;
     table.FontMatrix(-1, -1, font(10));
     RecordingPicture surface;
@@ -132,9 +114,7 @@ TEST(TablePrint, NewPageGetsTheLastRowAndAnswers)
 
 TEST(TablePrint, APageTooLowForARowEndsInAFailureAfterOneBreak)
 {
-    clsTablePrint table;
-    number(table, 3);
-    table.FontMatrix(-1, -1, font(10));
+    Numbered table(3);
     table.HeaderFont(-1, -1, font(10));
     RecordingPicture surface;
     const controls::FontRef own = surface.font();
@@ -147,6 +127,7 @@ TEST(TablePrint, APageTooLowForARowEndsInAFailureAfterOneBreak)
     EXPECT_EQ(lastRows, std::vector<int>{-1});
     EXPECT_EQ(surface.texts(), "");
     EXPECT_EQ(surface.font(), own);
+    EXPECT_EQ(surface.fontChanges, 2) << "to the header's, another object, and back";
 }
 
 TEST(TablePrint, DrawsEachCellWithItsBoxFontAndAlignment)
@@ -188,26 +169,12 @@ TEST(TablePrint, DrawsEachCellWithItsBoxFontAndAlignment)
     EXPECT_EQ(surface.currentY(), 200 + 540 + 800 + 780);
 }
 
-TEST(TablePrint, ChangesTheFontOnlyForAnotherObject)
-{
-    clsTablePrint table;
-    number(table, 50);
-    const controls::FontRef shared = font(12);
-    table.FontMatrix(-1, -1, shared);
-    table.HeaderFont(-1, -1, shared);
-    RecordingPicture surface;
-    surface.heightTwips = 100000;
-    table.DrawTable(surface, 0, 1);
-    EXPECT_EQ(surface.fontChanges, 2) << "to the table's and back";
-}
-
 TEST(TablePrint, MergesEqualNeighbours)
 {
     struct Case {
         std::string name;
         std::vector<std::string> rows; // one letter a cell
-        std::vector<int> mergeRows;
-        std::vector<int> mergeCols;
+        std::vector<int> mergeRows, mergeCols;
         std::string expected; // column, row, and size of each box [cells], with its text
     };
     const std::vector<Case> cases = {
@@ -228,10 +195,9 @@ TEST(TablePrint, MergesEqualNeighbours)
         table.Cols(static_cast<int>(row.rows[0].size()));
         table.ColWidth(-1, 100);  // 10 pixels
         table.RowHeightMin = 400; // 20 pixels
-        for (int r = 0; r < table.Rows(); ++r)
-            for (int c = 0; c < table.Cols(); ++c)
-                table.TextMatrix(
-                    r, c, row.rows[static_cast<std::size_t>(r)].substr(static_cast<std::size_t>(c), 1));
+        for (std::size_t r = 0; r < row.rows.size(); ++r)
+            for (std::size_t c = 0; c < row.rows[r].size(); ++c)
+                table.TextMatrix(static_cast<int>(r), static_cast<int>(c), {row.rows[r][c]});
         for (const int r : row.mergeRows)
             table.MergeRow(r, true);
         for (const int c : row.mergeCols)
@@ -239,23 +205,21 @@ TEST(TablePrint, MergesEqualNeighbours)
         RecordingPicture surface;
         surface.heightTwips = 9000;
         table.DrawTable(surface, 0, 2); // no header
-        std::string drawn;
-        for (std::size_t i = 0; i + 1 < surface.pages[0].size(); i += 2) {
+        std::ostringstream drawn;
+        const std::vector<std::string>& lines = surface.pages[0];
+        for (std::size_t i = 0; i + 1 < lines.size(); i += 2) {
             int left = 0, top = 0, right = 0, bottom = 0;
-            ASSERT_EQ(
-                std::sscanf(surface.pages[0][i].c_str(), "box %d,%d,%d,%d", &left, &top, &right, &bottom), 4);
-            drawn += (drawn.empty() ? "" : " ") + std::to_string(left / 10) + std::to_string(top / 20) + ":" +
-                     std::to_string((right - left) / 10) + "x" + std::to_string((bottom - top) / 20) +
-                     surface.pages[0][i + 1].back();
+            ASSERT_EQ(std::sscanf(lines[i].c_str(), "box %d,%d,%d,%d", &left, &top, &right, &bottom), 4);
+            drawn << (i == 0 ? "" : " ") << left / 10 << top / 20 << ":" << (right - left) / 10 << "x"
+                  << (bottom - top) / 20 << lines[i + 1].back();
         }
-        EXPECT_EQ(drawn, row.expected) << row.name;
+        EXPECT_EQ(drawn.str(), row.expected) << row.name;
     }
 }
 
 TEST(TablePrint, ASpanThatAPageBreakCutsIsDrawnOnBothPages)
 {
-    clsTablePrint table;
-    number(table, 8);
+    Numbered table(8);
     table.TextMatrix(-1, 0, "x");
     table.MergeCol(0, true);
     RecordingPrinter printer;
@@ -270,15 +234,12 @@ TEST(TablePrint, ASpanThatAPageBreakCutsIsDrawnOnBothPages)
 TEST(TablePrint, CentresAMergedHeaderOnlyIfAsked)
 {
     for (const int flags : {0, 1, 2, 3}) {
-        clsTablePrint table;
-        number(table, 0);
-        table.ColAlignment(0, 2);
+        Numbered table(0);
         table.CenterMergedHeader = (flags & 1) != 0;
         table.MergeHeaderCol(0, (flags & 2) != 0);
         RecordingPicture surface;
         table.DrawTable(surface, 0, 1);
-        EXPECT_NE(surface.pages[0].back().find(flags == 3 ? " f2049 " : " f2050 "), std::string::npos)
-            << flags;
+        EXPECT_TRUE(surface.pages[0].back().ends_with(flags == 3 ? " f2049 s10 H" : " f2048 s10 H")) << flags;
     }
 }
 
@@ -288,8 +249,7 @@ TEST(TablePrint, PicturesRaiseTheRowsIfAsked)
         std::string name;
         bool raises;
         TestImage image;
-        std::string picture;
-        std::string box;
+        std::string picture, box;
     };
     // 2540 HiMetric are 1440 twips. The cell's inside is 1000 - 2 * 60 twips wide.
     const std::vector<Case> cases = {
@@ -298,8 +258,7 @@ TEST(TablePrint, PicturesRaiseTheRowsIfAsked)
         {"too wide", true, {2540, 635}, "picture 60,30,880,220", "box 0,0,100,21 w1"},
     };
     for (const Case& row : cases) {
-        clsTablePrint table;
-        number(table, 1);
+        Numbered table(1);
         table.ColWidth(0, 1000);
         table.CellXOffset = 60;
         table.ResizeCellsToPicHeight = row.raises;
@@ -314,25 +273,22 @@ TEST(TablePrint, PicturesRaiseTheRowsIfAsked)
 TEST(TablePrint, CountsTheRowsOfAPage)
 {
     struct Case {
-        bool headerField;
-        bool footerField;
-        std::optional<bool> header;
-        std::optional<bool> footer;
+        bool headerField, footerField;
+        std::optional<bool> header, footer;
         int expected;
     };
     // 1700 twips; rows, header and footer of 300 each.
     for (const Case& row : {Case{false, false, false, false, 5}, Case{false, false, true, false, 4},
                             Case{false, true, true, true, 3}, Case{true, true, {}, {}, 3},
                             Case{false, true, {}, {}, 4}, Case{true, true, {}, false, 4}}) {
-        clsTablePrint table;
-        number(table, 3, row.footerField);
+        Numbered table(3, row.footerField);
         table.HeaderOnEachPage = row.headerField;
         RecordingPicture surface;
         EXPECT_EQ(table.CalcNumRowsPerPage(surface, row.header, row.footer), row.expected);
     }
 }
 
-TEST(TablePrint, ANewSizeEmptiesEverything)
+TEST(TablePrint, ANewSizeEmptiesEverythingAndBringsTheFooterOrTakesIt)
 {
     const std::vector<std::function<void(clsTablePrint&)>> sizes = {
         [](clsTablePrint& table) { table.Rows(5); },
@@ -346,6 +302,11 @@ TEST(TablePrint, ANewSizeEmptiesEverything)
         table.FooterText(1, "x");
         table.ColWidth(-1, 99);
         table.MergeRow(4, true);
+        table.HasFooter = false;
+        EXPECT_EQ(table.FooterText(1), "x") << "it goes with the next size";
+        size(table);
+        EXPECT_THROW((void)table.FooterText(1), std::out_of_range);
+        table.HasFooter = true;
         size(table);
         EXPECT_EQ(table.TextMatrix(4, 1) + table.HeaderText(0, 1) + table.FooterText(1), "");
         EXPECT_EQ(table.ColWidth(0) + table.ColWidth(1), 30);
@@ -353,38 +314,20 @@ TEST(TablePrint, ANewSizeEmptiesEverything)
     }
 }
 
-TEST(TablePrint, TheFooterComesAndGoesWithTheNextSize)
-{
-    clsTablePrint table;
-    table.FooterText(0, "kept");
-    table.HasFooter = false;
-    EXPECT_EQ(table.FooterText(0), "kept");
-    table.Rows(5);
-    EXPECT_THROW(table.FooterText(0, "x"), std::out_of_range);
-    table.HasFooter = true;
-    EXPECT_THROW((void)table.FooterText(0), std::out_of_range);
-    table.Rows(5);
-    EXPECT_EQ(table.FooterText(1), "");
-}
-
 TEST(TablePrint, AWildcardWritesARowAColumnOrAll)
 {
-    struct Case {
-        int row;
-        int col;
-        std::string expected;
-    };
-    for (const Case& row : {Case{1, 2, "...|..x|"}, Case{1, -1, "...|xxx|"}, Case{-1, 2, "..x|..x|"},
-                            Case{-1, -1, "xxx|xxx|"}}) {
+    const std::map<std::pair<int, int>, std::string> cases = {
+        {{1, 2}, "...|..x|"}, {{1, -1}, "...|xxx|"}, {{-1, 2}, "..x|..x|"}, {{-1, -1}, "xxx|xxx|"}};
+    for (const auto& [place, expected] : cases) {
         clsTablePrint table;
         table.Rows(2);
         table.Cols(3);
         table.TextMatrix(-1, -1, ".");
-        table.TextMatrix(row.row, row.col, "x");
+        table.TextMatrix(place.first, place.second, "x");
         std::string all;
-        for (int r = 0; r < 2; ++r)
+        for (const int r : {0, 1})
             all += table.TextMatrix(r, 0) + table.TextMatrix(r, 1) + table.TextMatrix(r, 2) + "|";
-        EXPECT_EQ(all, row.expected);
+        EXPECT_EQ(all, expected);
     }
     clsTablePrint table;
     const controls::FontRef large = font(30);
@@ -399,12 +342,9 @@ TEST(TablePrint, RefusesSizesAndPlacesBeyondItsBounds)
     EXPECT_THROW(table.Cols(0), InvalidPropertyValue);
     EXPECT_THROW(table.Rows(-1), InvalidPropertyValue);
     EXPECT_THROW(table.HeaderRows(0), InvalidPropertyValue);
-    EXPECT_THROW(table.TextMatrix(5, 0, "x"), std::out_of_range);
-    EXPECT_THROW(table.TextMatrix(0, 2, "x"), std::out_of_range);
-    EXPECT_THROW(table.TextMatrix(-2, 0, "x"), std::out_of_range);
+    for (const auto& [row, col] : {std::pair(5, 0), {0, 2}, {-2, 0}, {0, -2}})
+        EXPECT_THROW(table.TextMatrix(row, col, "x"), std::out_of_range) << row << ", " << col;
     EXPECT_THROW((void)table.TextMatrix(-1, 0), std::out_of_range) << "reading needs a place";
-    EXPECT_THROW((void)table.ColAlignment(-1), std::out_of_range);
-    EXPECT_THROW(table.MergeHeaderRow(1, true), std::out_of_range);
     EXPECT_THROW(table.MergeRow(-1, true), std::out_of_range) << "no wildcard here";
     EXPECT_EQ(table.Rows() * 100 + table.Cols() * 10 + table.HeaderRows(), 521);
 }

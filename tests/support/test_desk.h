@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Prepared answers to what the forms ask, and a folder that goes with its test.
+// What tests of several rooms share: prepared answers to what forms ask, texts of grids, and a
+// folder that goes with its test.
 #pragma once
 
 #include "controls/dialogs.h"
+#include "controls/grid.h"
 
 #include <gtest/gtest.h>
 
@@ -18,11 +20,11 @@
 namespace comfortics::tests {
 
 struct RecordedMessages final : controls::Messages {
-    std::vector<controls::MessageBox> shown;
+    std::vector<controls::MessageBox> boxes;
     controls::Answer answer = controls::Answer::Ok;
     controls::Answer show(const controls::MessageBox& box) override
     {
-        shown.push_back(box);
+        boxes.push_back(box);
         return answer;
     }
 };
@@ -43,6 +45,21 @@ struct RecordedClipboard final : controls::Clipboard {
     void setText(const std::string& text) override { calls.push_back(text); }
     std::string text() override { return calls.empty() ? "" : calls.back(); }
 };
+
+/// Fills a whole grid by its clip text; everything stays selected.
+inline void fill(controls::Grid& grid, std::string_view text)
+{
+    grid.select(0, 0, grid.rows() - 1, grid.cols() - 1);
+    grid.setClip(text);
+}
+
+inline std::string column(const controls::Grid& grid, std::size_t col)
+{
+    std::string texts;
+    for (std::size_t row = 0; row < grid.rows(); ++row)
+        texts += (row ? "|" : "") + std::string(grid.textMatrix(row, col));
+    return texts;
+}
 
 class TemporaryFolder {
 public:
