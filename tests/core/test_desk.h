@@ -1,29 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the core tests share: limits without a file, and a message service that keeps its texts.
+// What the core tests share: limits without a file, and a calculation with its surroundings.
 #pragma once
 
-#include "controls/dialogs.h"
+#include "../support/test_desk.h"
+
 #include "core/calculation.h"
 #include "core/catalogue.h"
 #include "core/limits.h"
 
-#include <initializer_list>
+#include <array>
 #include <string>
+#include <string_view>
 #include <utility>
-#include <vector>
 
 namespace comfortics::tests {
-
-struct RecordedMessages final : controls::Messages {
-    std::vector<controls::MessageBox> boxes;
-    controls::Answer answer = controls::Answer::Ok;
-    controls::Answer show(const controls::MessageBox& box) override
-    {
-        boxes.push_back(box);
-        return answer;
-    }
-};
 
 /// Limits that let every temperature from -100 to 100 pass, with the given lines on top: the first
 /// of equal keys counts.
@@ -46,10 +37,11 @@ struct Bench {
     core::Calculation calculation{limits, messages};
     core::Settings settings;
 
-    core::RunStatus run(std::initializer_list<std::pair<core::Reading, const char*>> readings)
+    /// From the texts of TA, TG, SR, DP, RH and WS.
+    core::RunStatus run(const std::array<std::string_view, core::kReadingCount>& texts)
     {
-        for (const auto& [reading, text] : readings)
-            calculation.readings.box(reading).setText(text);
+        calculation.readings.clear();
+        calculation.readings.write(texts);
         return calculation.run(settings);
     }
     const std::string& value(int index) const
