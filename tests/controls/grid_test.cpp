@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/grid.h"
+#include "controls/grid_scroll.h"
+#include "test_desk.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +10,7 @@
 #include <ostream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics::controls {
@@ -26,24 +29,14 @@ using Range = GridChange::Range;
 
 namespace {
 
-// Fills a whole grid by its clip text; everything stays selected.
-void fill(Grid& grid, std::string_view text)
-{
-    grid.select(0, 0, grid.rows() - 1, grid.cols() - 1);
-    grid.setClip(text);
-}
+struct NoImage final : Image {
+    double width() const override { return 0; }
+    double height() const override { return 0; }
+};
 
 void select(Grid& grid, const Range& range)
 {
     grid.select(range.firstRow, range.firstCol, range.lastRow, range.lastCol);
-}
-
-std::string column(const Grid& grid, std::size_t col)
-{
-    std::string texts;
-    for (std::size_t row = 0; row < grid.rows(); ++row)
-        texts += (row ? "|" : "") + std::string(grid.textMatrix(row, col));
-    return texts;
 }
 
 } // namespace
@@ -52,57 +45,34 @@ TEST(Grid, ClipJoinsTheSelectionWhicheverWayItWasMade)
 {
     Grid grid(3, 3);
     fill(grid, "a\tb\tc\rd\te\tf\rg\t\ti");
-    struct Case {
-        Range anchorAndExtent;
-        std::string expected;
+    const std::vector<std::pair<Range, std::string>> cases = {
+        {{0, 0, 2, 2}, "a\tb\tc\rd\te\tf\rg\t\ti"},
+        {{2, 2, 1, 1}, "e\tf\r\ti"},
+        {{2, 0, 1, 1}, "d\te\rg\t"},
+        {{2, 1, 2, 1}, ""},
     };
-    for (const Case& row : {Case{{0, 0, 2, 2}, "a\tb\tc\rd\te\tf\rg\t\ti"}, Case{{1, 1, 2, 2}, "e\tf\r\ti"},
-                            Case{{2, 2, 1, 1}, "e\tf\r\ti"}, Case{{2, 0, 1, 1}, "d\te\rg\t"},
-                            Case{{0, 2, 2, 2}, "c\rf\ri"}, Case{{2, 1, 2, 1}, ""}}) {
-        select(grid, row.anchorAndExtent);
-        EXPECT_EQ(grid.clip(), row.expected) << testing::PrintToString(row.anchorAndExtent);
+    for (const auto& [anchorAndExtent, expected] : cases) {
+        select(grid, anchorAndExtent);
+        EXPECT_EQ(grid.clip(), expected) << testing::PrintToString(anchorAndExtent);
     }
 }
 
 TEST(Grid, WritingClipReplacesTheSelectionAndNothingElse)
 {
-    struct Case {
-        std::string name;
-        std::string text;
-        std::string expected; // of rows 1 and 2, columns 1 and 2, in a grid of x
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        // and the middle of a grid of x
+        {"1\t2\r3\t4\r", "x|1|3|x x|2|4|x"}, {"1\t2\t9\r3\t4\t9\r5\t6", "x|1|3|x x|2|4|x"},
+        {"1\r3", "x|1|3|x x|||x"},           {"1\t2", "x|1||x x|2||x"},
+        {"\t2\r\r4", "x|||x x|2||x"},        {"1\n\t2\r3\t4", "x|1\n|3|x x|2|4|x"},
     };
-    const std::vector<Case> cases = {
-        {"fits", "1\t2\r3\t4", "1\t2\r3\t4"},
-        {"ends with a break", "1\t2\r3\t4\r", "1\t2\r3\t4"},
-        {"too much", "1\t2\t9\r3\t4\t9\r5\t6", "1\t2\r3\t4"},
-        {"too few columns", "1\r3", "1\t\r3\t"},
-        {"too few rows", "1\t2", "1\t2\r\t"},
-        {"empty cells and an empty row", "\t2\r\r4", "\t2\r\t"},
-        {"a line feed is text", "1\n\t2\r3\t4", "1\n\t2\r3\t4"},
-    };
-    for (const Case& row : cases) {
+    for (const auto& [text, expected] : cases) {
         Grid grid(4, 4);
         fill(grid, "x\tx\tx\tx\rx\tx\tx\tx\rx\tx\tx\tx\rx\tx\tx\tx");
         grid.select(1, 1, 2, 2);
-        grid.setClip(row.text);
-        EXPECT_EQ(grid.clip(), row.expected) << row.name;
-        grid.select(1, 1, 2, 2);
-        grid.setClip("\t\r\t");
-        EXPECT_EQ(column(grid, 0) + column(grid, 1) + column(grid, 3), "x|x|x|xx|||xx|x|x|x") << row.name;
+        grid.setClip(text);
+        EXPECT_EQ(column(grid, 1) + " " + column(grid, 2), expected) << text;
+        EXPECT_EQ(column(grid, 0) + " " + column(grid, 3), "x|x|x|x x|x|x|x") << text;
     }
-}
-
-TEST(Grid, WritingTheAnchorTakesTheExtentAlong)
-{
-    Grid grid(5, 4);
-    grid.select(1, 1, 4, 3);
-    grid.setCol(0);
-    EXPECT_EQ(grid.selection(), (Range{1, 0, 1, 0}));
-    grid.setRowSel(3);
-    grid.setColSel(2);
-    EXPECT_EQ(grid.selection(), (Range{1, 0, 3, 2}));
-    grid.setRow(4);
-    EXPECT_EQ(grid.selection(), (Range{4, 0, 4, 0}));
 }
 
 TEST(Grid, SortsByCharacterCode)
@@ -110,13 +80,11 @@ TEST(Grid, SortsByCharacterCode)
     struct Case {
         std::string name;
         std::string before; // a column below the header H
-        std::string ascending;
-        std::string descending;
+        std::string ascending, descending;
     };
     const std::vector<Case> cases = {
         {"numbers are texts", "9.0\r10.0\r-1.0\r\r100.0", "H||-1.0|10.0|100.0|9.0", "H|9.0|100.0|10.0|-1.0|"},
         {"case counts", "b\rB\ra\rA", "H|A|B|a|b", "H|b|a|B|A"},
-        {"a beginning stands first", "abc\rab\rabcd", "H|ab|abc|abcd", "H|abcd|abc|ab"},
         {"the ninth byte decides", "01234567z\r01234567a", "H|01234567a|01234567z", "H|01234567z|01234567a"},
         {"beyond the sixteenth", "0123456789abcdefb\r0123456789abcdef\r0123456789abcdefa",
          "H|0123456789abcdef|0123456789abcdefa|0123456789abcdefb",
@@ -145,7 +113,6 @@ TEST(Grid, SortsWholeRowsByTheSelectedColumnsAndKeepsTheOrderOfEquals)
         {"first column up", {1, 0, 1, 0}, Sort::StringAscending, "h|q|s|p|r"},
         {"first column down, equals in order", {1, 0, 1, 0}, Sort::StringDescending, "h|p|r|q|s"},
         {"second column", {3, 1, 3, 1}, Sort::StringAscending, "h|p|r|s|q"},
-        {"two columns", {2, 0, 2, 1}, Sort::StringAscending, "h|s|q|p|r"},
         {"two columns, made backwards", {2, 1, 2, 0}, Sort::StringAscending, "h|s|q|p|r"},
         {"selected rows do not bound it", {1, 0, 2, 0}, Sort::StringAscending, "h|q|s|p|r"},
         {"a selected header does not join in", {0, 2, 0, 2}, Sort::StringDescending, "h|s|r|q|p"},
@@ -166,6 +133,7 @@ TEST(Grid, WhatBelongsToARowTravelsWithIt)
     for (std::size_t row = 1; row < 4; ++row)
         grid.setRowKey(row, static_cast<std::int32_t>(10 * row));
     grid.setCellAlignment(2, 1, 7);
+    grid.setCellPicture(2, 1, std::make_shared<NoImage>());
     grid.setCellFont(3, 0, {.name = "Serif", .bold = true});
     grid.setMergeRow(1, true);
     grid.setRowHeight(2, 500);
@@ -175,6 +143,7 @@ TEST(Grid, WhatBelongsToARowTravelsWithIt)
               std::vector({0, 20, 30, 10}));
     EXPECT_EQ(grid.cellAlignment(1, 1), 7);
     EXPECT_EQ(grid.cellAlignment(2, 1), Grid::kGeneralAlignment);
+    EXPECT_TRUE(grid.cellPicture(1, 1) && !grid.cellPicture(2, 1));
     EXPECT_EQ(grid.cellFont(2, 0)->name, "Serif");
     EXPECT_EQ(grid.cellFont(3, 0), grid.font());
     EXPECT_TRUE(grid.mergeRow(3) && !grid.mergeRow(1));
@@ -194,6 +163,10 @@ TEST(Grid, ANewSizeKeepsWhatFitsAndClearTheDimensions)
     grid.setRows(2);
     grid.setCols(2);
     EXPECT_EQ(grid.selection(), (Range{1, 1, 1, 1}));
+    grid.setColSel(0);
+    EXPECT_EQ(grid.selection(), (Range{1, 0, 1, 1}));
+    grid.setRow(0); // writing the anchor takes the extent along
+    EXPECT_EQ(grid.selection(), (Range{0, 1, 0, 1}));
     grid.setRows(4);
     grid.setCols(3);
     EXPECT_EQ(column(grid, 0) + " " + column(grid, 1) + " " + column(grid, 2), "a|d|| b|e|| |||");
@@ -222,11 +195,41 @@ TEST(Grid, RefusesWhatDoesNotExist)
         [](Grid& grid) { grid.setCol(2); },
         [](Grid& grid) { grid.setRowKey(3, 1); },
     };
-    for (std::size_t i = 0; i < acts.size(); ++i) {
+    for (const auto& act : acts) {
         Grid grid(3, 2);
-        EXPECT_THROW(acts[i](grid), std::out_of_range) << i;
-        EXPECT_EQ(grid.rows() * 10 + grid.cols(), 32u) << i;
-        EXPECT_EQ(grid.selection(), (Range{1, 0, 1, 0})) << i;
+        EXPECT_THROW(act(grid), std::out_of_range) << &act - acts.data();
+        EXPECT_EQ(grid.rows() * 10 + grid.cols(), 32u);
+        EXPECT_EQ(grid.selection(), (Range{1, 0, 1, 0}));
+    }
+}
+
+// Rows are 240 twips high. A grid of 1300 shows its header and four whole rows of the body, the
+// last of which becomes the first.
+TEST(Grid, ScrollsByAPage)
+{
+    struct Case {
+        std::string name;
+        std::size_t rows, top, expected;
+        int height, rotation;
+    };
+    const std::vector<Case> cases = {
+        {"on", 100, 20, 23, 1300, -120},
+        {"no rotation counts as on", 100, 20, 23, 1300, 0},
+        {"back, smallest notch", 100, 20, 17, 1300, 1},
+        {"back stops at the first row", 100, 3, 1, 1300, 120},
+        {"on stops at the last page", 100, 95, 96, 1300, -120},
+        {"exact height", 100, 1, 4, 1200, -120},
+        {"all rows show", 5, 1, 1, 1200, -120},
+        {"all rows but one show", 6, 1, 2, 1200, -120},
+        {"lower than its header", 100, 50, 50, 100, -120},
+    };
+    for (const Case& row : cases) {
+        Grid grid(row.rows, 2);
+        grid.setSize(3000, row.height);
+        if (row.rows > 1)
+            grid.setTopRow(row.top);
+        ScrollFlexGrid(grid, row.rotation);
+        EXPECT_EQ(grid.topRow(), row.expected) << row.name;
     }
 }
 
@@ -283,10 +286,6 @@ TEST(Grid, TheMouseSelectsBeforeTheFormIsTold)
 
 TEST(Grid, TellsItsViewWhatChanged)
 {
-    struct Case {
-        std::function<void(Grid&)> act;
-        std::string expected;
-    };
     const auto gathered = [](Grid& grid) {
         const Grid::Bulk outer(grid);
         grid.setTextMatrix(3, 0, "x");
@@ -296,17 +295,18 @@ TEST(Grid, TellsItsViewWhatChanged)
         }
         grid.setRow(2);
     };
-    const std::vector<Case> cases = {
+    const std::vector<std::pair<std::function<void(Grid&)>, std::string>> cases = {
         {[](Grid& grid) { grid.setTextMatrix(2, 1, "x"), grid.setTextMatrix(2, 1, "x"); }, "2,1 to 2,1;"},
         {[](Grid& grid) { grid.setRow(1), grid.setRow(2); }, "selection ;"},
         {[](Grid& grid) { grid.setRows(4), grid.setRows(9); }, "structure ;"},
+        {[](Grid& grid) { grid.setFixedRows(2); }, "structure ;"},
         {[](Grid& grid) { grid.setColWidth(0, 5); }, "layout ;"},
         {[](Grid& grid) { grid.setSort(Sort::StringAscending); }, "1,0 to 3,2;"},
         {[](Grid& grid) { grid.setTopRow(3), grid.setTopRow(3); }, "scroll ;"},
         {gathered, "selection 1,0 to 3,2;"},
         {[](Grid& grid) { const Grid::Bulk bulk(grid); }, ""},
     };
-    for (const Case& row : cases) {
+    for (const auto& [act, expected] : cases) {
         Grid grid(4, 3);
         std::string told;
         grid.watch([&](const GridChange& change) {
@@ -314,8 +314,8 @@ TEST(Grid, TellsItsViewWhatChanged)
                     (change.selection ? "selection " : "") + (change.scroll ? "scroll " : "") +
                     (change.cells ? testing::PrintToString(*change.cells) : "") + ";";
         });
-        row.act(grid);
-        EXPECT_EQ(told, row.expected);
+        act(grid);
+        EXPECT_EQ(told, expected);
     }
 }
 
