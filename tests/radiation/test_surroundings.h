@@ -4,40 +4,15 @@
 #pragma once
 
 #include "radiation/frm_radiation.h"
+#include "test_desk.h"
 
-#include <map>
+#include <gtest/gtest.h>
+
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace comfortics::radiation {
-
-struct RecordedMessages final : controls::Messages {
-    std::vector<controls::MessageBox> shown;
-    controls::Answer answer = controls::Answer::Ok;
-    controls::Answer show(const controls::MessageBox& box) override
-    {
-        shown.push_back(box);
-        return answer;
-    }
-};
-
-struct RecordedClipboard final : controls::Clipboard {
-    std::vector<std::string> calls;
-    void clear() override { calls.push_back("clear"); }
-    void setText(const std::string& text) override { calls.push_back(text); }
-    std::string text() override { return calls.empty() ? "" : calls.back(); }
-};
-
-struct PreparedFiles final : controls::FileDialogs {
-    std::optional<std::string> answer;
-    std::vector<controls::SaveRequest> asked;
-    std::optional<std::string> askSave(const controls::SaveRequest& request) override
-    {
-        asked.push_back(request);
-        return answer;
-    }
-};
 
 struct PreparedConnection final : Connection {
     bool answer = true;
@@ -56,35 +31,41 @@ struct PreparedMap final : PlaceSource {
 struct PreparedZones final : TimeZones {
     std::optional<int> offset(const std::string& zone, Date date) override
     {
-        if (zone != "Asia/Somewhere")
-            return std::nullopt;
         const auto month = static_cast<unsigned>(date.month());
-        return month >= 4 && month <= 10 ? 330 : 270;
+        return zone == "Asia/Somewhere" ? std::optional(month >= 4 && month <= 10 ? 330 : 270) : std::nullopt;
     }
 };
 
 inline constexpr Date kToday{std::chrono::year(2024), std::chrono::March, std::chrono::day(5)};
 
 struct Desk {
-    RecordedMessages messages;
-    RecordedClipboard clipboard;
-    PreparedFiles files;
+    tests::RecordedMessages messages;
+    tests::RecordedClipboard clipboard;
+    tests::PreparedFiles files;
     PreparedConnection connection;
     PreparedMap map;
     PreparedZones timeZones;
+    Frm_Radiation::Surroundings around{messages, clipboard, files, connection, map, timeZones};
+    Frm_Radiation form{around, kToday};
 
-    Frm_Radiation::Surroundings surroundings()
+    void calculate(const char* lat, const char* lon, const char* day, const char* gmt = "2", int okta = 0)
     {
-        return {messages, clipboard, files, connection, map, timeZones};
+        form.txt_lat.setText(lat);
+        form.txt_Lon.setText(lon);
+        form.txt_Day.setText(day);
+        form.txt_GMT.setText(gmt);
+        form.List_OKTA.choose(static_cast<std::size_t>(okta));
+        form.cmd_Calculate.setValue(true);
+    }
+    std::string line(std::size_t row) const
+    {
+        std::string text;
+        for (std::size_t col = 0; col < form.Flex_Radiation.cols(); ++col)
+            text += (col == 0 ? "" : ",") + std::string(form.Flex_Radiation.textMatrix(row, col));
+        return text;
     }
 };
 
-inline std::string line(const controls::Grid& grid, std::size_t row)
-{
-    std::string text;
-    for (std::size_t col = 0; col < grid.cols(); ++col)
-        text += (col == 0 ? "" : ",") + std::string(grid.textMatrix(row, col));
-    return text;
-}
+struct RadiationForm : testing::Test, Desk {};
 
 } // namespace comfortics::radiation
