@@ -3,12 +3,10 @@
 // The terminal tool as a process: what it is fed, what it says, how it ends.
 #pragma once
 
-#include <cstddef>
+#include "temporary_folder.h"
+
+#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <initializer_list>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -17,7 +15,6 @@
 
 #include <csignal>
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,22 +31,24 @@ struct Ending {
 /// Where a process starts from, other than the defaults.
 struct Surroundings {
     std::vector<std::pair<std::string, std::string>> environment = {};
-    std::string standardOutput = {}; ///< a file or device in place of the pipe
+    std::string standardOutput = {}; ///< a device in place of what is gathered
+    bool brokenOutput = false;       ///< the output is a pipe whose reader has gone
     std::string program = COMFORTICS_CLI;
 };
 
-/// A run of comfortics-cli. Its standard input stays open until it is closed or the run is
-/// finished.
+/// A run of comfortics-cli. Its standard input stays open until the run is finished; what it says is
+/// gathered in files, so that neither side ever waits for the other.
 class Process {
 public:
     explicit Process(const Arguments& arguments, const Surroundings& around = {})
     {
         std::signal(SIGPIPE, SIG_IGN); // a process that ends early is for the test to notice
         int in[2];
-        int out[2];
-        int err[2];
-        if (::pipe2(in, O_CLOEXEC) != 0 || ::pipe2(out, O_CLOEXEC) != 0 || ::pipe2(err, O_CLOEXEC) != 0)
+        int broken[2];
+        if (::pipe2(in, O_CLOEXEC) != 0 || ::pipe2(broken, O_CLOEXEC) != 0)
             throw std::runtime_error("no pipe");
+        ::close(broken[0]);
+        m_in = in[1];
         std::vector<std::string> words{around.program};
         words.insert(words.end(), arguments.begin(), arguments.end());
         std::vector<char*> argv;
@@ -59,32 +58,29 @@ public:
 
         m_pid = ::fork();
         if (m_pid == 0) {
-            const int sink =
-                around.standardOutput.empty()
-                    ? out[1]
-                    : ::open(around.standardOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+            const int out = around.brokenOutput ? broken[1]
+                            : around.standardOutput.empty()
+                                ? ::fileno(m_out)
+                                : ::open(around.standardOutput.c_str(), O_WRONLY | O_CLOEXEC);
             ::dup2(in[0], STDIN_FILENO);
-            ::dup2(sink, STDOUT_FILENO);
-            ::dup2(err[1], STDERR_FILENO);
-            std::signal(SIGPIPE, SIG_DFL);
+            ::dup2(out, STDOUT_FILENO);
+            ::dup2(::fileno(m_err), STDERR_FILENO);
+            // A job in the background inherits ignored signals, and the tool leaves those ignored.
+            for (const int number : {SIGPIPE, SIGINT, SIGHUP})
+                std::signal(number, SIG_DFL);
             for (const auto& [name, value] : around.environment)
                 ::setenv(name.c_str(), value.c_str(), 1);
             ::execv(argv[0], argv.data());
             ::_exit(127);
         }
         ::close(in[0]);
-        ::close(out[1]);
-        ::close(err[1]);
-        m_in = in[1];
-        m_out = out[0];
-        m_err = err[0];
+        ::close(broken[1]);
     }
     ~Process()
     {
         closeInput();
-        for (const int descriptor : {m_out, m_err})
-            if (descriptor >= 0)
-                ::close(descriptor);
+        std::fclose(m_out);
+        std::fclose(m_err);
         if (m_pid > 0) {
             ::kill(m_pid, SIGKILL);
             ::waitpid(m_pid, nullptr, 0);
@@ -104,45 +100,39 @@ public:
         }
         return true;
     }
+    void signal(int number) const { ::kill(m_pid, number); }
+
+    /// Waits for the process, without closing its input if that is wished.
+    Ending finish(bool withInputOpen = false)
+    {
+        if (!withInputOpen)
+            closeInput();
+        int status = 0;
+        ::waitpid(std::exchange(m_pid, -1), &status, 0);
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), textOf(m_out),
+                textOf(m_err)};
+    }
+
+private:
     void closeInput()
     {
         if (m_in >= 0)
             ::close(std::exchange(m_in, -1));
     }
-    void closeOutput() { ::close(std::exchange(m_out, -1)); }
-    void signal(int number) const { ::kill(m_pid, number); }
-
-    /// Reads both streams to their ends and waits for the process.
-    Ending finish(bool withInputOpen = false)
+    static std::string textOf(std::FILE* file)
     {
-        if (!withInputOpen)
-            closeInput();
-        Ending ending;
-        pollfd waited[2] = {{m_out, POLLIN, 0}, {m_err, POLLIN, 0}};
-        while (waited[0].fd >= 0 || waited[1].fd >= 0) {
-            ::poll(waited, 2, -1);
-            for (int i = 0; i < 2; ++i) {
-                if (waited[i].fd < 0 || waited[i].revents == 0)
-                    continue;
-                char buffer[65536];
-                const ssize_t count = ::read(waited[i].fd, buffer, sizeof buffer);
-                if (count <= 0)
-                    waited[i].fd = -1;
-                else
-                    (i == 0 ? ending.out : ending.err).append(buffer, static_cast<std::size_t>(count));
-            }
-        }
-        int status = 0;
-        ::waitpid(std::exchange(m_pid, -1), &status, 0);
-        ending.status = WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
-        return ending;
+        std::rewind(file);
+        std::string text;
+        char buffer[65536];
+        while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file))
+            text.append(buffer, count);
+        return text;
     }
 
-private:
     pid_t m_pid = -1;
     int m_in = -1;
-    int m_out = -1;
-    int m_err = -1;
+    std::FILE* m_out = std::tmpfile();
+    std::FILE* m_err = std::tmpfile();
 };
 
 inline Ending runTool(const Arguments& arguments, const Surroundings& around = {})
@@ -154,56 +144,22 @@ inline Ending runTool(const Arguments& arguments, const Surroundings& around = {
 inline Ending runTool(const Arguments& arguments, std::string_view input)
 {
     Process process(arguments);
-    // What fits into the pipe is fed at once, so that neither side waits for the other.
     process.feed(input);
     return process.finish();
 }
 
-inline std::string fileText(const std::filesystem::path& path)
+/// A call of calc that succeeds.
+inline const Arguments kSolar{"calc", "--ta", "30", "--sr", "600", "--rh", "50", "--ws", "2"};
+
+inline Arguments with(Arguments arguments, const Arguments& more)
 {
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
 }
 
 inline std::string expectedPath(const std::string& name)
 {
     return COMFORTICS_EXPECTED_DIR "/" + name;
 }
-
-/// A folder that goes with all it holds.
-class TemporaryFolder {
-public:
-    TemporaryFolder()
-    {
-        std::string name = (std::filesystem::temp_directory_path() / "comfortics-cli-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("no temporary folder");
-        m_path = name;
-    }
-    ~TemporaryFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::string file(const std::string& name) const { return (m_path / name).string(); }
-    std::string write(const std::string& name, std::string_view text) const
-    {
-        std::ofstream(m_path / name, std::ios::binary) << text;
-        return file(name);
-    }
-    std::vector<std::string> names() const
-    {
-        std::vector<std::string> found;
-        for (const auto& entry : std::filesystem::directory_iterator(m_path))
-            found.push_back(entry.path().filename().string());
-        return found;
-    }
-
-private:
-    std::filesystem::path m_path;
-};
 
 } // namespace comfortics::tests
