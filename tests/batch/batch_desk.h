@@ -5,52 +5,48 @@
 #pragma once
 
 #include "../core/test_desk.h"
+#include "no_windows.h"
 
-#include "core/frm_main.h"
+#include "batch/sheet_rows.h"
 
-#include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
 
 namespace comfortics::tests {
 
-using Cells = std::array<std::string, core::kReadingCount>;
+using Cells = batch::BoxTexts;
 
-inline core::Limits projectLimits()
+inline const core::Limits& projectLimits()
 {
-    return core::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    static const core::Limits limits = core::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    return limits;
 }
 
-struct NoWindows final : core::Windows {
-    void showResults() override {}
-    void showRawData() override {}
-    void showRadiation() override {}
-    void showConverter() override {}
-    std::string converter_lbl_C() override { return {}; }
-    std::string converter_lbl_WS() override { return {}; }
-    std::string converter_lbl_SR() override { return {}; }
-    void unloadAll() override {}
+struct MainWindow {
+    RecordedMessages messages;
+    NoWindows windows;
+    core::Frm_Main main{projectLimits(), messages, windows};
+
+    /// Writes a row into the boxes and calculates it if it passes the row test.
+    bool calculate(const Cells& cells)
+    {
+        main.calculation.readings.write({cells[0], cells[1], cells[2], cells[3], cells[4], cells[5]});
+        const bool complete = main.calculation.readings.complete();
+        if (complete)
+            main.cmd_Calculate.setValue(true);
+        return complete;
+    }
+    std::size_t solverMessages() const
+    {
+        std::size_t count = 0;
+        for (const controls::MessageBox& box : messages.boxes)
+            count += box.text == "No convergence: values too extreme" ? 1U : 0U;
+        return count;
+    }
 };
-
-inline void writeCells(core::Frm_Main& main, const Cells& cells)
-{
-    main.txt_TA.setText(cells[0]);
-    main.txt_TG.setText(cells[1]);
-    main.txt_SR.setText(cells[2]);
-    main.txt_DP.setText(cells[3]);
-    main.txt_RH.setText(cells[4]);
-    main.txt_WS.setText(cells[5]);
-}
-
-/// The row test of the sheet.
-inline bool isComplete(const core::Frm_Main& main)
-{
-    const auto full = [](const controls::TextBox& box) { return !box.text().empty(); };
-    return full(main.txt_TA) && (full(main.txt_RH) || full(main.txt_DP)) &&
-           (full(main.txt_TG) || full(main.txt_SR)) && full(main.txt_WS);
-}
 
 /// The captions of the store for the selected indices, in order.
 inline std::vector<std::string> selectedResults(const core::Frm_Main& main)
@@ -70,14 +66,6 @@ inline std::vector<std::string> liveCaptions(const core::Calculation& calculatio
     return texts;
 }
 
-inline Cells boxTexts(const core::ReadingBoxes& boxes)
-{
-    Cells texts;
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        texts[i] = boxes.text(static_cast<core::Reading>(i));
-    return texts;
-}
-
 /// Rows as users paste them: most are sound, some lack a cell, give both of a pair, hold letters,
 /// commas, lone signs and trailing points, extremes, or what makes a run fail. Many repeat cells
 /// of the row before, so that writes that change nothing occur often.
@@ -85,35 +73,35 @@ inline std::vector<Cells> randomRows(std::size_t count, std::uint32_t seed)
 {
     std::mt19937 random(seed);
     const auto chance = [&random](unsigned percent) { return random() % 100 < percent; };
-    const auto tenth = [&random](int from, int to) {
-        const int value =
-            from * 10 + static_cast<int>(random() % static_cast<unsigned>((to - from) * 10 + 1));
+    const auto between = [&random](int from, int to) {
+        return from + static_cast<int>(random() % static_cast<unsigned>(to - from + 1));
+    };
+    const auto tenths = [](int value) {
         return (value < 0 ? "-" : "") + std::to_string(std::abs(value) / 10) + "." +
                std::to_string(std::abs(value) % 10);
     };
-    const std::array<const char*, 22> odd{"",    "-",    ".",    "abc",  "1,5",  "1,2,3", "5-",    "20.",
-                                          "0.",  "0",    "58.1", "-999", "1368", "100",   "100.1", " 7 ",
-                                          "1e1", "20,0", "-5-",  "1.05", "600",  "99-"};
+    const std::vector<std::string> odd{"",    "-",   ".",   "abc",  "1,5",  "1,2,3", "5-",
+                                       "20.", "0.",  "0",   "58.1", "-999", "100",   "100.1",
+                                       " 7 ", "1e1", "-5-", "1.05", "600",  "99-"};
     std::vector<Cells> rows;
     for (std::size_t i = 0; i < count; ++i) {
-        Cells row;
-        row[0] = tenth(-20, 45);
+        const int Ta = between(-350, 450);
+        Cells row{tenths(Ta)};
         if (chance(40))
-            row[1] = tenth(-15, 60);
+            row[1] = tenths(Ta + between(-30, 200));
         else
-            row[2] = std::to_string(random() % 1200);
+            row[2] = std::to_string(between(0, 1200));
         if (chance(30))
-            row[3] = tenth(-25, 25);
+            row[3] = tenths(Ta - between(-20, 200));
         else
-            row[4] = tenth(5, 100);
-        row[5] = tenth(0, 15);
-        for (std::string& cell : row)
+            row[4] = tenths(between(50, 1000));
+        row[5] = tenths(between(0, chance(10) ? 300 : 150));
+        for (std::size_t column = 0; column < row.size(); ++column) {
             if (chance(4))
-                cell = odd[random() % odd.size()];
-        if (!rows.empty())
-            for (std::size_t column = 0; column < row.size(); ++column)
-                if (chance(20))
-                    row[column] = rows.back()[column];
+                row[column] = odd[random() % odd.size()];
+            if (!rows.empty() && chance(20))
+                row[column] = rows.back()[column];
+        }
         rows.push_back(std::move(row));
     }
     return rows;

@@ -6,21 +6,21 @@
 #include "batch/table_reader.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace comfortics::tests {
 
-inline batch::TableReader::Source textSource(std::string text, std::size_t piece = 1U << 20)
+inline batch::TableReader tableOf(std::string text, std::size_t piece = 1U << 20)
 {
-    return [text = std::move(text), piece, at = std::size_t{0}](char* buffer, std::size_t size) mutable {
-        const std::size_t count = std::min({size, piece, text.size() - at});
-        text.copy(buffer, count, at);
-        at += count;
-        return count;
-    };
+    return batch::TableReader(
+        [text = std::move(text), piece, at = std::size_t{0}](char* buffer, std::size_t size) mutable {
+            const std::size_t count = std::min({size, piece, text.size() - at});
+            text.copy(buffer, count, at);
+            at += count;
+            return count;
+        });
 }
 
 /// What a reader gives, for comparing: each row as "line: cell|cell|cell", and at the end the
