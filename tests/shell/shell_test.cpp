@@ -1,67 +1,60 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/shell.h"
 
+#include "../cli/temporary_folder.h"
+
 #include <gtest/gtest.h>
 
-#include <stdlib.h> // mkdtemp
-
-#include <filesystem>
-#include <fstream>
-#include <optional>
 #include <string>
-#include <vector>
 
 namespace comfortics::shell {
 namespace {
 
-using controls::Answer;
-using controls::Key;
-using controls::MouseButton;
-
-struct RecordedMessages final : controls::Messages {
-    std::vector<controls::MessageBox> boxes;
-    Answer answer = Answer::Yes;
-    Answer show(const controls::MessageBox& box) override
-    {
-        boxes.push_back(box);
-        return answer;
-    }
-};
-
-struct KeptClipboard final : controls::Clipboard {
-    std::string kept;
-    void clear() override { kept.clear(); }
-    void setText(const std::string& text) override { kept = text; }
-    std::string text() override { return kept; }
-};
-
-struct NoFiles final : controls::FileDialogs {
+/// A user who answers alike whatever is asked, and a map without a connection to the world.
+struct Answers final : controls::Messages,
+                       controls::Clipboard,
+                       controls::FileDialogs,
+                       output::PrintDialog,
+                       radiation::Connection,
+                       radiation::PlaceSource,
+                       radiation::TimeZones {
+    controls::Answer answer = controls::Answer::Yes;
+    controls::Answer show(const controls::MessageBox&) override { return answer; }
+    void clear() override {}
+    void setText(const std::string&) override {}
+    std::string text() override { return {}; }
     std::optional<std::string> askSave(const controls::SaveRequest&) override { return std::nullopt; }
-};
-
-struct NoPrinter final : output::PrintDialog {
     void show(const std::function<void(output::Printer&)>&) override {}
+    bool connected() override { return true; }
+    void navigate(const radiation::MapOpening&) override {}
+    bool ready() override { return false; }
+    std::optional<int> offset(const std::string&, radiation::Date) override { return std::nullopt; }
+    using PlaceSource::supply;
 };
 
 struct Program {
-    RecordedMessages messages;
-    KeptClipboard clipboard;
-    NoFiles files;
-    NoPrinter printing;
+    Answers user;
+    Desktop::Maps maps{user, user, user};
     Shell shell;
+    core::Frm_Main& main = shell.main();
 
-    explicit Program(const std::filesystem::path& folder = COMFORTICS_DATA_DIR)
-        : shell(folder, {messages, clipboard, files, printing})
+    explicit Program(const std::filesystem::path& folder = COMFORTICS_DATA_DIR, bool withMaps = true)
+        : shell(folder, {user, user, user, user, withMaps ? &maps : nullptr})
     {
     }
-
-    void calculate(const char* Ta, const char* SR, const char* RH, const char* WS)
+    void start()
     {
-        shell.main().txt_TA.setText(Ta);
-        shell.main().txt_SR.setText(SR);
-        shell.main().txt_RH.setText(RH);
-        shell.main().txt_WS.setText(WS);
-        shell.main().txt_WS.press({Key::Enter});
+        shell.start();
+        shell.splash.get()->tmr_Splash.tick();
+        shell.splash.get()->tmr_Splash.tick();
+    }
+    void calculate(const char* Ta, const char* RH)
+    {
+        main.txt_TA.setText(Ta);
+        main.txt_SR.setText("600");
+        main.txt_RH.setText(RH);
+        main.txt_WS.setText("2");
+        main.txt_WS.press({controls::Key::Enter});
     }
 };
 
@@ -75,154 +68,122 @@ TEST(Shell, TheSplashScreenHandsOverAtTheSecondTick)
     EXPECT_EQ(splash->tmr_Splash.interval(), 1000);
     EXPECT_EQ(splash->lbl_Version.caption(), "version 1.0");
     splash->tmr_Splash.tick();
-    EXPECT_FALSE(program.shell.main().visible());
-    EXPECT_EQ(program.shell.splash.get(), splash);
+    EXPECT_FALSE(program.main.visible());
     splash->tmr_Splash.tick();
-    EXPECT_TRUE(program.shell.main().visible());
+    EXPECT_TRUE(program.main.visible());
     EXPECT_EQ(program.shell.splash.get(), nullptr);
+    program.main.hide();
     splash->tmr_Splash.tick(); // a late one finds the timer off
-    EXPECT_EQ(program.shell.splash.get(), nullptr);
+    EXPECT_FALSE(program.main.visible());
 }
 
-TEST(Shell, Calculate1FillsAndShowsTheResults)
+TEST(Shell, CalculatingFillsTheResultsWithValuesAndReasons)
 {
     Program program;
-    EXPECT_EQ(program.shell.results.get(), nullptr);
-    program.calculate("30", "600", "50", "2");
+    program.main.List_Indices.setSelected(4, false);
+    program.calculate("30", "50");
     output::Frm_Comfortics* const results = program.shell.results.get();
     ASSERT_NE(results, nullptr);
     EXPECT_TRUE(results->visible());
     EXPECT_EQ(results->Flex.rows(), 223U);
-    const core::Frm_Results& store = program.shell.main().results;
-    for (const std::size_t index : {std::size_t{1}, std::size_t{5}, std::size_t{134}, std::size_t{222}}) {
-        EXPECT_EQ(results->Flex.textMatrix(index, 0), store.lbl_Index[index].caption());
-        EXPECT_EQ(results->Flex.textMatrix(index, 1), store.lbl_results[index].caption());
-        EXPECT_EQ(results->Flex.textMatrix(index, 2), store.lbl_Unit[index].caption());
-    }
+    EXPECT_EQ(results->Flex.textMatrix(134, 0), "Relative Humidity");
     EXPECT_EQ(results->Flex.textMatrix(134, 1), "50.0");
-}
-
-TEST(Shell, ABlankResultSaysWhyWhereverSortingBroughtIt)
-{
-    Program program;
-    program.shell.main().List_Indices.setSelected(133, false); // relative humidity
-    program.calculate("30", "600", "50", "2");
-    controls::Grid& grid = program.shell.results.get()->Flex;
-    EXPECT_EQ(grid.note(134, 1), "The index is not selected in the list.");
-    EXPECT_EQ(grid.note(134, 0), "");
-    EXPECT_EQ(grid.note(5, 1), "");
-    const std::string name(grid.textMatrix(134, 0));
-    grid.mouseDown(MouseButton::Left, 0, 0);
-    std::size_t row = 1;
-    while (grid.textMatrix(row, 0) != name)
-        ++row;
-    ASSERT_NE(row, 134U);
-    EXPECT_EQ(grid.note(row, 1), "The index is not selected in the list.");
-}
-
-TEST(Shell, TheResultsKeepTheirSearchUntilTheWindowIsUnloaded)
-{
-    Program program;
-    program.calculate("30", "600", "50", "2");
-    program.shell.results.get()->txt_Search.setText("wind chill");
-    program.calculate("31", "600", "50", "2");
-    EXPECT_EQ(program.shell.results.get()->txt_Search.text(), "wind chill");
-    EXPECT_TRUE(program.shell.results.get()->Flex_Search.visible());
-    program.shell.results.unload();
-    program.calculate("32", "600", "50", "2");
-    EXPECT_EQ(program.shell.results.get()->txt_Search.text(), "");
-    EXPECT_TRUE(program.shell.results.get()->Flex.visible());
+    EXPECT_EQ(results->Flex.textMatrix(134, 2), "%");
+    EXPECT_EQ(results->Flex.note(134, 1), "");
+    EXPECT_EQ(results->Flex.note(5, 1), "The index is not selected in the list.");
 }
 
 TEST(Shell, TheConverterOpensBesideTheMainWindowAndLeavesItsColours)
 {
     Program program;
-    core::Frm_Main& main = program.shell.main();
-    main.stands({10, 20, 900, 600});
+    core::Frm_Main& main = program.main;
     main.Menu_Converter.click.raise();
     converter::Frm_Converter* const first = program.shell.converter.get();
     ASSERT_NE(first, nullptr);
     EXPECT_TRUE(first->visible());
-    EXPECT_EQ(first->place().left, 910);
-    EXPECT_EQ(main.txt_TA.backColor(), core::kTransferColor);
     first->txt_F.setText("50");
+    first->txt_kmh.setText("18");
+    first->txt_kWm.setText("0.3");
     main.txt_TA.doubleClick.raise();
     EXPECT_EQ(main.txt_TA.text(), "10.0");
     first->Menu_Velocity.click.raise();
-    first->txt_kmh.setText("18");
     main.txt_WS.doubleClick.raise();
     EXPECT_EQ(main.txt_WS.text(), "5.00");
     first->Menu_Radiation.click.raise();
-    first->txt_kWm.setText("0.3");
     main.txt_SR.doubleClick.raise();
     EXPECT_EQ(main.txt_SR.text(), "300.0");
 
     main.Menu_Converter.click.raise(); // shows the one that is open
     EXPECT_EQ(program.shell.converter.get(), first);
-    EXPECT_EQ(main.txt_SR.backColor(), core::kTransferColor);
-
     program.shell.converter.unload();
     EXPECT_EQ(main.txt_SR.backColor(), core::kOrdinaryColor);
     main.Menu_Converter.click.raise();
     EXPECT_EQ(program.shell.converter.get()->txt_F.text(), ""); // a fresh one
-    EXPECT_EQ(main.txt_TA.backColor(), core::kTransferColor);
+}
+
+TEST(Shell, TheRadiationWindowOpensOnceAndOnlyWithMaps)
+{
+    Program without(COMFORTICS_DATA_DIR, false);
+    EXPECT_FALSE(without.main.Menu_Radiation.enabled());
+    without.main.Menu_Radiation.click.raise();
+    EXPECT_EQ(without.shell.radiation.get(), nullptr);
+
+    Program program;
+    ASSERT_TRUE(program.main.Menu_Radiation.enabled());
+    program.main.Menu_Radiation.click.raise();
+    radiation::Frm_Radiation* const form = program.shell.radiation.get();
+    ASSERT_NE(form, nullptr);
+    EXPECT_TRUE(form->visible());
+    program.user.supply("12.5, -7");
+    EXPECT_EQ(form->txt_lat.text(), "12.5");
+    program.main.Menu_Radiation.click.raise();
+    EXPECT_EQ(program.shell.radiation.get(), form); // its inputs stay
 }
 
 TEST(Shell, ClosingUnloadsEveryFormOrNone)
 {
     Program program;
-    program.shell.start();
-    program.shell.splash.get()->tmr_Splash.tick();
-    program.shell.splash.get()->tmr_Splash.tick();
-    program.calculate("30", "600", "50", "2");
-    program.shell.main().Menu_Converter.click.raise();
-    int ends = 0;
+    Shell& shell = program.shell;
+    program.start();
+    program.calculate("30", "50");
+    program.main.Menu_Converter.click.raise();
+    program.main.Menu_Radiation.click.raise();
+    program.main.Menu_Raw_Data.click.raise();
     std::string order;
-    program.shell.ended.watch([&] { ++ends; });
-    program.shell.results.unloading.watch([&] { order += "results "; });
-    program.shell.converter.unloading.watch([&] {
-        EXPECT_NE(program.shell.converter.get(), nullptr); // the view can still let go of it
+    shell.ended.watch([&] { order += "ended"; });
+    shell.results.unloading.watch([&] { order += "results "; });
+    shell.radiation.unloading.watch([&] { order += "radiation "; });
+    shell.rawData.unloading.watch([&] { order += "rawData "; });
+    shell.converter.unloading.watch([&] {
+        EXPECT_NE(shell.converter.get(), nullptr); // the view can still let go of it
         order += "converter ";
     });
 
-    program.messages.answer = Answer::No;
-    EXPECT_TRUE(program.shell.main().Form_QueryUnload());
-    EXPECT_EQ(ends, 0);
-    EXPECT_NE(program.shell.results.get(), nullptr);
-    EXPECT_TRUE(program.shell.main().visible());
+    program.user.answer = controls::Answer::No;
+    EXPECT_TRUE(program.main.Form_QueryUnload());
+    EXPECT_EQ(order, "");
+    EXPECT_TRUE(program.main.visible());
 
-    program.messages.answer = Answer::Yes;
-    EXPECT_FALSE(program.shell.main().Form_QueryUnload());
-    EXPECT_EQ(ends, 1);
-    EXPECT_EQ(order, "results converter ");
-    EXPECT_EQ(program.shell.results.get(), nullptr);
-    EXPECT_EQ(program.shell.converter.get(), nullptr);
-    EXPECT_FALSE(program.shell.main().visible());
+    program.user.answer = controls::Answer::Yes;
+    EXPECT_FALSE(program.main.Form_QueryUnload());
+    program.user.supply("1, 2"); // reaches nobody
+    EXPECT_EQ(order, "results converter radiation rawData ended");
+    EXPECT_EQ(shell.results.get(), nullptr);
+    EXPECT_FALSE(program.main.visible());
 }
 
 TEST(Shell, ReadsTheLimitsOfTheProgramsFolder)
 {
-    std::string pattern = (std::filesystem::temp_directory_path() / "comfortics_XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    const std::filesystem::path folder(pattern);
-    {
-        const Program without(folder);
-        EXPECT_NE(without.shell.limitsWarning().find("Limits.Index"), std::string::npos);
-    }
-    std::ofstream(folder / "Limits.Index")
-        << "[INDICES]\r\nTair_min_35=10\r\nTair_max_35=20\r\nWS_max_35=0\r\n";
-    {
-        Program with(folder);
-        EXPECT_EQ(with.shell.limitsWarning(), "");
-        const auto value = [&with](std::size_t index) {
-            return with.shell.main().results.lbl_results[index].caption();
-        };
-        with.calculate("15", "600", "90", "2");
-        EXPECT_NE(value(35), "");
-        with.calculate("25", "600", "90", "2");
-        EXPECT_EQ(value(35), "");
-    }
-    std::filesystem::remove_all(folder);
+    const tests::TemporaryFolder folder;
+    EXPECT_NE(Program(folder.path()).shell.limitsWarning().find("Limits.Index"), std::string::npos);
+    folder.write("Limits.Index", "[INDICES]\r\nTair_min_35=10\r\nTair_max_35=20\r\nWS_max_35=0\r\n");
+    Program program(folder.path());
+    EXPECT_EQ(program.shell.limitsWarning(), "");
+    const controls::Label& value = program.main.results.lbl_results[35];
+    program.calculate("15", "90");
+    EXPECT_NE(value.caption(), "");
+    program.calculate("25", "90");
+    EXPECT_EQ(value.caption(), "");
 }
 
 } // namespace
