@@ -4,9 +4,48 @@
 
 #include <QApplication>
 
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace {
+
+constexpr int kUsage = 2; // as the terminal tool
+
+constexpr const char* kHelp =
+    "Usage: comfortics [option ...]\n"
+    "Opens the window of Comfortics, a calculator of indices of bioclimatology and thermal stress.\n"
+    "\n"
+    "  -h, --help   Print this help text and exit\n"
+    "  --version    Print the version and exit\n"
+    "\n"
+    "The options that every Qt program knows are accepted too, for instance -platform NAME.\n"
+    "For scripts and pipelines there is comfortics-cli.\n";
+
+// What needs no display is answered before one is looked for.
+const char* answer(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (argument == "-h" || argument == "--help")
+            return kHelp;
+        if (argument == "--version")
+            return "comfortics " COMFORTICS_VERSION "\n";
+    }
+    return nullptr;
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
-    const QApplication qt(argc, argv);
+    if (const char* const text = answer(argc, argv))
+        return std::fputs(text, stdout) < 0 || std::fflush(stdout) != 0 ? EXIT_FAILURE : EXIT_SUCCESS;
+    const QApplication qt(argc, argv); // takes the options of Qt out
+    if (argc > 1) {
+        std::fprintf(stderr, "comfortics: There is no option \"%s\"; see comfortics --help.\n", argv[1]);
+        return kUsage;
+    }
     QApplication::setApplicationName(QStringLiteral("comfortics"));
     QApplication::setApplicationVersion(QStringLiteral(COMFORTICS_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("comfortics"));
