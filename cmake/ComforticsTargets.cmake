@@ -43,6 +43,17 @@ function(comfortics_room room)
   target_compile_features(comfortics_${room} PUBLIC cxx_std_20)
 endfunction()
 
+# comfortics_install_program(<target>): a program and Limits.Index lie in one folder. That is bin/, except in a Debian
+# package, whose bin/ takes programs only: there it is lib/comfortics, and bin/ links to it.
+function(comfortics_install_program target)
+  install(TARGETS ${target} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT folder)
+  install(TARGETS ${target} RUNTIME DESTINATION lib/comfortics COMPONENT debian EXCLUDE_FROM_ALL)
+  set(link ${CMAKE_BINARY_DIR}/links/${target})
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
+  file(CREATE_LINK ../lib/comfortics/${target} ${link} SYMBOLIC)
+  install(FILES ${link} DESTINATION bin COMPONENT debian EXCLUDE_FROM_ALL)
+endfunction()
+
 # comfortics_test(<room> SOURCES ... LINKS ...): one test executable per room, linking that room only.
 function(comfortics_test room)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
