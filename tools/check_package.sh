@@ -1,0 +1,114 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Builds the packages, lets Debian's validators look at them, unpacks them into empty folders and runs both programs
+# from there. The libraries are this machine's, unless a clean root is asked for: a system of Debian's essential
+# packages in which apt installs what the package itself asks for. That needs root, the network and some minutes.
+#
+# usage: tools/check_package.sh [--clean-root]    (--run-in FOLDER is for its own use)
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+export LC_ALL=C.UTF-8
+unset WAYLAND_DISPLAY QT_QPA_PLATFORM
+
+scratch=$(mktemp -d)
+display=
+started=()
+finish() {
+    for id in "${started[@]}"; do
+        kill "$id" 2>/dev/null || true
+    done
+    rm -rf "$scratch"
+}
+trap finish EXIT
+
+# fail SENTENCE
+fail() {
+    echo "check_package.sh: $1" >&2
+    exit 1
+}
+
+# validate PACKAGE FOLDER: the package, and what was unpacked from it.
+validate() {
+    local share=$2/usr/share page
+    desktop-file-validate "$share/applications/comfortics.desktop"
+    appstreamcli validate --no-net --explain "$share"/metainfo/*.metainfo.xml
+    for page in "$share"/man/man1/*.gz; do
+        mandoc -T lint -W warning "$page"
+        man --warnings --encoding=UTF-8 --local-file -Tutf8 -Z "$page" 2>"$scratch/man" >/dev/null
+        [ ! -s "$scratch/man" ] || fail "$(cat "$scratch/man")"
+    done
+    # It advises against running as root, but only looks at the package here.
+    lintian --allow-root --fail-on error,warning "$1"
+    local size
+    size=$(stat --format=%s "$1")
+    [ "$size" -lt 10000000 ] || fail "$1 has $size bytes"
+}
+
+# run_programs FOLDER [COMMAND...]: runs those in FOLDER by way of COMMAND.
+run_programs() {
+    local bin=$1 program status=0
+    shift
+    # Index 1 has limits, so its value shows that Limits.Index was found; a warm day is none for index 8.
+    "$@" "$bin/comfortics-cli" calc --ta 30 --rh 50 --ws 2 --sr 600 --format json >"$scratch/json"
+    python3 -c '
+import json, sys
+answer = json.load(sys.stdin)
+shown = [result["number"] for result in answer["results"] if result["value"]]
+assert answer["status"] == "ok" and len(answer["results"]) == 222, answer["status"]
+assert 1 in shown and 8 not in shown, "the limits are not in force"
+' <"$scratch/json"
+    "$@" "$bin/comfortics" --version
+
+    if [ -z "$display" ]; then # Xvfb picks a free display and says its number
+        exec {server}< <(exec Xvfb -displayfd 1 -screen 0 1366x768x24 2>"$scratch/xvfb.log")
+        started+=($!)
+        read -r -t 60 display <&"$server" || fail "No display came up. $(cat "$scratch/xvfb.log")"
+        export DISPLAY=:$display
+    fi
+    "$@" "$bin/comfortics" 2>"$scratch/window.log" &
+    program=$!
+    started+=("$program")
+    timeout 120 xdotool search --sync --onlyvisible --name '^Comfortics$' >/dev/null ||
+        fail "No window came up. $(cat "$scratch/window.log")"
+    kill -TERM $program
+    wait $program || status=$?
+    [ $status -eq 143 ] || fail "The window did not stay: exit status $status. $(cat "$scratch/window.log")"
+    echo "Both programs run from $bin${1:+ in a clean root}"
+}
+
+# try_clean_root PACKAGE
+try_clean_root() {
+    tools/install_packages.sh clean_root
+    # Where this machine's apt gets Debian from.
+    local sources=()
+    mapfile -t sources < <(find /etc/apt -maxdepth 2 -name '*.list' -o -name '*.sources')
+    cp "$1" "$scratch/package.deb"
+    # The programs run as a hook, which has /proc.
+    mmdebstrap --quiet --mode=root --variant=apt \
+        --customize-hook="copy-in '$scratch/package.deb' /tmp" \
+        --customize-hook='chroot "$1" apt-get --quiet --yes --no-install-recommends install /tmp/package.deb' \
+        --customize-hook="'$PWD/tools/check_package.sh' --run-in \"\$1\"" \
+        "$(. /etc/os-release && echo "$VERSION_CODENAME")" /dev/null "${sources[@]}"
+}
+
+case "${1:-}" in
+--run-in) # called by the hook
+    run_programs /usr/bin chroot "$2"
+    exit 0
+    ;;
+"" | --clean-root) ;;
+*)
+    echo "usage: tools/check_package.sh [--clean-root]" >&2
+    exit 2
+    ;;
+esac
+
+tools/make_package.sh
+package=$(echo build/packages/*.deb)
+dpkg-deb --extract "$package" "$scratch/debian"
+mkdir "$scratch/archive"
+tar --extract --file="$(echo build/packages/*.tar.gz)" --directory="$scratch/archive" --strip-components=1
+validate "$package" "$scratch/debian"
+run_programs "$scratch/debian/usr/bin"
+run_programs "$scratch/archive/bin"
+[ "${1:-}" != --clean-root ] || try_clean_root "$package"
