@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/frm_raw_data.h"
 
-#include "../cli/temporary_folder.h"
 #include "batch_desk.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -521,7 +521,7 @@ TEST(FrmRawData, CopiesAndExportsItsResults)
     sheet.user.path = folder.file("season.csv");
     sheet.form.Menu_Export.click.raise();
     EXPECT_EQ(sheet.user.title, "Export Spreadsheet Table");
-    EXPECT_NE(tests::fileText(folder.file("season.csv.csv")).find("\r\n3.2,600.0\r\n,\r\n"),
+    EXPECT_NE(tests::readFile(folder.file("season.csv.csv")).find("\r\n3.2,600.0\r\n,\r\n"),
               std::string::npos);
     ASSERT_EQ(sheet.user.boxes.size(), 1U);
     EXPECT_EQ(sheet.user.boxes[0].text, "The spreadsheet table has been saved succesfully");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "process.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +26,7 @@ TEST(Batch, WritesTheRecordedTable)
 {
     const TemporaryFolder folder;
     const std::string input = expectedPath("batch_input.csv");
-    const std::string expected = fileText(expectedPath("batch_output.csv"));
+    const std::string expected = readFile(expectedPath("batch_output.csv"));
     const std::string summary = "Rows: 5 calculated, 2 skipped, 0 failed.\n";
     const Arguments options{"--live", "--select", "1,24,35,36,100,159,195,199,200,214"};
 
@@ -33,13 +34,13 @@ TEST(Batch, WritesTheRecordedTable)
     EXPECT_EQ(toPipe.status, 0);
     EXPECT_EQ(toPipe.out, expected);
     EXPECT_EQ(toPipe.err, summary);
-    EXPECT_EQ(runTool(with({"batch", "-", "--threads", "3"}, options), fileText(input)).out, expected);
+    EXPECT_EQ(runTool(with({"batch", "-", "--threads", "3"}, options), readFile(input)).out, expected);
 
     const Ending toFile = runTool(with({"batch", input, "-o", folder.file("out.csv")}, options));
     EXPECT_EQ(toFile.status, 0);
     EXPECT_EQ(toFile.out, "");
     EXPECT_EQ(toFile.err, summary);
-    EXPECT_EQ(fileText(folder.file("out.csv")), expected);
+    EXPECT_EQ(readFile(folder.file("out.csv")), expected);
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"out.csv"}));
 }
 
@@ -76,7 +77,7 @@ TEST(Batch, AMalformedTableNamesItsLineAndLeavesTheOutputAsItWas)
         EXPECT_EQ(ending.status, 5) << says;
         EXPECT_EQ(ending.err, "comfortics-cli: " + input + ": " + says + "\n");
         EXPECT_EQ(runTool({"batch", "-", "-o", output}, text).err, "comfortics-cli: " + says + "\n");
-        EXPECT_EQ(fileText(output), "precious") << says;
+        EXPECT_EQ(readFile(output), "precious") << says;
         EXPECT_EQ(folder.names().size(), 2U) << says;
     }
 }

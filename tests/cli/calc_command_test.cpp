@@ -3,6 +3,7 @@
 // Expected values come from an independent calculation of the same readings.
 #include "../values/comma_locale.h"
 #include "process.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -42,7 +43,7 @@ std::vector<std::string> values(const Arguments& arguments, const std::vector<st
 
 TEST(Calc, PrintsTheRecordedJsonAlsoUnderACommaLocale)
 {
-    const std::string expected = fileText(expectedPath("calc_solar.txt"));
+    const std::string expected = readFile(expectedPath("calc_solar.txt"));
     const Ending ending = runTool(with(kSolar, {"--format", "json"}));
     EXPECT_EQ(ending.status, 0);
     EXPECT_EQ(partByPart(ending.out), expected);
@@ -59,7 +60,7 @@ TEST(Calc, PrintsTheRecordedCsvOfTheSelection)
     const Ending ending = runTool({"calc", "--ta", "7.3", "--tg", "15.7", "--td", "4.5", "--ws", "3.1",
                                    "--select", "1-20,100,159,195-201", "--format", "csv"});
     EXPECT_EQ(ending.status, 0);
-    EXPECT_EQ(ending.out, fileText(expectedPath("calc_globe.csv")));
+    EXPECT_EQ(ending.out, readFile(expectedPath("calc_globe.csv")));
 }
 
 TEST(Calc, AlignsTheTextForReading)

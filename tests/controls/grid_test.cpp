@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/grid.h"
 #include "controls/grid_scroll.h"
-#include "test_desk.h"
+#include "prepared_answers.h"
 
 #include <gtest/gtest.h>
 

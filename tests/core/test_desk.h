@@ -3,7 +3,7 @@
 // What the core tests share: limits without a file, and a calculation with its surroundings.
 #pragma once
 
-#include "../support/test_desk.h"
+#include "prepared_answers.h"
 
 #include "core/calculation.h"
 #include "core/catalogue.h"

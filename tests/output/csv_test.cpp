@@ -4,7 +4,8 @@
 #include "output/code_page.h"
 #include "output/csv_export.h"
 #include "output/csv_writer.h"
-#include "test_desk.h"
+#include "prepared_answers.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -152,7 +153,7 @@ TEST_F(CsvExport, ACancelledOrEmptySpreadsheetDialogIsSilent)
     ASSERT_EQ(files.asked.size(), 2u);
     expectAsked("Export Spreadsheet Table", "Comma-Separated Values (*.csv)", "", true);
     EXPECT_TRUE(messages.boxes.empty());
-    EXPECT_EQ(folder.count(), 0u);
+    EXPECT_EQ(folder.names().size(), 0u);
 }
 
 TEST_F(CsvExport, TheExtensionIsAlwaysAppendedAndTheSuccessMessagesDifferInTheFullStop)
@@ -188,14 +189,14 @@ TEST_F(CsvExport, ACancelledRadiationDialogWritesTheOfferedName)
     exportRadiation();
     expectAsked("Export to CSV", "Excel Import File (*.csv)|*.csv", "Solar Radiation", false);
     EXPECT_EQ(readFile(folder.file("Solar Radiation")), "A,B,\r\n1,2,\r\n");
-    EXPECT_EQ(folder.count(), 1u);
+    EXPECT_EQ(folder.names().size(), 1u);
     EXPECT_TRUE(messages.boxes.empty());
 }
 
 TEST_F(CsvExport, TheRadiationQuestionHasNoEffect)
 {
     files.answer = folder.file("mine");
-    writeFile(folder.file("mine"), "old");
+    folder.write("mine", "old");
     messages.answer = controls::Answer::No;
     exportRadiation();
     ASSERT_EQ(messages.boxes.size(), 1u);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/frm_comfortics.h"
+#include "prepared_answers.h"
 #include "recording_surface.h"
-#include "test_desk.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 

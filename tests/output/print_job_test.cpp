@@ -2,8 +2,8 @@
 //
 // From a grid to printed pages: what the table takes from the grid, and the job on the printer.
 #include "output/print_job.h"
+#include "prepared_answers.h"
 #include "recording_surface.h"
-#include "test_desk.h"
 #include "values/run_failure.h"
 
 #include <gtest/gtest.h>

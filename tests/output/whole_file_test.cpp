@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/whole_file.h"
-#include "test_desk.h"
+#include "prepared_answers.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +57,7 @@ private:
 TEST(WholeFile, ReplacesAFileWithItsModeThroughALink)
 {
     const TemporaryFolder folder;
-    writeFile(folder.file("a"), kOld);
+    folder.write("a", kOld);
     ::chmod(folder.file("a").c_str(), 0640);
     ASSERT_EQ(::symlink("a", folder.file("link").c_str()), 0);
     EXPECT_EQ(writeWholeFile(folder.file("link"), writeMuch).error, "");
@@ -66,7 +67,7 @@ TEST(WholeFile, ReplacesAFileWithItsModeThroughALink)
     EXPECT_TRUE(S_ISLNK(status.st_mode));
     ::stat(folder.file("a").c_str(), &status);
     EXPECT_EQ(status.st_mode & 07777, 0640u);
-    EXPECT_EQ(folder.count(), 2u) << "nothing is left beside";
+    EXPECT_EQ(folder.names().size(), 2u) << "nothing is left beside";
 }
 
 TEST(WholeFile, KeepsTheOldFileWhenWritingFails)
@@ -86,7 +87,7 @@ TEST(WholeFile, KeepsTheOldFileWhenWritingFails)
         {"given up", RLIM_INFINITY, [](ByteSink& sink) { return sink.write("abc"), false; }, "incomplete"},
     };
     const TemporaryFolder folder;
-    writeFile(folder.file("old"), kOld);
+    folder.write("old", kOld);
     for (const Case& row : cases) {
         for (const char* name : {"old", "new"}) {
             std::string error;
@@ -97,19 +98,19 @@ TEST(WholeFile, KeepsTheOldFileWhenWritingFails)
             EXPECT_NE(error.find(row.reason), std::string::npos) << row.name << ": " << error;
             EXPECT_NE(error.find(folder.file(name)), std::string::npos) << row.name << ": " << error;
             EXPECT_EQ(readFile(folder.file("old")), kOld) << row.name;
-            EXPECT_EQ(folder.count(), 1u) << row.name << ": something is left behind";
+            EXPECT_EQ(folder.names().size(), 1u) << row.name << ": something is left behind";
         }
     }
     const auto stopped = [](ByteSink&) -> bool { throw std::runtime_error("stopped"); };
     EXPECT_THROW(writeWholeFile(folder.file("old"), stopped), std::runtime_error);
     EXPECT_EQ(readFile(folder.file("old")), kOld);
-    EXPECT_EQ(folder.count(), 1u);
+    EXPECT_EQ(folder.names().size(), 1u);
 }
 
 TEST(WholeFile, SaysWhyAPlaceCannotBeWritten)
 {
     const TemporaryFolder folder;
-    writeFile(folder.file("plain"), kOld);
+    folder.write("plain", kOld);
     struct Case {
         std::string path;
         std::string reason;
@@ -119,7 +120,7 @@ TEST(WholeFile, SaysWhyAPlaceCannotBeWritten)
           Case{folder.file("plain/a"), "Not a directory"}, Case{folder.file("."), "Is a directory"},
           Case{"", "No such file or directory"}, Case{"/dev/full", "No space left on device"}})
         EXPECT_TRUE(writeWholeFile(row.path, writeMuch).error.ends_with(": " + row.reason + ".")) << row.path;
-    EXPECT_EQ(folder.count(), 1u);
+    EXPECT_EQ(folder.names().size(), 1u);
     EXPECT_EQ(writeWholeFile("/dev/null", writeMuch).error, "") << "a device is written to directly";
 }
 
@@ -128,7 +129,7 @@ TEST(WholeFile, LeavesWhatIsProtectedFromWriting)
     if (::geteuid() == 0)
         GTEST_SKIP() << "root writes everywhere";
     const TemporaryFolder folder;
-    writeFile(folder.file("a"), kOld);
+    folder.write("a", kOld);
     ::chmod(folder.file("a").c_str(), 0444);
     EXPECT_FALSE(writeWholeFile(folder.file("a"), writeMuch).succeeded());
     EXPECT_EQ(readFile(folder.file("a")), kOld);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "temporary_folder.h"
 #include "test_surroundings.h"
 
 #include <algorithm>

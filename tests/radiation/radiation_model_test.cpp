@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "prepared_answers.h"
 #include "radiation/calendar.h"
 #include "radiation/chart_data.h"
 #include "radiation/radiation_model.h"
-#include "test_desk.h"
 #include "values/run_failure.h"
 
 #include <gtest/gtest.h>

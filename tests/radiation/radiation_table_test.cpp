@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The table text for text. All expected texts come from a separate computation.
+#include "temporary_folder.h"
 #include "test_surroundings.h"
 
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 // A radiation form with prepared answers to all that it asks.
 #pragma once
 
+#include "prepared_answers.h"
 #include "radiation/frm_radiation.h"
-#include "test_desk.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "prepared_answers.h"
 #include "radiation/map_view.h"
 #include "radiation/world_map.h"
-#include "test_desk.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 

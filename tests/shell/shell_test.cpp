@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/shell.h"
 
-#include "../cli/temporary_folder.h"
+#include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 

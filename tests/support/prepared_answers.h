@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What tests of several rooms share: prepared answers to what forms ask, texts of grids, and a
-// folder that goes with its test.
+// What tests of several rooms share: prepared answers to what forms ask, and texts of grids.
 #pragma once
 
 #include "controls/dialogs.h"
 #include "controls/grid.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -59,44 +52,6 @@ inline std::string column(const controls::Grid& grid, std::size_t col)
     for (std::size_t row = 0; row < grid.rows(); ++row)
         texts += (row ? "|" : "") + std::string(grid.textMatrix(row, col));
     return texts;
-}
-
-class TemporaryFolder {
-public:
-    TemporaryFolder()
-    {
-        std::string name = (std::filesystem::temp_directory_path() / "comfortics-XXXXXX").string();
-        EXPECT_NE(::mkdtemp(name.data()), nullptr);
-        m_path = name;
-    }
-    ~TemporaryFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::string file(const std::string& name) const { return (m_path / name).string(); }
-    std::size_t count() const
-    {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_path), {}));
-    }
-
-private:
-    std::filesystem::path m_path;
-};
-
-inline void writeFile(const std::string& path, const std::string& bytes)
-{
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-/// "missing" where there is no such file.
-inline std::string readFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "missing";
 }
 
 } // namespace comfortics::tests

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Files of a test.
 #pragma once
 
 #include <filesystem>
@@ -50,10 +52,11 @@ private:
     std::filesystem::path m_path;
 };
 
-inline std::string fileText(const std::filesystem::path& path)
+/// "missing" where there is no such file.
+inline std::string readFile(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "missing";
 }
 
 } // namespace comfortics::tests
