@@ -15,9 +15,10 @@ using controls::Answer;
 
 namespace {
 
-QMessageBox::Icon icon(controls::Icon wanted)
+// What says nothing of its icon and asks nothing is bad news.
+QMessageBox::Icon icon(const controls::MessageBox& box)
 {
-    switch (wanted) {
+    switch (box.icon) {
     case controls::Icon::Question:
         return QMessageBox::Question;
     case controls::Icon::Information:
@@ -25,7 +26,7 @@ QMessageBox::Icon icon(controls::Icon wanted)
     case controls::Icon::None:
         break;
     }
-    return QMessageBox::NoIcon;
+    return box.buttons == controls::Buttons::Ok ? QMessageBox::Warning : QMessageBox::Question;
 }
 
 // What stands before the bar is for the user. Without a pattern of its own it filters nothing.
@@ -48,7 +49,7 @@ Answer DesktopMessages::show(const controls::MessageBox& box)
 {
     const bool question = box.buttons == controls::Buttons::YesNo;
     QMessageBox dialog(QApplication::activeWindow());
-    dialog.setIcon(icon(box.icon));
+    dialog.setIcon(icon(box));
     dialog.setWindowTitle(box.title.empty() ? QStringLiteral("Comfortics") : toQt(box.title));
     dialog.setTextFormat(Qt::PlainText);
     dialog.setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
