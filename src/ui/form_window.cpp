@@ -2,10 +2,12 @@
 #include "ui/form_window.h"
 
 #include "ui/bindings.h"
+#include "ui/help.h"
 #include "ui/text.h"
 
 #include <QEvent>
 #include <QScreen>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -16,6 +18,9 @@ FormWindow::FormWindow(controls::Form& form) : m_form(form)
     setWindowTitle(toQt(form.caption()));
     setContextMenuPolicy(Qt::PreventContextMenu);
     listen(*this, form.visibility, [this] { repeatVisibility(); });
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+            [this] { showHelp(*this); });
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
 }
 
 void FormWindow::repeatVisibility()
