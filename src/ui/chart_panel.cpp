@@ -8,7 +8,6 @@
 #include <QChart>
 #include <QChartView>
 #include <QGraphicsLineItem>
-#include <QGraphicsScene>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLegend>
@@ -34,6 +33,7 @@ namespace {
 constexpr double kMinutesPerHour = 60;
 constexpr int kLabelledHours = 8;  // at most
 constexpr double kLeastSpan = 100; // W/m²
+constexpr float kGridOpacity = 0.2F;
 
 constexpr std::array<const char*, kFigureCount> kNames{
     "Horizontal surface", "Tilted surface", "Horizontal surface, with clouds", "Tilted surface, with clouds"};
@@ -103,6 +103,32 @@ void ChartPanel::buildChart()
     m_cursor->setPen(QPen(Qt::gray, 1, Qt::DotLine));
     m_cursor->setZValue(20);
     m_cursor->hide();
+    wearPalette();
+}
+
+// By itself a chart is white on a dark desktop, too.
+void ChartPanel::wearPalette()
+{
+    const QColor ink = palette().color(QPalette::Text);
+    const QColor ground = palette().color(QPalette::Base);
+    QColor grid = ink;
+    grid.setAlphaF(kGridOpacity);
+    m_chart->setBackgroundBrush(ground);
+    m_view->setBackgroundBrush(palette().color(QPalette::Window));
+    m_chart->legend()->setLabelColor(ink);
+    for (QAbstractAxis* const axis : m_chart->axes()) {
+        axis->setLabelsColor(ink);
+        axis->setTitleBrush(ink);
+        axis->setGridLineColor(grid);
+        axis->setLinePenColor(ink);
+    }
+}
+
+void ChartPanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        wearPalette();
 }
 
 void ChartPanel::refresh()

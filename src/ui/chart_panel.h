@@ -40,9 +40,11 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void buildChart();
+    void wearPalette();
     void save();
     void hideCursor();
 
