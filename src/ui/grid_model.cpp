@@ -82,9 +82,17 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || m_grid.fixedRows() == 0)
+    if (orientation == Qt::Vertical)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    if (m_grid.fixedRows() == 0)
         return {};
-    return cell(m_grid.fixedRows() - 1, static_cast<std::size_t>(section), role);
+    if (role == Qt::TextAlignmentRole && m_wrapsHeaders)
+        return QVariant::fromValue(int(Qt::AlignLeft) | int(Qt::AlignVCenter) | int(Qt::TextWordWrap));
+    const QVariant whole = cell(m_grid.fixedRows() - 1, static_cast<std::size_t>(section), role);
+    if (role != Qt::DisplayRole || !m_wrapsHeaders)
+        return whole;
+    return whole.toString().replace(QLatin1Char('/'),
+                                    QStringLiteral("/\u2060")); // no line ends within a unit
 }
 
 void GridModel::repeat(const controls::GridChange& change)

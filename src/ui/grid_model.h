@@ -8,8 +8,8 @@
 
 namespace comfortics::ui {
 
-/// The body of a grid as rows, its last fixed row as header. Holds no cells: the view asks for what
-/// it shows.
+/// The body of a grid as rows numbered from 1, its last fixed row as header. Holds no cells: the view asks
+/// for what it shows.
 class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -31,6 +31,9 @@ public:
     void setLeastPointSize(double points) { m_leastPoints = points; }
     QFont font(const controls::Font& own) const;
 
+    /// Headers are broken into lines where they are too long for one.
+    void wrapHeaders() { m_wrapsHeaders = true; }
+
 private:
     QVariant cell(std::size_t row, std::size_t col, int role) const;
 
@@ -38,6 +41,7 @@ private:
     int m_rows;
     int m_cols;
     double m_leastPoints = 0;
+    bool m_wrapsHeaders = false;
 };
 
 } // namespace comfortics::ui

@@ -11,6 +11,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QToolTip>
@@ -29,6 +30,7 @@ using controls::MouseButton;
 namespace {
 
 constexpr int kCellPadding = 4;
+constexpr int kHeaderMargin = 6; // beside a header's text, and room for the style's own
 constexpr double kTwipsPerInch = 1440;
 
 std::optional<MouseButton> formButton(Qt::MouseButton button)
@@ -128,7 +130,65 @@ void GridView::repeatLayout()
     horizontalHeader()->setFixedHeight(m_grid.fixedRows() > 0 ? pixels(m_grid.rowHeight(0)) : 0);
     for (std::size_t col = 0; col < m_grid.cols(); ++col)
         horizontalHeader()->resizeSection(static_cast<int>(col), pixels(m_grid.colWidth(col)));
+    if (m_wrapsHeaders)
+        fitHeaderHeight();
     viewport()->update();
+}
+
+void GridView::fitHeaderHeight()
+{
+    QHeaderView& header = *horizontalHeader();
+    const QFontMetrics metrics(m_model->font(*m_grid.font()), this);
+    int height = header.height();
+    for (int col = 0; col < m_model->columnCount(); ++col) {
+        const QRect room(0, 0, header.sectionSize(col) - 2 * kHeaderMargin, 0);
+        const QString text = m_model->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();
+        height =
+            std::max(height, metrics.boundingRect(room, Qt::TextWordWrap, text).height() + 2 * kCellPadding);
+    }
+    header.setFixedHeight(height);
+}
+
+void GridView::showRowNumbers()
+{
+    verticalHeader()->show();
+    verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    verticalHeader()->setHighlightSections(false);
+}
+
+void GridView::wrapHeaders()
+{
+    m_wrapsHeaders = true;
+    m_model->wrapHeaders();
+    horizontalHeader()->setTextElideMode(Qt::ElideNone);
+    horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    repeatLayout();
+}
+
+void GridView::setEmptyHint(const QString& hint)
+{
+    m_emptyHint = hint;
+    setAccessibleDescription(hint);
+}
+
+bool GridView::isEmpty() const
+{
+    if (m_model->rowCount() > 1)
+        return false;
+    for (int col = 0; col < m_model->columnCount(); ++col)
+        if (!m_model->index(0, col).data().toString().isEmpty())
+            return false;
+    return true;
+}
+
+void GridView::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (m_emptyHint.isEmpty() || !isEmpty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyHint);
 }
 
 void GridView::repeatSelection()
@@ -157,7 +217,8 @@ void GridView::repeatScroll()
 void GridView::tellSize()
 {
     const int width = twips(viewport()->width());
-    const int height = twips(viewport()->height() + horizontalHeader()->height());
+    // The form knows of one header row, however high it stands here.
+    const int height = twips(viewport()->height()) + (m_grid.fixedRows() > 0 ? m_grid.rowHeight(0) : 0);
     if (m_resized)
         m_resized(width, height);
     else

@@ -36,9 +36,17 @@ public:
     /// Called after the current cell or the selection has moved.
     void onSelection(std::function<void()> moved) { m_moved = std::move(moved); }
 
+    /// Numbers the rows from 1 at the left.
+    void showRowNumbers();
+    /// Breaks long headers into lines; the first column takes what the others leave of the width.
+    void wrapHeaders();
+    /// What stands in the table for as long as all of its cells are empty.
+    void setEmptyHint(const QString& hint);
+
     void selectAll() override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -58,6 +66,8 @@ private:
     void repeatLayout();
     void repeatSelection();
     void repeatScroll();
+    void fitHeaderHeight();
+    bool isEmpty() const;
     void tellSize();
     bool headerPress(QMouseEvent& event);
     void moveTo(const QModelIndex& index, bool extend);
@@ -68,9 +78,11 @@ private:
     std::function<void(int, int)> m_resized;
     std::function<void(int, int, int, int)> m_wheel;
     std::function<void()> m_moved;
+    QString m_emptyHint;
     double m_pixelsPerTwip = 1;
     int m_turned = 0; // of the wheel, less than a notch
     bool m_telling = false;
+    bool m_wrapsHeaders = false;
 };
 
 } // namespace comfortics::ui
