@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QTimer>
@@ -204,6 +205,17 @@ void bind(QAction& action, controls::MenuEntry& control, char mnemonic)
         action.setVisible(control.visible());
     });
     QObject::connect(&action, &QAction::triggered, &action, [&control] { control.click.raise(); });
+}
+
+void addEntry(QMenu& menu, controls::MenuEntry& entry, char mnemonic, const QKeySequence& keys,
+              QWidget& where)
+{
+    auto* const action = new QAction(&menu);
+    bind(*action, entry, mnemonic);
+    action->setShortcut(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    menu.addAction(action);
+    where.addAction(action);
 }
 
 void bind(QTimer& timer, controls::Timer& control)

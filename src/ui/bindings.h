@@ -14,8 +14,10 @@
 class QAbstractButton;
 class QAction;
 class QCheckBox;
+class QKeySequence;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QRadioButton;
 class QTimer;
 class QWidget;
@@ -65,6 +67,9 @@ void bind(QRadioButton& button, controls::OptionGroup& group, std::size_t option
 void bindAppearance(QWidget& widget, controls::Control& control);
 /// The mnemonic is a letter of the caption.
 void bind(QAction& action, controls::MenuEntry& control, char mnemonic = 0);
+/// Adds the entry to a menu. Its keys work while the focus lies in `where`.
+void addEntry(QMenu& menu, controls::MenuEntry& entry, char mnemonic, const QKeySequence& keys,
+              QWidget& where);
 void bind(QTimer& timer, controls::Timer& control);
 
 } // namespace comfortics::ui

@@ -7,7 +7,6 @@
 #include "ui/text.h"
 #include "ui/widgets.h"
 
-#include <QAction>
 #include <QCalendarWidget>
 #include <QCloseEvent>
 #include <QCompleter>
@@ -20,10 +19,10 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
-#include <QScreen>
 #include <QSplitter>
 #include <QStackedLayout>
 #include <QStandardItemModel>
+#include <QTextCharFormat>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -92,17 +91,6 @@ RadiationWindow::RadiationWindow(radiation::Frm_Radiation& form, const Surroundi
 
 QWidget* RadiationWindow::buildInputs()
 {
-    auto* const calculate = new QPushButton;
-    bind(*calculate, m_form.cmd_Calculate);
-    calculate->setIcon(QIcon(QStringLiteral(":/calculate.svg")));
-    calculate->setToolTip(QStringLiteral("Calculates the table of the day"));
-    auto* const worldMap = new QPushButton;
-    bind(*worldMap, m_form.cmd_World_Map);
-    worldMap->setToolTip(QStringLiteral("Opens or closes a map of the world, which needs no connection"));
-    auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(worldMap);
-    buttons->addWidget(calculate, 1);
-
     auto* const inputs = new QWidget;
     auto* const column = new QVBoxLayout(inputs);
     column->setContentsMargins(0, 0, 0, 0);
@@ -110,6 +98,18 @@ QWidget* RadiationWindow::buildInputs()
     column->addWidget(buildDay());
     column->addWidget(buildPlace());
     column->addWidget(buildClouds(), 1);
+
+    auto* const worldMap = new QPushButton;
+    bind(*worldMap, m_form.cmd_World_Map);
+    worldMap->setToolTip(QStringLiteral("Opens or closes a map of the world, which needs no connection"));
+    auto* const calculate = new QPushButton;
+    bind(*calculate, m_form.cmd_Calculate);
+    calculate->setIcon(QIcon(QStringLiteral(":/calculate.svg")));
+    calculate->setShortcut(Qt::Key_F5);
+    calculate->setToolTip(QStringLiteral("Calculates the table of the day (F5)"));
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(worldMap);
+    buttons->addWidget(calculate, 1);
     column->addLayout(buttons);
 
     auto* const page = new QWidget;
@@ -126,6 +126,8 @@ QWidget* RadiationWindow::buildDay()
     auto* const calendar = new QCalendarWidget;
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setAccessibleName(QStringLiteral("Date"));
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) // red is hard to read on a dark ground
+        calendar->setWeekdayTextFormat(day, {});
     calendar->setToolTip(QStringLiteral("Click on the day to calculate"));
     follow(*calendar, m_form.Calendar.change,
            [this, calendar] { calendar->setSelectedDate(toQt(m_form.Calendar.value())); });
@@ -223,12 +225,18 @@ QWidget* RadiationWindow::buildMaps()
     layout->addWidget(buildConnectedMap(), 1);
     layout->addWidget(buildWorldMap(), 1);
 
+    m_mapHint = new QWidget;
+    auto* const invitation = new QVBoxLayout(m_mapHint);
     auto* const hint = quietLabel(QStringLiteral("The world map gives latitude and longitude by a click."));
-    hint->setAlignment(Qt::AlignCenter);
-    layout->addWidget(hint, 1);
+    auto* const open = new QPushButton(QStringLiteral("Open the map"));
+    connect(open, &QPushButton::clicked, this, [this] { m_form.cmd_World_Map.setValue(true); });
+    invitation->addStretch();
+    invitation->addWidget(hint, 0, Qt::AlignHCenter);
+    invitation->addWidget(open, 0, Qt::AlignHCenter);
+    invitation->addStretch();
+    layout->addWidget(m_mapHint, 1);
     for (const QString& name : {QStringLiteral("fra_WebBrowser"), QStringLiteral("fra_World_Map")})
         maps->findChild<QWidget*>(name)->installEventFilter(this);
-    m_mapHint = hint;
     return maps;
 }
 
@@ -261,10 +269,7 @@ QWidget* RadiationWindow::buildWorldMap()
         offerClock(point);
     });
 
-    auto* const search = new QLineEdit;
-    search->setPlaceholderText(QStringLiteral("Search a place, for instance Athens, Greece"));
-    search->setClearButtonEnabled(true);
-    search->addAction(QIcon(QStringLiteral(":/search.svg")), QLineEdit::LeadingPosition);
+    auto* const search = searchLine(QStringLiteral("Search a place, for instance Athens, Greece"));
     search->setAccessibleName(QStringLiteral("Search a place"));
     auto* const found = new QStandardItemModel(this);
     auto* const completer = new QCompleter(found, search);
@@ -318,11 +323,9 @@ void RadiationWindow::offerClock(radiation::GeoPoint point)
 QWidget* RadiationWindow::buildTable()
 {
     m_menu = new QMenu(ui::toQt(m_form.Menu_copy.caption()), this);
-    for (controls::MenuEntry* entry : {&m_form.Menu_copy_copy, &m_form.Menu_copy_selection}) {
-        auto* const action = new QAction(m_menu);
-        bind(*action, *entry);
-        m_menu->addAction(action);
-    }
+    auto* const page = new QWidget;
+    addEntry(*m_menu, m_form.Menu_copy_copy, 'A', {}, *page);
+    addEntry(*m_menu, m_form.Menu_copy_selection, 'S', QKeySequence::Copy, *page);
     follow(*this, m_form.popUpMenu_copy, [this] {
         if (isVisible())
             m_menu->popup(QCursor::pos());
@@ -330,13 +333,15 @@ QWidget* RadiationWindow::buildTable()
 
     auto* const back = new QPushButton;
     bind(*back, m_form.cmd_Back);
-    back->setToolTip(QStringLiteral("Back to the inputs"));
-    auto* const menu = new QPushButton(ui::toQt(m_form.Menu_copy.caption()));
+    back->setShortcut(Qt::Key_Escape);
+    back->setToolTip(QStringLiteral("Back to the inputs (Escape)"));
+    auto* const menu = new QPushButton(withMnemonic(m_form.Menu_copy.caption(), 'M'));
     menu->setMenu(m_menu);
     menu->setToolTip(QStringLiteral("Copies the table; the right mouse button opens it, too"));
     auto* const save = new QPushButton;
     bind(*save, m_form.cmd_Export);
-    save->setToolTip(QStringLiteral("Saves the table as CSV"));
+    save->setShortcut(QKeySequence::Save);
+    save->setToolTip(QStringLiteral("Saves the table as CSV (Ctrl+S)"));
     auto* const top = new QHBoxLayout;
     top->addWidget(back);
     top->addStretch();
@@ -345,6 +350,7 @@ QWidget* RadiationWindow::buildTable()
 
     auto* const table = new GridView(m_form.Flex_Radiation);
     table->setAccessibleName(QStringLiteral("Solar radiation"));
+    table->wrapHeaders();
     table->onResize([this](int width, int height) { m_form.resizeTable(width, height); });
     m_chart = new ChartPanel(m_form.Flex_Radiation, m_around.files, m_around.messages);
     auto* const halves = new QSplitter(Qt::Vertical);
@@ -354,7 +360,6 @@ QWidget* RadiationWindow::buildTable()
     halves->setStretchFactor(0, 1);
     halves->setStretchFactor(1, 1);
 
-    auto* const page = new QWidget;
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     layout->setSpacing(kSpacing);

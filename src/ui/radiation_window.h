@@ -58,7 +58,7 @@ private:
     MapWidget* m_worldMap = nullptr;
     ChartPanel* m_chart = nullptr;
     QMenu* m_menu = nullptr;
-    QLabel* m_mapHint = nullptr;
+    QWidget* m_mapHint = nullptr; // in place of the maps
 };
 
 } // namespace comfortics::ui

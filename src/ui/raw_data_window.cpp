@@ -7,7 +7,6 @@
 #include "ui/text.h"
 #include "ui/widgets.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QCursor>
@@ -25,6 +24,7 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QUrl>
@@ -159,9 +159,16 @@ QWidget* RawDataWindow::buildData()
     m_stop = button(m_form.cmd_Stop, "cmd_Stop",
                     QStringLiteral("Ends the run (Escape); the rows that are done stay"));
 
+    m_stop->setIcon(style()->standardIcon(QStyle::SP_BrowserStop));
+
     m_data = new GridView(m_form.Flex_Data);
     m_data->setObjectName(QStringLiteral("Flex_Data"));
     m_data->setAccessibleName(QStringLiteral("Readings"));
+    m_data->setEmptyHint(
+        QStringLiteral("Paste rows from a spreadsheet, drop a CSV or TSV file here, or open one."));
+    m_data->showRowNumbers();
+    // Takes what rounding leaves of the width.
+    m_data->horizontalHeader()->setSectionResizeMode(core::kReadingCount - 1, QHeaderView::Stretch);
     m_data->setItemDelegate(new RowMarks(
         m_form.Flex_Data, [this](std::size_t row) { return m_form.dataRowState(row); }, m_data));
     m_data->onResize([this](int width, int height) {
@@ -233,17 +240,9 @@ QWidget* RawDataWindow::buildResults()
 {
     auto* const page = new QWidget;
     page->setObjectName(QStringLiteral("Fra_Results"));
-    const auto add = [this, page](controls::MenuEntry& entry, char mnemonic, const QKeySequence& keys) {
-        auto* const action = new QAction(m_menu);
-        bind(*action, entry, mnemonic);
-        action->setShortcut(keys);
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // not while the data are in use
-        m_menu->addAction(action);
-        page->addAction(action);
-    };
-    add(m_form.Menu_copy_copy, 'A', {});
-    add(m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy);
-    add(m_form.Menu_Export, 'E', QKeySequence::Save);
+    addEntry(*m_menu, m_form.Menu_copy_copy, 'A', {}, *page);
+    addEntry(*m_menu, m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy, *page);
+    addEntry(*m_menu, m_form.Menu_Export, 'E', QKeySequence::Save, *page);
 
     m_back = new QPushButton;
     bind(*m_back, m_form.cmd_Back);
@@ -261,6 +260,7 @@ QWidget* RawDataWindow::buildResults()
     m_results = new GridView(m_form.Flex_Results);
     m_results->setObjectName(QStringLiteral("Flex_Results"));
     m_results->setAccessibleName(QStringLiteral("Results"));
+    m_results->showRowNumbers();
     m_results->setItemDelegate(new RowMarks(
         m_form.Flex_Results, [this](std::size_t row) { return m_form.rowState(row); }, m_results));
     m_results->onSelection([this] {

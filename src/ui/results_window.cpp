@@ -6,7 +6,6 @@
 #include "ui/text.h"
 #include "ui/widgets.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QHBoxLayout>
@@ -46,20 +45,11 @@ ResultsWindow::ResultsWindow(output::Frm_Comfortics& form, const QWidget& main, 
 void ResultsWindow::buildMenu()
 {
     m_menu = new QMenu(toQt(m_form.Menu_Copy.caption()), this);
-    const auto add = [this](controls::MenuEntry& entry, char mnemonic, const QKeySequence& keys) {
-        auto* const action = new QAction(m_menu);
-        bind(*action, entry, mnemonic);
-        action->setShortcut(keys);
-        m_menu->addAction(action);
-        return action;
-    };
-    add(m_form.Menu_Copy_Copy, 'A', {});
+    addEntry(*m_menu, m_form.Menu_Copy_Copy, 'A', {}, *this);
     // In the search box the same keys copy the text there.
-    auto* const copy = add(m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy);
-    auto* const save = add(m_form.Menu_Export, 'E', QKeySequence::Save);
-    auto* const print = add(m_form.Menu_Print, 'P', QKeySequence::Print);
-    for (QAction* const action : {copy, save, print})
-        addAction(action);
+    addEntry(*m_menu, m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy, *this);
+    addEntry(*m_menu, m_form.Menu_Export, 'E', QKeySequence::Save, *this);
+    addEntry(*m_menu, m_form.Menu_Print, 'P', QKeySequence::Print, *this);
     listen(*this, m_form.popUpMenu_Copy, [this] { m_menu->popup(QCursor::pos()); });
 }
 
@@ -79,19 +69,14 @@ GridView* ResultsWindow::buildTable(controls::Grid& grid, const QString& objectN
 
 QWidget* ResultsWindow::buildContent()
 {
-    m_search = new QLineEdit;
+    m_search = searchLine(QStringLiteral("Search the indices"));
     m_search->setObjectName(QStringLiteral("txt_Search"));
-    m_search->setClearButtonEnabled(true);
-    m_search->setPlaceholderText(QStringLiteral("Search the indices"));
-    m_search->addAction(QIcon(QStringLiteral(":/search.svg")), QLineEdit::LeadingPosition);
-    m_search->setAccessibleName(QStringLiteral("Search the indices"));
     m_search->setToolTip(
         QStringLiteral("Shows the indices whose name contains the text (Ctrl+F; Escape clears it)"));
     new TextBoxBinding(*m_search, m_form.txt_Search);
 
-    auto* const info = new QLabel;
+    auto* const info = quietLabel({});
     bind(*info, m_form.lbl_sort_Info);
-    info->setForegroundRole(QPalette::PlaceholderText);
 
     auto* const menu = new QPushButton(withMnemonic(m_form.Menu_Copy.caption(), 'M'));
     menu->setMenu(m_menu);

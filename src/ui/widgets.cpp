@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QIcon>
 #include <QPainter>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -91,6 +92,16 @@ ContentArea::ContentArea(QWidget* content, QWidget* parent) : QScrollArea(parent
 QSize ContentArea::sizeHint() const
 {
     return widget()->sizeHint() + QSize(2 * frameWidth(), 2 * frameWidth());
+}
+
+QLineEdit* searchLine(const QString& hint)
+{
+    auto* const line = new QLineEdit;
+    line->setPlaceholderText(hint);
+    line->setAccessibleName(hint);
+    line->setClearButtonEnabled(true);
+    line->addAction(QIcon(QStringLiteral(":/search.svg")), QLineEdit::LeadingPosition);
+    return line;
 }
 
 QLabel* quietLabel(const QString& text, QWidget* parent)

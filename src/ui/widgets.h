@@ -5,6 +5,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
 
@@ -56,6 +57,9 @@ public:
 
     QSize sizeHint() const override;
 };
+
+/// A line with the picture of a search and a button that clears it.
+QLineEdit* searchLine(const QString& hint);
 
 /// A label in quieter text than its surroundings.
 QLabel* quietLabel(const QString& text, QWidget* parent = nullptr);
