@@ -2,6 +2,7 @@
 #include "ui/index_list.h"
 
 #include "ui/bindings.h"
+#include "ui/fonts.h"
 #include "ui/text.h"
 
 #include <QKeyEvent>
@@ -30,7 +31,7 @@ std::size_t place(int row)
     return static_cast<std::size_t>(row);
 }
 
-constexpr int kWidthInCharacters = 64;
+constexpr int kWidthInCharacters = 96;
 constexpr int kHeightInLines = 26;
 
 } // namespace
@@ -89,6 +90,7 @@ IndexList::IndexList(controls::ListBox& list, QWidget* parent) : QListView(paren
 {
     setModel(new ListModel(list, this));
     setItemDelegate(new Untouchable(this));
+    setFont(screenFont({.name = "Arial Narrow", .size = font().pointSizeF()})); // the names are long
     setUniformItemSizes(true);
     setSpacing(1);
     setTextElideMode(Qt::ElideRight);

@@ -21,7 +21,6 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace comfortics::ui {
@@ -35,7 +34,7 @@ constexpr int kSpacing = 12;
 constexpr int kNarrow = 6;
 constexpr double kReadingScale = 1.25;
 constexpr int kReadingCharacters = 7;
-constexpr int kAssumptionCharacters = 14;
+constexpr int kAssumptionCharacters = 9;
 constexpr QLatin1String kWideValue("64.1234567890123"); // the mean radiant temperature is not rounded
 constexpr int kCalculateIcon = 40;
 constexpr int kConverterWidth = 280; // what placing leaves free at the side
@@ -72,6 +71,10 @@ MainWindow::MainWindow(core::Frm_Main& form, const QString& warning) : FormWindo
     setCentralWidget(central);
     m_options = buildOptions(central); // lies over the content
 
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+        m_search->setFocus(Qt::ShortcutFocusReason);
+        m_search->selectAll();
+    });
     setTabOrders();
     m_readings[0]->setFocus();
 }
@@ -82,13 +85,15 @@ QWidget* MainWindow::buildContent()
     auto* const columns = new QHBoxLayout(content);
     columns->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     columns->setSpacing(kSpacing);
-    auto* const left = new QVBoxLayout;
+    m_left = new QWidget;
+    auto* const left = new QVBoxLayout(m_left);
+    left->setContentsMargins(0, 0, 0, 0);
     left->setSpacing(kSpacing);
     left->addWidget(buildReadings());
     left->addWidget(buildActions());
     left->addStretch();
-    columns->addLayout(left, 2);
-    columns->addWidget(buildLive(), 1, Qt::AlignTop);
+    columns->addWidget(m_left, 2);
+    columns->addWidget(buildLive(), 1);
     columns->addWidget(buildIndices(), 3);
     return content;
 }
@@ -176,6 +181,10 @@ QWidget* MainWindow::buildActions()
     grid->addWidget(picture, 0, 0, 1, 2);
     grid->addWidget(first, 1, 0);
     grid->addWidget(second, 1, 1);
+    auto* const hint = quietLabel(first->text() + QStringLiteral(" shows the results table, ") +
+                                  second->text() + QStringLiteral(" only the live quantities."));
+    hint->setWordWrap(true);
+    grid->addWidget(hint, 2, 0, 1, 2);
     for (QPushButton* const button : {picture, first, second}) {
         connect(button, &QPushButton::clicked, this, [this] { showStatus(); });
         m_tabOrder.push_back(button);
@@ -220,12 +229,9 @@ QWidget* MainWindow::buildLive()
 
 QWidget* MainWindow::buildIndices()
 {
-    auto* const search = new QLineEdit;
-    search->setPlaceholderText(QStringLiteral("Search the list"));
-    search->setClearButtonEnabled(true);
-    search->addAction(QIcon(QStringLiteral(":/search.svg")), QLineEdit::LeadingPosition);
+    auto* const search = m_search = searchLine(QStringLiteral("Search the list"));
     name(*search, QStringLiteral("txt_Search_List"), QStringLiteral("Search the index list"),
-         QStringLiteral("Moves the list to the first index whose name contains the text"));
+         QStringLiteral("Moves the list to the first index whose name contains the text (Ctrl+F)"));
     new TextBoxBinding(*search, m_form.txt_Search_List);
 
     auto* const list = new IndexList(m_form.List_Indices);
@@ -248,7 +254,7 @@ QWidget* MainWindow::buildIndices()
 }
 
 void MainWindow::assumptionRow(QGridLayout& grid, controls::Label& heading, controls::TextBox& box,
-                               const QString& objectName, const QString& hint)
+                               const QString& objectName, const QString& unit, const QString& hint)
 {
     const int row = grid.rowCount();
     auto* const label = new QLabel;
@@ -260,6 +266,7 @@ void MainWindow::assumptionRow(QGridLayout& grid, controls::Label& heading, cont
     grid.addWidget(label, row, 0);
     line->setMaximumWidth(line->fontMetrics().averageCharWidth() * kAssumptionCharacters);
     grid.addWidget(line, row, 1);
+    grid.addWidget(new QLabel(unit), row, 2);
     m_tabOrder.push_back(line);
 }
 
@@ -269,7 +276,7 @@ void MainWindow::choiceRows(QGridLayout& grid, controls::Label& heading, control
     bind(*label, heading);
     label->setWordWrap(true);
     const int row = grid.rowCount();
-    grid.addWidget(label, row, 0, 1, 2);
+    grid.addWidget(label, row, 0, 1, 3);
     auto* const choices = new QWidget; // holds the buttons of one choice together
     auto* const layout = new QHBoxLayout(choices);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -281,24 +288,24 @@ void MainWindow::choiceRows(QGridLayout& grid, controls::Label& heading, control
         m_tabOrder.push_back(button);
     }
     layout->addStretch();
-    grid.addWidget(choices, row + 1, 0, 1, 2);
+    grid.addWidget(choices, row + 1, 0, 1, 3);
 }
 
 QWidget* MainWindow::buildOptions(QWidget* parent)
 {
     auto* const content = new QGridLayout;
     content->setHorizontalSpacing(kSpacing);
-    assumptionRow(*content, m_form.lbl_ArAdu, m_form.txt_ArAdu, QStringLiteral("txt_ArAdu"),
+    assumptionRow(*content, m_form.lbl_ArAdu, m_form.txt_ArAdu, QStringLiteral("txt_ArAdu"), {},
                   QStringLiteral("Share of the body's surface that takes part in radiation, no unit"));
     assumptionRow(*content, m_form.lbl_Emmisivity, m_form.txt_Emmisivity, QStringLiteral("txt_Emmisivity"),
-                  QStringLiteral("Emissivity of the body's surface, no unit"));
+                  {}, QStringLiteral("Emissivity of the body's surface, no unit"));
     assumptionRow(*content, m_form.lbl_Barometric, m_form.txt_Barometric, QStringLiteral("txt_Barometric"),
-                  QStringLiteral("Barometric pressure in hPa"));
+                  QStringLiteral("hPa"), QStringLiteral("Barometric pressure in hPa"));
     assumptionRow(*content, m_form.lbl_Height, m_form.txt_Height, QStringLiteral("txt_Height"),
-                  QStringLiteral("Body mass in kg"));
+                  QStringLiteral("kg"), QStringLiteral("Body mass in kg"));
     assumptionRow(*content, m_form.lbl_Weight, m_form.txt_Weight, QStringLiteral("txt_Weight"),
-                  QStringLiteral("Body stature in cm"));
-    assumptionRow(*content, m_form.lbl_Friction, m_form.txt_Friction, QStringLiteral("txt_Friction"),
+                  QStringLiteral("cm"), QStringLiteral("Body stature in cm"));
+    assumptionRow(*content, m_form.lbl_Friction, m_form.txt_Friction, QStringLiteral("txt_Friction"), {},
                   QStringLiteral("Exponent of the wind profile, no unit"));
 
     choiceRows(*content, m_form.lbl_Limits, m_form.Opt_Limits);
@@ -308,10 +315,15 @@ QWidget* MainWindow::buildOptions(QWidget* parent)
     close->setToolTip(QStringLiteral("Hides the options; what is set here stays in force (Escape)"));
     connect(close, &QPushButton::clicked, this, [this] { turnOptions(); });
     m_tabOrder.push_back(close);
-    content->addWidget(close, content->rowCount(), 0, 1, 2, Qt::AlignRight);
+    content->addWidget(close, content->rowCount(), 0, 1, 3, Qt::AlignRight);
+    content->setRowStretch(content->rowCount(), 1);
 
     m_firstOption = content->itemAtPosition(1, 1)->widget();
-    auto* const area = new ContentArea(new Card(toQt(m_form.Menu_Options.caption()), content), parent);
+    auto* const page = new QWidget;
+    auto* const layout = new QVBoxLayout(page);
+    layout->setContentsMargins(kSpacing, kSpacing, kNarrow, kSpacing); // the card covers that of the readings
+    layout->addWidget(new Card(toQt(m_form.Menu_Options.caption()), content));
+    auto* const area = new ContentArea(page, parent);
     area->setAutoFillBackground(true);
     connect(new QShortcut(QKeySequence(Qt::Key_Escape), area, {}, {}, Qt::WidgetWithChildrenShortcut),
             &QShortcut::activated, this, [this] { turnOptions(); });
@@ -357,7 +369,7 @@ void MainWindow::buildStatus(const QString& warning)
 {
     statusBar()->setContentsMargins(kNarrow, 0, 0, 0);
     m_status = new CutLabel;
-    m_status->show(QStringLiteral("Type the readings, then press Enter."));
+    m_status->show(QStringLiteral("Type the readings, then press Enter. F1 shows help."));
     statusBar()->addWidget(m_status, 1);
     if (!warning.isEmpty()) {
         auto* const label = new CutLabel;
@@ -399,16 +411,21 @@ void MainWindow::focusOptions()
 
 void MainWindow::placeOptions()
 {
-    m_options->setGeometry(QRect(QPoint(m_form.Fra_Options.left(), m_form.Fra_Options.top()),
-                                 m_options->sizeHint().boundedTo(centralWidget()->size())));
+    // As a page in place of the readings: nothing of them shows at its edges.
+    const int width = std::max(m_options->sizeHint().width(), m_left->geometry().right() + kNarrow);
+    m_options->setGeometry(
+        QRect(QPoint(m_form.Fra_Options.left(), m_form.Fra_Options.top()),
+              QSize(std::min(width, centralWidget()->width()), centralWidget()->height())));
     m_options->raise();
 }
 
 void MainWindow::placeOnScreen()
 {
     const QRect usable = screen()->availableGeometry();
-    // As wide as it likes, but with room for the converter; the index list gives way.
-    const int width = std::min(sizeHint().width(), std::max(usable.width() - kConverterWidth, kLeastWidth));
+    // As wide as it likes, but with room for the converter; the index list gives way. A screen too narrow
+    // for both is the window's alone.
+    const int beside = usable.width() - kConverterWidth;
+    const int width = std::min(sizeHint().width(), beside < kLeastWidth ? usable.width() : beside);
     resize(width, std::min(sizeHint().height(), static_cast<int>(usable.height() * kScreenShare)));
     const int free = std::max(usable.width() - width, 0);
     placeWithin(usable, usable.topLeft() + QPoint((free - std::min(free, kConverterWidth)) / 2,

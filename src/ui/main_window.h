@@ -42,7 +42,7 @@ private:
     void buildStatus(const QString& warning);
     QWidget* readingField(core::Reading reading);
     void assumptionRow(QGridLayout& grid, controls::Label& heading, controls::TextBox& box,
-                       const QString& objectName, const QString& hint);
+                       const QString& objectName, const QString& unit, const QString& hint);
     void choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group);
     void setTabOrders();
     void placeOptions();
@@ -53,6 +53,8 @@ private:
     core::Frm_Main& m_form;
     std::array<QLineEdit*, core::kReadingCount> m_readings{};
     std::vector<QWidget*> m_tabOrder; // behind the readings
+    QWidget* m_left = nullptr;        // the column of the readings
+    QLineEdit* m_search = nullptr;
     QWidget* m_options = nullptr;
     QWidget* m_firstOption = nullptr;
     CutLabel* m_status = nullptr;
