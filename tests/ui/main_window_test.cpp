@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The main window and the converter, and how windows come and go with their forms.
 #include "test_program.h"
 
 #include "formulas/live_quantity.h"
-#include "ui/bindings.h"
-#include "ui/converter_window.h"
+#include "ui/application.h"
 #include "ui/index_list.h"
-#include "ui/main_window.h"
 #include "ui/text.h"
 
 #include <QApplication>
@@ -13,12 +13,11 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
-#include <QTest>
+#include <QRadioButton>
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <algorithm>
 #include <string>
 
 namespace comfortics::ui {
@@ -41,167 +40,135 @@ struct Opened : tests::Program {
         const QWidget* const widget = window.focusWidget();
         return widget ? fromQt(widget->objectName()) : std::string();
     }
+    void menu(int place) { window.menuBar()->actions().at(place)->trigger(); }
 };
 
-TEST(MainWindow, EachReadingHasItsWidgetInBothDirections)
+TEST(MainWindow, EachBoxHasItsWidgetInBothDirections)
 {
     Opened opened;
-    struct Row {
+    core::Frm_Main& form = opened.form;
+    const struct {
         controls::TextBox& box;
         const char* name;
         const char* typed;
         const char* written;
+    } rows[] = {
+        {form.txt_TA, "txt_TA", "31", "32.5"},
+        {form.txt_TG, "txt_TG", "41", "42.5"},
+        {form.txt_SR, "txt_SR", "601", "602"},
+        {form.txt_DP, "txt_DP", "11", "12.5"},
+        {form.txt_RH, "txt_RH", "51", "52.5"},
+        {form.txt_WS, "txt_WS", "2", "3.5"},
+        {form.txt_ArAdu, "txt_ArAdu", "1", "0.7"},
+        {form.txt_Emmisivity, "txt_Emmisivity", "2", "0.9"},
+        {form.txt_Barometric, "txt_Barometric", "3", "900"},
+        {form.txt_Height, "txt_Height", "4", "80"},
+        {form.txt_Weight, "txt_Weight", "5", "170"},
+        {form.txt_Friction, "txt_Friction", "6", "0.3"},
     };
-    const Row rows[] = {
-        {opened.form.txt_TA, "txt_TA", "31", "32.5"}, {opened.form.txt_TG, "txt_TG", "41", "42.5"},
-        {opened.form.txt_SR, "txt_SR", "601", "602"}, {opened.form.txt_DP, "txt_DP", "11", "12.5"},
-        {opened.form.txt_RH, "txt_RH", "51", "52.5"}, {opened.form.txt_WS, "txt_WS", "2", "3.5"},
-    };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         QLineEdit& line = opened.line(row.name);
+        line.clear();
         QTest::keyClicks(&line, QString::fromUtf8(row.typed));
         EXPECT_EQ(row.box.text(), row.typed);
         row.box.setText(row.written);
         EXPECT_EQ(fromQt(line.text()), row.written);
-        EXPECT_FALSE(line.accessibleName().isEmpty());
         EXPECT_FALSE(line.toolTip().isEmpty());
     }
+    EXPECT_EQ(tests::nameless(opened.window), "");
+
+    find<QRadioButton>(opened.window, "Yes").click();
+    EXPECT_EQ(form.Opt_Limits.selected(), 1U);
+    find<QRadioButton>(opened.window, "Robust").click();
+    EXPECT_EQ(form.Opt_Rules.selected(), 1U);
 }
 
-TEST(MainWindow, TypingRunsTheRulesOfTheForm)
+TEST(MainWindow, ArrowKeysMoveTheFocusOrElseTheCaret)
 {
     Opened opened;
-    QTest::keyClicks(&opened.line("txt_SR"), QStringLiteral("600"));
-    QTest::keyClicks(&opened.line("txt_TG"), QStringLiteral("41,5"));
-    EXPECT_EQ(opened.line("txt_TG").text(), QStringLiteral("41.5"));
-    EXPECT_EQ(opened.line("txt_SR").text(), QString());
-    QTest::keyClicks(&opened.line("txt_TA"), QStringLiteral("59"));
-    EXPECT_EQ(opened.line("txt_TA").text(), QString());
-}
-
-TEST(MainWindow, ArrowKeysMoveTheFocusByTheUnevenTable)
-{
-    Opened opened;
-    // Box, then where Down, Right, Up and Left lead.
-    const std::array<std::array<const char*, 5>, 6> table{{
-        {"txt_TA", "txt_TG", "txt_TA", "txt_WS", "txt_TA"},
-        {"txt_TG", "txt_DP", "txt_SR", "txt_TA", "txt_SR"},
-        {"txt_SR", "txt_RH", "txt_TG", "txt_RH", "txt_TG"},
-        {"txt_DP", "txt_WS", "txt_RH", "txt_TG", "txt_RH"},
-        {"txt_RH", "txt_SR", "txt_DP", "txt_SR", "txt_DP"},
-        {"txt_WS", "txt_TA", "txt_WS", "txt_DP", "txt_WS"},
-    }};
-    constexpr std::array kKeys{Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_Left};
-    for (const auto& row : table) {
-        for (std::size_t i = 0; i < kKeys.size(); ++i) {
-            opened.line(row[0]).setFocus();
-            QTest::keyClick(&opened.line(row[0]), kKeys[i]);
-            EXPECT_EQ(opened.focused(), row[i + 1]) << row[0] << " key " << i;
-        }
+    const struct {
+        Qt::Key key;
+        const char* box;
+    } walk[] = {{Qt::Key_Down, "txt_TG"}, {Qt::Key_Right, "txt_SR"}, {Qt::Key_Down, "txt_RH"},
+                {Qt::Key_Left, "txt_DP"}, {Qt::Key_Down, "txt_WS"},  {Qt::Key_Down, "txt_TA"}};
+    EXPECT_EQ(opened.focused(), "txt_TA");
+    for (const auto& step : walk) {
+        QTest::keyClick(opened.window.focusWidget(), step.key);
+        EXPECT_EQ(opened.focused(), step.box);
     }
-}
-
-// In the boxes that no arrow key leaves sideways, the caret walks.
-TEST(MainWindow, ArrowsWithoutATargetMoveTheCaret)
-{
-    Opened opened;
     opened.form.txt_TA.setText("25");
-    QLineEdit& line = opened.line("txt_TA");
-    line.setFocus();
-    QTest::keyClick(&line, Qt::Key_Left);
-    EXPECT_EQ(line.cursorPosition(), 1);
-}
-
-TEST(MainWindow, DeleteEmptiesTheBoxWhereverTheCaretStands)
-{
-    Opened opened;
-    opened.form.txt_TA.setText("25.5");
-    opened.line("txt_TA").setCursorPosition(4);
-    QTest::keyClick(&opened.line("txt_TA"), Qt::Key_Delete);
+    QTest::keyClick(&opened.line("txt_TA"), Qt::Key_Left);
+    EXPECT_EQ(opened.line("txt_TA").cursorPosition(), 1);
+    QTest::keyClick(&opened.line("txt_TA"), Qt::Key_Delete); // wherever the caret stands
     EXPECT_EQ(opened.form.txt_TA.text(), "");
 }
 
 TEST(MainWindow, TheTabKeyGoesThroughTheReadingsThenToTheList)
 {
     Opened opened;
-    std::string order;
-    const QWidget* widget = &opened.line("txt_TA");
-    for (int step = 0; step < 40; ++step) {
-        if (!widget->objectName().isEmpty() && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
-            !widget->objectName().startsWith(QStringLiteral("qt_")))
-            order += fromQt(widget->objectName()) + " ";
-        widget = widget->nextInFocusChain();
+    opened.menu(4);
+    EXPECT_EQ(
+        tests::tabOrder(opened.line("txt_TA"), 23),
+        "txt_TA txt_TG txt_SR txt_DP txt_RH txt_WS txt_Search_List List_Indices Check_All_Indices "
+        "Img_Calculate cmd_Show_Results cmd_Calculate txt_ArAdu txt_Emmisivity txt_Barometric txt_Height "
+        "txt_Weight txt_Friction No Yes Classic Robust txt_TA ");
+}
+
+TEST(MainWindow, EachButtonCalculatesAndTheRightOnesOpenTheResults)
+{
+    const struct {
+        const char* button;
+        bool opens;
+    } rows[] = {{"Img_Calculate", true}, {"cmd_Show_Results", true}, {"cmd_Calculate", false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.button);
+        Opened opened;
+        opened.write("30", "600", "50", "2");
+        QTest::keyClick(&find<QPushButton>(opened.window, row.button), Qt::Key_Return);
+        EXPECT_EQ(opened.shell.results.get() != nullptr, row.opens);
+        for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
+            const std::string symbol(formulas::kLiveInfo[i].symbol);
+            const std::string& caption =
+                opened.form.calculation.liveLabel(static_cast<formulas::Live>(i)).caption();
+            EXPECT_FALSE(caption.empty()) << symbol;
+            EXPECT_EQ(fromQt(find<QLabel>(opened.window, symbol.c_str()).text()), caption) << symbol;
+        }
+        const auto labels = opened.window.findChildren<QLabel*>();
+        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+            return label->text().contains(QStringLiteral(" indices have a value"));
+        }));
     }
-    EXPECT_TRUE(
-        order.starts_with("txt_TA txt_TG txt_SR txt_DP txt_RH txt_WS txt_Search_List List_Indices "
-                          "Check_All_Indices Img_Calculate cmd_Show_Results cmd_Calculate txt_ArAdu "))
-        << order;
-}
-
-TEST(MainWindow, EnterCalculatesAndOpensTheResults)
-{
-    Opened opened;
-    opened.write("30", "600", "50", "");
-    QTest::keyClick(&opened.line("txt_TA"), Qt::Key_Return);
-    EXPECT_EQ(opened.shell.results.get(), nullptr);
-    opened.form.txt_WS.setText("2");
-    QTest::keyClick(&opened.line("txt_TA"), Qt::Key_Return);
-    ASSERT_NE(opened.shell.results.get(), nullptr);
-    EXPECT_TRUE(opened.shell.results.get()->visible());
-}
-
-TEST(MainWindow, LiveQuantitiesShow)
-{
-    Opened opened;
-    opened.write("30", "600", "50", "2");
-    find<QPushButton>(opened.window, "cmd_Calculate").click();
-    EXPECT_EQ(opened.shell.results.get(), nullptr);
-    for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
-        const std::string symbol(formulas::kLiveInfo[i].symbol);
-        const std::string& caption =
-            opened.form.calculation.liveLabel(static_cast<formulas::Live>(i)).caption();
-        EXPECT_FALSE(caption.empty()) << symbol;
-        EXPECT_EQ(fromQt(find<QLabel>(opened.window, symbol.c_str()).text()), caption) << symbol;
-    }
-}
-
-TEST(MainWindow, TheCalculateButtonAnswersToEnter)
-{
-    Opened opened;
-    opened.write("30", "600", "50", "2");
-    QTest::keyClick(&find<QPushButton>(opened.window, "Img_Calculate"), Qt::Key_Return);
-    EXPECT_NE(opened.shell.results.get(), nullptr);
 }
 
 TEST(MainWindow, TheSearchMovesTheListAndSelectsNothing)
 {
     Opened opened;
-    QTest::keyClicks(&opened.line("txt_Search_List"), QStringLiteral("universal"));
+    QTest::keyClick(&opened.window, Qt::Key_F, Qt::ControlModifier);
+    ASSERT_EQ(opened.focused(), "txt_Search_List");
+    QTest::keyClicks(opened.window.focusWidget(), QStringLiteral("universal"));
     const auto& list = find<IndexList>(opened.window, "List_Indices");
     EXPECT_TRUE(list.currentIndex().data().toString().contains(QStringLiteral("Universal")));
-    EXPECT_GE(list.visualRect(list.currentIndex()).top(), 0);
-    EXPECT_LT(list.visualRect(list.currentIndex()).bottom(), list.viewport()->height());
+    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.currentIndex())));
     EXPECT_EQ(opened.form.settings().selection, core::Selection::all());
+    find<QAbstractButton>(opened.window, "Check_All_Indices").click();
+    EXPECT_NE(opened.form.settings().selection, core::Selection::all());
 }
 
 TEST(MainWindow, MenusReadLetterForLetter)
 {
     Opened opened;
     const auto texts = [](const QList<QAction*>& actions) {
-        std::vector<std::string> result;
+        QStringList result;
         for (const QAction* const action : actions)
-            result.push_back(fromQt(action->text().remove(QLatin1Char('&'))));
-        return result;
+            result << action->text().remove(QLatin1Char('&'));
+        return fromQt(result.join(QLatin1Char('|')));
     };
     EXPECT_EQ(texts(opened.window.menuBar()->actions()),
-              (std::vector<std::string>{"Raw Data", " Solar Radiation", "Conversion of Units", "Hotkeys",
-                                        "Options"}));
+              "Raw Data| Solar Radiation|Conversion of Units|Hotkeys|Options");
     EXPECT_EQ(texts(opened.window.menuBar()->actions().at(3)->menu()->actions()),
-              (std::vector<std::string>{"Enter -----------------> Calculate",
-                                        "Backspace -----------> Delete previous number",
-                                        "Delete ----------------> Delete value",
-                                        "Arrow keys ----------> Move between text boxes"}));
+              "Enter -----------------> Calculate|Backspace -----------> Delete previous number|"
+              "Delete ----------------> Delete value|Arrow keys ----------> Move between text boxes");
 }
 
 TEST(MainWindow, OptionsOpenInTheTopLeftCorner)
@@ -209,13 +176,11 @@ TEST(MainWindow, OptionsOpenInTheTopLeftCorner)
     Opened opened;
     const auto& frame = find<QWidget>(opened.window, "Fra_Options");
     EXPECT_FALSE(frame.isVisible());
-    opened.window.menuBar()->actions().at(4)->trigger();
+    opened.menu(4);
     EXPECT_TRUE(frame.isVisible());
     EXPECT_EQ(frame.mapTo(opened.window.centralWidget(), QPoint(0, 0)), QPoint(0, 0));
     EXPECT_EQ(opened.focused(), "txt_ArAdu"); // typing goes to what is in sight
-    QTest::keyClicks(opened.window.focusWidget(), QStringLiteral("1"));
-    EXPECT_EQ(opened.form.txt_ArAdu.text().find('1') != std::string::npos, true);
-    opened.window.menuBar()->actions().at(4)->trigger();
+    QTest::keyClick(opened.window.focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(frame.isVisible());
     EXPECT_EQ(opened.focused(), "txt_TA");
 }
@@ -232,45 +197,89 @@ TEST(MainWindow, ClosingAsks)
     EXPECT_EQ(opened.messages.boxes.size(), 2U);
 }
 
-TEST(MainWindow, ADoubleClickTakesTheConvertersResult)
+TEST(ConverterWindow, EachBoxConvertsOnItsPanelAndADoubleClickTakesTheResult)
 {
     Opened opened;
-    opened.form.Menu_Converter.click.raise();
+    opened.menu(2);
     converter::Frm_Converter& form = *opened.shell.converter.get();
-    ConverterWindow converter(form, opened.window, [] {});
+    bool closed = false;
+    ConverterWindow window(form, opened.window, [&closed] { closed = true; });
     form.show();
-    QTest::keyClicks(&find<QLineEdit>(converter, "txt_F"), QStringLiteral("86"));
+    for (std::size_t i = 0; i < converter::kConversions.size(); ++i) {
+        const converter::Conversion& conversion = converter::kConversions[i];
+        SCOPED_TRACE(std::string(conversion.box));
+        window.menuBar()->actions().at(static_cast<int>(conversion.panel))->trigger();
+        QLineEdit& line = find<QLineEdit>(window, std::string(conversion.box).c_str());
+        ASSERT_TRUE(line.isVisible());
+        QTest::keyClicks(&line, QStringLiteral("86")); // the first character may be lost
+        EXPECT_EQ(fromQt(line.text()), form.boxes[i].text());
+        EXPECT_NE(line.text(), QString());
+        const auto labels = window.findChildren<QLabel*>();
+        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+            return label->isVisible() && fromQt(label->text()) == form.result(conversion.panel).caption();
+        }));
+    }
+    EXPECT_FALSE(find<QLineEdit>(window, "txt_F").isVisible());
+    EXPECT_EQ(tests::nameless(window), "");
+    window.menuBar()->actions().at(0)->trigger();
+    QTest::keyClicks(&find<QLineEdit>(window, "txt_F"), QStringLiteral("186")); // the first character is lost
+    EXPECT_EQ(form.lbl_C.caption(), "30.0");
     QTest::mouseDClick(&opened.line("txt_TA"), Qt::LeftButton);
     EXPECT_EQ(opened.line("txt_TA").text(), QStringLiteral("30.0"));
     QTest::mouseDClick(&opened.line("txt_WS"), Qt::LeftButton);
     EXPECT_EQ(opened.line("txt_WS").text(), QString());
     EXPECT_NE(opened.line("txt_TA").palette().color(QPalette::Base),
               opened.line("txt_WS").palette().color(QPalette::Base));
+    QApplication::setActiveWindow(&window); // else its shortcuts sleep
+    QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(closed);
 }
 
-TEST(ConverterWindow, ShowsOnePanelAndLosesTheFirstCharacter)
+TEST(Application, WindowsComeAndGoWithTheirForms)
 {
-    Opened opened;
-    opened.form.Menu_Converter.click.raise();
-    converter::Frm_Converter& form = *opened.shell.converter.get();
-    bool closed = false;
-    ConverterWindow window(form, opened.window, [&closed] { closed = true; });
-    form.show();
-    EXPECT_TRUE(find<QLineEdit>(window, "txt_F").isVisible());
-    EXPECT_FALSE(find<QLineEdit>(window, "txt_kmh").isVisible());
-    window.menuBar()->actions().at(1)->trigger();
-    EXPECT_FALSE(find<QLineEdit>(window, "txt_F").isVisible());
-    EXPECT_TRUE(find<QLineEdit>(window, "txt_kmh").isVisible());
+    Application program(COMFORTICS_DATA_DIR);
+    MainWindow& main = program.mainWindow();
+    program.start();
+    const QList<QWidget*> windows = QApplication::topLevelWidgets();
+    EXPECT_TRUE(std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        const auto labels = window->findChildren<QLabel*>();
+        return window->isVisible() && std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+                   return label->text() == QStringLiteral("version 1.0");
+               });
+    }));
+    EXPECT_FALSE(main.isVisible());
+    shell::Frm_Splash_Screen& splash = *program.shell().splash.get();
+    splash.tmr_Splash.tick();
+    splash.tmr_Splash.tick();
+    EXPECT_TRUE(main.isVisible());
 
-    auto& knots = find<QLineEdit>(window, "txt_knots");
-    auto& kmh = find<QLineEdit>(window, "txt_kmh");
-    QTest::keyClicks(&knots, QStringLiteral("10"));
-    QTest::keyClicks(&kmh, QStringLiteral("36"));
-    EXPECT_EQ(knots.text(), QString());
-    EXPECT_EQ(kmh.text(), QStringLiteral("6"));
-    EXPECT_EQ(form.lbl_WS.caption(), "1.67");
-    window.close();
-    EXPECT_TRUE(closed);
+    for (const auto& [name, text] :
+         {std::pair{"txt_TA", "30"}, {"txt_SR", "600"}, {"txt_RH", "50"}, {"txt_WS", "2"}})
+        QTest::keyClicks(&find<QLineEdit>(main, name), QString::fromUtf8(text));
+    for (int time = 0; time < 2; ++time) { // the second time with a fresh window
+        QTest::keyClick(&find<QLineEdit>(main, "txt_WS"), Qt::Key_Return);
+        ASSERT_NE(program.resultsWindow(), nullptr);
+        EXPECT_TRUE(program.resultsWindow()->isVisible());
+        const QWidget* const window = program.resultsWindow();
+        program.shell().results.unload();
+        EXPECT_FALSE(window->isVisible());
+        EXPECT_EQ(program.resultsWindow(), nullptr);
+        EXPECT_EQ(program.shell().results.get(), nullptr);
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    main.menuBar()->actions().at(0)->trigger();
+    ASSERT_NE(program.rawDataWindow(), nullptr);
+    EXPECT_TRUE(program.rawDataWindow()->close());
+    EXPECT_EQ(program.shell().rawData.get(), nullptr);
+    main.menuBar()->actions().at(2)->trigger();
+    ASSERT_NE(program.converterWindow(), nullptr);
+    EXPECT_EQ(program.converterWindow()->windowTitle(), QStringLiteral("Conversion of Units"));
+    EXPECT_EQ(program.converterWindow()->height(), main.height());
+    program.converterWindow()->close();
+    EXPECT_EQ(program.shell().converter.get(), nullptr);
+    EXPECT_EQ(program.shell().main().txt_TA.backColor(), core::kOrdinaryColor);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // as the end of the event loop does
 }
 
 } // namespace

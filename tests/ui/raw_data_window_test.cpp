@@ -2,28 +2,24 @@
 //
 // The window of the batch sheet: keys, files and pages. What a run calculates is tested without it.
 #include "test_program.h"
-#include "ui/desktop.h"
 #include "ui/grid_view.h"
 #include "ui/raw_data_window.h"
 #include "ui/text.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QDropEvent>
 #include <QFile>
 #include <QLabel>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <QUrl>
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 
 namespace comfortics::ui {
 namespace {
@@ -66,7 +62,8 @@ protected:
 
 TEST_F(RawDataWindowTest, PastesRunsAndShowsTheResults)
 {
-    EXPECT_TRUE(program.form.Menu_Raw_Data.enabled());
+    EXPECT_EQ(tests::tabOrder(*data, 6), "Flex_Data cmd_Open cmd_Stop cmd_Calculate cmd_Back Flex_Results ");
+    EXPECT_EQ(tests::nameless(*window), "");
     EXPECT_EQ(data->model()->headerData(4, Qt::Horizontal).toString(),
               QStringLiteral("Relative Humidity (%)"));
     EXPECT_FALSE(results->isVisible());
@@ -97,32 +94,26 @@ TEST_F(RawDataWindowTest, PastesRunsAndShowsTheResults)
     EXPECT_FALSE(results->isVisible());
 }
 
-TEST_F(RawDataWindowTest, CtrlVPastesFromTheButtonsTooButNotOverResults)
+TEST_F(RawDataWindowTest, KeysPasteRunCopyAndExportOnTheirPages)
 {
     program.clipboard.kept = kTwoRows;
     auto& calculate = find<QPushButton>(*window, "cmd_Calculate");
     calculate.setFocus();
     QTest::keyClick(&calculate, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(data->model()->rowCount(), 2);
-    press("cmd_Calculate");
-    program.clipboard.kept = "1\t\t\t\t\t\r\n";
-    QTest::keyClick(results, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(data->model()->rowCount(), 2);
-}
-
-TEST_F(RawDataWindowTest, KeysCopyAndExportTheResultsAlone)
-{
-    paste(kTwoRows);
     QTest::keyClick(data, Qt::Key_S, Qt::ControlModifier);
     QTest::keyClick(data, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(program.files.asked, 0);
     EXPECT_EQ(program.clipboard.kept, kTwoRows);
-    press("cmd_Calculate");
+    QTest::keyClick(window.get(), Qt::Key_F5);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return results->isVisible() && !form().running(); }, 5000));
     form().Flex_Results.select(2, 0, 2, 0);
     QTest::keyClick(results, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(program.clipboard.kept, form().Flex_Results.textMatrix(2, 0));
     QTest::keyClick(results, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(program.files.asked, 1);
+    QTest::keyClick(results, Qt::Key_V, Qt::ControlModifier); // would fill the data behind
+    EXPECT_EQ(data->model()->index(1, 2).data().toString(), QStringLiteral("100"));
 }
 
 TEST_F(RawDataWindowTest, EscapeStopsARun)
@@ -194,23 +185,6 @@ TEST_F(RawDataWindowTest, TakesADroppedFile)
     other.ignore();
     QApplication::sendEvent(window.get(), &other);
     EXPECT_FALSE(other.isAccepted());
-}
-
-TEST(DesktopMessages, LeavesTheTickOfTheCheckBox)
-{
-    for (const bool tick : {true, false}) {
-        bool checked = !tick;
-        QTimer::singleShot(0, qApp, [tick] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(box && box->checkBox());
-            EXPECT_EQ(box->checkBox()->text(), QStringLiteral("Do not show this again in this run"));
-            box->checkBox()->setChecked(tick);
-            box->accept();
-        });
-        DesktopMessages().show(
-            {.text = "Text", .checkBox = "Do not show this again in this run", .checked = &checked});
-        EXPECT_EQ(checked, tick);
-    }
 }
 
 } // namespace

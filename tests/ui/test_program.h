@@ -5,10 +5,12 @@
 
 #include "shell/shell.h"
 
-#include <QString>
+#include <QPushButton>
+#include <QTest>
 #include <QWidget>
 
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -33,10 +35,11 @@ struct KeptClipboard final : controls::Clipboard {
 
 struct RecordedFiles final : controls::FileDialogs {
     int asked = 0;
+    std::optional<std::string> answer;
     std::optional<std::string> askSave(const controls::SaveRequest&) override
     {
         ++asked;
-        return std::nullopt;
+        return answer;
     }
 };
 
@@ -62,14 +65,65 @@ struct Program {
     }
 };
 
-/// The widget of a control, by the control's name.
+/// The widget of a control, by the control's name or what a screen reader says.
 template <class Widget>
-Widget& find(QWidget& window, const char* name)
+Widget& find(const QWidget& window, const char* name)
 {
-    auto* const widget = window.findChild<Widget*>(QString::fromUtf8(name));
-    if (!widget)
-        throw std::runtime_error(std::string("there is no widget for ") + name);
-    return *widget;
+    for (Widget* const widget : window.findChildren<Widget*>())
+        if (widget->objectName() == QLatin1String(name) || widget->accessibleName() == QLatin1String(name))
+            return *widget;
+    throw std::runtime_error(std::string("there is no widget for ") + name);
+}
+
+/// The button that reads so.
+inline QPushButton& button(const QWidget& window, const char* text)
+{
+    for (QPushButton* const one : window.findChildren<QPushButton*>())
+        if (one->text().remove(QLatin1Char('&')) == QLatin1String(text))
+            return *one;
+    throw std::runtime_error(std::string("there is no button ") + text);
+}
+
+inline void press(const QWidget& window, const char* text)
+{
+    QTest::mouseClick(&button(window, text), Qt::LeftButton);
+}
+
+/// The names of the widgets that the Tab key leads through, from one of them on.
+inline std::string tabOrder(const QWidget& first, int steps)
+{
+    std::string order;
+    const QWidget* widget = &first;
+    for (; steps > 0; widget = widget->nextInFocusChain()) {
+        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->isHidden())
+            continue;
+        const QString name =
+            widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_"))
+                ? widget->accessibleName()
+                : widget->objectName();
+        if (!name.isEmpty()) {
+            order += name.toStdString() + " ";
+            --steps;
+        }
+    }
+    return order;
+}
+
+/// What can be used and has nothing that a screen reader could say of it.
+inline std::string nameless(const QWidget& window)
+{
+    std::string found;
+    for (QWidget* const widget : window.findChildren<QWidget*>()) {
+        const auto* const button = qobject_cast<QAbstractButton*>(widget);
+        bool isPart = widget->metaObject() == &QWidget::staticMetaObject || widget->window() != &window ||
+                      widget->objectName().startsWith(QLatin1String("qt_"));
+        for (const QWidget* above = widget->parentWidget(); above; above = above->parentWidget())
+            isPart = isPart || above->inherits("QCalendarWidget");
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && !isPart && widget->accessibleName().isEmpty() &&
+            (!button || button->text().isEmpty()))
+            found += std::string(widget->metaObject()->className()) + " ";
+    }
+    return found;
 }
 
 } // namespace comfortics::ui::tests
