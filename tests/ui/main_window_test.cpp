@@ -134,10 +134,7 @@ TEST(MainWindow, EachButtonCalculatesAndTheRightOnesOpenTheResults)
             EXPECT_FALSE(caption.empty()) << symbol;
             EXPECT_EQ(fromQt(find<QLabel>(opened.window, symbol.c_str()).text()), caption) << symbol;
         }
-        const auto labels = opened.window.findChildren<QLabel*>();
-        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
-            return label->text().contains(QStringLiteral(" indices have a value"));
-        }));
+        EXPECT_TRUE(tests::says(opened.window, QStringLiteral(" indices have a value")));
     }
 }
 
@@ -214,10 +211,7 @@ TEST(ConverterWindow, EachBoxConvertsOnItsPanelAndADoubleClickTakesTheResult)
         QTest::keyClicks(&line, QStringLiteral("86")); // the first character may be lost
         EXPECT_EQ(fromQt(line.text()), form.boxes[i].text());
         EXPECT_NE(line.text(), QString());
-        const auto labels = window.findChildren<QLabel*>();
-        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
-            return label->isVisible() && fromQt(label->text()) == form.result(conversion.panel).caption();
-        }));
+        EXPECT_TRUE(tests::says(window, toQt(form.result(conversion.panel).caption())));
     }
     EXPECT_FALSE(find<QLineEdit>(window, "txt_F").isVisible());
     EXPECT_EQ(tests::nameless(window), "");
@@ -242,10 +236,7 @@ TEST(Application, WindowsComeAndGoWithTheirForms)
     program.start();
     const QList<QWidget*> windows = QApplication::topLevelWidgets();
     EXPECT_TRUE(std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
-        const auto labels = window->findChildren<QLabel*>();
-        return window->isVisible() && std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
-                   return label->text() == QStringLiteral("version 1.0");
-               });
+        return window->isVisible() && tests::says(*window, QStringLiteral("version 1.0"));
     }));
     EXPECT_FALSE(main.isVisible());
     shell::Frm_Splash_Screen& splash = *program.shell().splash.get();
@@ -260,6 +251,7 @@ TEST(Application, WindowsComeAndGoWithTheirForms)
         QTest::keyClick(&find<QLineEdit>(main, "txt_WS"), Qt::Key_Return);
         ASSERT_NE(program.resultsWindow(), nullptr);
         EXPECT_TRUE(program.resultsWindow()->isVisible());
+        EXPECT_TRUE(tests::says(main, QStringLiteral(" indices have a value")));
         const QWidget* const window = program.resultsWindow();
         program.shell().results.unload();
         EXPECT_FALSE(window->isVisible());

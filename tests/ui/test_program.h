@@ -5,10 +5,12 @@
 
 #include "shell/shell.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
 
+#include <algorithm>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -87,6 +89,14 @@ inline QPushButton& button(const QWidget& window, const char* text)
 inline void press(const QWidget& window, const char* text)
 {
     QTest::mouseClick(&button(window, text), Qt::LeftButton);
+}
+
+/// True if a label of the window holds the text.
+inline bool says(const QWidget& window, const QString& text)
+{
+    const auto labels = window.findChildren<QLabel*>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&text](const QLabel* label) { return label->text().contains(text); });
 }
 
 /// The names of the widgets that the Tab key leads through, from one of them on.
