@@ -30,7 +30,7 @@ inline constexpr std::array<ReadingInfo, kReadingCount> kReadingInfo{{
      "Solar radiation in W/m², 0 to 1367; give this or the globe temperature"},
     {"DP", "Dew Point", "°C", "Dew point in °C, at most the air temperature; give this or the humidity"},
     {"RH", "Relative Humidity", "%", "Relative humidity in %, at most 100; give this or the dew point"},
-    {"WS", "Wind Speed", "m/s", "Wind speed in m/s, 0.1 or more"},
+    {"WS", "Wind Speed", "m/s", "Wind speed in m/s, 1.1 m above the ground, 0.1 or more"},
 }};
 
 /// The reading boxes and the rules that keep them clean while texts are written to them.

@@ -301,10 +301,11 @@ QWidget* MainWindow::buildOptions(QWidget* parent)
                   {}, QStringLiteral("Emissivity of the body's surface, no unit"));
     assumptionRow(*content, m_form.lbl_Barometric, m_form.txt_Barometric, QStringLiteral("txt_Barometric"),
                   QStringLiteral("hPa"), QStringLiteral("Barometric pressure in hPa"));
-    assumptionRow(*content, m_form.lbl_Height, m_form.txt_Height, QStringLiteral("txt_Height"),
-                  QStringLiteral("kg"), QStringLiteral("Body mass in kg"));
-    assumptionRow(*content, m_form.lbl_Weight, m_form.txt_Weight, QStringLiteral("txt_Weight"),
-                  QStringLiteral("cm"), QStringLiteral("Body stature in cm"));
+    // The headings tell the reverse of what the formulas read.
+    assumptionRow(*content, m_form.lbl_Height, m_form.txt_Height, QStringLiteral("txt_Height"), {},
+                  QStringLiteral("The formulas take this number as the stature in cm"));
+    assumptionRow(*content, m_form.lbl_Weight, m_form.txt_Weight, QStringLiteral("txt_Weight"), {},
+                  QStringLiteral("The formulas take this number as the body mass in kg"));
     assumptionRow(*content, m_form.lbl_Friction, m_form.txt_Friction, QStringLiteral("txt_Friction"), {},
                   QStringLiteral("Exponent of the wind profile, no unit"));
 
