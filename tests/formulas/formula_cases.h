@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// How the formula tests state their rows: what is computed, and the text it must show.
+// How the formula tests state their rows: formula, inputs, and the text that the result must show.
 #pragma once
 
 #include "formulas/assumptions.h"
 #include "formulas/live_quantity.h"
+#include "formulas/rules.h"
 #include "values/run_failure.h"
 #include "values/variant.h"
 
@@ -12,7 +13,10 @@
 
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
+#include <tuple>
+#include <type_traits>
 #include <vector>
 
 namespace comfortics::tests {
@@ -22,46 +26,24 @@ using values::Number;
 using values::Variant;
 
 /// Assumptions that differ from the defaults, from one another, and from 0 and 1, so that a swap
-/// of two of them shows.
-inline Assumptions unusualAssumptions()
+/// of two of them shows; one of them is set anew if `member` is given.
+inline Assumptions unusualAssumptions(Number Assumptions::*member = nullptr, Number value = 0)
 {
-    return {.Friction = 0.27,
-            .Height = 0.62,
-            .Weight = 171,
-            .Barometric = 987,
-            .Emissivity = 0.91,
-            .ArAdu = 0.71};
+    Assumptions site{.Friction = 0.27,
+                     .Height = 0.62,
+                     .Weight = 171,
+                     .Barometric = 987,
+                     .Emissivity = 0.91,
+                     .ArAdu = 0.71};
+    if (member != nullptr)
+        site.*member = value;
+    return site;
 }
 
-/// One row: the result of `compute` must read `expected` with nine significant digits ("empty" for
-/// an Empty result, "fails" for a run failure).
-struct FormulaCase {
-    std::string name;
-    std::function<Variant()> compute;
-    std::string expected;
-};
-
-inline std::string shown(const std::function<Variant()>& compute)
-{
-    try {
-        const Variant result = compute();
-        if (result.isEmpty())
-            return "empty";
-        if (result.isText())
-            return "text \"" + result.text() + "\"";
-        char buffer[40];
-        std::snprintf(buffer, sizeof buffer, "%.9g", result.number().value());
-        return buffer;
-    } catch (const values::RunFailure&) {
-        return "fails";
-    }
-}
-
-inline void expectAll(const std::vector<FormulaCase>& cases)
-{
-    for (const FormulaCase& row : cases)
-        EXPECT_EQ(shown(row.compute), row.expected) << row.name;
-}
+// Each makes one primitive or division fail.
+inline const Assumptions kNegativeHeight = unusualAssumptions(&Assumptions::Height, -0.62);
+inline const Assumptions kNegativeWeight = unusualAssumptions(&Assumptions::Weight, -171);
+inline const Assumptions kNoPressure = unusualAssumptions(&Assumptions::Barometric, 0);
 
 /// Keeps the captions that a primitive or formula writes.
 struct RecordedCaptions final : formulas::Captions {
@@ -71,5 +53,65 @@ struct RecordedCaptions final : formulas::Captions {
         written[quantity] = std::move(text);
     }
 };
+
+/// One row: the result of the formula must read `expected` with nine significant digits ("empty" for an
+/// Empty result, "fails" for a run failure). The inputs are the numbers among its parameters, in order.
+struct FormulaCase {
+    template <typename Result, typename... Parameters>
+    FormulaCase(const std::string& index, Result (*formula)(Parameters...), const std::vector<double>& inputs,
+                std::string shownResult, const Assumptions& site = unusualAssumptions())
+        : name(index + " of " + testing::PrintToString(inputs)), expected(std::move(shownResult)),
+          compute([formula, inputs, site]() -> Variant {
+              EXPECT_EQ(inputs.size(), (std::is_same_v<Parameters, Number> + ... + 0U));
+              Source source{inputs.begin(), site, {}};
+              return std::apply(formula, std::tuple<Parameters...>{source.next<Parameters>()...});
+          })
+    {
+    }
+
+    std::string name;
+    std::string expected;
+    std::function<Variant()> compute;
+
+private:
+    struct Source {
+        std::vector<double>::const_iterator input;
+        const Assumptions& site;
+        RecordedCaptions captions;
+
+        template <typename Parameter>
+        Parameter next()
+        {
+            if constexpr (std::is_same_v<Parameter, const Assumptions&>)
+                return site;
+            else if constexpr (std::is_same_v<Parameter, formulas::Captions&>)
+                return captions;
+            else if constexpr (std::is_same_v<Parameter, formulas::Rules>)
+                return formulas::Rules::Classic;
+            else
+                return *input++;
+        }
+    };
+};
+
+inline std::string shown(const std::function<Variant()>& compute)
+{
+    try {
+        const Variant result = compute();
+        if (result.isEmpty())
+            return "empty";
+        char buffer[40];
+        std::snprintf(buffer, sizeof buffer, "%.9g", result.number().value());
+        return buffer;
+    } catch (const values::RunFailure&) {
+        return "fails";
+    }
+}
+
+inline void expectAll(std::span<const FormulaCase> cases)
+{
+    for (const FormulaCase& row : cases)
+        EXPECT_EQ(shown(row.compute), row.expected) << row.name;
+}
 
 } // namespace comfortics::tests

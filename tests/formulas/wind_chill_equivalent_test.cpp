@@ -11,6 +11,7 @@ namespace {
 
 using namespace comfortics::formulas;
 using comfortics::tests::expectAll;
+using comfortics::tests::FormulaCase;
 using comfortics::values::RunFailure;
 
 /// The bits of the temperature, or why there is none.
@@ -52,19 +53,20 @@ TEST(WindChillEquivalent, FastIsPlain)
 
 TEST(WindChillEquivalent, Values)
 {
-    expectAll({
-        {"cold", [] { return Index_215(6.3, -18); }, "-39.12"},
-        {"weak wind", [] { return Index_215(1.2, -5); }, "-4.12"},
-        {"mild", [] { return Index_215(25, 12); }, "-3"},
-        {"one step beyond agreement", [] { return Index_215(1.34, 0); }, "-0.01"},
-        {"upward, still air", [] { return Index_215(0, -20); }, "6.23"},
-        {"upward, a storm that warms", [] { return Index_215(140, -10); }, "56.35"},
-        {"no cooling", [] { return Index_215(9, 33); }, "32.99"},
-        {"above skin temperature", [] { return Index_215(0.5, 38); }, "37.12"},
-        {"equal coolings lead up", [] { return Index_215(0.03, -23.171231391406327); }, "0.01"},
-        {"negative wind", [] { return Index_215(-0.1, -5); }, "fails"},
-        {"overflow", [] { return Index_215(1e300, 1e300); }, "fails"},
-    });
+    const FormulaCase cases[] = {
+        {"cold", Index_215, {6.3, -18}, "-39.12"},
+        {"weak wind", Index_215, {1.2, -5}, "-4.12"},
+        {"mild", Index_215, {25, 12}, "-3"},
+        {"one step beyond agreement", Index_215, {1.34, 0}, "-0.01"},
+        {"upward, still air", Index_215, {0, -20}, "6.23"},
+        {"upward, a storm that warms", Index_215, {140, -10}, "56.35"},
+        {"no cooling", Index_215, {9, 33}, "32.99"},
+        {"above skin temperature", Index_215, {0.5, 38}, "37.12"},
+        {"equal coolings lead up", Index_215, {0.03, -23.171231391406327}, "0.01"},
+        {"negative wind", Index_215, {-0.1, -5}, "fails"},
+        {"overflow", Index_215, {1e300, 1e300}, "fails"},
+    };
+    expectAll(cases);
 }
 
 // Walks of 1e15 steps and more, which nobody can make one by one.
