@@ -2,10 +2,10 @@
 #include "values/number_text.h"
 
 #include "comma_locale.h"
+#include "values/text.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -13,56 +13,39 @@
 #include <limits>
 #include <random>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace comfortics::values {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
+// The value rounded to 15 digits decides on the form.
 TEST(PlainText, HasFifteenDigitsAndNoTrailingZeros)
 {
-    struct Row {
-        double value;
-        const char* expected;
-    };
-    const Row rows[] = {
+    const std::pair<double, const char*> rows[] = {
         {0, "0"},
         {-0.0, "0"},
-        {20, "20"},
-        {100, "100"},
-        {0.5, "0.5"},
         {-0.5, "-0.5"},
         {0.1 + 0.2, "0.3"},
         {1.0 / 3, "0.333333333333333"},
-        {-2.0 / 3, "-0.666666666666667"},
-        {64.5557761372821, "64.5557761372821"},
-        {12345678901234.5, "12345678901234.5"},
-        {99999999999999.95, "100000000000000"}, // rounds up to 15 digits
-        {1e14, "100000000000000"},
+        {99999999999999.95, "100000000000000"},
         {999999999999999.4, "999999999999999"},
-        {999999999999999.5, "1E+15"}, // the rounded value decides on the form
-        {1e15, "1E+15"},
+        {999999999999999.5, "1E+15"},
         {-123456789012345678.0, "-1.23456789012346E+17"},
-        {0.0001, "0.0001"},
         {0.00009999999999999999, "0.0001"},
         {0.0000999999999999999, "9.99999999999999E-05"},
         {0.00012345, "0.00012345"},
-        {0.000025, "2.5E-05"},
-        {-1e-5, "-1E-05"},
         {1e100, "1E+100"},
         {5e-324, "4.94065645841247E-324"},
-        {1.7976931348623157e308, "1.79769313486232E+308"},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(plainText(row.value), row.expected) << std::hexfloat << row.value;
+    for (const auto& [value, expected] : rows)
+        EXPECT_EQ(plainText(value), expected);
 }
 
 TEST(PlainText, AgreesWithTheLibraryFormatOnRandomDoubles)
 {
-    const std::uint64_t seed = 31415;
-    std::mt19937_64 random(seed);
-    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937_64 random(31415);
     for (int i = 0; i < 100000; ++i) {
         const double value = std::bit_cast<double>(random());
         if (!std::isfinite(value))
@@ -76,122 +59,70 @@ TEST(PlainText, AgreesWithTheLibraryFormatOnRandomDoubles)
     }
 }
 
-struct Reading {
-    std::string text;
-    double expected;
-};
-
+// A hard blank is no blank; between two doubles the even one is taken.
 TEST(Val, ReadsTheLeadingNumber)
 {
-    const std::vector<Reading> rows{
-        {"", 0},
-        {"   ", 0},
-        {"12.5", 12.5},
+    const std::string zeros(400, '0');
+    const std::pair<std::string, double> rows[] = {
         {" \t 7", 7},
         {"-3", -3},
         {"+4", 4},
-        {"--3", 0},
-        {"- 3", 0},
-        {".5", 0.5},
         {"-.5", -0.5},
         {"5.", 5},
-        {".", 0},
-        {"-", 0},
         {"12,5", 12},
         {"1.2.3", 1.2},
         {"1 2", 1},
         {"12abc", 12},
-        {"abc12", 0},
-        {"6-", 6},
-        {"1e3", 1000},
         {"1E+3", 1000},
         {"25d-1", 2.5},
         {"1D2", 100},
-        {"+.5D+1", 5},
         {"1e", 1},
         {"1e+", 1},
-        {"1d-x", 1},
         {"1e2.5", 100},
-        {"2e3e4", 2000},
-        {"0x10", 0},
-        {"&H10", 0},
-        {"inf", 0},
-        {"nan", 0},
-        {"1\xC2\xA0", 1}, // a hard blank is no blank
-        {"\xC2\xA0"
-         "1",
-         0},
-        {"9007199254740993", 9007199254740992}, // to the even neighbour
+        {"1\xC2\xA0", 1},
+        {"9007199254740993", 9007199254740992},
         {"1e308", 1e308},
-        {"1e309", kInfinity},
         {"-1e309", -kInfinity},
         {"1d309", kInfinity},
-        {"1e-400", 0},
-        {"0e400", 0},
-        {"0.000e999999999999999999999", 0},
         {"1e999999999999999999999", kInfinity},
-        {"1e-999999999999999999999", 0},
-        {"1" + std::string(400, '0'), kInfinity},
-        {"1" + std::string(400, '0') + "e-400", 1},
-        {"0." + std::string(400, '0') + "1", 0},
-        {"0." + std::string(400, '0') + "1e401", 1},
-        {"0." + std::string(100, '0') + "1e500", kInfinity},
-        {std::string(500, '0') + "12", 12},
+        {"1" + zeros, kInfinity},
+        {"1" + zeros + "e-400", 1},
+        {"0." + zeros + "1e401", 1},
+        {zeros + ".1e400", kInfinity},
+        {"0." + zeros + "1e800", kInfinity},
+        {zeros + "12", 12},
     };
-    for (const Reading& row : rows)
-        EXPECT_EQ(val(row.text), row.expected) << '"' << row.text << '"';
-}
-
-TEST(Val, NegativeZeroIsZeroWithItsSign)
-{
-    EXPECT_EQ(plainText(val("-0")), "0");
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(val(text), expected) << '"' << text << '"';
+    for (const char* text : {"", "   ", "--3", "- 3", ".", "abc12", "0x10", "inf", "nan", "\xC2\xA0",
+                             "1e-400", "0.000e999999999999999999999", "1e-999999999999999999999"})
+        EXPECT_EQ(val(text), 0) << '"' << text << '"';
     EXPECT_TRUE(std::signbit(val("-0.0")));
 }
 
 TEST(NumericTest, PassesWholeNumbersOnly)
 {
-    struct Row {
-        std::string text;
-        std::optional<double> expected;
+    const std::pair<const char*, double> numbers[] = {
+        {" 12.5\t", 12.5}, {"12,5", 12.5}, {",5", 0.5},    {"5,", 5},     {"-1,5e2", -150},
+        {"1,5D2", 150},    {"5.", 5},      {"1d-2", 0.01}, {"1e-400", 0}, {"+5", 5},
     };
-    const std::vector<Row> rows{
-        {"", std::nullopt},
-        {" ", std::nullopt},
-        {"12.5", 12.5},
-        {" 12.5\t", 12.5},
-        {"12,5", 12.5},
-        {",5", 0.5},
-        {"5,", 5.0},
-        {"-1,5e2", -150.0},
-        {"1,5D2", 150.0},
-        {"1,2,3", std::nullopt},
-        {"1.2,3", std::nullopt},
-        {"1,2.3", std::nullopt},
-        {",", std::nullopt},
-        {".", std::nullopt},
-        {"5.", 5.0},
-        {"+5", 5.0},
-        {"-", std::nullopt},
-        {"5-", std::nullopt},
-        {"1e", std::nullopt},
-        {"1e5", 100000.0},
-        {"1d-2", 0.01},
-        {"1 2", std::nullopt},
-        {"- 1", std::nullopt},
-        {"12a", std::nullopt},
-        {"nan", std::nullopt},
-        {"inf", std::nullopt},
-        {"\xC2\xA0"
-         "1",
-         std::nullopt},
-        {"1e400", std::nullopt}, // beyond the double range
-        {"-1e400", std::nullopt},
-        {"1e-400", 0.0},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(numericValue(row.text), row.expected) << '"' << row.text << '"';
-        EXPECT_EQ(isNumeric(row.text), row.expected.has_value()) << '"' << row.text << '"';
-    }
+    for (const auto& [text, expected] : numbers)
+        EXPECT_EQ(numericValue(text), expected) << '"' << text << '"';
+    for (const char* text : {"", " ", "1,2,3", "1.2,3", "1,2.3", ",", ".", "-", "5-", "1e", "1 2", "- 1",
+                             "12a", "nan", "inf", "\xC2\xA0", "1e400", "-1e400"})
+        EXPECT_FALSE(isNumeric(text)) << '"' << text << '"';
+}
+
+// Capitals of ASCII and of Latin-1 in UTF-8; × and ÷ are no letters.
+TEST(Text, LowersAndTrims)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"Wind CHILL [Z]", "wind chill [z]"}, {"ÀÖØÞ", "àöøþ"}, {"×÷ß", "×÷ß"}, {"àÉ", "àé"}, {"Ω", "Ω"}};
+    for (const auto& [text, lower] : rows)
+        EXPECT_EQ(lowered(text), lower);
+    EXPECT_EQ(trimmed(" \t a b\t "), "a b");
+    EXPECT_EQ(trimmed(" \t"), "");
+    EXPECT_EQ(trimmed("xay", "xy"), "a");
 }
 
 TEST(CommaLocaleRun, ChangesNoNumberText)
@@ -206,8 +137,6 @@ TEST(CommaLocaleRun, ChangesNoNumberText)
     EXPECT_EQ(plainText(1234.5), "1234.5");
     EXPECT_EQ(format(1234.56, kFormat0_0), "1234.6");
     EXPECT_EQ(format(0.15, kFormat0_0), "0.2"); // by digits
-    EXPECT_EQ(format(std::string("1234,56"), kFormat0_00000), "1234.56000");
-    EXPECT_EQ(val("2.5"), 2.5);
     EXPECT_EQ(val("2,5"), 2);
     EXPECT_EQ(numericValue("2,5"), 2.5);
     EXPECT_EQ(numericValue("25d-1"), 2.5);
