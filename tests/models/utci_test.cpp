@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace comfortics::tests {
@@ -50,29 +51,21 @@ TEST(UtciPolynomial, TheExampleQuotedEverywhere)
     EXPECT_NEAR(UTCI_Polynomial(25, 1, 0, 0.5 * saturation(25)).value(), 24.6, 0.05);
 }
 
-TEST(UtciTerms, PartialSumsBeginAndEndWhereTheyShould)
+// The powers of Ta, va, D and Pa in the first term of each.
+TEST(UtciTerms, PartialSumsBeginWhereTheyShould)
 {
-    struct Bound {
-        UtciTerm first, last;
-    };
-    const Bound bounds[] = {
-        {{0, 0, 0, 0, 0.607562052}, {0, 0, 2, 0, 0.00075504309}},
-        {{1, 0, 2, 0, -5.65095215e-05}, {0, 0, 4, 0, -1.30369025e-09}},
-        {{1, 0, 4, 0, 4.13908461e-10}, {0, 3, 0, 1, -0.00125813502}},
-        {{1, 3, 0, 1, -0.000179330391}, {0, 1, 2, 1, 2.7786293e-05}},
-        {{1, 1, 2, 1, -5.06004592e-06}, {0, 2, 0, 2, 0.00210787756}},
-        {{1, 2, 0, 2, -0.000698445738}, {0, 0, 4, 2, 3.23926897e-09}},
-        {{0, 0, 0, 3, -0.0353874123}, {1, 1, 0, 4, -0.000513027851}},
-        {{0, 2, 0, 4, 0.000102449757}, {0, 0, 0, 6, 0.00148348065}},
-    };
-    const auto same = [](const UtciTerm& a, const UtciTerm& b) {
-        return a.Ta == b.Ta && a.va == b.va && a.D == b.D && a.Pa == b.Pa && a.coefficient == b.coefficient;
-    };
+    constexpr std::array<std::array<int, 4>, 8> kFirst{{{0, 0, 0, 0},
+                                                        {1, 0, 2, 0},
+                                                        {1, 0, 4, 0},
+                                                        {1, 3, 0, 1},
+                                                        {1, 1, 2, 1},
+                                                        {1, 2, 0, 2},
+                                                        {0, 0, 0, 3},
+                                                        {0, 2, 0, 4}}};
     std::size_t at = 0;
-    for (std::size_t sum = 0; sum < std::size(bounds); ++sum) {
-        EXPECT_TRUE(same(kUtciTerms[at], bounds[sum].first)) << "S" << sum + 1;
-        at += kUtciPartialSums[sum];
-        EXPECT_TRUE(same(kUtciTerms[at - 1], bounds[sum].last)) << "S" << sum + 1;
+    for (std::size_t sum = 0; sum < kFirst.size(); at += kUtciPartialSums[sum++]) {
+        const UtciTerm& t = kUtciTerms[at];
+        EXPECT_EQ((std::array<int, 4>{t.Ta, t.va, t.D, t.Pa}), kFirst[sum]) << "S" << sum + 1;
     }
     EXPECT_EQ(at, kUtciTermCount);
 }
