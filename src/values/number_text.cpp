@@ -56,8 +56,11 @@ double magnitude(std::string_view number)
         if (negative || digits.front() == '+')
             digits.remove_prefix(1);
         long long exponent = 0;
-        if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
-            exponent = std::numeric_limits<int>::max();
+        const auto [last, overflow] = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+        (void)last;
+        constexpr long long kFarBeyond = std::numeric_limits<int>::max(); // and the sum below has room
+        if (overflow != std::errc() || exponent > kFarBeyond)
+            exponent = kFarBeyond;
         place += negative ? -exponent : exponent;
     }
     return place > 0 ? std::numeric_limits<double>::infinity() : 0;

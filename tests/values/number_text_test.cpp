@@ -85,6 +85,7 @@ TEST(Val, ReadsTheLeadingNumber)
         {"-1e309", -kInfinity},
         {"1d309", kInfinity},
         {"1e999999999999999999999", kInfinity},
+        {"12e9223372036854775807", kInfinity}, // the last exponent of 64 bits
         {"1" + zeros, kInfinity},
         {"1" + zeros + "e-400", 1},
         {"0." + zeros + "1e401", 1},
@@ -94,8 +95,9 @@ TEST(Val, ReadsTheLeadingNumber)
     };
     for (const auto& [text, expected] : rows)
         EXPECT_EQ(val(text), expected) << '"' << text << '"';
-    for (const char* text : {"", "   ", "--3", "- 3", ".", "abc12", "0x10", "inf", "nan", "\xC2\xA0",
-                             "1e-400", "0.000e999999999999999999999", "1e-999999999999999999999"})
+    for (const char* text :
+         {"", "   ", "--3", "- 3", ".", "abc12", "0x10", "inf", "nan", "\xC2\xA0", "1e-400",
+          "0.000e999999999999999999999", "1e-999999999999999999999", "0.05e-9223372036854775807"})
         EXPECT_EQ(val(text), 0) << '"' << text << '"';
     EXPECT_TRUE(std::signbit(val("-0.0")));
 }
