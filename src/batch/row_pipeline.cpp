@@ -135,7 +135,8 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
 
 void appendCsvCell(std::string& line, std::string_view cell)
 {
-    const auto special = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; };
+    // A tab outside quotes would make the reader take the table for a tab-separated one.
+    const auto special = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n' || c == '\t'; };
     if (std::none_of(cell.begin(), cell.end(), special)) {
         line += cell;
         return;

@@ -239,5 +239,19 @@ TEST(RunBatch, ReachesTheCalculationWithItsSettings)
     EXPECT_EQ(values(), (std::vector<std::string>{"30.3", "0.3", "-0.4"}));
 }
 
+TEST(RunBatch, ReadsItsOwnOutputAgainWhereAHeaderHoldsATab)
+{
+    BatchOptions wanted = options();
+    wanted.settings.selection = core::Selection::none();
+    const Outcome first = run("\"my\tstation\",Ta,SR,RH,WS\nA,30,600,50,2\n", wanted);
+    ASSERT_EQ(first.error, "");
+    const Outcome second = run(first.csv, wanted);
+    EXPECT_EQ(second.error, "");
+    const std::vector<std::vector<std::string>> expected{
+        {"my\tstation", "Ta", "SR", "RH", "WS", "Status", "Status"},
+        {"A", "30", "600", "50", "2", "ok", "ok"}};
+    EXPECT_EQ(cellsOf(second.csv), expected);
+}
+
 } // namespace
 } // namespace comfortics::batch
