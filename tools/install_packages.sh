@@ -15,6 +15,7 @@ declare -A groups=(
     [screenshots]="xvfb openbox xdotool imagemagick x11-utils xclip dbus at-spi2-core python3-gi gir1.2-atspi-2.0"
     [package]="dpkg-dev fakeroot file lintian desktop-file-utils appstream man-db mandoc groff xvfb xdotool"
     [clean_root]="mmdebstrap"
+    [fuzz]="clang libclang-rt-dev"
 )
 
 wanted=()
