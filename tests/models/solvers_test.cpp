@@ -66,7 +66,7 @@ TEST(Globe, SolvesTheBalance)
         {31, 47, 1.4, 730}, {31, 47, 1.4, 0}, {-17, 82, 3.2, 140}, {57, 12, 0.2, 1300}, {4, 99, 8, 55}};
     const char* const expected[] = {"43.5921064", "29.959515", "-16.3817189", "91.3596175", "3.78928519"};
     for (std::size_t i = 0; i < std::size(inputs); ++i) {
-        const auto& [Ta, RH, WS, SR] = inputs[i];
+        const double Ta = inputs[i][0], RH = inputs[i][1], WS = inputs[i][2], SR = inputs[i][3];
         EXPECT_EQ(plainGlobe(Ta, RH, WS, SR), expected[i]) << "row " << i;
         EXPECT_EQ(shown([&] { return Globe_Temperature_Model(Ta, RH, WS, SR); }), expected[i]) << "row " << i;
     }
@@ -109,7 +109,8 @@ TEST(WetBulb, SolvesTheBalance)
     const char* const expected[] = {"23.9746106", "22.2501642", "-17.2323141", "36.3742659",
                                     "3.85233647", "34.9823773", "28.0809302",  "3.36358385"};
     for (std::size_t i = 0; i < std::size(inputs); ++i) {
-        const auto& [Ta, Td, RH, WS, SR] = inputs[i];
+        const double Ta = inputs[i][0], Td = inputs[i][1], RH = inputs[i][2];
+        const double WS = inputs[i][3], SR = inputs[i][4];
         EXPECT_EQ(shown([&] { return Natural_Wet_Bulb(Ta, Td, RH, WS, SR); }), expected[i]) << "row " << i;
     }
 }
