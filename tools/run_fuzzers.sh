@@ -35,14 +35,15 @@ findings=$PWD/build/fuzz/findings
 rm -rf "$findings"
 mkdir -p "$findings"
 
-# One fuzzer. A slow input takes some tenths of a second (a search for the radiation to its end, a table of a whole
-# day), ten times that on a machine that others use. A minute is far beyond it and still tells a loop without an end.
+# One fuzzer. The slowest inputs take about a second (eight calculations, each with a search for the radiation to its
+# end), and a minute on a machine that others keep busy. Five minutes are beyond that and still tell a loop without
+# an end.
 fuzz() {
     local target=$1 options=() corpus=$scratch/$1 dictionary=fuzz/$1.dict
     mkdir -p "$corpus"
     cp -r "fuzz/corpus/$target/." "$corpus"
     [ ! -f "$dictionary" ] || options+=("-dict=$dictionary")
-    build/fuzz/bin/"$target" -max_total_time="$seconds" -timeout=60 -rss_limit_mb=4096 -max_len=4096 \
+    build/fuzz/bin/"$target" -max_total_time="$seconds" -timeout=300 -rss_limit_mb=4096 -max_len=4096 \
         -artifact_prefix="$findings/$target-" "${options[@]}" "$corpus" >"$scratch/$target.log" 2>&1
 }
 
