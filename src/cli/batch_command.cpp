@@ -4,7 +4,7 @@
 #include "cli/exit_status.h"
 #include "cli/interruption.h"
 #include "cli/reading_options.h"
-#include "output/atomic_file.h"
+#include "output/whole_file.h"
 
 #include <CLI/CLI.hpp>
 
@@ -187,16 +187,16 @@ private:
         batch::TableReader reader(
             [&input](char* buffer, std::size_t size) { return input.read(buffer, size); });
         try {
-            std::optional<output::AtomicFile> file;
+            std::optional<output::WholeFile> file;
             if (!m_output.empty())
-                file.emplace(m_output);
+                mustSucceed(file.emplace(m_output).result());
             const batch::BatchSummary summary = batch::runBatch(
                 reader, limits, options,
                 [&file](std::string_view bytes) {
-                    if (file)
-                        file->write(bytes);
-                    else
+                    if (!file)
                         print(bytes);
+                    else if (!file->write(bytes))
+                        mustSucceed(file->result());
                 },
                 [&progress](const batch::RowCounts& rows) {
                     progress.show(rows);
@@ -205,13 +205,17 @@ private:
             if (Interruption::requested())
                 return std::nullopt;
             if (file)
-                file->commit();
+                mustSucceed(file->commit());
             return summary;
         } catch (const batch::MalformedTable& error) {
             throw FileFailure(m_input == "-" ? std::string(error.what()) : m_input + ": " + error.what());
-        } catch (const output::WriteFailure& error) {
-            throw FileFailure(error.what());
         }
+    }
+
+    static void mustSucceed(const output::WriteResult& result)
+    {
+        if (!result.succeeded())
+            throw FileFailure(result.error);
     }
 
     std::string m_input;

@@ -28,7 +28,9 @@ bool writeCsv(const controls::Grid& grid, CsvForm form, ByteSink& sink)
 
 WriteResult writeCsvFile(const controls::Grid& grid, CsvForm form, const std::string& path)
 {
-    return writeWholeFile(path, [&](ByteSink& sink) { return writeCsv(grid, form, sink); });
+    WholeFile file(path);
+    writeCsv(grid, form, file);
+    return file.commit();
 }
 
 } // namespace comfortics::output

@@ -1,63 +1,124 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/whole_file.h"
 
-#include "output/atomic_file.h"
-
+#include <cerrno>
 #include <cstddef>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace comfortics::output {
 
 namespace {
 
-// Hands bytes to a file in large pieces and keeps the first failure.
-class FileSink final : public ByteSink {
-public:
-    explicit FileSink(AtomicFile& file) : m_file(file) {}
-
-    bool write(std::string_view bytes) override
-    {
-        constexpr std::size_t kPiece = std::size_t{1} << 16;
-        m_waiting += bytes;
-        return m_waiting.size() < kPiece ? m_error.empty() : flush();
-    }
-
-    bool flush()
-    {
-        try {
-            if (m_error.empty())
-                m_file.write(m_waiting);
-        } catch (const WriteFailure& failure) {
-            m_error = failure.what();
-        }
-        m_waiting.clear();
-        return m_error.empty();
-    }
-
-    const std::string& error() const noexcept { return m_error; }
-
-private:
-    AtomicFile& m_file;
-    std::string m_waiting;
-    std::string m_error;
-};
+// What a link leads to, also where that does not exist yet.
+std::string behindLinks(const std::string& path)
+{
+    constexpr int kMostLinks = 40; // as many as the system follows
+    std::filesystem::path file(path);
+    std::error_code error;
+    for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(file, error); ++i)
+        file = file.parent_path() / std::filesystem::read_symlink(file, error);
+    return file.string();
+}
 
 } // namespace
 
-WriteResult writeWholeFile(const std::string& path, const std::function<bool(ByteSink&)>& produce)
+WholeFile::WholeFile(std::string path) : m_path(std::move(path))
 {
-    try {
-        AtomicFile file(path);
-        FileSink sink(file);
-        const bool complete = produce(sink);
-        if (!sink.flush())
-            return {sink.error()};
-        if (!complete)
-            return {"The file " + path + " cannot be written: its contents are incomplete."};
-        file.commit();
-        return {};
-    } catch (const WriteFailure& failure) {
-        return {failure.what()};
+    struct stat status {};
+    const bool exists = ::stat(m_path.c_str(), &status) == 0;
+    if (!exists && (errno != ENOENT || m_path.empty())) {
+        fail();
+        return;
     }
+    if (exists && !S_ISREG(status.st_mode)) {
+        m_descriptor = ::open(m_path.c_str(), O_WRONLY | O_CLOEXEC);
+        if (m_descriptor < 0)
+            fail();
+        return;
+    }
+    // The folder's rights would let a protected file be replaced; its owner meant otherwise.
+    if (exists && ::access(m_path.c_str(), W_OK) != 0) {
+        fail();
+        return;
+    }
+    m_target = behindLinks(m_path);
+    // A new file has the rights that the kernel gives it. One that takes the place of another is
+    // closed to others until it has the rights of that.
+    openBeside(exists ? S_IRUSR | S_IWUSR : 0666);
+    if (m_descriptor < 0 || (exists && ::fchmod(m_descriptor, status.st_mode & 07777) != 0))
+        fail();
+}
+
+WholeFile::~WholeFile()
+{
+    giveUp();
+}
+
+// Under the first name that nobody else has: a killed program may have left one, another may be
+// writing to the same file.
+void WholeFile::openBeside(mode_t mode)
+{
+    constexpr int kMostNames = 1000;
+    for (int i = 1; i <= kMostNames; ++i) {
+        std::string name = m_target + ".part" + std::to_string(i);
+        m_descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (m_descriptor >= 0)
+            m_temporary = std::move(name);
+        if (m_descriptor >= 0 || errno != EEXIST)
+            return;
+    }
+}
+
+bool WholeFile::write(std::string_view bytes)
+{
+    while (!bytes.empty() && m_result.succeeded()) {
+        const ssize_t written = ::write(m_descriptor, bytes.data(), bytes.size());
+        if (written >= 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR)
+            fail();
+    }
+    return m_result.succeeded();
+}
+
+WriteResult WholeFile::commit()
+{
+    if (m_descriptor < 0)
+        return m_result;
+    // Devices need not know how to flush; a regular file must.
+    const bool flushed = m_temporary.empty() || ::fsync(m_descriptor) == 0;
+    if (!flushed || ::close(std::exchange(m_descriptor, -1)) != 0) {
+        fail();
+        return m_result;
+    }
+    if (!m_temporary.empty() && std::rename(m_temporary.c_str(), m_target.c_str()) != 0)
+        fail();
+    m_temporary.clear();
+    return m_result;
+}
+
+// Keeps the reason of the system call that has just failed.
+void WholeFile::fail()
+{
+    m_result.error = "The file " + m_path + " cannot be written: " + std::strerror(errno) + ".";
+    giveUp();
+}
+
+void WholeFile::giveUp() noexcept
+{
+    if (m_descriptor >= 0)
+        ::close(std::exchange(m_descriptor, -1));
+    if (!m_temporary.empty())
+        ::unlink(m_temporary.c_str());
+    m_temporary.clear();
 }
 
 } // namespace comfortics::output

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
+
+#include <sys/types.h>
 
 namespace comfortics::output {
 
@@ -21,8 +22,39 @@ struct WriteResult {
     bool succeeded() const noexcept { return error.empty(); }
 };
 
-/// An AtomicFile for whoever wants an answer and no exception. Where anything fails, or `produce`
-/// answers false, an existing file stays as it was and no other is left behind.
-WriteResult writeWholeFile(const std::string& path, const std::function<bool(ByteSink&)>& produce);
+/// A file that is written whole or not at all: the bytes go to a new file beside it, which takes
+/// its name at `commit`. Until then an existing file stays as it was; a file that fails or is given
+/// up leaves nothing behind. A device or pipe under the name is written directly; where the name is
+/// a link, the file that it leads to is replaced or made; a file that is protected from writing is
+/// left alone. Paths are UTF-8.
+class WholeFile final : public ByteSink {
+public:
+    /// Opens the file beside. `result` tells at once whether that was possible.
+    explicit WholeFile(std::string path);
+    WholeFile(const WholeFile&) = delete;
+    WholeFile& operator=(const WholeFile&) = delete;
+    /// Gives the file up, unless it is committed.
+    ~WholeFile() override;
+
+    /// Appends bytes. After a failure, for instance on a full disk, nothing more is written.
+    bool write(std::string_view bytes) override;
+
+    /// Flushes to the disk and gives the file its name. Answers the first failure of all.
+    WriteResult commit();
+
+    /// How it stands so far.
+    const WriteResult& result() const noexcept { return m_result; }
+
+private:
+    void openBeside(mode_t mode);
+    void fail();
+    void giveUp() noexcept;
+
+    std::string m_path;      // as given
+    std::string m_target;    // the same behind links
+    std::string m_temporary; // empty where the target is written directly
+    int m_descriptor = -1;
+    WriteResult m_result;
+};
 
 } // namespace comfortics::output
