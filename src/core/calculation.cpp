@@ -92,6 +92,8 @@ RunStatus Calculation::run(const Settings& settings)
     blankResults();
     if (!readings.valid())
         return RunStatus::Rejected;
+    if (m_rules == Rules::Robust)
+        readings.dropUnfinished();
 
     try {
         calculate(settings);

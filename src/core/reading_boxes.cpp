@@ -129,6 +129,13 @@ std::string ReadingBoxes::whatIsWrong() const
     return {};
 }
 
+void ReadingBoxes::dropUnfinished()
+{
+    for (TextBox* const box : {&txt_TG, &txt_SR, &txt_DP, &txt_RH})
+        if (!isNumeric(box->text()))
+            box->setText("");
+}
+
 void ReadingBoxes::round()
 {
     for (const Reading reading :

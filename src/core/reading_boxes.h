@@ -72,6 +72,9 @@ public:
     /// stand.
     std::string whatIsWrong() const;
 
+    /// Empties what is no number, such as a sign alone, in the boxes of the two pairs; the partners stand.
+    void dropUnfinished();
+
     /// Rounds each numeric box in place: no decimal for the solar radiation, one for the others.
     void round();
 

@@ -214,6 +214,36 @@ TEST(Calculation, BothOfAPairFailInTheFirstModel)
     EXPECT_EQ(bench.calculation.failure()->where, "UTCI_Regression");
 }
 
+TEST(Calculation, ByTheRobustRulesASignAloneCountsAsNothingTyped)
+{
+    using enum Reading;
+    using Readings = std::array<std::string_view, 6>; // TA, TG, SR, DP, RH, WS
+    struct Case {
+        Readings typed;
+        Reading box;
+        const char* unfinished;
+    };
+    const Readings cold{"5", "", "500", "", "50", "2"};
+    const Readings warm{"30", "33", "", "12", "", "2"};
+    for (const Case& row :
+         {Case{cold, TG, "-"}, Case{cold, DP, "-"}, Case{warm, SR, "."}, Case{warm, RH, "."}}) {
+        SCOPED_TRACE(std::string(row.unfinished) + " in box " + std::to_string(static_cast<int>(row.box)));
+        Bench without;
+        without.settings.rules = Rules::Robust;
+        EXPECT_EQ(without.run(row.typed), RunStatus::Ok);
+        Bench with;
+        with.run(row.typed);
+        with.calculation.readings.box(row.box).setText(row.unfinished);
+        EXPECT_EQ(with.calculation.run(with.settings), RunStatus::Failed);
+        with.settings.rules = Rules::Robust;
+        EXPECT_EQ(with.calculation.run(with.settings), RunStatus::Ok);
+        for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+            EXPECT_EQ(with.value(index), without.value(index)) << index;
+        for (std::size_t i = 0; i < formulas::kLiveCount; ++i)
+            EXPECT_EQ(with.live(static_cast<Live>(i)), without.live(static_cast<Live>(i))) << i;
+    }
+}
+
 TEST(Calculation, AssumptionsAreReadAtEachRun)
 {
     Bench bench;
