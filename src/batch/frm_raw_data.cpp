@@ -21,7 +21,6 @@ namespace comfortics::batch {
 using controls::Grid;
 using controls::Key;
 using controls::KeyPress;
-using core::kIndexCount;
 using core::kReadingCount;
 
 namespace {

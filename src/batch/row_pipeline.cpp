@@ -212,7 +212,7 @@ BatchSummary runBatch(TableReader& reader, const core::Limits& limits, const Bat
     while (!summary.stopped && !crew.empty())
         finishOne();
     if (malformed)
-        throw *malformed;
+        throw MalformedTable(*malformed);
     return summary;
 }
 

@@ -45,8 +45,8 @@ void restore(core::ReadingBoxes& boxes, const BoxTexts& texts)
 /// One calculation with its boxes, which go from row to row as those of the main window do.
 class SheetRows::Worker {
 public:
-    Worker(const core::Limits& limits, const Terms& terms, const std::vector<int>& indices)
-        : m_runner(limits, terms.settings), m_indices(indices)
+    Worker(const core::Limits& limits, const Terms& terms, std::vector<int> indices)
+        : m_runner(limits, terms.settings), m_indices(std::move(indices))
     {
         m_runner.calculation().assumptions.write(terms.assumptions);
     }

@@ -91,10 +91,10 @@ private:
         std::optional<BoxTexts> start; // of the boxes, where it is known
     };
     struct Row {
-        RowState state;
+        RowState state{};
         BoxTexts asked;
-        std::size_t valuesEnd; // behind its last text in `lengths`
-        std::size_t lostValues;
+        std::size_t valuesEnd = 0; // behind its last text in `lengths`
+        std::size_t lostValues = 0;
     };
     struct Done {
         std::vector<BoxTexts> cells;

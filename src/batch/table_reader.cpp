@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/table_reader.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace comfortics::batch {

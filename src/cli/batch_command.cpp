@@ -11,9 +11,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
+#include <cmath>
 #include <iostream>
 #include <optional>
+#include <system_error>
 #include <thread>
 
 #include <fcntl.h>
@@ -76,7 +77,8 @@ public:
 private:
     [[noreturn]] void fail() const
     {
-        throw FileFailure("The file " + m_path + " cannot be read: " + std::strerror(errno) + ".");
+        throw FileFailure("The file " + m_path +
+                          " cannot be read: " + std::generic_category().message(errno) + ".");
     }
 
     std::string m_path;
@@ -102,7 +104,7 @@ public:
                            std::to_string(static_cast<long>(static_cast<double>(rows.total()) / seconds)) +
                            " rows per second";
         if (const auto share = m_input.share(); share && *share > 0)
-            line += ", " + std::to_string(static_cast<long>(seconds / *share - seconds + 0.5)) + " s left";
+            line += ", " + std::to_string(std::lround(seconds / *share - seconds)) + " s left";
         std::cerr << "\r" << line << "\033[K" << std::flush;
     }
 

@@ -16,7 +16,6 @@ namespace comfortics::cli {
 namespace {
 
 using core::Calculation;
-using core::kIndexCount;
 using core::RunStatus;
 using formulas::kLiveInfo;
 using formulas::Live;

@@ -174,12 +174,10 @@ void GridCells::resize(std::size_t rows, std::size_t cols)
     m_cols = kept;
     const auto filled =
         std::count_if(m_chunks.begin(), m_chunks.end(), [](const auto& chunk) { return chunk != nullptr; });
-    if (filled <= 1)
-        restride(cols); // cheap now, and exact
+    if (filled <= 1 || cols < m_stride / 2)
+        restride(cols); // exact, where that is cheap or saves much
     else if (cols > m_stride)
         restride(std::max(cols, m_stride + m_stride / 8)); // columns may come one by one
-    else if (cols < m_stride / 2)
-        restride(cols);
     m_cols = cols;
     compactIfWorthwhile();
 }

@@ -3,7 +3,6 @@
 
 #include "values/text.h"
 
-#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -22,9 +21,9 @@ constexpr std::string_view kProgramTitle = "Comfortics";
 // Where the arrow keys lead from each reading box. The table is uneven on purpose: solar radiation
 // and humidity lead to each other with both Up and Down.
 struct Neighbours {
-    Reading down;
+    Reading down{};
     std::optional<Reading> right;
-    Reading up;
+    Reading up{};
     std::optional<Reading> left;
 };
 

@@ -51,9 +51,7 @@ Variant Index_021(const Assumptions& assumptions, Number Ta, Number RH, Number W
 {
     // Deliberate: exactly -90 °C meets no test, k stays 0.
     Number k = 0;
-    if (Ta < -90 || Ta > 60)
-        k = 1;
-    else if (Ta == 22)
+    if (Ta < -90 || Ta > 60 || Ta == 22)
         k = 1;
     else if (Ta > 22 && Ta <= 60)
         k = 1 - 0.0263 * (Ta - 22);

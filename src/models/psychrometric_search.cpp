@@ -3,8 +3,6 @@
 
 #include "values/run_failure.h"
 
-#include <cmath>
-
 namespace comfortics::models {
 
 using values::exponential;

@@ -75,7 +75,7 @@ private:
     void Menu_Export_Click();
     void Menu_Print_Click();
     void cTP_NewPage(controls::DrawingSurface& surface, bool& topIsSet);
-    void shareWidth(controls::Grid& grid);
+    static void shareWidth(controls::Grid& grid);
     std::string whyBlank(const controls::Grid& grid, std::size_t row, std::size_t col) const;
 
     controls::Clipboard& m_clipboard;

@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -108,7 +107,8 @@ WriteResult WholeFile::commit()
 // Keeps the reason of the system call that has just failed.
 void WholeFile::fail()
 {
-    m_result.error = "The file " + m_path + " cannot be written: " + std::strerror(errno) + ".";
+    m_result.error =
+        "The file " + m_path + " cannot be written: " + std::generic_category().message(errno) + ".";
     giveUp();
 }
 

@@ -13,7 +13,6 @@
 #include "values/run_failure.h"
 
 #include <cmath>
-#include <utility>
 
 namespace comfortics::radiation {
 
