@@ -8,7 +8,6 @@
 #include "values/number_text.h"
 #include "values/run_failure.h"
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -37,32 +36,19 @@ inline std::string digits(double value, int count)
     return buffer;
 }
 
-/// Nine digits of what `compute` gives; "no convergence", or "fails: " and why.
-template <typename Compute>
-std::string shown(Compute compute)
-{
-    try {
-        const auto result = compute();
-        if constexpr (std::is_same_v<std::decay_t<decltype(result)>, Solution>)
-            return result.converged() ? digits(result.celsius, 9) : "no convergence";
-        else
-            return digits(result.value(), 9);
-    } catch (const values::RunFailure& failure) {
-        return "fails: " + failure.why();
-    }
-}
+/// What tells a double from every other.
+inline constexpr int kAllDigits = 17;
 
-/// All the bits of what `compute` gives.
+/// Digits of what `compute` gives; "no convergence", or "fails: " and why.
 template <typename Compute>
-std::string bits(Compute compute)
+std::string shown(Compute compute, int count = 9)
 {
     try {
         const auto result = compute();
         if constexpr (std::is_same_v<std::decay_t<decltype(result)>, Solution>)
-            return result.converged() ? std::to_string(std::bit_cast<std::uint64_t>(result.celsius))
-                                      : "no convergence";
+            return result.converged() ? digits(result.celsius, count) : "no convergence";
         else
-            return std::to_string(std::bit_cast<std::uint64_t>(result.value()));
+            return digits(result.value(), count);
     } catch (const values::RunFailure& failure) {
         return "fails: " + failure.why();
     }

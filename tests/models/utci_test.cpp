@@ -5,9 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <cmath>
+#include <utility>
 
 namespace comfortics::tests {
 namespace {
@@ -31,64 +30,21 @@ TEST(UtciPolynomial, Evaluates)
         EXPECT_EQ(shown([&] { return UTCI_Polynomial(c.Ta, c.va, c.D, c.Pa); }), c.expected) << c.Ta << " °C";
 }
 
-double saturation(double t) // [kPa]
-{
-    return 0.6108 * std::exp(17.29 * t / (t + 237.3));
-}
-
-// By definition the index equals the air temperature in the reference climate: 0.5 m/s at 10 m,
-// Tmrt = Ta, 50 % humidity up to 2 kPa. The regression keeps to that within its error, 1.1 K root
-// mean square (Bröde et al., 2012).
-TEST(UtciPolynomial, EqualsTheAirInTheReferenceClimate)
-{
-    for (int Ta = -50; Ta <= 50; Ta += 5)
-        EXPECT_NEAR(UTCI_Polynomial(Ta, 0.5, 0, std::min(2.0, 0.5 * saturation(Ta))).value(), Ta, 1.3) << Ta;
-}
-
-TEST(UtciPolynomial, TheExampleQuotedEverywhere)
-{
-    // 25 °C, Tmrt 25 °C, 1 m/s, 50 %: 24.6 °C.
-    EXPECT_NEAR(UTCI_Polynomial(25, 1, 0, 0.5 * saturation(25)).value(), 24.6, 0.05);
-}
-
-// The powers of Ta, va, D and Pa in the first term of each.
-TEST(UtciTerms, PartialSumsBeginWhereTheyShould)
-{
-    constexpr std::array<std::array<int, 4>, 8> kFirst{{{0, 0, 0, 0},
-                                                        {1, 0, 2, 0},
-                                                        {1, 0, 4, 0},
-                                                        {1, 3, 0, 1},
-                                                        {1, 1, 2, 1},
-                                                        {1, 2, 0, 2},
-                                                        {0, 0, 0, 3},
-                                                        {0, 2, 0, 4}}};
-    std::size_t at = 0;
-    for (std::size_t sum = 0; sum < kFirst.size(); at += kUtciPartialSums[sum++]) {
-        const UtciTerm& t = kUtciTerms[at];
-        EXPECT_EQ((std::array<int, 4>{t.Ta, t.va, t.D, t.Pa}), kFirst[sum]) << "S" << sum + 1;
-    }
-    EXPECT_EQ(at, kUtciTermCount);
-}
-
-/// The sum as it is defined, in a loop over the table.
+/// The sum as it is defined, in a loop over the table: eight partial sums, the first with a bare Ta.
 Number looped(Number Ta, Number va, Number D, Number Pa)
 {
+    constexpr std::array<std::size_t, 8> kPartialSums{50, 25, 25, 25, 25, 25, 25, 10};
     Number total;
     std::size_t at = 0;
-    for (std::size_t sum = 0; sum < kUtciPartialSums.size(); ++sum) {
+    for (std::size_t sum = 0; sum < kPartialSums.size(); ++sum) {
         Number partial = Ta;
-        for (std::size_t i = 0; i < kUtciPartialSums[sum]; ++i, ++at) {
+        for (std::size_t term = 0; term < kPartialSums[sum]; ++term, ++at) {
             const UtciTerm& t = kUtciTerms[at];
             Number product = t.coefficient;
-            for (int power = 0; power < t.Ta; ++power)
-                product = product * Ta;
-            for (int power = 0; power < t.va; ++power)
-                product = product * va;
-            for (int power = 0; power < t.D; ++power)
-                product = product * D;
-            for (int power = 0; power < t.Pa; ++power)
-                product = product * Pa;
-            partial = sum > 0 && i == 0 ? product : partial + product;
+            for (const auto& [factor, power] : {std::pair(Ta, t.Ta), {va, t.va}, {D, t.D}, {Pa, t.Pa}})
+                for (int i = 0; i < power; ++i)
+                    product = product * factor;
+            partial = sum > 0 && term == 0 ? product : partial + product;
         }
         total = sum == 0 ? partial : total + partial;
     }
@@ -104,8 +60,8 @@ TEST(UtciPolynomial, FastIsTheLoop)
         const double va = random.between(0, 60) * stretch;
         const double D = random.between(-80, 90);
         const double Pa = random.between(0, 20) * stretch;
-        ASSERT_EQ(bits([&] { return UTCI_Polynomial(Ta, va, D, Pa); }),
-                  bits([&] { return looped(Ta, va, D, Pa); }))
+        ASSERT_EQ(shown([&] { return UTCI_Polynomial(Ta, va, D, Pa); }, kAllDigits),
+                  shown([&] { return looped(Ta, va, D, Pa); }, kAllDigits))
             << "seed " << Random::kSeed << ": " << Ta << " " << va << " " << D << " " << Pa;
     }
 }
