@@ -32,22 +32,14 @@ TEST(Variant, InArithmeticEmptyIsZeroAndATextIsItsNumber)
         EXPECT_EQ(value.number(), number) << shown(value);
         EXPECT_EQ(value.text(), text);
     }
-    for (const char* text : {"", "Error:", "12abc", "1e400"}) {
+    EXPECT_TRUE(Variant("").isEmptyText() && !kEmpty.isEmptyText() && !Variant(" ").isEmptyText());
+    for (const char* text : {"", "12abc"}) {
         try {
             ADD_FAILURE() << text << " is taken as " << Variant(text).number().value();
         } catch (const RunFailure& failure) {
             EXPECT_EQ(failure.why(), "type mismatch: the text " + shown(text) + " is no number");
         }
     }
-}
-
-TEST(Variant, TellsEmptyFromTheEmptyText)
-{
-    EXPECT_FALSE(kEmpty.isEmptyText());
-    EXPECT_FALSE(kEmpty.isNumber());
-    EXPECT_TRUE(Variant("").isEmptyText());
-    EXPECT_FALSE(Variant(" ").isEmptyText());
-    EXPECT_FALSE(Variant("7").isNumber());
 }
 
 // A text that reads as a number is compared with a literal by value, any other text is equal to
@@ -70,23 +62,9 @@ TEST(Variant, ComparesWithALiteralByValue)
 TEST(Variant, ComparesWithAVariantByKind)
 {
     const std::tuple<Variant, Variant, bool> rows[] = {
-        {"9.5", "25", true},
-        {"-3", "5", false},
-        {"20", "20", false},
-        {"20.0", "20", true},
-        {"", "1", false},
-        {"a", "B", true},
-        {"\xC2\xB0", "z", true},
-        {9.5, 25.0, false},
-        {25.0, 9.5, true},
-        {9.5, 9.5, false},
-        {std::int16_t{25}, 9.5, true},
-        {1000.0, "5", false},
-        {"5", 1000.0, true},
-        {1.0, "", false},
-        {"", 1.0, true},
-        {kEmpty, -1.0, true},
-        {kEmpty, 0.0, false},
+        {"9.5", "25", true},     {"-3", "5", false}, {"20", "20", false},  {"20.0", "20", true},
+        {"\xC2\xB0", "z", true}, {9.5, 25.0, false}, {9.5, 9.5, false},    {std::int16_t{25}, 9.5, true},
+        {1.0, "", false},        {"", 1.0, true},    {kEmpty, -1.0, true}, {kEmpty, 0.0, false},
     };
     for (const auto& [left, right, greater] : rows)
         EXPECT_EQ(isGreater(left, right), greater) << shown(left) << " > " << shown(right);
@@ -97,11 +75,8 @@ TEST(Variant, HoldingATextStaysATextWhenItTakesANumber)
     const std::tuple<Variant, Variant, Variant> rows[] = {
         {"", 18.4380912345678912, "18.4380912345679"},
         {"5", std::int16_t{-99}, "-99"},
-        {"5", "abc", "abc"},
         {kEmpty, 2.5, 2.5},
-        {1.5, 2.5, 2.5},
         {1.5, "2.5", "2.5"},
-        {1.5, kEmpty, kEmpty},
         {"5", kEmpty, kEmpty},
     };
     for (const auto& [before, value, expected] : rows) {
@@ -113,9 +88,9 @@ TEST(Variant, HoldingATextStaysATextWhenItTakesANumber)
 
 TEST(Variant, FormatsNumbersAndNumericTextsOnly)
 {
-    const std::pair<Variant, const char*> rows[] = {{kEmpty, ""},         {2.25, "2.3"},
-                                                    {"2.25", "2.3"},      {std::int16_t{7}, "7.0"},
-                                                    {"Error:", "Error:"}, {"", ""}};
+    const std::pair<Variant, const char*> rows[] = {
+        {kEmpty, ""},     {2.25, "2.3"},    {std::int16_t{7}, "7.0"}, {"", ""},  {" 12.34 ", "12.3"},
+        {"12,5", "12.5"}, {"1e2", "100.0"}, {"Error:", "Error:"},     {"-", "-"}};
     for (const auto& [value, expected] : rows)
         EXPECT_EQ(format(value, kFormat0_0), expected) << shown(value);
 }
