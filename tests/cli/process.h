@@ -23,24 +23,16 @@ namespace comfortics::tests {
 using Arguments = std::vector<std::string>;
 
 struct Ending {
-    int status = -1; ///< the exit status; 1000 + the signal that ended it
+    int status = -1; ///< the exit status, or -1 where a signal ended it
     std::string out;
     std::string err;
 };
 
-/// Where a process starts from, other than the defaults.
-struct Surroundings {
-    std::vector<std::pair<std::string, std::string>> environment = {};
-    std::string standardOutput = {}; ///< a device in place of what is gathered
-    bool brokenOutput = false;       ///< the output is a pipe whose reader has gone
-    std::string program = COMFORTICS_CLI;
-};
-
-/// A run of comfortics-cli. Its standard input stays open until the run is finished; what it says is
-/// gathered in files, so that neither side ever waits for the other.
+/// A run of a program. Its standard input stays open until the run is finished; what it says is gathered in
+/// files, so that neither side ever waits for the other. A broken output is a pipe whose reader has gone.
 class Process {
 public:
-    explicit Process(const Arguments& arguments, const Surroundings& around = {})
+    explicit Process(Arguments words, bool brokenOutput = false)
     {
         std::signal(SIGPIPE, SIG_IGN); // a process that ends early is for the test to notice
         int in[2];
@@ -49,8 +41,6 @@ public:
             throw std::runtime_error("no pipe");
         ::close(broken[0]);
         m_in = in[1];
-        std::vector<std::string> words{around.program};
-        words.insert(words.end(), arguments.begin(), arguments.end());
         std::vector<char*> argv;
         for (std::string& word : words)
             argv.push_back(word.data());
@@ -58,18 +48,12 @@ public:
 
         m_pid = ::fork();
         if (m_pid == 0) {
-            const int out = around.brokenOutput ? broken[1]
-                            : around.standardOutput.empty()
-                                ? ::fileno(m_out)
-                                : ::open(around.standardOutput.c_str(), O_WRONLY | O_CLOEXEC);
             ::dup2(in[0], STDIN_FILENO);
-            ::dup2(out, STDOUT_FILENO);
+            ::dup2(brokenOutput ? broken[1] : ::fileno(m_out), STDOUT_FILENO);
             ::dup2(::fileno(m_err), STDERR_FILENO);
             // A job in the background inherits ignored signals, and the tool leaves those ignored.
             for (const int number : {SIGPIPE, SIGINT, SIGHUP})
                 std::signal(number, SIG_DFL);
-            for (const auto& [name, value] : around.environment)
-                ::setenv(name.c_str(), value.c_str(), 1);
             ::execv(argv[0], argv.data());
             ::_exit(127);
         }
@@ -109,8 +93,7 @@ public:
             closeInput();
         int status = 0;
         ::waitpid(std::exchange(m_pid, -1), &status, 0);
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), textOf(m_out),
-                textOf(m_err)};
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, textOf(m_out), textOf(m_err)};
     }
 
 private:
@@ -135,27 +118,22 @@ private:
     std::FILE* m_err = std::tmpfile();
 };
 
-inline Ending runTool(const Arguments& arguments, const Surroundings& around = {})
+inline Arguments with(Arguments arguments, const Arguments& more)
 {
-    return Process(arguments, around).finish();
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
 }
 
-/// The same with a text on its standard input.
-inline Ending runTool(const Arguments& arguments, std::string_view input)
+/// Of comfortics-cli, with a text on its standard input.
+inline Ending runTool(const Arguments& arguments, std::string_view input = {})
 {
-    Process process(arguments);
+    Process process(with({COMFORTICS_CLI}, arguments));
     process.feed(input);
     return process.finish();
 }
 
 /// A call of calc that succeeds.
 inline const Arguments kSolar{"calc", "--ta", "30", "--sr", "600", "--rh", "50", "--ws", "2"};
-
-inline Arguments with(Arguments arguments, const Arguments& more)
-{
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    return arguments;
-}
 
 inline std::string expectedPath(const std::string& name)
 {
