@@ -9,7 +9,6 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace comfortics::tests {
 
@@ -32,31 +31,19 @@ int told(Event C::*event, const std::function<void(C&)>& act)
 
 TEST(Controls, TellOfRealChangesOnly)
 {
-    const auto writes = [](std::vector<std::string> texts) {
-        return told<TextBox>(&TextBox::change, [&](TextBox& box) {
-            for (const std::string& text : texts)
-                box.setText(text);
-        });
-    };
-    EXPECT_EQ(writes({"a", "a", "A", ""}), 3);
-    EXPECT_EQ(writes({""}), 0);
+    const auto write = [](TextBox& it) { it.setText(""), it.setText("a"), it.setText("a"), it.setText("A"); };
+    EXPECT_EQ(told<TextBox>(&TextBox::change, write), 2);
     EXPECT_EQ(told<Label>(&Label::change, [](auto& it) { it.setCaption("a"), it.setCaption("a"); }), 1);
-    EXPECT_EQ(told<Label>(&Label::appearance, [](auto& it) { it.setVisible(true), it.setEnabled(true); }), 0);
-    EXPECT_EQ(told<Label>(&Label::appearance, [](auto& it) { it.setVisible(false), it.setEnabled(false); }),
-              2);
-    EXPECT_EQ(told<Button>(&Button::click, [](auto& it) { it.setValue(true), it.setValue(true); }), 2);
-    EXPECT_EQ(told<Button>(&Button::click, [](auto& it) { it.setValue(false); }), 0);
-    EXPECT_EQ(told<CheckBox>(&CheckBox::click, [](auto& it) { it.setChecked(true), it.setChecked(true); }),
-              1);
-    const auto selections = [](std::function<void(ListBox&)> act) {
-        return told<ListBox>(&ListBox::change, [&](ListBox& list) {
-            list.addItem("a"), list.addItem("b"); // two
-            act(list);
-        });
-    };
-    EXPECT_EQ(selections([](ListBox& list) { list.setSelected(0, true), list.setSelected(0, true); }), 3);
-    EXPECT_EQ(selections([](ListBox& list) { list.selectAll(true); }), 3) << "all rows are one change";
-    const auto goTwice = [](ListBox& list) { list.setCurrentRow(1), list.setCurrentRow(1); };
+    const auto hide = [](Label& it) { it.setVisible(true), it.setVisible(false), it.setEnabled(false); };
+    EXPECT_EQ(told<Label>(&Label::appearance, hide), 2);
+    EXPECT_EQ(told<Button>(&Button::click, [](auto& it) { it.setValue(true), it.setValue(false); }), 1);
+    const auto check = [](CheckBox& it) { it.setChecked(true), it.setChecked(true); };
+    EXPECT_EQ(told<CheckBox>(&CheckBox::click, check), 1);
+    const auto add = [](ListBox& it) { it.addItem("a"), it.addItem("b"); };
+    const auto selectOne = [&](ListBox& it) { add(it), it.setSelected(0, true), it.setSelected(0, true); };
+    EXPECT_EQ(told<ListBox>(&ListBox::change, selectOne), 3);
+    EXPECT_EQ(told<ListBox>(&ListBox::change, [&](auto& it) { add(it), it.selectAll(true); }), 3);
+    const auto goTwice = [&](ListBox& it) { add(it), it.setCurrentRow(1), it.setCurrentRow(1); };
     EXPECT_EQ(told<ListBox>(&ListBox::current, goTwice), 1);
     EXPECT_EQ(told<ListBox>(&ListBox::sight, goTwice), 2) << "brought into sight again";
 }
@@ -84,7 +71,7 @@ TEST(Controls, ATimerTicksOnlyWhileItIsOn)
     timer.tick();
     EXPECT_EQ(ticks, 0);
     timer.setEnabled(true);
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 3; ++i)
         timer.tick();
     EXPECT_EQ(ticks, 2);
 }
