@@ -10,7 +10,6 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <memory>
 #include <string>
 #include <string_view>
 

@@ -15,7 +15,6 @@
 #include "values/run_failure.h"
 
 #include <chrono>
-#include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <string>

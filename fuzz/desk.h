@@ -7,7 +7,6 @@
 #include "core/frm_main.h"
 #include "core/limits.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>

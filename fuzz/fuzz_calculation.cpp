@@ -8,18 +8,15 @@
 #include "core/calculation.h"
 #include "values/number_text.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace comfortics::fuzz {
 namespace {
 
 using core::Calculation;
-using core::OutcomeKind;
 using core::Rules;
 using core::RunStatus;
 
@@ -120,7 +117,7 @@ Shown runAll(core::Settings settings, Rules rules, const Texts& first, const Tex
 {
     settings.rules = rules;
     Desk kept(settings, assumptions);
-    const Shown result = kept.run(first);
+    Shown result = kept.run(first);
     requireSame(kept.run(second), Desk(settings, assumptions).run(second), "a run after another, and alone");
     requireSame(kept.run(first), result, "the same again");
     return result;

@@ -117,6 +117,7 @@ Ending run(std::vector<std::string> words)
 {
     words.insert(words.begin(), "comfortics-cli");
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (std::string& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
@@ -160,8 +161,9 @@ std::string harmless(std::string word, const std::string& before)
 
 bool asks(const std::vector<std::string>& words, const std::string& option, const std::string& value)
 {
+    const std::string joined = option + "=" + value;
     for (std::size_t i = 0; i < words.size(); ++i)
-        if (words[i] == option + "=" + value || (i > 0 && words[i - 1] == option && words[i] == value))
+        if (words[i] == joined || (i > 0 && words[i - 1] == option && words[i] == value))
             return true;
     return false;
 }

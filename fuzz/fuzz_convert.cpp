@@ -18,7 +18,6 @@ namespace comfortics::fuzz {
 namespace {
 
 using converter::Conversion;
-using converter::kConversionCount;
 using converter::kConversions;
 
 void check(std::size_t place, const std::string& text, const std::string& unit)

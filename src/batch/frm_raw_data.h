@@ -16,7 +16,6 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -117,7 +116,6 @@ private:
 
     void run();
     std::size_t calculateRows(std::size_t last);
-    bool waitForRow(SheetRows& rows);
     void letEventsPass();
     void keepRow(std::size_t row, const SheetRow& result);
     void showMessages(const SheetRow& result);

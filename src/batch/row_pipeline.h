@@ -7,10 +7,8 @@
 
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace comfortics::batch {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/table_reader.h"
 
+#include <string_view>
 #include <utility>
 
 namespace comfortics::batch {

@@ -123,7 +123,6 @@ private:
             if (!settings.selection.contains(row.number))
                 continue;
             result += std::to_string(row.number);
-            const std::string reason = calculation.whyBlank(row.number);
             for (const std::string_view cell :
                  {row.name, std::string_view(valueOf(calculation, row.number)), row.unit}) {
                 result += ',';
@@ -131,7 +130,7 @@ private:
             }
             if (m_options.reasons) {
                 result += ',';
-                batch::appendCsvCell(result, reason);
+                batch::appendCsvCell(result, calculation.whyBlank(row.number));
             }
             result += "\r\n";
         }

@@ -4,7 +4,6 @@
 #include <memory>
 #include <stdexcept>
 #include <string_view>
-#include <vector>
 
 namespace CLI {
 class App;

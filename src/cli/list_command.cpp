@@ -10,8 +10,6 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-
 namespace comfortics::cli {
 
 namespace {

@@ -378,7 +378,7 @@ void Grid::setColAlignment(std::size_t col, int alignment)
 int Grid::rowHeight(std::size_t row) const
 {
     checkRow(row);
-    int height = m_defaultRowHeight;
+    int height = kDefaultRowHeight;
     if (!m_rowLooks.empty())
         if (const auto found = m_rowLooks.find(row); found != m_rowLooks.end() && found->second.height)
             height = *found->second.height;
@@ -390,14 +390,6 @@ void Grid::setRowHeight(std::size_t row, int height)
     checkRow(row);
     assert(height >= 0);
     m_rowLooks[row].height = height;
-    keepInside();
-    tellLayout();
-}
-
-void Grid::setDefaultRowHeight(int height)
-{
-    assert(height >= 0);
-    m_defaultRowHeight = height;
     keepInside();
     tellLayout();
 }

@@ -116,8 +116,6 @@ public:
     /// The row's own height, or the default, and never less than the least height.
     int rowHeight(std::size_t row) const;
     void setRowHeight(std::size_t row, int height);
-    /// For all rows without a height of their own; a view sets it by its font.
-    void setDefaultRowHeight(int height);
     int rowHeightMin() const noexcept { return m_rowHeightMin; }
     void setRowHeightMin(int height);
     /// In pixels.
@@ -218,8 +216,6 @@ private:
     void checkCell(std::size_t row, std::size_t col) const;
     static std::uint64_t cellNumber(std::size_t row, std::size_t col);
     const CellLook* look(std::size_t row, std::size_t col) const;
-    template <class Shorter>
-    void forgetLooks(Shorter gone);
     void moveRows(const std::vector<std::uint32_t>& from);
     void keepInside();
     std::size_t largestTopRow() const;
@@ -243,7 +239,6 @@ private:
     std::size_t m_mouseCol = 0;
     int m_width = 0;
     int m_height = 0;
-    int m_defaultRowHeight = kDefaultRowHeight;
     int m_rowHeightMin = 0;
     int m_gridLineWidth = 1;
     FontRef m_font = std::make_shared<const Font>();

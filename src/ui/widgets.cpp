@@ -104,9 +104,9 @@ QLineEdit* searchLine(const QString& hint)
     return line;
 }
 
-QLabel* quietLabel(const QString& text, QWidget* parent)
+QLabel* quietLabel(const QString& text)
 {
-    auto* const label = new QLabel(text, parent);
+    auto* const label = new QLabel(text);
     label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }

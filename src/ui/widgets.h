@@ -62,6 +62,6 @@ public:
 QLineEdit* searchLine(const QString& hint);
 
 /// A label in quieter text than its surroundings.
-QLabel* quietLabel(const QString& text, QWidget* parent = nullptr);
+QLabel* quietLabel(const QString& text);
 
 } // namespace comfortics::ui

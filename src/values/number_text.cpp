@@ -8,7 +8,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 
 namespace comfortics::values {
@@ -128,7 +127,7 @@ std::string assemble(bool negative, std::string digits, Format format)
     return digits;
 }
 
-// The described rounding on decimal digits, for any finite value.
+// The rounding as `format` promises it, digit by digit, for any finite value.
 std::string formatByDigits(double value, Format format)
 {
     std::array<char, 40> buffer{};
@@ -185,13 +184,13 @@ std::string plainText(double value)
     return std::string(buffer.data(), end);
 }
 
-std::string format(double value, Format format)
+std::string format(double value, Format wanted)
 {
     if (!std::isfinite(value))
         return plainText(value);
     // The quick way is taken where neither the product's rounding error nor the cut to 15 digits
     // can move the value across a half: both are far below 1e-14 of the scaled value.
-    const double scaled = std::abs(value) * kPowersOfTen[static_cast<std::size_t>(format.decimals)];
+    const double scaled = std::abs(value) * kPowersOfTen[static_cast<std::size_t>(wanted.decimals)];
     if (scaled < 1e12) {
         const double whole = std::floor(scaled);
         const double fraction = scaled - whole;
@@ -201,9 +200,9 @@ std::string format(double value, Format format)
             char* const last = buffer.data() + buffer.size();
             char* out = last;
             std::uint64_t rest = integer;
-            const int width = format.decimals + format.integerWidth;
+            const int width = wanted.decimals + wanted.integerWidth;
             for (int place = 0; rest > 0 || place < width; ++place) {
-                if (place == format.decimals && format.decimals > 0)
+                if (place == wanted.decimals && wanted.decimals > 0)
                     *--out = '.';
                 *--out = static_cast<char>('0' + rest % 10);
                 rest /= 10;
@@ -213,7 +212,7 @@ std::string format(double value, Format format)
             return std::string(out, last);
         }
     }
-    return formatByDigits(value, format);
+    return formatByDigits(value, wanted);
 }
 
 std::string format(std::string_view text, Format wanted)

@@ -25,11 +25,11 @@ std::string plainText(double value);
 
 /// The value's 15 significant decimal digits, rounded half away from zero at the wanted decimals.
 /// The integer part is padded with zeros to the format's width. Never "-0.0".
-std::string format(double value, Format format);
+std::string format(double value, Format wanted);
 
 /// Formats the number that the text holds; an empty text or one that is no number comes back
 /// unchanged.
-std::string format(std::string_view text, Format format);
+std::string format(std::string_view text, Format wanted);
 inline std::string format(const std::string& text, Format wanted)
 {
     return format(std::string_view(text), wanted);

@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <variant>
 
@@ -59,6 +58,6 @@ private:
 bool isGreater(const Variant& left, const Variant& right);
 
 /// Formats a result: a number or numeric text by the format, anything else as its text.
-std::string format(const Variant& value, Format format);
+std::string format(const Variant& value, Format wanted);
 
 } // namespace comfortics::values
