@@ -36,7 +36,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 # comfortics_room(<room> SOURCES ... LINKS ...): one library per folder of src/. LINKS names the rooms that this
-# one may include; an include from any other room does not compile... or, at the latest, does not link.
+# one may include: tools/check_rooms.py finds an include from any other, and what it calls there does not link.
 function(comfortics_room room)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
   add_library(comfortics_${room} STATIC ${arg_SOURCES})

@@ -82,14 +82,14 @@ public:
     /// Raises `change` if the text differs from what the box holds.
     void setText(std::string text);
 
-    /// The caret, in characters of UTF-8 bytes from the start.
+    /// The caret, in bytes of UTF-8 from the start.
     std::size_t caret() const noexcept { return m_caret; }
     void setCaretToEnd();
 
     Color backColor() const noexcept { return m_backColor; }
     void setBackColor(Color color);
 
-    /// The keyboard focus is asked of the view; without a view the flag alone moves.
+    /// Asks the view for the keyboard focus; without a view nothing happens.
     void setFocus() { focus.raise(); }
 
     void press(KeyPress key) const

@@ -59,6 +59,7 @@ struct PixelRect {
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
+/// Draws with a current font, scale mode, line width and fill style. Colours are those of `Color`.
 class DrawingSurface {
 public:
     virtual ~DrawingSurface() = default;

@@ -37,7 +37,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// A menu bar that shows the tooltips of its entries, of greyed ones too.
+/// A menu bar that shows the tips of its entries, of greyed ones too.
 class MenuBar : public QMenuBar {
     Q_OBJECT
 
