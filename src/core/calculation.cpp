@@ -123,38 +123,10 @@ void Calculation::calculate(const Settings& settings)
          {Live::Ta, Live::Tg, Live::Td, Live::WS, Live::SR, Live::RH, Live::Tnwb, Live::Tpwb})
         writeCaption(quantity, {});
 
-    Variant Ta;
-    Variant Tg;
-    Variant Td;
-    Variant WS;
-    Variant SR;
-    Variant RH;
-    const auto copyAfresh = [this](std::initializer_list<std::pair<Variant*, Reading>> copies) {
-        for (const auto& [variable, reading] : copies)
-            *variable = copy(reading);
-    };
-    const auto copyAll = [&] {
-        copyAfresh({{&Ta, Reading::TA},
-                    {&Tg, Reading::TG},
-                    {&Td, Reading::DP},
-                    {&WS, Reading::WS},
-                    {&SR, Reading::SR},
-                    {&RH, Reading::RH}});
-    };
-
     attempt(
-        "UTCI_Regression",
-        [&] {
-            copyAll();
-            m_UTCI_Value = taken(m_models.UTCI_Regression(Ta, Tg, Td, WS, SR, RH)).value();
-        },
-        [](const std::string&) {});
+        "UTCI_Regression", [this] { runUtciIn(copy(Reading::WS)); }, [](const std::string&) {});
     attempt(
-        "WBGT_Outdoor",
-        [&] {
-            copyAll();
-            keepWbgtOutdoor(taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH)));
-        },
+        "WBGT_Outdoor", [this] { runWbgtOutdoor(); },
         [this](const std::string& why) {
             m_availability.lose(Live::Tnwb, why);
             m_availability.loseWbgt(why);
@@ -162,23 +134,23 @@ void Calculation::calculate(const Settings& settings)
                 m_availability.lose(Live::SR, why);
         });
     attempt(
-        "WBGT_Indoor",
-        [&] {
-            copyAfresh({{&Ta, Reading::TA}, {&Td, Reading::DP}, {&WS, Reading::WS}, {&RH, Reading::RH}});
-            m_WBGT_Indoor_Value = taken(m_models.WBGT_Indoor(Ta, Td, WS, RH)).value();
-        },
+        "WBGT_Indoor", [this] { runWbgtIndoor(); },
         [this](const std::string& why) { m_availability.lose(Live::Tpwb, why); });
+
+    Variant Ta = copy(Reading::TA);
+    Variant Tg = copy(Reading::TG);
+    Variant SR = copy(Reading::SR);
+    Variant WS = copy(Reading::WS);
     attempt(
-        "Mean_Radiant_Temperature_Model",
-        [&] {
-            copyAfresh({{&Ta, Reading::TA}, {&Tg, Reading::TG}, {&SR, Reading::SR}, {&WS, Reading::WS}});
-            m_models.Mean_Radiant_Temperature_Model(Ta, Tg, SR, WS);
-        },
+        "Mean_Radiant_Temperature_Model", [&] { m_models.Mean_Radiant_Temperature_Model(Ta, Tg, SR, WS); },
         [&](const std::string& why) {
             m_availability.lose(Live::Tmrt, why);
             if (Tg.isEmptyText())
                 m_availability.lose(Live::Tg, why);
         });
+    // Texts, also where a step below fails: what reads them then fails with it.
+    Variant Td = copy(Reading::DP);
+    Variant RH = copy(Reading::RH);
     Variant Es;
     attempt(
         "Saturation_Pressure_Hardy",
@@ -368,12 +340,11 @@ Variant Calculation::runMeanRadiantTemperature()
     return m_models.Mean_Radiant_Temperature_Model(Ta, Tg, SR, WS);
 }
 
-Variant Calculation::runUtci(Number wind)
+Variant Calculation::runUtciIn(Variant WS)
 {
     Variant Ta = copy(Reading::TA);
     Variant Tg = copy(Reading::TG);
     Variant Td = copy(Reading::DP);
-    Variant WS = wind;
     Variant SR = copy(Reading::SR);
     Variant RH = copy(Reading::RH);
     const Number value = taken(m_models.UTCI_Regression(Ta, Tg, Td, WS, SR, RH));

@@ -101,6 +101,7 @@ private:
     void deriveHumidity(values::Variant& Ta, values::Variant& Td, values::Variant& RH);
     values::Variant copy(Reading reading) const { return readings.text(reading); }
     values::Number taken(const values::Variant& modelResult) const;
+    values::Variant runUtciIn(values::Variant WS);
     void keepWbgtOutdoor(values::Number value);
 
     // formulas::Captions and models::Desk
@@ -116,7 +117,7 @@ private:
     values::Number WBGT_Outdoor_Text() const override { return m_WBGT_Outdoor_Text; }
     values::Variant boxText(Input text) const override;
     values::Variant runMeanRadiantTemperature() override;
-    values::Variant runUtci(values::Number wind) override;
+    values::Variant runUtci(values::Number wind) override { return runUtciIn(wind); }
     values::Variant runWbgtIndoor() override;
     values::Variant runWbgtOutdoor() override;
     void writeResult(int index, std::string text) override;
