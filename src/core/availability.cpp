@@ -59,43 +59,17 @@ std::string Availability::whyNot(const CatalogueRow& row, bool ignoreLimits) con
 
 const std::string& Availability::reason(Input input) const
 {
+    if (const auto quantity = liveOf(input))
+        return reason(*quantity);
     switch (input) {
-    case Input::Ta:
-        return reason(Live::Ta);
-    case Input::Tg:
-        return reason(Live::Tg);
-    case Input::SR:
-        return reason(Live::SR);
-    case Input::Td:
-        return reason(Live::Td);
-    case Input::RH:
-        return reason(Live::RH);
-    case Input::WS:
-        return reason(Live::WS);
-    case Input::Tmrt:
-        return reason(Live::Tmrt);
-    case Input::Tnwb:
-        return reason(Live::Tnwb);
-    case Input::Tpwb:
-        return reason(Live::Tpwb);
-    case Input::Es:
-        return reason(Live::Es);
     case Input::Ea: // computed from the dew point, here and in the block that 174 takes it from
     case Input::StaleEa:
         return reason(reason(Live::Td).empty() ? Live::Ea : Live::Td);
     case Input::Wbgt:
         return m_wbgt;
-    case Input::Unset:
-    case Input::TextTa: // the boxes are always there
-    case Input::TextTg:
-    case Input::TextSR:
-    case Input::TextTd:
-    case Input::TextRH:
-    case Input::TextWS:
-    case Input::WindAt10m:
-        break;
+    default: // the boxes are always there
+        return kNone;
     }
-    return kNone;
 }
 
 } // namespace comfortics::core

@@ -5,7 +5,7 @@
 #include "values/number_text.h"
 #include "values/run_failure.h"
 
-#include <initializer_list>
+#include <cassert>
 #include <string_view>
 #include <utility>
 
@@ -313,22 +313,8 @@ Number Calculation::vapourPressure()
 
 Variant Calculation::boxText(Input text) const
 {
-    switch (text) {
-    case Input::TextTa:
-        return copy(Reading::TA);
-    case Input::TextTg:
-        return copy(Reading::TG);
-    case Input::TextSR:
-        return copy(Reading::SR);
-    case Input::TextTd:
-        return copy(Reading::DP);
-    case Input::TextRH:
-        return copy(Reading::RH);
-    case Input::TextWS:
-        return copy(Reading::WS);
-    default:
-        return {};
-    }
+    assert(text >= Input::TextTa && text <= Input::TextWS);
+    return copy(static_cast<Reading>(static_cast<int>(text) - static_cast<int>(Input::TextTa)));
 }
 
 Variant Calculation::runMeanRadiantTemperature()

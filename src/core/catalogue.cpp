@@ -269,6 +269,8 @@ consteval bool everyRowIsWhole()
     return true;
 }
 static_assert(everyRowIsWhole(), "each row stands at its number and has as many inputs as its formula");
+static_assert(liveOf(Input::Ta) == Live::Ta && liveOf(Input::WS) == Live::WS && liveOf(Input::Es) == Live::Es,
+              "inputs begin as the live quantities do");
 
 } // namespace
 

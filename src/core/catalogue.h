@@ -2,12 +2,14 @@
 #pragma once
 
 #include "core/formula_call.h"
+#include "formulas/live_quantity.h"
 #include "values/number_text.h"
 #include "values/variant.h"
 
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -19,7 +21,7 @@ inline constexpr std::size_t kIndexCount = 222;
 
 /// Where an input of an index comes from.
 enum class Input : std::uint8_t {
-    // The captions of the live quantities, read as numbers.
+    // The captions of the live quantities, read as numbers; in the order of formulas::Live.
     Ta,
     Tg,
     SR,
@@ -34,7 +36,7 @@ enum class Input : std::uint8_t {
     Wbgt,    ///< the outdoor WBGT that the calculation kept, through its number text [°C]
     StaleEa, ///< whatever an earlier block of the same procedure left in its vapour pressure
     Unset,   ///< a variable that nothing assigns: counts as 0
-    // The raw texts of the reading boxes.
+    // The raw texts of the reading boxes, in the order of Reading.
     TextTa,
     TextTg,
     TextSR,
@@ -43,6 +45,12 @@ enum class Input : std::uint8_t {
     TextWS,
     WindAt10m, ///< wind of the box's text taken to 10 m, a plain number [m/s]
 };
+
+/// The live quantity whose caption an input reads; none for the other inputs, `Ea` among them.
+constexpr std::optional<formulas::Live> liveOf(Input input)
+{
+    return input < Input::Ea ? std::optional(static_cast<formulas::Live>(input)) : std::nullopt;
+}
 
 /// Name of an input for tables and documents, for instance "Ta" or "text of Ta".
 std::string_view inputName(Input input);

@@ -167,27 +167,9 @@ Variant Driver::evaluate(const CatalogueRow& row)
 
 Number Driver::read(Input input)
 {
+    if (const auto quantity = liveOf(input))
+        return m_desk.live(*quantity);
     switch (input) {
-    case Input::Ta:
-        return m_desk.live(Live::Ta);
-    case Input::Tg:
-        return m_desk.live(Live::Tg);
-    case Input::SR:
-        return m_desk.live(Live::SR);
-    case Input::Td:
-        return m_desk.live(Live::Td);
-    case Input::RH:
-        return m_desk.live(Live::RH);
-    case Input::WS:
-        return m_desk.live(Live::WS);
-    case Input::Tmrt:
-        return m_desk.live(Live::Tmrt);
-    case Input::Tnwb:
-        return m_desk.live(Live::Tnwb);
-    case Input::Tpwb:
-        return m_desk.live(Live::Tpwb);
-    case Input::Es:
-        return m_desk.live(Live::Es);
     case Input::Ea:
         return m_staleEa = m_desk.vapourPressure();
     case Input::Wbgt:
@@ -197,16 +179,10 @@ Number Driver::read(Input input)
     case Input::WindAt10m:
         return windAt10m();
     case Input::Unset:
-        break;
-    case Input::TextTa:
-    case Input::TextTg:
-    case Input::TextSR:
-    case Input::TextTd:
-    case Input::TextRH:
-    case Input::TextWS:
+        return 0;
+    default: // the raw texts
         return m_desk.boxText(input).number();
     }
-    return 0;
 }
 
 Number Driver::windAt10m() const
