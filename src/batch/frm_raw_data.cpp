@@ -244,10 +244,7 @@ BoxTexts Frm_Raw_Data::cells(std::size_t row) const
 
 Terms Frm_Raw_Data::terms() const
 {
-    const core::AssumptionBoxes& boxes = m_main.calculation.assumptions;
-    return {m_main.settings(),
-            {boxes.txt_ArAdu.text(), boxes.txt_Emmisivity.text(), boxes.txt_Barometric.text(),
-             boxes.txt_Height.text(), boxes.txt_Weight.text(), boxes.txt_Friction.text()}};
+    return {m_main.settings(), m_main.calculation.assumptions.texts()};
 }
 
 void Frm_Raw_Data::cmd_Calculate_Click()

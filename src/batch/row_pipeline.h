@@ -15,9 +15,9 @@ namespace comfortics::batch {
 /// What a batch computes and writes.
 struct BatchOptions {
     core::Settings settings;
-    std::array<std::string, 6> assumptions; ///< ArAdu, emissivity, pressure, height, weight, friction
-    bool live = false;                      ///< write the eleven live quantities too
-    bool reasons = false;                   ///< a column that tells what failed in a row, index by index
+    core::AssumptionTexts assumptions;
+    bool live = false;    ///< write the eleven live quantities too
+    bool reasons = false; ///< a column that tells what failed in a row, index by index
     unsigned threads = 1;
 };
 

@@ -30,7 +30,7 @@ void restore(core::ReadingBoxes& boxes, const BoxTexts& texts);
 /// What a run of the sheet calculates with.
 struct Terms {
     core::Settings settings;
-    std::array<std::string, 6> assumptions;
+    core::AssumptionTexts assumptions;
 
     bool operator==(const Terms& other) const
     {

@@ -148,7 +148,7 @@ public:
         const core::Limits limits = m_options.limits();
         batch::BatchOptions options;
         options.settings = m_options.settings();
-        options.assumptions = m_options.assumptionTexts();
+        options.assumptions = m_options.assumptions();
         options.live = m_live;
         options.reasons = m_options.reasons;
         options.threads = m_threads > 0 ? m_threads : std::max(1U, std::thread::hardware_concurrency());

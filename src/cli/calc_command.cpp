@@ -61,7 +61,7 @@ public:
         const core::Limits limits = m_options.limits();
         MessageKeeper messages;
         Calculation calculation(limits, messages);
-        m_options.writeAssumptions(calculation.assumptions);
+        calculation.assumptions.write(m_options.assumptions());
         calculation.readings.write(m_readings.texts());
         const core::Settings settings = m_options.settings();
 

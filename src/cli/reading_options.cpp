@@ -11,6 +11,7 @@
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
+#include <utility>
 
 namespace comfortics::cli {
 
@@ -57,18 +58,17 @@ core::Selection parseSelection(const std::string& list)
 
 void CalculationOptions::addTo(CLI::App& command)
 {
-    const core::AssumptionBoxes defaults;
-    const auto assumption = [&command](const char* name, std::string& target, const controls::TextBox& box,
-                                       const char* help) {
-        target = box.text();
-        command.add_option(name, target, help)->group("Assumptions")->default_str(box.text());
-    };
-    assumption("--aradu", m_ArAdu, defaults.txt_ArAdu, "Effective radiating area [-]");
-    assumption("--emissivity", m_emissivity, defaults.txt_Emmisivity, "Emissivity of the clothed body [-]");
-    assumption("--barometric", m_barometric, defaults.txt_Barometric, "Barometric pressure [hPa]");
-    assumption("--height", m_height, defaults.txt_Height, "The box beside \"Body Mass:\"");
-    assumption("--weight", m_weight, defaults.txt_Weight, "The box beside \"Body Stature:\"");
-    assumption("--friction", m_friction, defaults.txt_Friction, "Exponent of the wind profile [-]");
+    constexpr std::array<std::pair<const char*, const char*>, std::tuple_size_v<core::AssumptionTexts>>
+        kNames{{{"--aradu", "Effective radiating area [-]"},
+                {"--emissivity", "Emissivity of the clothed body [-]"},
+                {"--barometric", "Barometric pressure [hPa]"},
+                {"--height", "The box beside \"Body Mass:\""},
+                {"--weight", "The box beside \"Body Stature:\""},
+                {"--friction", "Exponent of the wind profile [-]"}}};
+    for (std::size_t i = 0; i < kNames.size(); ++i)
+        command.add_option(kNames[i].first, m_assumptions[i], kNames[i].second)
+            ->group("Assumptions")
+            ->capture_default_str();
     command.add_flag("--ignore-limits", m_ignoreLimits, "Evaluate the indices whatever their limits")
         ->group("Calculation");
     command
@@ -122,16 +122,6 @@ core::Settings CalculationOptions::settings() const
     settings.ignoreLimits = m_ignoreLimits;
     settings.rules = m_rules == "robust" ? core::Rules::Robust : core::Rules::Classic;
     return settings;
-}
-
-std::array<std::string, 6> CalculationOptions::assumptionTexts() const
-{
-    return {m_ArAdu, m_emissivity, m_barometric, m_height, m_weight, m_friction};
-}
-
-void CalculationOptions::writeAssumptions(core::AssumptionBoxes& boxes) const
-{
-    boxes.write(assumptionTexts());
 }
 
 void ReadingOptions::addTo(CLI::App& command)

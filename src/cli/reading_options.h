@@ -24,19 +24,12 @@ public:
     /// Warns on standard error where the file beside the program gives no limits.
     core::Limits limits() const;
     core::Settings settings() const;
-    /// Texts of ArAdu, emissivity, pressure, height, weight, friction.
-    std::array<std::string, 6> assumptionTexts() const;
-    void writeAssumptions(core::AssumptionBoxes& boxes) const;
+    const core::AssumptionTexts& assumptions() const noexcept { return m_assumptions; }
 
     bool reasons = false; ///< say why a value is blank
 
 private:
-    std::string m_ArAdu;
-    std::string m_emissivity;
-    std::string m_barometric;
-    std::string m_height;
-    std::string m_weight;
-    std::string m_friction;
+    core::AssumptionTexts m_assumptions = core::AssumptionBoxes().texts();
     bool m_ignoreLimits = false;
     std::string m_rules = "classic";
     std::string m_limitsFile;

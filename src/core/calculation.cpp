@@ -45,7 +45,7 @@ std::string phrase(const std::string& where)
 
 } // namespace
 
-void AssumptionBoxes::write(const std::array<std::string, 6>& texts)
+void AssumptionBoxes::write(const AssumptionTexts& texts)
 {
     txt_ArAdu.setText(texts[0]);
     txt_Emmisivity.setText(texts[1]);
@@ -53,6 +53,12 @@ void AssumptionBoxes::write(const std::array<std::string, 6>& texts)
     txt_Height.setText(texts[3]);
     txt_Weight.setText(texts[4]);
     txt_Friction.setText(texts[5]);
+}
+
+AssumptionTexts AssumptionBoxes::texts() const
+{
+    return {txt_ArAdu.text(),  txt_Emmisivity.text(), txt_Barometric.text(),
+            txt_Height.text(), txt_Weight.text(),     txt_Friction.text()};
 }
 
 formulas::Assumptions AssumptionBoxes::read() const

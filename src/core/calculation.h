@@ -20,6 +20,9 @@
 
 namespace comfortics::core {
 
+/// Texts of the assumption boxes: radiating area, emissivity, pressure, height, weight, friction.
+using AssumptionTexts = std::array<std::string, 6>;
+
 /// The assumption boxes, with their texts at start. `txt_Height` stands beside the heading
 /// "Body Mass:" and `txt_Weight` beside "Body Stature:"; both are read by box, not by heading.
 struct AssumptionBoxes {
@@ -30,8 +33,8 @@ struct AssumptionBoxes {
     controls::TextBox txt_Weight{"180"};
     controls::TextBox txt_Friction{"0.20"};
 
-    /// Writes all six, in the order radiating area, emissivity, pressure, height, weight, friction.
-    void write(const std::array<std::string, 6>& texts);
+    void write(const AssumptionTexts& texts);
+    AssumptionTexts texts() const;
 
     /// The numbers that the texts hold now; nothing validates them.
     formulas::Assumptions read() const;
