@@ -25,11 +25,6 @@ std::optional<std::size_t> readingOf(std::string_view header)
     return std::nullopt;
 }
 
-std::string line(const TableRow& row)
-{
-    return "Line " + std::to_string(row.line) + ": ";
-}
-
 } // namespace
 
 ColumnMap ColumnMap::from(const TableRow& first)
@@ -45,17 +40,17 @@ ColumnMap ColumnMap::from(const TableRow& first)
             if (!reading)
                 continue;
             if (map.m_columns[*reading])
-                throw MalformedTable(line(first) + "two columns give " + first.cells[column] + ".");
+                throw MalformedTable(first.line, "two columns give " + first.cells[column] + ".");
             map.m_columns[*reading] = column;
             any = true;
         }
         if (!any)
-            throw MalformedTable(line(first) + "no column is named Ta, Tg, SR, Td, RH or WS.");
+            throw MalformedTable(first.line, "no column is named Ta, Tg, SR, Td, RH or WS.");
         return map;
     }
     if (first.cells.size() < kReadingCount)
-        throw MalformedTable(line(first) + "a table without a header needs six columns, this row has " +
-                             std::to_string(first.cells.size()) + ".");
+        throw MalformedTable(first.line, "a table without a header needs six columns, this row has " +
+                                             std::to_string(first.cells.size()) + ".");
     for (std::size_t column = 0; column < first.cells.size(); ++column) {
         if (column < kReadingCount) {
             map.m_columns[column] = column;
@@ -70,8 +65,9 @@ ColumnMap ColumnMap::from(const TableRow& first)
 void ColumnMap::check(const TableRow& row) const
 {
     if (row.cells.size() != m_names.size())
-        throw MalformedTable(line(row) + "the row has " + std::to_string(row.cells.size()) +
-                             " cells where the table has " + std::to_string(m_names.size()) + " columns.");
+        throw MalformedTable(row.line, "the row has " + std::to_string(row.cells.size()) +
+                                           " cells where the table has " + std::to_string(m_names.size()) +
+                                           " columns.");
 }
 
 std::array<std::string_view, kReadingCount> ColumnMap::readings(const TableRow& row) const

@@ -12,7 +12,7 @@
 
 namespace comfortics::batch {
 
-/// Answers the models' message boxes of a batch: counts them, keeps those of a row, shows none.
+/// Answers the models' message boxes where nobody looks: counts them, keeps their texts, shows none.
 class MessageKeeper final : public controls::Messages {
 public:
     controls::Answer show(const controls::MessageBox& box) override

@@ -12,11 +12,6 @@ constexpr std::size_t kBlock = 1U << 16;
 constexpr std::size_t kLongestRow = 1U << 20; // bytes, to within a block
 constexpr int kEnd = -1;
 
-std::string place(std::size_t line)
-{
-    return "Line " + std::to_string(line) + ": ";
-}
-
 } // namespace
 
 TableReader::TableReader(Source source) : m_source(std::move(source)), m_buffer(kBlock)
@@ -29,8 +24,7 @@ bool TableReader::refill()
 {
     m_fetched += m_end;
     if (m_fetched > kLongestRow)
-        throw MalformedTable(place(m_rowLine) +
-                             "the row is longer than a megabyte; is a quote never closed?");
+        throw MalformedTable(m_rowLine, "the row is longer than a megabyte; is a quote never closed?");
     m_at = 0;
     m_end = m_source(m_buffer.data(), m_buffer.size());
     return m_end > 0;
@@ -101,7 +95,7 @@ void TableReader::readQuoted(std::string& cell, std::size_t line)
     for (;;) {
         const int c = take();
         if (c == kEnd)
-            throw MalformedTable(place(line) + "a quote is opened and never closed.");
+            throw MalformedTable(line, "a quote is opened and never closed.");
         if (c == '"') {
             if (peek() != '"')
                 return;
@@ -154,7 +148,7 @@ bool TableReader::next(TableRow& row)
                 break;
             }
             if (closed)
-                throw MalformedTable(place(row.line) + "text stands behind a closing quote.");
+                throw MalformedTable(row.line, "text stands behind a closing quote.");
             if (c == '"' && cell.empty()) {
                 readQuoted(cell, row.line);
                 closed = true;

@@ -15,9 +15,14 @@ struct TableRow {
     std::size_t line = 0;
 };
 
-/// A row that cannot be read. The text is one sentence that names the line.
+/// A table or a row of it that cannot be read, in one sentence.
 class MalformedTable : public std::runtime_error {
+public:
     using std::runtime_error::runtime_error;
+    MalformedTable(std::size_t line, const std::string& sentence)
+        : std::runtime_error("Line " + std::to_string(line) + ": " + sentence)
+    {
+    }
 };
 
 /// Reads a CSV or TSV text row by row, without holding more than a block of it.

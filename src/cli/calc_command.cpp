@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/row_pipeline.h"
+#include "batch/row_runner.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/reading_options.h"
@@ -19,17 +20,6 @@ using core::Calculation;
 using core::RunStatus;
 using formulas::kLiveInfo;
 using formulas::Live;
-
-/// Keeps the texts of the message boxes that the run shows.
-class MessageKeeper final : public controls::Messages {
-public:
-    std::vector<std::string> texts;
-    controls::Answer show(const controls::MessageBox& box) override
-    {
-        texts.push_back(box.text);
-        return controls::Answer::Ok;
-    }
-};
 
 const std::string& valueOf(const Calculation& calculation, int index)
 {
@@ -59,7 +49,7 @@ public:
     int run() override
     {
         const core::Limits limits = m_options.limits();
-        MessageKeeper messages;
+        batch::MessageKeeper messages;
         Calculation calculation(limits, messages);
         calculation.assumptions.write(m_options.assumptions());
         calculation.readings.write(m_readings.texts());
@@ -68,14 +58,14 @@ public:
         const RunStatus status =
             calculation.readings.complete() ? calculation.run(settings) : RunStatus::Rejected;
         if (m_format == "json")
-            print(json(calculation, status, messages.texts));
+            print(json(calculation, status, messages.texts()));
         else if (status == RunStatus::Ok)
             print(m_format == "csv" ? csv(calculation, settings) : text(calculation, settings));
 
         switch (status) {
         case RunStatus::Ok:
             if (m_format != "json")
-                for (const std::string& message : messages.texts)
+                for (const std::string& message : messages.texts())
                     std::cerr << "comfortics-cli: " << message << "\n";
             return kDone;
         case RunStatus::Rejected:
