@@ -88,7 +88,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
         return {};
     if (role == Qt::TextAlignmentRole && m_wrapsHeaders)
         return QVariant::fromValue(int(Qt::AlignLeft) | int(Qt::AlignVCenter) | int(Qt::TextWordWrap));
-    const QVariant whole = cell(m_grid.fixedRows() - 1, static_cast<std::size_t>(section), role);
+    QVariant whole = cell(m_grid.fixedRows() - 1, static_cast<std::size_t>(section), role);
     if (role != Qt::DisplayRole || !m_wrapsHeaders)
         return whole;
     return whole.toString().replace(QLatin1Char('/'),

@@ -344,14 +344,8 @@ void MainWindow::buildMenus()
         return action;
     };
     QMenuBar& bar = *menuBar();
-    const QString notYet = QStringLiteral("not part of this build yet");
-    const auto ready = [&notYet](const controls::MenuEntry& entry, const QString& tip) {
-        return entry.enabled() ? tip : notYet;
-    };
-    add(bar, m_form.Menu_Raw_Data, 'R',
-        ready(m_form.Menu_Raw_Data, QStringLiteral("Calculates many rows of readings")));
-    add(bar, m_form.Menu_Radiation, 'S',
-        ready(m_form.Menu_Radiation, QStringLiteral("Estimates solar radiation for a day and a place")));
+    add(bar, m_form.Menu_Raw_Data, 'R', QStringLiteral("Calculates many rows of readings"));
+    add(bar, m_form.Menu_Radiation, 'S', QStringLiteral("Estimates solar radiation for a day and a place"));
     add(bar, m_form.Menu_Converter, 'C', QStringLiteral("Converts other units into those of the readings"));
     listen(*this, m_form.Menu_Converter.click, [this] { tellPlace(); }); // where it docks
 
@@ -370,18 +364,18 @@ void MainWindow::buildStatus(const QString& warning)
 {
     statusBar()->setContentsMargins(kNarrow, 0, 0, 0);
     m_status = new CutLabel;
-    m_status->show(QStringLiteral("Type the readings, then press Enter. F1 shows help."));
+    m_status->showText(QStringLiteral("Type the readings, then press Enter. F1 shows help."));
     statusBar()->addWidget(m_status, 1);
     if (!warning.isEmpty()) {
         auto* const label = new CutLabel;
-        label->show(warning);
+        label->showText(warning);
         statusBar()->addPermanentWidget(label, 1);
     }
 }
 
 void MainWindow::showStatus()
 {
-    m_status->show(toQt(shell::statusLine(m_form.calculation)));
+    m_status->showText(toQt(shell::statusLine(m_form.calculation)));
 }
 
 void MainWindow::setTabOrders()

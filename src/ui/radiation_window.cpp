@@ -326,10 +326,7 @@ QWidget* RadiationWindow::buildTable()
     auto* const page = new QWidget;
     addEntry(*m_menu, m_form.Menu_copy_copy, 'A', {}, *page);
     addEntry(*m_menu, m_form.Menu_copy_selection, 'S', QKeySequence::Copy, *page);
-    follow(*this, m_form.popUpMenu_copy, [this] {
-        if (isVisible())
-            m_menu->popup(QCursor::pos());
-    });
+    listen(*this, m_form.popUpMenu_copy, [this] { m_menu->popup(QCursor::pos()); });
 
     auto* const back = new QPushButton;
     bind(*back, m_form.cmd_Back);

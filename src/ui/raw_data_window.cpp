@@ -158,7 +158,6 @@ QWidget* RawDataWindow::buildData()
     m_calculate->setShortcut(Qt::Key_F5);
     m_stop = button(m_form.cmd_Stop, "cmd_Stop",
                     QStringLiteral("Ends the run (Escape); the rows that are done stay"));
-
     m_stop->setIcon(style()->standardIcon(QStyle::SP_BrowserStop));
 
     m_data = new GridView(m_form.Flex_Data);
@@ -349,7 +348,7 @@ void RawDataWindow::followRows()
 void RawDataWindow::showReason()
 {
     const Grid& grid = m_form.Fra_Results.visible() ? m_form.Flex_Results : m_form.Flex_Data;
-    m_reason->show(toQt(grid.note(grid.row(), grid.col())));
+    m_reason->showText(toQt(grid.note(grid.row(), grid.col())));
 }
 
 // --- keys, files, the end

@@ -120,7 +120,7 @@ void ResultsWindow::showReason()
     std::string reason;
     for (std::size_t col = 0; col < grid.cols() && reason.empty(); ++col)
         reason = grid.note(grid.row(), col);
-    m_reason->show(toQt(reason));
+    m_reason->showText(toQt(reason));
 }
 
 // Leaves the readings of the main window in sight.

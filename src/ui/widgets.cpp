@@ -43,7 +43,7 @@ void Card::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
 }
 
-void CutLabel::show(const QString& text)
+void CutLabel::showText(const QString& text)
 {
     setText(text);
     setToolTip(text);

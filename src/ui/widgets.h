@@ -30,7 +30,7 @@ class CutLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
-    void show(const QString& text);
+    void showText(const QString& text);
     QSize minimumSizeHint() const override;
 
 protected:
