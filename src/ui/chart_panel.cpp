@@ -41,9 +41,9 @@ constexpr std::array<const char*, kFigureCount> kNames{
 const std::array<QColor, kFigureCount> kColors{QColor(0xD5, 0x5E, 0x00), QColor(0x00, 0x72, 0xB2),
                                                QColor(0xE6, 0x9F, 0x00), QColor(0x56, 0xB4, 0xE9)};
 
-QString hourText(int hour)
+QString hourText(double hour)
 {
-    return QStringLiteral("%1:00").arg(hour, 2, 10, QLatin1Char('0'));
+    return QStringLiteral("%1:00").arg(hour, 2, 'f', 0, QLatin1Char('0'));
 }
 
 } // namespace
@@ -154,10 +154,11 @@ void ChartPanel::refresh()
         return;
     const auto byMinute = [](const ChartPoint& a, const ChartPoint& b) { return a.minute < b.minute; };
     const auto [first, last] = std::minmax_element(m_points.begin(), m_points.end(), byMinute);
-    const int firstHour = static_cast<int>(std::floor(first->minute / kMinutesPerHour));
-    const int lastHour = static_cast<int>(std::ceil((last->minute + 1) / kMinutesPerHour));
-    const int step = (lastHour - firstHour + kLabelledHours - 1) / kLabelledHours;
-    for (int hour = firstHour; hour <= lastHour; hour += step)
+    // The clock can be so far off that its hours fit no integer.
+    const double firstHour = std::floor(first->minute / kMinutesPerHour);
+    const double lastHour = std::ceil((last->minute + 1) / kMinutesPerHour);
+    const double step = std::max(std::ceil((lastHour - firstHour) / kLabelledHours), 1.0);
+    for (double hour = firstHour; hour <= lastHour; hour += step)
         m_time->append(hourText(hour), hour * kMinutesPerHour);
     m_time->setRange(firstHour * kMinutesPerHour, lastHour * kMinutesPerHour);
 }

@@ -195,6 +195,13 @@ TEST_F(RadiationWindowTest, ShowsTheTableAndItsChartInPlaceOfTheInputs)
     ASSERT_EQ(messages.boxes.size(), 1U);
     EXPECT_TRUE(messages.boxes[0].text.starts_with("The chart could not be saved: "));
 
+    // A clock whose hours fit no integer.
+    form->txt_GMT.setText("3000000000");
+    form->cmd_Calculate.setValue(true);
+    chart.refresh();
+    ASSERT_EQ(chart.points().size(), 660U);
+    EXPECT_EQ(chart.points()[0].minute, 180000000368);
+
     QTest::keyClick(&table, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&table] { return !table.isVisible(); }, kPatience));
     EXPECT_TRUE(button(*window, "Calculate").isVisible());
