@@ -18,6 +18,14 @@ TableReader::TableReader(Source source) : m_source(std::move(source)), m_buffer(
 {
 }
 
+// After the end a terminal would give more, and wait for it.
+std::size_t TableReader::fetch(char* buffer, std::size_t size)
+{
+    const std::size_t count = m_ended ? 0 : m_source(buffer, size);
+    m_ended = count == 0;
+    return count;
+}
+
 // A row of that length is no row of readings; with a quote that is never closed it would be the
 // whole rest of the file.
 bool TableReader::refill()
@@ -26,7 +34,7 @@ bool TableReader::refill()
     if (m_fetched > kLongestRow)
         throw MalformedTable(m_rowLine, "the row is longer than a megabyte; is a quote never closed?");
     m_at = 0;
-    m_end = m_source(m_buffer.data(), m_buffer.size());
+    m_end = fetch(m_buffer.data(), m_buffer.size());
     return m_end > 0;
 }
 
@@ -48,7 +56,7 @@ int TableReader::take()
 bool TableReader::fetchMore()
 {
     const std::size_t more =
-        m_end == m_buffer.size() ? 0 : m_source(m_buffer.data() + m_end, m_buffer.size() - m_end);
+        m_end == m_buffer.size() ? 0 : fetch(m_buffer.data() + m_end, m_buffer.size() - m_end);
     m_end += more;
     return more > 0;
 }

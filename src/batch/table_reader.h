@@ -45,6 +45,7 @@ private:
     int take();
     bool refill();
     bool fetchMore();
+    std::size_t fetch(char* buffer, std::size_t size);
     void begin();
     void readQuoted(std::string& cell, std::size_t line);
 
@@ -57,6 +58,7 @@ private:
     std::size_t m_fetched = 0; // bytes of the blocks that the current row has used up
     char m_separator = ',';
     bool m_begun = false;
+    bool m_ended = false; // the source has said so; it is not asked again
 };
 
 } // namespace comfortics::batch

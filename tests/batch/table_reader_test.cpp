@@ -96,5 +96,21 @@ TEST(TableReader, GivesUpOnARowWithoutEnd)
     EXPECT_THROW(reader.next(row), MalformedTable);
 }
 
+// A terminal gives more after its end of input, and waits for it.
+TEST(TableReader, AsksForNothingAfterTheEnd)
+{
+    int asked = 0;
+    TableReader reader([&asked](char* buffer, std::size_t) -> std::size_t {
+        buffer[0] = '\n';
+        buffer[1] = 'a';
+        return ++asked == 2 ? 0 : 2;
+    });
+    TableRow row;
+    EXPECT_TRUE(reader.next(row));
+    EXPECT_FALSE(reader.next(row));
+    EXPECT_FALSE(reader.next(row));
+    EXPECT_EQ(asked, 2);
+}
+
 } // namespace
 } // namespace comfortics::batch
