@@ -19,6 +19,7 @@ using values::trimmed;
 namespace {
 
 constexpr double kUnitsPerDegree = 100;
+constexpr std::int64_t kHalfTurn = 18000;  // in these units
 constexpr double kEarthRadius = 6371.0088; // km, the mean one
 constexpr std::size_t kFields = 8;
 
@@ -58,7 +59,7 @@ bool readStep(std::string_view& text, std::int64_t& sum)
         if (character < 32) {
             const auto half = static_cast<std::int64_t>(number >> 1);
             sum += (number & 1) != 0 ? ~half : half;
-            return true;
+            return sum >= -kHalfTurn && sum <= kHalfTurn;
         }
     }
     return false;

@@ -42,7 +42,8 @@ TEST(WorldMap, RefusesDamage)
     for (const char* bad : {"", "lines", "lines 2\ncoast ???_@_@?\n", "lines 1\nriver ???_@\nrings 0\n",
                             "lines 1\ncoast ?\nrings 0\n", "lines 1\ncoast ??\x01?\nrings 0\n",
                             "lines 1\ncoast ????\nrings 1\n1\n", "lines 1\ncoast ????\nrings 1\n-2\n",
-                            "lines 1\ncoast ????\nrings 1\nx\n", "lines 1\ncoast ????\nrings 2\n0\n"})
+                            "lines 1\ncoast ????\nrings 1\nx\n", "lines 1\ncoast ????\nrings 2\n0\n",
+                            "lines 1\ncoast ~~~~~~~~~~~^???\nrings 0\n"}) // far off the globe
         EXPECT_FALSE(readWorldMap(bad)) << bad;
 }
 
