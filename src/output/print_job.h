@@ -15,7 +15,7 @@ namespace comfortics::output {
 /// A surface made of pages. Its scale mode is twips at first.
 class Printer : public controls::DrawingSurface {
 public:
-    /// Starts the job with no text.
+    /// Starts the job with no text. Fails (RunFailure) where the printer cannot be used.
     virtual void print() = 0;
     /// The page's width [twips].
     virtual double pageWidth() const = 0;
@@ -33,8 +33,8 @@ public:
 };
 
 /// Prints a whole grid with 1 cm of margin on all sides. `table` raises its `NewPage` for each page
-/// after the first; its owner answers with `startNextPage`. Fails (RunFailure) where a page is too
-/// low for a row; the job has been ended then.
+/// after the first; its owner answers with `startNextPage`. Fails (RunFailure) where the printer
+/// cannot be used, or a page is too low for a row; the job has been ended then.
 void printGrid(controls::Grid& grid, clsTablePrint& table, mdlTPHelper& helper, Printer& printer);
 
 /// The answer to a page break: a printer gets a new page. Any other surface is a long picture: it

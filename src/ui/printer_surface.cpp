@@ -4,6 +4,7 @@
 #include "ui/colors.h"
 #include "ui/fonts.h"
 #include "ui/text.h"
+#include "values/run_failure.h"
 
 #include <QFontMetricsF>
 #include <QPrinter>
@@ -52,7 +53,8 @@ PrinterSurface::PrinterSurface(QPrinter& printer) : m_printer(printer)
 
 void PrinterSurface::print()
 {
-    m_painter.begin(&m_printer);
+    if (!m_painter.begin(&m_printer))
+        throw values::RunFailure("nothing can be written to the printer or file");
 }
 
 void PrinterSurface::newPage()

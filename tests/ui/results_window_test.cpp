@@ -9,6 +9,7 @@
 #include "ui/printer_surface.h"
 #include "ui/results_window.h"
 #include "ui/text.h"
+#include "values/run_failure.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -273,6 +274,14 @@ TEST(ResultsWindow, ColumnsShareTheWidthOfTheWindow)
 
 // A4 is 210 by 297 mm, 1440 twips or 2540 hundredths of a millimetre are an inch. Paper is measured
 // in whole points, which are 20 twips.
+TEST(PrinterSurface, FailsWhereNothingCanBeWritten)
+{
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QStringLiteral("/none/table.pdf"));
+    EXPECT_THROW(PrinterSurface(printer).print(), values::RunFailure);
+}
+
 TEST(PrinterSurface, MeasuresThePaperFromItsCorner)
 {
     QPrinter printer;
