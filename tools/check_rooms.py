@@ -20,7 +20,7 @@ def order_of_rooms(source):
 
 def linked_rooms(source, room):
     lists = source / room / "CMakeLists.txt"
-    return set(re.findall(r"comfortics::(\w+)", lists.read_text())) - {room} if lists.exists() else set()
+    return set(re.findall(r"comfortics::(\w+)", lists.read_text())) - {room}
 
 
 def faults_of_links(links, order):
@@ -51,7 +51,7 @@ def faults_of_includes(path, room, allowed, rooms):
 
 
 def files_that_need_a_licence_line(root):
-    for folder in ("src", "tests", "bench", "cmake", "tools", "data"):
+    for folder in ("src", "tests", "bench", "fuzz", "cmake", "tools", "data", "packaging"):
         for path in sorted((root / folder).rglob("*")):
             if path.suffix in {".h", ".cpp", ".py", ".sh", ".cmake"} or path.name == "CMakeLists.txt":
                 yield path
