@@ -21,27 +21,9 @@ for tool in Xvfb xdotool; do
     fi
 done
 
-scratch=$(mktemp -d)
-started=()
-finish() {
-    for id in "${started[@]}"; do
-        kill "$id" 2>/dev/null || true
-    done
-    rm -rf "$scratch"
-}
-trap finish EXIT
-
-Xvfb -displayfd 3 -screen 0 1366x768x24 3>"$scratch/display" 2>"$scratch/xvfb.log" &
-started+=($!)
-for _ in $(seq 50); do
-    [ ! -s "$scratch/display" ] || break
-    sleep 0.1
-done
-DISPLAY=:$(cat "$scratch/display")
-HOME=$scratch
-XDG_RUNTIME_DIR=$scratch/runtime
-export DISPLAY HOME XDG_RUNTIME_DIR
-mkdir -m 700 "$XDG_RUNTIME_DIR"
+. "$(dirname "${BASH_SOURCE[0]}")/../tools/display.sh"
+start_display
+use_empty_home
 
 now() { echo $(($(date +%s%N) / 1000000)); }
 # until WIDER THAN: waits for a window of the program that is wider than so many pixels.

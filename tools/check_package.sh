@@ -10,16 +10,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 export LC_ALL=C.UTF-8
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 
-scratch=$(mktemp -d)
-display=
-started=()
-finish() {
-    for id in "${started[@]}"; do
-        kill "$id" 2>/dev/null || true
-    done
-    rm -rf "$scratch"
-}
-trap finish EXIT
+. tools/display.sh
 
 # fail SENTENCE
 fail() {
@@ -59,12 +50,7 @@ assert 1 in shown and 8 not in shown, "the limits are not in force"
 ' <"$scratch/json"
     "$@" "$bin/comfortics" --version
 
-    if [ -z "$display" ]; then # Xvfb picks a free display and says its number
-        exec {server}< <(exec Xvfb -displayfd 1 -screen 0 1366x768x24 2>"$scratch/xvfb.log")
-        started+=($!)
-        read -r -t 60 display <&"$server" || fail "No display came up. $(cat "$scratch/xvfb.log")"
-        export DISPLAY=:$display
-    fi
+    [ ${#started[@]} -gt 0 ] || start_display
     "$@" "$bin/comfortics" 2>"$scratch/window.log" &
     program=$!
     started+=("$program")

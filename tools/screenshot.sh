@@ -42,28 +42,11 @@ if [ -z "${COMFORTICS_SCREENSHOT_BUS:-}" ]; then
     exit 0
 fi
 
-scratch=$(mktemp -d)
-started=()
-finish() {
-    for id in "${started[@]}"; do
-        kill "$id" 2>/dev/null || true
-    done
-    rm -rf "$scratch"
-}
-trap finish EXIT
-
-# Xvfb picks a free display and writes its number to file descriptor 3; -wr: a white ground.
-Xvfb -displayfd 3 -screen 0 1366x768x24 -wr 3>"$scratch/display" 2>"$scratch/xvfb.log" &
-started+=($!)
-until [ -s "$scratch/display" ]; do
-    kill -0 "${started[0]}"
-    sleep 0.1
-done
-DISPLAY=:$(cat "$scratch/display")
-export DISPLAY HOME="$scratch" XDG_RUNTIME_DIR="$scratch/runtime" # neither the user's theme nor their settings
+. "$here/display.sh"
+start_display -wr # a white ground
+use_empty_home
 export LC_ALL=C.UTF-8 TZ=UTC QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0
 unset XDG_CURRENT_DESKTOP XDG_CONFIG_HOME QT_SCALE_FACTOR QT_QPA_PLATFORM COMFORTICS_MAP_TILES
-mkdir -m 700 "$XDG_RUNTIME_DIR"
 openbox >/dev/null 2>&1 &
 started+=($!)
 
