@@ -58,7 +58,7 @@ ChartPanel::ChartPanel(const controls::Grid& table, controls::FileDialogs& files
     m_reading->setWordWrap(true);
     m_reading->setMinimumHeight(2 * m_reading->fontMetrics().lineSpacing());
     auto* const save = new QPushButton(QStringLiteral("Save Chart..."));
-    save->setToolTip(QStringLiteral("Saves the chart as a PNG or SVG picture"));
+    save->setToolTip(QStringLiteral("Saves the chart as a picture; end its name with .png or .svg"));
     connect(save, &QPushButton::clicked, this, [this] { this->save(); });
 
     auto* const bottom = new QHBoxLayout;

@@ -19,7 +19,7 @@ constexpr struct {
     {"Arrow keys", "lead from reading to reading"},
     {"Ctrl+F", "searches the indices"},
     {"F5", "calculates the rows of the batch sheet, the day of the solar radiation"},
-    {"Escape", "clears the search, closes the options, goes back, stops a run"},
+    {"Escape", "clears the search of the results, closes the options, goes back, stops a run"},
     {"Ctrl+V, Ctrl+O", "paste rows into the batch sheet, open a file in it"},
     {"Ctrl+A, Ctrl+C", "select all of a table, copy what is selected"},
     {"Ctrl+S, Ctrl+P", "export a table, print the results"},
@@ -38,8 +38,9 @@ void showHelp(QWidget& window)
         QMessageBox::NoIcon, QStringLiteral("About Comfortics"),
         QStringLiteral("<h3>Comfortics %1</h3><p>Calculates %2 published indices of bioclimatology and of "
                        "heat and cold stress at work. Point at a box, a button or a blank value to learn "
-                       "more of it.</p><table>%3</table><p>Licence: GPL-3.0-or-later. World map: made with "
-                       "Natural Earth.</p>")
+                       "more of it.</p><table>%3</table><p>The user guide is docs/user-guide.md of the "
+                       "sources; the Debian package has it below /usr/share/doc/comfortics.</p><p>Licence: "
+                       "GPL-3.0-or-later. World map: made with Natural Earth.</p>")
             .arg(QCoreApplication::applicationVersion())
             .arg(core::kIndexCount)
             .arg(rows),

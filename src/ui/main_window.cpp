@@ -270,7 +270,8 @@ void MainWindow::assumptionRow(QGridLayout& grid, controls::Label& heading, cont
     m_tabOrder.push_back(line);
 }
 
-void MainWindow::choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group)
+void MainWindow::choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group,
+                            const QStringList& hints)
 {
     auto* const label = new QLabel;
     bind(*label, heading);
@@ -283,7 +284,8 @@ void MainWindow::choiceRows(QGridLayout& grid, controls::Label& heading, control
     for (std::size_t option = 0; option < group.captions().size(); ++option) {
         auto* const button = new QRadioButton;
         bind(*button, group, option);
-        name(*button, button->text(), label->text() + QStringLiteral(" ") + button->text(), label->text());
+        name(*button, button->text(), label->text() + QStringLiteral(" ") + button->text(),
+             hints[static_cast<qsizetype>(option)]);
         layout->addWidget(button);
         m_tabOrder.push_back(button);
     }
@@ -309,8 +311,14 @@ QWidget* MainWindow::buildOptions(QWidget* parent)
     assumptionRow(*content, m_form.lbl_Friction, m_form.txt_Friction, QStringLiteral("txt_Friction"), {},
                   QStringLiteral("Exponent of the wind profile, no unit"));
 
-    choiceRows(*content, m_form.lbl_Limits, m_form.Opt_Limits);
-    choiceRows(*content, m_form.lbl_Rules, m_form.Opt_Rules);
+    choiceRows(*content, m_form.lbl_Limits, m_form.Opt_Limits,
+               {QStringLiteral("An index is blank outside the conditions that it is meant for"),
+                QStringLiteral("An index shows what its formula gives, whatever the conditions")});
+    choiceRows(*content, m_form.lbl_Rules, m_form.Opt_Rules,
+               {QStringLiteral("A step without a result ends the calculation; dew point and air temperature "
+                               "are compared as texts"),
+                QStringLiteral("A step without a result leaves blank only what depends on it; dew point and "
+                               "air temperature are compared as numbers")});
 
     auto* const close = new QPushButton(QStringLiteral("Close"));
     close->setToolTip(QStringLiteral("Hides the options; what is set here stays in force (Escape)"));

@@ -43,7 +43,8 @@ private:
     QWidget* readingField(core::Reading reading);
     void assumptionRow(QGridLayout& grid, controls::Label& heading, controls::TextBox& box,
                        const QString& objectName, const QString& unit, const QString& hint);
-    void choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group);
+    void choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group,
+                    const QStringList& hints);
     void setTabOrders();
     void placeOptions();
     void turnOptions();

@@ -166,7 +166,9 @@ QWidget* RadiationWindow::buildPlace()
     };
     add(m_form.lbl_lat, m_form.txt_lat, QStringLiteral("Decimal degrees with a point, north positive"));
     add(m_form.lbl_Lon, m_form.txt_Lon, QStringLiteral("Decimal degrees with a point, east positive"));
-    add(m_form.lbl_GMT, m_form.txt_GMT, QStringLiteral("Hours that the clock is ahead of Greenwich"));
+    add(m_form.lbl_GMT, m_form.txt_GMT,
+        QStringLiteral("Hours that the clock is ahead of Greenwich; west of it the times of the table "
+                       "are shifted, see the user guide"));
 
     auto* const offer = new QLabel;
     offer->setWordWrap(true);
@@ -338,7 +340,7 @@ QWidget* RadiationWindow::buildTable()
     auto* const save = new QPushButton;
     bind(*save, m_form.cmd_Export);
     save->setShortcut(QKeySequence::Save);
-    save->setToolTip(QStringLiteral("Saves the table as CSV (Ctrl+S)"));
+    save->setToolTip(QStringLiteral("Saves the table as CSV (Ctrl+S); add .csv to the name"));
     auto* const top = new QHBoxLayout;
     top->addWidget(back);
     top->addStretch();
