@@ -10,15 +10,15 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
 namespace comfortics::tests {
 
-using controls::Buttons;
 using controls::Grid;
-using controls::Icon;
 using output::CsvForm;
 
 namespace {
@@ -49,47 +49,24 @@ struct CsvExport : testing::Test {
     PreparedFiles files;
     RecordedMessages messages;
     Grid grid{2, 2};
-    const std::filesystem::path before = std::filesystem::current_path();
+    CsvExport() { fill(grid, "A\tB\r1\t2"); }
 
-    CsvExport()
+    std::string firstAsked() const
     {
-        fill(grid, "A\tB\r1\t2");
-        std::filesystem::current_path(folder.file(""));
-    }
-    ~CsvExport() override { std::filesystem::current_path(before); }
-
-    void exportSpreadsheet(std::string_view success = output::kResultsSaved)
-    {
-        output::exportSpreadsheetTable(grid, success, files, messages);
-    }
-    void exportRadiation() { output::exportRadiationTable(grid, files, messages); }
-    void expectMessage(std::size_t at, const char* text, const char* title, Buttons buttons, Icon icon)
-    {
-        const controls::MessageBox& box = messages.boxes.at(at);
-        EXPECT_EQ(std::tie(box.text, box.title, box.buttons, box.icon),
-                  std::make_tuple(text, title, buttons, icon));
-    }
-    void expectAsked(const char* title, const char* filter, const char* fileName, bool overwritePrompt)
-    {
-        const controls::SaveRequest& request = files.asked.front();
-        EXPECT_EQ(std::tie(request.title, request.filter, request.fileName, request.overwritePrompt),
-                  std::make_tuple(title, filter, fileName, overwritePrompt));
+        const controls::SaveRequest& asked = files.asked.front();
+        return asked.title + "; " + asked.filter + "; " + asked.fileName +
+               (asked.overwritePrompt ? "; prompts" : "");
     }
 };
 
 } // namespace
 
 // As Python's codec "cp1252" encodes them.
-TEST(CodePage, HoldsLatinAndTypographicSigns)
+TEST(CodePage, HoldsLatinAndTypographicSignsAndAQuestionMarkForOthers)
 {
-    const std::string unassigned = "\x81\x8D\x8F\x90\x9D"; // these stand for themselves
-    for (unsigned code = 0; code <= 0xFF; ++code) {
-        const auto byte = static_cast<char>(code);
-        const auto last = static_cast<char>(0x80 | (code & 0x3F));
-        const std::string text =
-            code < 0x80 ? std::string(1, byte) : std::string{static_cast<char>(0xC0 | code >> 6), last};
-        const bool isLacking = code >= 0x80 && code < 0xA0 && unassigned.find(byte) == std::string::npos;
-        EXPECT_EQ(encoded(text), std::string(1, isLacking ? '?' : byte)) << code;
+    for (int code = 0xA0; code <= 0xFF; ++code) {
+        const std::string text{static_cast<char>(0xC0 | code >> 6), static_cast<char>(0x80 | (code & 0x3F))};
+        EXPECT_EQ(encoded(text), std::string{static_cast<char>(code)}) << code;
     }
     EXPECT_EQ(
         encoded("\xE2\x82\xAC\xE2\x80\x9A\xC6\x92\xE2\x80\x9E\xE2\x80\xA6\xE2\x80\xA0\xE2\x80\xA1\xCB\x86"
@@ -98,11 +75,10 @@ TEST(CodePage, HoldsLatinAndTypographicSigns)
                 "\xC5\x93\xC5\xBE\xC5\xB8"),
         "\x80\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B"
         "\x9C\x9E\x9F");
-}
 
-TEST(CodePage, WhatItLacksBecomesAQuestionMark)
-{
-    EXPECT_EQ(encoded("\xCE\xB1z"), "?z");                         // alpha
+    // What it lacks becomes a question mark.
+    EXPECT_EQ(encoded("\xC2\x80\xC2\x9F\xCE\xB1z"), "???z");                                // controls, alpha
+    EXPECT_EQ(encoded("\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D"), "\x81\x8D\x8F\x90\x9D"); // not assigned
     EXPECT_EQ(encoded("\xF0\x9F\x8C\xA1z"), "?z");                 // one mark for four bytes
     EXPECT_EQ(encoded("\xE2\x82z\xB2\xE2\x82"), "??z???");         // broken off, no lead byte, cut short
     EXPECT_EQ(encoded("\xC0\xAF\xE0\x82\xAC"), "?????");           // overlong
@@ -111,26 +87,16 @@ TEST(CodePage, WhatItLacksBecomesAQuestionMark)
 
 TEST(CsvWriter, WritesTheBytesOfItsTwoForms)
 {
-    struct Case {
-        std::string clip, separated, terminated;
+    const auto written = [](const Grid& grid, CsvForm form) {
+        BoundedSink sink;
+        EXPECT_TRUE(output::writeCsv(grid, form, sink));
+        return sink.bytes;
     };
-    const std::vector<Case> cases = {
-        {"N\tV\tU\rb\t\t[-]", "N,V,U\r\nb,,[-]\r\n", "N,V,U,\r\nb,,[-],\r\n"},
-        {"a, \"b\"\tc;d\tW/m\xC2\xB2\r", "a, \"b\",c;d,W/m\xB2\r\n,,\r\n",
-         "a, \"b\",c;d,W/m\xB2,\r\n,,,\r\n"},
-    };
-    for (const Case& row : cases) {
-        Grid grid(2, 3);
-        fill(grid, row.clip);
-        BoundedSink separated, terminated;
-        EXPECT_TRUE(output::writeCsv(grid, CsvForm::Separated, separated));
-        EXPECT_EQ(separated.bytes, row.separated);
-        EXPECT_TRUE(output::writeCsv(grid, CsvForm::Terminated, terminated));
-        EXPECT_EQ(terminated.bytes, row.terminated);
-    }
-    BoundedSink sink;
-    EXPECT_TRUE(output::writeCsv(Grid(70000, 1), CsvForm::Separated, sink));
-    EXPECT_EQ(sink.bytes.size(), 70000u * 2) << "more rows than sixteen bits count";
+    Grid grid(3, 3);
+    fill(grid, "N\tV\tU\ra, \"b\"\tc;d\tW/m\xC2\xB2\rb\t\t[-]");
+    EXPECT_EQ(written(grid, CsvForm::Separated), "N,V,U\r\na, \"b\",c;d,W/m\xB2\r\nb,,[-]\r\n");
+    EXPECT_EQ(written(grid, CsvForm::Terminated), "N,V,U,\r\na, \"b\",c;d,W/m\xB2,\r\nb,,[-],\r\n");
+    EXPECT_EQ(written(Grid(70000, 1), CsvForm::Separated).size(), 140000u) << "more than sixteen bits count";
 }
 
 TEST(CsvWriter, StopsAtTheFirstFailureOfItsDevice)
@@ -145,63 +111,52 @@ TEST(CsvWriter, StopsAtTheFirstFailureOfItsDevice)
     }
 }
 
-TEST_F(CsvExport, ACancelledOrEmptySpreadsheetDialogIsSilent)
+TEST_F(CsvExport, TheSpreadsheetDialogAppendsItsExtensionAndSaysHowItWent)
 {
-    exportSpreadsheet();
-    files.answer = "";
-    exportSpreadsheet();
-    ASSERT_EQ(files.asked.size(), 2u);
-    expectAsked("Export Spreadsheet Table", "Comma-Separated Values (*.csv)", "", true);
-    EXPECT_TRUE(messages.boxes.empty());
-    EXPECT_EQ(folder.names().size(), 0u);
-}
-
-TEST_F(CsvExport, TheExtensionIsAlwaysAppendedAndTheSuccessMessagesDifferInTheFullStop)
-{
-    files.answer = folder.file("table.CSV");
-    exportSpreadsheet();
-    files.answer = folder.file("table.csv");
-    exportSpreadsheet(output::kBatchSaved);
+    const std::vector<std::tuple<std::optional<std::string>, std::string_view, std::string>> rows = {
+        {{}, output::kResultsSaved, ""},
+        {"", output::kResultsSaved, ""},
+        {folder.file("table.CSV"), output::kResultsSaved,
+         "The spreadsheet table has been saved succesfully."},
+        {folder.file("table.csv"), output::kBatchSaved, "The spreadsheet table has been saved succesfully"},
+        {folder.file("none/table"), output::kResultsSaved,
+         "The file " + folder.file("none/table.csv") + " cannot be written: No such file or directory."},
+    };
+    for (const auto& [answer, success, says] : rows) {
+        messages.boxes.clear();
+        files.answer = answer;
+        output::exportSpreadsheetTable(grid, success, files, messages);
+        ASSERT_EQ(messages.boxes.size(), says.empty() ? 0u : 1u);
+        for (const controls::MessageBox& box : messages.boxes)
+            EXPECT_EQ(box.title + ": " + box.text, "Export Spreadsheet Table: " + says);
+    }
+    EXPECT_EQ(firstAsked(), "Export Spreadsheet Table; Comma-Separated Values (*.csv); ; prompts");
+    EXPECT_EQ(folder.names().size(), 2u);
     for (const char* name : {"table.CSV.csv", "table.csv.csv"})
         EXPECT_EQ(readFile(folder.file(name)), "A,B\r\n1,2\r\n") << name;
-    const char* title = "Export Spreadsheet Table";
-    expectMessage(0, "The spreadsheet table has been saved succesfully.", title, Buttons::Ok,
-                  Icon::Information);
-    expectMessage(1, "The spreadsheet table has been saved succesfully", title, Buttons::Ok,
-                  Icon::Information);
 }
 
-TEST_F(CsvExport, AFailedWriteShowsItsReasonAndNoSuccess)
+TEST_F(CsvExport, TheRadiationDialogWritesWhateverIsAnswered)
 {
-    files.answer = folder.file("missing/table");
-    exportSpreadsheet();
-    exportRadiation();
-    const std::string reason = " cannot be written: No such file";
-    ASSERT_EQ(messages.boxes.size(), 2u);
-    EXPECT_NE(messages.boxes[0].text.find("missing/table.csv" + reason), std::string::npos);
-    EXPECT_EQ(messages.boxes[0].title, "Export Spreadsheet Table");
-    EXPECT_NE(messages.boxes[1].text.find("missing/table" + reason), std::string::npos);
-    EXPECT_EQ(messages.boxes[1].title, "Export to CSV");
-}
-
-TEST_F(CsvExport, ACancelledRadiationDialogWritesTheOfferedName)
-{
-    exportRadiation();
-    expectAsked("Export to CSV", "Excel Import File (*.csv)|*.csv", "Solar Radiation", false);
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    output::exportRadiationTable(grid, files, messages); // cancelled: to the offered name
+    std::filesystem::current_path(before);
+    EXPECT_EQ(firstAsked(), "Export to CSV; Excel Import File (*.csv)|*.csv; Solar Radiation");
     EXPECT_EQ(readFile(folder.file("Solar Radiation")), "A,B,\r\n1,2,\r\n");
-    EXPECT_EQ(folder.names().size(), 1u);
-    EXPECT_TRUE(messages.boxes.empty());
-}
 
-TEST_F(CsvExport, TheRadiationQuestionHasNoEffect)
-{
-    files.answer = folder.file("mine");
-    folder.write("mine", "old");
     messages.answer = controls::Answer::No;
-    exportRadiation();
-    ASSERT_EQ(messages.boxes.size(), 1u);
-    expectMessage(0, "File Exists. Overwrite?", "File Exists", Buttons::YesNo, Icon::Question);
+    for (const std::string& file : {folder.write("mine", "old"), folder.file("none/table")}) {
+        files.answer = file;
+        output::exportRadiationTable(grid, files, messages);
+    }
     EXPECT_EQ(readFile(folder.file("mine")), "A,B,\r\n1,2,\r\n");
+    ASSERT_EQ(messages.boxes.size(), 2u);
+    EXPECT_EQ(messages.boxes[0].title + ": " + messages.boxes[0].text,
+              "File Exists: File Exists. Overwrite?");
+    EXPECT_EQ(messages.boxes[0].buttons, controls::Buttons::YesNo);
+    EXPECT_EQ(messages.boxes[1].title, "Export to CSV");
+    EXPECT_TRUE(messages.boxes[1].text.ends_with("none/table cannot be written: No such file or directory."));
     EXPECT_FALSE(output::FileExists(folder.file("."))) << "a folder is no file";
     EXPECT_FALSE(output::FileExists(std::string(5000, 'x'))) << "an error counts as none";
 }
