@@ -3,6 +3,7 @@
 // The program for view tests: real forms, a desktop that answers by itself, and no display.
 #pragma once
 
+#include "prepared_answers.h"
 #include "shell/shell.h"
 
 #include <QLabel>
@@ -11,39 +12,14 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <optional>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace comfortics::ui::tests {
 
-struct RecordedMessages final : controls::Messages {
-    std::vector<controls::MessageBox> boxes;
-    controls::Answer answer = controls::Answer::Yes;
-    controls::Answer show(const controls::MessageBox& box) override
-    {
-        boxes.push_back(box);
-        return answer;
-    }
-};
-
-struct KeptClipboard final : controls::Clipboard {
-    std::string kept;
-    void clear() override { kept.clear(); }
-    void setText(const std::string& text) override { kept = text; }
-    std::string text() override { return kept; }
-};
-
-struct RecordedFiles final : controls::FileDialogs {
-    int asked = 0;
-    std::optional<std::string> answer;
-    std::optional<std::string> askSave(const controls::SaveRequest&) override
-    {
-        ++asked;
-        return answer;
-    }
-};
+using comfortics::tests::PreparedFiles;
+using comfortics::tests::RecordedClipboard;
+using comfortics::tests::RecordedMessages;
 
 struct RecordedPrinting final : output::PrintDialog {
     int shown = 0;
@@ -52,8 +28,8 @@ struct RecordedPrinting final : output::PrintDialog {
 
 struct Program {
     RecordedMessages messages;
-    KeptClipboard clipboard;
-    RecordedFiles files;
+    RecordedClipboard clipboard;
+    PreparedFiles files;
     RecordedPrinting printing;
     shell::Shell shell{COMFORTICS_DATA_DIR, {messages, clipboard, files, printing}};
     core::Frm_Main& form = shell.main();
