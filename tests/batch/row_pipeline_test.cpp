@@ -31,7 +31,7 @@ BatchOptions options(unsigned threads = 2, const std::vector<int>& selected = {}
     return result;
 }
 
-const std::string kStation = "no \"1\",\r here\n";
+const std::string kStation = "a\rb"; // needs quotes
 
 struct Outcome {
     std::string csv;
