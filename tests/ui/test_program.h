@@ -75,20 +75,15 @@ inline bool says(const QWidget& window, const QString& text)
                        [&text](const QLabel* label) { return label->text().contains(text); });
 }
 
-/// The names of the widgets that the Tab key leads through, from one of them on.
+/// The names of the controls that the Tab key leads through, from one of them on.
 inline std::string tabOrder(const QWidget& first, int steps)
 {
     std::string order;
-    const QWidget* widget = &first;
-    for (; steps > 0; widget = widget->nextInFocusChain()) {
-        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->isHidden())
-            continue;
-        const QString name =
-            widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_"))
-                ? widget->accessibleName()
-                : widget->objectName();
-        if (!name.isEmpty()) {
-            order += name.toStdString() + " ";
+    for (const QWidget* widget = &first; steps > 0; widget = widget->nextInFocusChain()) {
+        const std::string name = widget->objectName().toStdString();
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->isHidden() && !name.empty() &&
+            !name.starts_with("qt_")) {
+            order += name + " ";
             --steps;
         }
     }
