@@ -112,6 +112,7 @@ TEST(Bindings, ChoicesAndTimersFollow)
     controls::Timer control(1000);
     QTimer timer;
     bind(timer, control);
+    EXPECT_FALSE(timer.isActive());
     control.setEnabled(true);
     EXPECT_TRUE(timer.isActive());
 
@@ -149,7 +150,6 @@ TEST(IndexList, ClicksAndTheSpaceBarTurnTicks)
     ListedRows rows(4);
     rows.click(1);
     EXPECT_EQ(rows.selected(), "0100");
-    EXPECT_EQ(rows.list.currentRow(), 1U);
     QTest::keyClick(rows.view.get(), Qt::Key_Down);
     QTest::keyClick(rows.view.get(), Qt::Key_Space);
     EXPECT_EQ(rows.selected(), "0110");

@@ -132,7 +132,7 @@ TEST(GridView, MouseAndKeysMoveTheGridsOwnSelectionAndReachTheForm)
 TEST(GridView, EachNotchIsAPageAndSmallTurnsAddUp)
 {
     Shown shown(500);
-    const QScrollBar& bar = *shown.view->verticalScrollBar();
+    QScrollBar& bar = *shown.view->verticalScrollBar();
     const std::vector<std::pair<int, bool>> turns = {
         {-60, false}, {-60, true}, {-60, true}, {60, true}, {60, false}};
     for (const auto& [angle, isDown] : turns) { // a turn round starts anew
@@ -145,6 +145,8 @@ TEST(GridView, EachNotchIsAPageAndSmallTurnsAddUp)
     EXPECT_NEAR(bar.value(), page, 1);
     shown.grid.setTopRow(101);
     EXPECT_EQ(bar.value(), 100);
+    bar.setValue(7);
+    EXPECT_EQ(shown.grid.topRow(), 8U);
 }
 
 struct OpenedResults : tests::Program {
