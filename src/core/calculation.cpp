@@ -75,7 +75,7 @@ formulas::Assumptions AssumptionBoxes::read() const
 std::string Failure::sentence() const
 {
     return "The calculation stopped " + phrase(where) + ": " + why +
-           ". By the robust rules only what depends on it would be blank.";
+           ". By the robust rules (in the options or with --rules robust) it would go on.";
 }
 
 Calculation::Calculation(const Limits& limits, controls::Messages& messages)
@@ -363,9 +363,17 @@ Variant Calculation::runWbgtOutdoor()
     Variant WS = copy(Reading::WS);
     Variant SR = copy(Reading::SR);
     Variant RH = copy(Reading::RH);
-    const Number value = taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH));
-    keepWbgtOutdoor(value);
-    return value;
+    try {
+        keepWbgtOutdoor(taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH)));
+    } catch (const RunFailure&) {
+        // What the search wrote before the model failed is nobody's value.
+        if (readings.txt_SR.text().empty()) {
+            writeCaption(Live::SR, {});
+            writeResult(159, {});
+        }
+        throw;
+    }
+    return m_WBGT_Outdoor_Value;
 }
 
 void Calculation::writeResult(int index, std::string text)

@@ -104,8 +104,9 @@ TEST(Calculation, AFailedRunBlanksEverythingAndNamesItsCause)
         EXPECT_EQ(bench.run(row.readings), RunStatus::Failed);
         ASSERT_TRUE(bench.calculation.failure().has_value());
         EXPECT_EQ(bench.calculation.failure()->where, row.where);
-        const std::string sentence = "The calculation stopped " + row.sentence +
-                                     ". By the robust rules only what depends on it would be blank.";
+        const std::string sentence =
+            "The calculation stopped " + row.sentence +
+            ". By the robust rules (in the options or with --rules robust) it would go on.";
         EXPECT_EQ(bench.calculation.failure()->sentence(), sentence);
         EXPECT_EQ(allTexts(bench), std::string(kIndexCount + formulas::kLiveCount, ';'));
         EXPECT_EQ(bench.calculation.whyBlank(134), sentence);
@@ -139,6 +140,11 @@ TEST(Calculation, RobustRulesLiftWhatEndsAClassicRun)
               "Td is not available: logarithm of a number not above zero (0).");
     EXPECT_EQ(bench.value(8), "26.0");
     EXPECT_EQ(bench.calculation.failure(), std::nullopt);
+
+    // The search finds a radiation, then the wet bulb fails on a dew point that no air has.
+    ASSERT_EQ(bench.run({"30", "40", "", "-675", "", "2"}), RunStatus::Ok);
+    EXPECT_EQ(bench.live(Live::SR) + bench.value(159) + bench.value(200), "");
+    EXPECT_NE(bench.calculation.whyBlank(159), "");
 
     // Nothing of a lost quantity stays behind for the next run.
     ASSERT_EQ(bench.run({"30", "", "400", "", "50", "2"}), RunStatus::Ok);

@@ -159,6 +159,7 @@ TEST(Driver, SaysWhyAValueIsBlank)
     EXPECT_EQ(why(195).substr(0, 44), "Outside its limits: the wind at 10 m is 4.66");
     EXPECT_EQ(why(5), "");
     EXPECT_EQ(whyBlank(8, {}, fixture.limits, {}), "Nothing has been calculated yet.");
+    EXPECT_EQ(whyBlank(8, fixture.run(8), {}, {}), "The limits file holds no limits of this index.");
 }
 
 TEST(Driver, AFailureStopsAtItsIndexOrByTheRobustRulesCostsItAlone)
