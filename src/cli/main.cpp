@@ -6,12 +6,16 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cctype>
 #include <csignal>
 #include <cstdio>
 #include <iostream>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace comfortics::cli {
 
@@ -39,6 +43,15 @@ int run(int argc, char** argv)
         CLI::App* const app = command->addTo(tool);
         commands.emplace_back(app, std::move(command));
     }
+    // The parser would take a forgotten value's neighbour for it.
+    for (const auto& [app, command] : commands)
+        for (CLI::Option* const option : app->get_options())
+            if (option->get_expected_min() > 0)
+                option->check([](const std::string& value) {
+                    const bool isOption = value.size() > 2 && value.starts_with("--") &&
+                                          std::isalpha(static_cast<unsigned char>(value[2])) != 0;
+                    return isOption ? "a value is missing before " + value : std::string();
+                });
     // The parser takes the next argument for the value of "--ta=", which is an empty text.
     std::vector<std::string> arguments;
     for (int i = argc - 1; i > 0; --i) { // parsed from the back
@@ -83,6 +96,10 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    // A standard stream that the caller closed fails when it is used, and lends its number to no other file.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(stream, F_GETFD) == -1)
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write error with a sentence
     return comfortics::cli::run(argc, argv);
 }

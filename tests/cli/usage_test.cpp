@@ -29,6 +29,7 @@ TEST(Usage, WrongCallsGetOneSentenceAndTheirStatus)
         {{"radiation", "--date", "23-2-1"}, 2, "YYYY-MM-DD"},
         {{"radiation", "--day", "3", "--date", "2023-01-03"}, 2, "--day"},
         {{"radiation", "--okta", "10"}, 2, "--okta"},
+        {{"radiation", "--gmt", "--format=json"}, 2, "--gmt: a value is missing before --format=json"},
         {{"calc"}, 3, "the air temperature is missing"},
         {{"calc", "--ta=20", "--sr=600", "--rh=50", "--ws=2"}, 4, "the dew point 9.27 reads above"},
         {with(kSolar, {"--limits", "/nowhere/x"}), 5, "The limits file /nowhere/x cannot be read."},
