@@ -6,6 +6,7 @@
 #include "ui/grid_model.h"
 #include "ui/grid_view.h"
 #include "ui/main_window.h"
+#include "ui/printer_surface.h"
 #include "ui/results_window.h"
 #include "ui/text.h"
 #include "values/run_failure.h"
@@ -13,6 +14,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPrinter>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -202,6 +204,14 @@ TEST(ResultsWindow, SearchSortCopyExportAndPrint)
     EXPECT_EQ(tests::nameless(*opened.window), "");
     opened.window->close();
     EXPECT_TRUE(opened.closed);
+}
+
+TEST(PrinterSurface, FailsWhereNothingCanBeWritten)
+{
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QStringLiteral("/none/table.pdf"));
+    EXPECT_THROW(PrinterSurface(printer).print(), values::RunFailure);
 }
 
 } // namespace
