@@ -120,10 +120,16 @@ void TextBoxBinding::repeatAppearance()
 bool TextBoxBinding::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
-    case QEvent::KeyPress:
-        if (const auto press = keyPress(*static_cast<QKeyEvent*>(event)); press && keyDown(*press))
+    case QEvent::KeyPress: {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (const auto press = keyPress(key); press && keyDown(*press))
             return true;
+        if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty()) {
+            event->ignore(); // the line would type the letter of a menu that is not there
+            return true;
+        }
         break;
+    }
     case QEvent::MouseButtonDblClick:
         if (doubleClick())
             return true;

@@ -59,6 +59,9 @@ TEST(TextBoxBinding, BothWaysGoThroughTheHandlerWithoutAnEcho)
     QTest::keyClicks(&cleaned.line, QStringLiteral("3"));
     EXPECT_EQ(cleaned.line.text(), QStringLiteral("1325"));
     EXPECT_EQ(cleaned.line.cursorPosition(), 4);
+
+    QTest::keyClick(&cleaned.line, 'x', Qt::AltModifier); // no menu has the letter
+    EXPECT_EQ(cleaned.line.text(), QStringLiteral("1325"));
 }
 
 TEST(TextBoxBinding, KeysReachTheFormWithTheirShiftState)
