@@ -168,7 +168,8 @@ std::vector<MinuteRow> minuteRows(const Site& site, const DayLimits& limits)
 {
     const Number first = Int(limits.rise);
     const Number last = Int(limits.sunset) - 60;
-    if (first + 1 == first)
+    // From 2^53 on, a minute more is sometimes none and sometimes two.
+    if (first + 1 - first != 1 || last + 1 - last != 1)
         throw RunFailure("the minutes cannot be counted from " + values::plainText(first.value()) + " on");
 
     std::vector<MinuteRow> rows;

@@ -25,6 +25,7 @@ TEST(Usage, WrongCallsGetOneSentenceAndTheirStatus)
         {{"convert", "1", "C"}, 2, "There is no unit \"C\""},
         {{"convert", "1e306", "W/cm2"}, 4, "1e306 W/cm2 cannot be converted: "},
         {{"radiation", "--lat", "70", "--day", "172"}, 4, "the sun does not set at latitude 70 on day 172"},
+        {{"radiation", "--lat=3.45", "--lon=3e15"}, 4, "the minutes cannot be counted from 1.2"},
         {{"radiation", "--date", "2023-02-29"}, 2, "2023-02-29"},
         {{"radiation", "--date", "23-2-1"}, 2, "YYYY-MM-DD"},
         {{"radiation", "--day", "3", "--date", "2023-01-03"}, 2, "--day"},
