@@ -363,17 +363,9 @@ Variant Calculation::runWbgtOutdoor()
     Variant WS = copy(Reading::WS);
     Variant SR = copy(Reading::SR);
     Variant RH = copy(Reading::RH);
-    try {
-        keepWbgtOutdoor(taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH)));
-    } catch (const RunFailure&) {
-        // What the search wrote before the model failed is nobody's value.
-        if (readings.txt_SR.text().empty()) {
-            writeCaption(Live::SR, {});
-            writeResult(159, {});
-        }
-        throw;
-    }
-    return m_WBGT_Outdoor_Value;
+    const Number value = taken(m_models.WBGT_Outdoor(Ta, Tg, Td, WS, SR, RH));
+    keepWbgtOutdoor(value);
+    return value;
 }
 
 void Calculation::writeResult(int index, std::string text)

@@ -230,7 +230,7 @@ constexpr std::array<CatalogueRow, kIndexCount> kCatalogue{{
     {.number = 197, .name = "Wet Bulb Globe Temperature (eq. 1) (Ono; 2014)", .unit = "°C", .inputs = {Ta, RH, SR, WS}, .formula = formula<&Index_197>()},
     {.number = 198, .name = "Wet Bulb Globe Temperature (eq. 2) (Ono; 2014)", .unit = "°C", .inputs = {Ta, RH, SR, WS}, .formula = formula<&Index_198>()},
     {.number = 199, .name = "Wet Bulb Globe Temperature (indoor) (Yaglou; 1956)", .unit = "°C", .inputs = {TextTa, TextTd, TextWS, TextRH}, .block = &Driver::block199},
-    {.number = 200, .name = "Wet Bulb Globe Temperature (outdoor) (Yaglou; 1956)", .unit = "°C", .inputs = {TextTa, TextTg, TextTd, TextWS, TextSR, TextRH}, .block = &Driver::block200},
+    {.number = 200, .name = "Wet Bulb Globe Temperature (outdoor) (Yaglou; 1956)", .unit = "°C", .inputs = {TextTa, TextTg, TextTd, TextWS, TextSR, TextRH}, .robustInputs = {Wbgt}, .block = &Driver::block200},
     {.number = 201, .name = "Wet Bulb Temperature (Liljegren; 2008)", .unit = "°C", .inputs = {Tnwb}, .formula = formula<&readOut>()},
     {.number = 202, .name = "Wet Bulb Temperature (Malchaire; 1976)", .unit = "°C", .inputs = {Tg, Ta, RH, Tpwb}, .formula = formula<&Index_202>()},
     {.number = 203, .name = "Wet Bulb Temperature (Stull; 2011)", .unit = "°C", .inputs = {Ta, RH}, .formula = formula<&Index_203>()},

@@ -25,6 +25,9 @@ struct IndexLimits {
     Bound WS_max;           ///< 0 or less: the index has no wind limit
     double Active = 0;      ///< read and kept, without effect
     std::string Categories; ///< read and kept, without effect
+
+    /// Whether a file told temperatures: both 0 is what a file without the index gives.
+    bool given() const { return Tair_min.number != 0 || Tair_max.number != 0; }
 };
 
 /// The limits of the 222 indices, read once at start.

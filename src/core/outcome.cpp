@@ -29,7 +29,7 @@ std::string whyBlank(int index, const Outcome& outcome, const Limits& limits, co
     case OutcomeKind::NotSelected:
         return "The index is not selected in the list.";
     case OutcomeKind::OutsideTemperature:
-        if (bounds.Name.empty() && bounds.Tair_min.text == "0" && bounds.Tair_max.text == "0")
+        if (!bounds.given())
             return "The limits file holds no limits of this index.";
         return "Outside its limits: " + std::string(gatedName(row.gated)) + " is " +
                plainText(outcome.gatedValue) + " °C, valid from " +

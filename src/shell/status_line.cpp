@@ -49,11 +49,9 @@ std::string statusLine(const core::Calculation& calculation)
 
 std::string limitsWarning(const core::Limits& limits)
 {
-    for (int index = 1; index <= kLastIndex; ++index) {
-        const core::IndexLimits& one = limits.of(index);
-        if (one.Tair_min.number != 0 || one.Tair_max.number != 0)
+    for (int index = 1; index <= kLastIndex; ++index)
+        if (limits.of(index).given())
             return {};
-    }
     return "Limits.Index, which belongs beside the program, is missing or holds no limits: "
            "indices with limits stay blank.";
 }
