@@ -4,8 +4,8 @@
 #pragma once
 
 #include "controls/dialogs.h"
-#include "core/frm_main.h"
 #include "core/limits.h"
+#include "no_windows.h"
 
 #include <optional>
 #include <string>
@@ -40,15 +40,6 @@ struct NoFiles final : controls::FileDialogs {
     std::optional<std::string> askSave(const controls::SaveRequest&) override { return std::nullopt; }
 };
 
-struct NoWindows final : core::Windows {
-    void showResults() override {}
-    void showRawData() override {}
-    void showRadiation() override {}
-    void showConverter() override {}
-    std::string converter_lbl_C() override { return {}; }
-    std::string converter_lbl_WS() override { return {}; }
-    std::string converter_lbl_SR() override { return {}; }
-    void unloadAll() override {}
-};
+using tests::NoWindows;
 
 } // namespace comfortics::fuzz

@@ -6,6 +6,7 @@
 #include "input.h"
 
 #include "radiation/frm_radiation.h"
+#include "radiation/no_map.h"
 #include "values/number_text.h"
 
 #include <algorithm>
@@ -24,19 +25,11 @@ using radiation::Frm_Radiation;
 
 constexpr Date kToday{std::chrono::year(2024), std::chrono::June, std::chrono::day(21)};
 
-class NoMap final : public radiation::PlaceSource, public radiation::Connection, public radiation::TimeZones {
-public:
-    void navigate(const radiation::MapOpening&) override {}
-    bool ready() override { return false; }
-    bool connected() override { return true; }
-    std::optional<int> offset(const std::string&, Date) override { return std::nullopt; }
-};
-
 struct Desk {
     KeptMessages messages;
     HeldClipboard clipboard;
     NoFiles files;
-    NoMap none;
+    radiation::NoMap none;
     Frm_Radiation form{{messages, clipboard, files, none, none, none}, kToday};
 
     /// All texts of the table; empty where there is none.

@@ -2,6 +2,7 @@
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "radiation/frm_radiation.h"
+#include "radiation/no_map.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -42,15 +43,6 @@ public:
 class NoFiles final : public controls::FileDialogs {
 public:
     std::optional<std::string> askSave(const controls::SaveRequest&) override { return std::nullopt; }
-};
-
-/// The tool has no map, so it needs no connection.
-class NoMap final : public radiation::PlaceSource, public radiation::Connection, public radiation::TimeZones {
-public:
-    void navigate(const radiation::MapOpening&) override {}
-    bool ready() override { return false; }
-    bool connected() override { return true; }
-    std::optional<int> offset(const std::string&, Date) override { return std::nullopt; }
 };
 
 /// The number that a text of digits alone holds.
@@ -118,7 +110,7 @@ public:
         MessageKeeper messages;
         NoClipboard clipboard;
         NoFiles files;
-        NoMap none;
+        radiation::NoMap none;
         Frm_Radiation form({messages, clipboard, files, none, none, none}, kNoDate);
         form.txt_lat.setText(m_lat);
         form.txt_Lon.setText(m_lon);

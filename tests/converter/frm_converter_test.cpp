@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "converter/frm_converter.h"
 
-#include "../batch/no_windows.h"
 #include "../core/test_desk.h"
+#include "no_windows.h"
 
 #include <gtest/gtest.h>
 
