@@ -61,15 +61,29 @@ auto voteIn(Weather weather)
 
 void meanVoteFast(benchmark::State& state, Weather weather)
 {
-    runFast(state, voteIn<Predicted_Mean_Vote>(weather));
+    runFast(state, voteIn<Predicted_Mean_Vote<Number>>(weather));
 }
 
 void meanVotePlain(benchmark::State& state, Weather weather)
 {
-    runPlain(state, voteIn<Predicted_Mean_Vote_plain>(weather), voteIn<Predicted_Mean_Vote>(weather));
+    runPlain(state, voteIn<Predicted_Mean_Vote_plain<Number>>(weather),
+             voteIn<Predicted_Mean_Vote<Number>>(weather));
 }
 
-using Equivalent = Variant (*)(Number, Number);
+void meanVotePrecise(benchmark::State& state, Weather weather)
+{
+    runFast(state, [weather] {
+        return Predicted_Mean_Vote<double>(weather.Ta, weather.Tmrt, weather.Ea, weather.WS, 165,
+                                           Rules::Precise);
+    });
+}
+
+using Equivalent = Number (*)(Number, Number);
+
+Number equivalentFast(Number WS, Number Ta)
+{
+    return Index_215(WS, Ta, Rules::Classic);
+}
 
 template <Equivalent equivalent>
 auto equivalentIn(Weather weather)
@@ -79,12 +93,12 @@ auto equivalentIn(Weather weather)
 
 void windChillFast(benchmark::State& state, Weather weather)
 {
-    runFast(state, equivalentIn<Index_215>(weather));
+    runFast(state, equivalentIn<equivalentFast>(weather));
 }
 
 void windChillPlain(benchmark::State& state, Weather weather)
 {
-    runPlain(state, equivalentIn<Index_215_plain>(weather), equivalentIn<Index_215>(weather));
+    runPlain(state, equivalentIn<Index_215_plain<Number>>(weather), equivalentIn<equivalentFast>(weather));
 }
 
 BENCHMARK_CAPTURE(meanVoteFast, summer, kSummer);
@@ -95,6 +109,8 @@ BENCHMARK_CAPTURE(meanVoteFast, winter, kWinter);
 BENCHMARK_CAPTURE(meanVotePlain, winter, kWinter);
 BENCHMARK_CAPTURE(meanVoteFast, polar, kPolar);
 BENCHMARK_CAPTURE(meanVotePlain, polar, kPolar);
+BENCHMARK_CAPTURE(meanVotePrecise, summer, kSummer);
+BENCHMARK_CAPTURE(meanVotePrecise, polar, kPolar);
 BENCHMARK_CAPTURE(windChillFast, spring, kSpring);
 BENCHMARK_CAPTURE(windChillPlain, spring, kSpring);
 BENCHMARK_CAPTURE(windChillFast, polar, kPolar);

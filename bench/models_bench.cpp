@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The models' fast ways beside their plain ones.
+// The models' fast ways beside their plain ones, and the roots of the precise rules over weather of all
+// kinds: there "ns_per_point" is what to read.
+#include "models/precise_roots.h"
 #include "models/psychrometric_search.h"
 #include "models/radiation_search.h"
 #include "models/utci_polynomial.h"
 #include "models/wbgt_utci.h"
 
 #include <benchmark/benchmark.h>
+
+#include <random>
+#include <vector>
 
 namespace {
 
@@ -23,9 +28,8 @@ BENCHMARK(globeFast);
 void globePlain(benchmark::State& state)
 {
     for (auto _ : state) {
-        Variant wind = "2";
-        benchmark::DoNotOptimize(plain::Globe_Temperature_Model(30, 50, kSitePressure, wind, 600,
-                                                                kDirectFraction, kZenith, kMinimumWind));
+        benchmark::DoNotOptimize(
+            plain::Globe_Temperature_Model(30, 50, kSitePressure, 2, 600, kDirectFraction, kZenith));
     }
 }
 BENCHMARK(globePlain);
@@ -40,10 +44,8 @@ BENCHMARK(wetBulbFast);
 void wetBulbPlain(benchmark::State& state)
 {
     for (auto _ : state) {
-        Variant wind = "2";
-        benchmark::DoNotOptimize(plain::Natural_Wet_Bulb(30, 18.4380854946834, 50, kSitePressure, wind,
-                                                         kMinimumWind, 600, kDirectFraction, kZenith,
-                                                         kRadiationSwitch));
+        benchmark::DoNotOptimize(plain::Natural_Wet_Bulb(30, 18.4380854946834, 50, kSitePressure, 2, 600,
+                                                         kDirectFraction, kZenith, kRadiationSwitch));
     }
 }
 BENCHMARK(wetBulbPlain);
@@ -94,6 +96,56 @@ void utciPolynomial(benchmark::State& state)
     }
 }
 BENCHMARK(utciPolynomial);
+
+struct Weather {
+    double Ta, RH, WS, SR;
+};
+
+template <typename Solve>
+void precise(benchmark::State& state, Solve solve)
+{
+    std::mt19937_64 random(3);
+    const auto draw = [&random](double low, double high) {
+        return std::uniform_real_distribution<double>(low, high)(random);
+    };
+    std::vector<Weather> points(10'000);
+    for (Weather& w : points)
+        w = {draw(-20, 45), draw(5, 100), draw(0.1, 15), draw(0, 1200)};
+    for (auto _ : state) {
+        double sum = 0;
+        for (const Weather& w : points)
+            sum += solve(w);
+        benchmark::DoNotOptimize(sum);
+    }
+    state.counters["ns_per_point"] =
+        benchmark::Counter(static_cast<double>(points.size()) * 1e-9,
+                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+double preciseGlobe(const Weather& w)
+{
+    return preciseGlobeTemperature(w.Ta, w.RH, w.WS, w.SR).value;
+}
+
+double preciseWetBulb(const Weather& w)
+{
+    return preciseNaturalWetBulb(w.Ta, w.RH, w.WS, w.SR).value;
+}
+
+double preciseOutdoor(const Weather& w)
+{
+    return ((0.7 * preciseWetBulb(w)) + (0.2 * preciseGlobe(w))) + (0.1 * w.Ta);
+}
+
+double precisePsychrometric(const Weather& w)
+{
+    return precisePsychrometricWetBulb(w.Ta, w.Ta - 0.2 * (100 - w.RH)).value;
+}
+
+BENCHMARK_CAPTURE(precise, globe, preciseGlobe);
+BENCHMARK_CAPTURE(precise, wetBulb, preciseWetBulb);
+BENCHMARK_CAPTURE(precise, outdoorWbgt, preciseOutdoor);
+BENCHMARK_CAPTURE(precise, psychrometric, precisePsychrometric);
 
 class SilentDesk final : public Desk {
 public:

@@ -23,7 +23,6 @@ namespace {
 
 using namespace comfortics;
 using models::kDirectFraction;
-using models::kMinimumWind;
 using models::kRadiationSwitch;
 using models::kSitePressure;
 using models::kZenith;
@@ -33,9 +32,8 @@ using values::Variant;
 
 Solution globe(Number Ta, Number RH, const std::string& wind, Number SR)
 {
-    Variant WS = wind;
-    return models::plain::Globe_Temperature_Model(Ta, RH, kSitePressure, WS, SR, kDirectFraction, kZenith,
-                                                  kMinimumWind);
+    return models::plain::Globe_Temperature_Model(Ta, RH, kSitePressure, Variant(wind).number(), SR,
+                                                  kDirectFraction, kZenith);
 }
 
 void runRow(const std::string& air, const std::string& globeText, const std::string& sun, Number RH,
@@ -59,9 +57,8 @@ void runRow(const std::string& air, const std::string& globeText, const std::str
                 }
     }
     for (int i = 0; i < 2; ++i) {
-        Variant WS = wind;
-        models::plain::Natural_Wet_Bulb(Ta, Td, RH, kSitePressure, WS, kMinimumWind, SR, kDirectFraction,
-                                        kZenith, kRadiationSwitch);
+        models::plain::Natural_Wet_Bulb(Ta, Td, RH, kSitePressure, Variant(wind).number(), SR,
+                                        kDirectFraction, kZenith, kRadiationSwitch);
         models::plain::Psychrometric_Wet_Bulb(Variant(air), Td);
     }
 }

@@ -48,6 +48,13 @@ function(comfortics_room room)
   target_compile_features(comfortics_${room} PUBLIC cxx_std_20)
 endfunction()
 
+# comfortics_vectorise(<source>...): the loops over many points, which are worth the longer compilation.
+function(comfortics_vectorise)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT COMFORTICS_SANITIZE AND NOT COMFORTICS_COVERAGE)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O3)
+  endif()
+endfunction()
+
 # comfortics_install_program(<target>): a program and Limits.Index lie in one folder. That is bin/, except in a Debian
 # package, whose bin/ takes programs only: there it is lib/comfortics, and bin/ links to it.
 function(comfortics_install_program target)

@@ -8,6 +8,7 @@
 #include "core/calculation.h"
 #include "values/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -22,7 +23,7 @@ using core::RunStatus;
 
 using Texts = std::array<std::string, core::kReadingCount>;
 
-constexpr int kIndices = static_cast<int>(core::kIndexCount);
+constexpr int kIndices = core::kLastIndex;
 
 /// All that a run shows.
 struct Shown {
@@ -135,6 +136,14 @@ void check(unsigned flags, const Texts& first, const Texts& second, const Texts&
 
     require((classic.status == RunStatus::Rejected) == (robust.status == RunStatus::Rejected),
             "both sets of rules reject the same readings");
+    require(robust.messages == 0, "the robust rules go on with nothing that did not converge");
+    // What classic calculates on after a solver without convergence, or below absolute zero, has no value.
+    const bool belowZero =
+        std::any_of(robust.whyBlank.begin(), robust.whyBlank.end(), [](const std::string& why) {
+            return why.find("below absolute zero") != std::string::npos;
+        });
+    if (classic.messages > 0 || belowZero)
+        return;
     for (std::size_t i = 0; i < classic.live.size(); ++i)
         require(classic.live[i].empty() || classic.live[i] == robust.live[i],
                 "a live quantity that the classic rules show", classic.live[i], robust.live[i]);
@@ -163,9 +172,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!input.empty())
         for (std::string& text : second)
             text = input.line();
-    const comfortics::core::AssumptionBoxes boxes;
-    Texts assumptions{boxes.txt_ArAdu.text(),  boxes.txt_Emmisivity.text(), boxes.txt_Barometric.text(),
-                      boxes.txt_Height.text(), boxes.txt_Weight.text(),     boxes.txt_Friction.text()};
+    Texts assumptions = comfortics::core::AssumptionBoxes().texts();
     for (std::string& text : assumptions)
         if (!input.empty())
             text = input.line();

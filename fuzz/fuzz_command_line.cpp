@@ -12,7 +12,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -25,6 +24,7 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 // The main function of src/cli/main.cpp, which is compiled under this name.
@@ -112,6 +112,35 @@ struct Ending {
     std::string err;
 };
 
+/// What the tool writes to standard output while it lives.
+class Output {
+public:
+    Output() : m_file(::memfd_create("output", MFD_CLOEXEC)), m_before(::dup(STDOUT_FILENO))
+    {
+        ::dup2(m_file, STDOUT_FILENO);
+    }
+    ~Output()
+    {
+        ::dup2(m_before, STDOUT_FILENO);
+        ::close(m_before);
+        ::close(m_file);
+    }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    std::string text() const
+    {
+        std::string result(static_cast<std::size_t>(std::max<off_t>(0, ::lseek(m_file, 0, SEEK_END))), '\0');
+        require(::pread(m_file, result.data(), result.size(), 0) == static_cast<ssize_t>(result.size()),
+                "the output can be read", "");
+        return result;
+    }
+
+private:
+    int m_file;
+    int m_before;
+};
+
 /// Runs the tool with all that it writes kept.
 Ending run(std::vector<std::string> words)
 {
@@ -123,21 +152,12 @@ Ending run(std::vector<std::string> words)
     argv.push_back(nullptr);
 
     Ending ending;
-    std::ostringstream helpTexts;
     std::ostringstream errors;
-    std::streambuf* const cout = std::cout.rdbuf(helpTexts.rdbuf());
     std::streambuf* const cerr = std::cerr.rdbuf(errors.rdbuf());
-    std::FILE* const standard = stdout;
-    char* text = nullptr;
-    std::size_t size = 0;
-    stdout = ::open_memstream(&text, &size);
+    const Output output;
     ending.status = comforticsMain(static_cast<int>(words.size()), argv.data());
-    std::fclose(stdout);
-    stdout = standard;
-    std::cout.rdbuf(cout);
     std::cerr.rdbuf(cerr);
-    ending.out = std::string(text, size) + helpTexts.str();
-    std::free(text); // NOLINT: of open_memstream
+    ending.out = output.text();
     ending.err = errors.str();
     return ending;
 }
@@ -168,14 +188,26 @@ bool asks(const std::vector<std::string>& words, const std::string& option, cons
     return false;
 }
 
+/// What stands behind the line that tells what limits a file lacks.
+std::string behindLimitsWarning(const std::string& said)
+{
+    for (const std::string file : {kTable, kLimits})
+        if (said.starts_with("comfortics-cli: Indices with limits stay blank: " + file +
+                             " holds no limits") ||
+            said.starts_with("comfortics-cli: In " + file + " "))
+            return said.substr(said.find('\n') + 1);
+    return said;
+}
+
 void check(const std::vector<std::string>& words, std::string_view table, std::string_view limits)
 {
     const Scratch& scratch = Scratch::instance();
     scratch.prepare(table, limits);
-    const Ending ending = [&] {
+    Ending ending = [&] {
         const Scratch::Stay stay(scratch);
         return run(words);
     }();
+    ending.err = behindLimitsWarning(ending.err);
 
     constexpr std::array kDocumented{cli::kDone, cli::kUsage, cli::kReadingsRejected, cli::kRunFailed,
                                      cli::kFileFailed};

@@ -26,7 +26,7 @@ using core::kReadingCount;
 using Rows = std::vector<std::vector<std::string>>;
 
 struct NoPrinting final : output::PrintDialog {
-    void show(const std::function<void(output::Printer&)>&) override {}
+    void show(const std::function<bool(output::Printer&)>&) override {}
 };
 
 struct TextSink final : output::ByteSink {

@@ -9,6 +9,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 preset=${1:?usage: tools/build_preset.sh PRESET [CMake options]}
 shift
 
+if [[ $PWD == *\"* ]]; then
+    echo "The path $PWD holds a quote, with which CMake cannot build: move the sources to another folder." >&2
+    exit 1
+fi
 mkdir -p "build/$preset"
 log=build/$preset/configure.log
 if ! cmake --preset "$preset" "$@" >"$log" 2>&1; then

@@ -5,8 +5,9 @@ import csv
 import re
 from typing import NamedTuple
 
+from index_count import INDEX_COUNT
+
 COLUMNS = ["number", "name", "gate_value", "tair_min", "tair_max", "ws_min", "ws_max", "basis", "source"]
-INDEX_COUNT = 222
 UNGATED = "none"
 GATE_VALUES = {UNGATED, "Ta", "Tnwb", "(Tmrt+Ta)/2", "Tmrt-Ta", "WBGT_Outdoor"}
 BASES = {"published", "derived", "formula"}

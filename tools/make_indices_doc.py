@@ -21,11 +21,25 @@ Where the ranges come from is told in [limits.md](limits.md).
 """
 
 
+REFERENCES = """
+## Ids and literature
+
+The **id** names an index to programs and never changes: `--select utci,wbgt_outdoor`. **How sure** tells of the
+reference: *sure* (title and place are those of the publication), *likely* (from memory; a detail may be off) or *name
+only* (author and year as the catalogue names them). The table is made from `data/references.csv`.
+
+"""
+
+
+def table(tool, *options):
+    run = subprocess.run([tool, 'list', *options, '--format', 'markdown'], check=True, stdout=subprocess.PIPE)
+    return run.stdout.decode('utf-8')
+
+
 def main():
     if len(sys.argv) not in (3, 4) or (len(sys.argv) == 4 and sys.argv[3] != '--check'):
         sys.exit(__doc__)
-    table = subprocess.run([sys.argv[1], 'list', '--format', 'markdown'], check=True, stdout=subprocess.PIPE)
-    text = INTRO + table.stdout.decode('utf-8')
+    text = INTRO + table(sys.argv[1]) + REFERENCES + table(sys.argv[1], '--references')
     if len(sys.argv) == 4:
         with open(sys.argv[2], encoding='utf-8') as document:
             if document.read() != text:

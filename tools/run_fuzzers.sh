@@ -5,6 +5,7 @@
 # status is 1 if there are any.
 #
 # usage: tools/run_fuzzers.sh [SECONDS] [TARGET...]    (default: 60 seconds, all targets)
+# COMFORTICS_FUZZ_SEED makes the search the same each time; without it, each run looks elsewhere.
 # Needs clang with its runtime libraries: tools/install_packages.sh fuzz
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -43,6 +44,7 @@ fuzz() {
     mkdir -p "$corpus"
     cp -r "fuzz/corpus/$target/." "$corpus"
     [ ! -f "$dictionary" ] || options+=("-dict=$dictionary")
+    [ -z "${COMFORTICS_FUZZ_SEED:-}" ] || options+=("-seed=$COMFORTICS_FUZZ_SEED")
     build/fuzz/bin/"$target" -max_total_time="$seconds" -timeout=300 -rss_limit_mb=4096 -max_len=4096 \
         -artifact_prefix="$findings/$target-" "${options[@]}" "$corpus" >"$scratch/$target.log" 2>&1
 }

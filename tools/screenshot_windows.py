@@ -244,11 +244,11 @@ def converter(album, main):
 def pick_day():
     """Picks some day of the month that the calendar shows, today's, and steps from there to that of the example."""
     click("Date")
-    picked = widget("Day of the year: ", "label").get_name().rpartition(" ")[2]
-    day = datetime.date(datetime.date.today().year, 1, 1) + datetime.timedelta(int(picked) - 1)
+    # "Day 65 of the year, 2024-03-05"
+    day = datetime.date.fromisoformat(widget("Day ", "label").get_name().rpartition(" ")[2])
     months = (DAY.year - day.year) * 12 + DAY.month - day.month
     press("Home", *["Next" if months > 0 else "Prior"] * abs(months), *["Right"] * (DAY.day - 1), "Return")
-    widget(f"Day of the year: {DAY.timetuple().tm_yday}", "label")
+    widget(f"Day {DAY.timetuple().tm_yday} of the year", "label")
 
 
 def radiation(album, main):

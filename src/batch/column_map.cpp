@@ -16,18 +16,40 @@ namespace {
 
 std::optional<std::size_t> readingOf(std::string_view header)
 {
-    constexpr std::array<std::array<std::string_view, 2>, kReadingCount> kShortNames{
-        {{"ta", "ta"}, {"tg", "tg"}, {"sr", "sr"}, {"td", "dp"}, {"rh", "rh"}, {"ws", "ws"}}};
     const std::string name = lowered(trimmed(header));
-    for (std::size_t i = 0; i < kReadingCount; ++i)
-        if (name == kShortNames[i][0] || name == kShortNames[i][1] || name == lowered(kSheetHeaders[i]))
+    for (std::size_t i = 0; i < kReadingCount; ++i) {
+        const core::ReadingInfo& info = core::kReadingInfo[i];
+        if (name == lowered(info.symbol()) || name == lowered(info.key) || name == lowered(sheetHeader(info)))
             return i;
+    }
     return std::nullopt;
+}
+
+std::string separatedBy(char separator)
+{
+    switch (separator) {
+    case '\t':
+        return "separated by tabs, ";
+    case ';':
+        return "separated by ;, ";
+    default:
+        return "separated by commas, ";
+    }
 }
 
 } // namespace
 
-ColumnMap ColumnMap::from(const TableRow& first)
+std::string sheetHeader(const core::ReadingInfo& reading)
+{
+    return std::string(reading.heading) + " (" + std::string(reading.unit()) + ")";
+}
+
+bool isReadingName(std::string_view header)
+{
+    return readingOf(header).has_value();
+}
+
+ColumnMap ColumnMap::from(const TableRow& first, char separator)
 {
     ColumnMap map;
     map.m_header = std::none_of(first.cells.begin(), first.cells.end(),
@@ -45,16 +67,18 @@ ColumnMap ColumnMap::from(const TableRow& first)
             any = true;
         }
         if (!any)
-            throw MalformedTable(first.line, "no column is named Ta, Tg, SR, Td, RH or WS.");
+            throw MalformedTable(first.line,
+                                 separatedBy(separator) + "no column is named Ta, Tg, SR, Td, RH or WS.");
         return map;
     }
     if (first.cells.size() < kReadingCount)
-        throw MalformedTable(first.line, "a table without a header needs six columns, this row has " +
+        throw MalformedTable(first.line, separatedBy(separator) +
+                                             "a table without a header needs six columns, this row has " +
                                              std::to_string(first.cells.size()) + ".");
     for (std::size_t column = 0; column < first.cells.size(); ++column) {
         if (column < kReadingCount) {
             map.m_columns[column] = column;
-            map.m_names.emplace_back(kSheetHeaders[column]);
+            map.m_names.push_back(sheetHeader(core::kReadingInfo[column]));
         } else {
             map.m_names.push_back("Column " + std::to_string(column + 1));
         }

@@ -13,10 +13,11 @@
 
 namespace comfortics::batch {
 
-/// The headers of the sheet's six columns, in order.
-inline constexpr std::array<std::string_view, core::kReadingCount> kSheetHeaders{
-    "Air Temperature (°C)", "Globe Temperature (°C)", "Solar Radiation (W/m²)",
-    "Dew Point (°C)",       "Relative Humidity (%)",  "Wind Speed (m/s)"};
+/// The header of a reading's column in the sheet, for instance "Wind Speed (m/s)".
+std::string sheetHeader(const core::ReadingInfo& reading);
+
+/// Whether a header is the name of a reading, as the sheet has it or short.
+bool isReadingName(std::string_view header);
 
 /// Which column of a table feeds which reading.
 class ColumnMap {
@@ -24,7 +25,8 @@ public:
     /// Reads the map off a table's first row: by name if it is a header (no cell is a number),
     /// otherwise the sheet's order. Throws MalformedTable if the header names no reading or one of
     /// them twice, or if a table without header has fewer than six columns.
-    static ColumnMap from(const TableRow& first);
+    /// What it throws names the separator by which the row was read.
+    static ColumnMap from(const TableRow& first, char separator = ',');
 
     /// Whether the first row was a header and holds no readings.
     bool firstRowIsHeader() const noexcept { return m_header; }

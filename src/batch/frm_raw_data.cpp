@@ -17,6 +17,10 @@
 #include <thread>
 #include <utility>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace comfortics::batch {
 
 using controls::Grid;
@@ -27,7 +31,9 @@ using core::kReadingCount;
 namespace {
 
 constexpr int kCtrl = 2;
+constexpr const char* kNotBegun = "0%";
 constexpr const char* kFinished = "100%";
+constexpr const char* kOfEarlierRun = " (of an earlier run)";
 constexpr const char* kOpenTitle = "Open Table";
 constexpr std::chrono::milliseconds kPatience{5}; // of a wait for a row, between two looks at the interface
 
@@ -54,6 +60,26 @@ std::string withCarriageReturns(const std::string& text)
     return result;
 }
 
+std::string heading(const core::Frm_Results& store, int index)
+{
+    const auto place = static_cast<std::size_t>(index);
+    return store.lbl_Index[place].caption() + " - [" + store.lbl_Unit[place].caption() + "]";
+}
+
+std::string rowSpan(std::size_t first, std::size_t last)
+{
+    return first == last ? "row " + std::to_string(first)
+                         : "rows " + std::to_string(first) + " to " + std::to_string(last);
+}
+
+// The allocator keeps what was freed for later; millions of rows are too much to keep.
+void returnFreedMemory()
+{
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
+}
+
 // The rows of a file, one behind the other.
 controls::GridCells readTable(const std::string& path)
 {
@@ -69,7 +95,7 @@ controls::GridCells readTable(const std::string& path)
     TableRow row;
     if (!reader.next(row))
         throw MalformedTable("The table is empty.");
-    const ColumnMap columns = ColumnMap::from(row);
+    const ColumnMap columns = ColumnMap::from(row, reader.separator());
     controls::GridCells table(1024, kReadingCount);
     std::size_t count = 0;
     for (bool more = !columns.firstRowIsHeader() || reader.next(row); more; more = reader.next(row)) {
@@ -143,7 +169,7 @@ void Frm_Raw_Data::MouseWheel(int /*modifierKeys*/, int rotation, int x, int y)
 void Frm_Raw_Data::open(output::Frm_Comfortics& table)
 {
     for (std::size_t col = 0; col < kReadingCount; ++col)
-        Flex_Data.setTextMatrix(0, col, kSheetHeaders[col]);
+        Flex_Data.setTextMatrix(0, col, sheetHeader(core::kReadingInfo[col]));
     lbl_information.setCaption("Use Ctr + V to paste your values into the following table.\r\n"
                                "Report 'Globe Temperature' OR 'Solar Radiation', and 'Dew Point' OR "
                                "'Relative Humidity'");
@@ -166,17 +192,14 @@ void Frm_Raw_Data::open(output::Frm_Comfortics& table)
     }
     {
         const Grid::Bulk bulk(Flex_Results);
-        const std::vector<int> selected = selectedIndices(m_main.settings().selection);
-        Flex_Results.setCols(std::max<std::size_t>(selected.size(), 1));
+        m_headed = selectedIndices(m_main.settings().selection);
+        Flex_Results.setCols(std::max<std::size_t>(m_headed.size(), 1));
         Flex_Results.setTextMatrix(0, 0, "");
         std::size_t col = 0;
-        for (const int index : selected) {
-            const auto row = static_cast<std::size_t>(index);
-            Flex_Results.setTextMatrix(0, col++,
-                                       std::string(catalogue.textMatrix(row, 0)) + " - [" +
-                                           std::string(catalogue.textMatrix(row, 2)) + "]");
-        }
+        for (const int index : m_headed)
+            Flex_Results.setTextMatrix(0, col++, heading(store, index));
     }
+    tellTerms();
     show();
 }
 
@@ -195,11 +218,10 @@ void Frm_Raw_Data::openFile(const std::string& path)
     try {
         const controls::GridCells table = readTable(path);
         const Grid::Bulk bulk(Flex_Data);
-        Flex_Data.setRows(Flex_Data.fixedRows() + table.rows());
+        takeRows(table.rows());
         for (std::size_t row = 0; row < table.rows(); ++row)
             for (std::size_t col = 0; col < kReadingCount; ++col)
                 Flex_Data.setTextMatrix(Flex_Data.fixedRows() + row, col, table.text(row, col));
-        m_dataIsThatOfRun = false;
     } catch (const MalformedTable& error) {
         m_desktop.messages.show(
             {.text = "The file " + path + " cannot be opened. " + error.what(), .title = kOpenTitle});
@@ -218,12 +240,36 @@ void Frm_Raw_Data::Flex_Data_KeyDown(KeyPress press)
     const auto rows = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r'));
     std::erase(text, '\n');
     const Grid::Bulk bulk(Flex_Data);
-    Flex_Data.setRows(Flex_Data.fixedRows() + rows);
-    m_dataIsThatOfRun = false;
+    takeRows(rows);
     if (rows == 0)
         return;
     Flex_Data.select(Flex_Data.fixedRows(), 0, Flex_Data.rows() - 1, Flex_Data.cols() - 1);
     Flex_Data.setClip(text);
+}
+
+// What was calculated from other rows goes: no figure of theirs may stand beside the new ones.
+void Frm_Raw_Data::takeRows(std::size_t count)
+{
+    Flex_Data.setRows(Flex_Data.fixedRows() + count);
+    {
+        const Grid::Bulk bulk(Flex_Results);
+        Flex_Results.setRows(Flex_Results.fixedRows());
+        Flex_Results.setRows(Flex_Results.fixedRows() + count);
+    }
+    m_states.clear();
+    m_stretches.clear();
+    m_oldHeaders.clear();
+    m_asked = controls::GridCells(1, kReadingCount);
+    m_explainer.reset();
+    m_counts = {};
+    m_stopped = false;
+    m_progressShare = 0;
+    lbl_progress_value.setCaption(kNotBegun);
+    lbl_progress.appearance.raise();
+    lbl_progress_rows.setCaption("");
+    lbl_outcome.setCaption("");
+    lbl_status.setCaption("");
+    tellTerms();
 }
 
 // --- the run
@@ -281,18 +327,24 @@ void Frm_Raw_Data::cmd_Calculate_Click()
         run();
     } while (m_restart && !m_unloaded);
     Fra_Results.setVisible(true);
+    if (m_unloaded)
+        freeRows();
 }
 
 void Frm_Raw_Data::run()
 {
     const std::size_t last = lastRow();
+    m_oldHeaders = calculatedHeaders();
+    for (std::string& header : m_oldHeaders)
+        if (!header.empty() && !header.ends_with(kOfEarlierRun))
+            header += kOfEarlierRun;
     m_states.assign(last + 1, RowState::NotRun);
     m_asked = controls::GridCells(last + 1, kReadingCount);
     m_stretches.clear();
     m_counts = {};
     m_explainer.reset();
-    m_dataIsThatOfRun = true;
     lbl_outcome.setCaption("");
+    lbl_status.setCaption("Calculating " + std::to_string(last) + (last == 1 ? " row." : " rows."));
 
     const std::size_t done = calculateRows(last);
     m_stopped = done < last;
@@ -325,6 +377,7 @@ std::size_t Frm_Raw_Data::calculateRows(std::size_t last)
         if (!rows || (std::exchange(m_userHadTheWord, false) && rows->terms() != terms())) {
             BoxTexts before = rows ? rows->standing() : boxTexts(m_main.calculation.readings);
             m_stretches.push_back({row, terms()});
+            tellTerms();
             rows.emplace(
                 m_limits, m_stretches.back().terms, m_threads, [this](std::size_t at) { return cells(at); },
                 row, last, std::move(before));
@@ -400,13 +453,17 @@ void Frm_Raw_Data::keepRow(std::size_t row, const SheetRow& result)
         Flex_Results.setTextMatrix(row, col++, text);
 }
 
-// Once it has come to 100 % the progress stays there, deliberately also in later runs.
+// Once it has come to 100 % the progress stays there, deliberately also in later runs over the same
+// rows; the status line tells of those.
 void Frm_Raw_Data::updateProgress(std::size_t row, std::size_t last)
 {
+    const double share = static_cast<double>(row) / static_cast<double>(last);
+    const std::string percentage = std::to_string(static_cast<int>(std::floor(share * 100))) + "%";
+    lbl_status.setCaption("Row " + std::to_string(row) + " of " + std::to_string(last) + " is done (" +
+                          percentage + ").");
     if (lbl_progress_value.caption() == kFinished)
         return;
-    const double share = static_cast<double>(row) / static_cast<double>(last);
-    lbl_progress_value.setCaption(std::to_string(static_cast<int>(std::floor(share * 100))) + "%");
+    lbl_progress_value.setCaption(percentage);
     m_progressShare = share;
     lbl_progress.appearance.raise();
     lbl_progress_rows.setCaption(std::to_string(row) + " out of " + std::to_string(last));
@@ -454,6 +511,99 @@ void Frm_Raw_Data::showOutcome(std::size_t done, std::size_t last)
         (done < last ? "Stopped after row " + std::to_string(done) + " of " + std::to_string(last) + ": "
                      : "Rows: ") +
         text);
+    lbl_status.setCaption(lbl_outcome.caption());
+    m_main.tell("The sheet has run. " + lbl_outcome.caption() +
+                (done > 0 ? " Its row " + std::to_string(done) + " is left in the readings." : ""));
+    tellTerms();
+}
+
+// --- by which terms
+
+bool Frm_Raw_Data::resultsAreEarlier() const
+{
+    return !m_stretches.empty() && m_stretches.back().terms != terms();
+}
+
+// What the columns hold; nothing before the first run over these rows. A header of the grid is that of the
+// opening; the selection may have been another when the run came, and may have changed under way.
+std::vector<std::string> Frm_Raw_Data::calculatedHeaders() const
+{
+    struct Part {
+        std::string text;
+        std::size_t first;
+        std::size_t last;
+    };
+    if (m_stretches.empty())
+        return {};
+    std::vector<std::vector<Part>> columns(Flex_Results.cols());
+    for (const Stretch& one : m_stretches) {
+        const std::vector<int> indices = selectedIndices(one.terms.settings.selection);
+        for (std::size_t col = 0; col < columns.size(); ++col) {
+            std::vector<Part>& parts = columns[col];
+            std::string text;
+            if (col < indices.size())
+                text = heading(m_main.results, indices[col]);
+            else if (col < m_oldHeaders.size()) // no run since has written there
+                text = m_oldHeaders[col];
+            if (!parts.empty() && parts.back().text != text)
+                parts.back().last = one.first - 1;
+            if (parts.empty() || parts.back().text != text)
+                parts.push_back({std::move(text), one.first, lastRow()});
+        }
+    }
+    std::vector<std::string> headers;
+    for (const std::vector<Part>& parts : columns) {
+        std::string& header = headers.emplace_back();
+        for (const Part& part : parts) {
+            header += header.empty() ? "" : " / "; // a comma would end the cell of an export
+            header += part.text;
+            if (parts.size() > 1)
+                header += " (" + rowSpan(part.first, part.last) + ")";
+        }
+    }
+    return headers;
+}
+
+bool Frm_Raw_Data::headersAreOther() const
+{
+    const std::vector<std::string> headers = calculatedHeaders();
+    for (std::size_t col = 0; col < headers.size(); ++col)
+        if (headers[col] != Flex_Results.textMatrix(0, col) && !headers[col].empty())
+            return true;
+    return false;
+}
+
+void Frm_Raw_Data::tellTerms()
+{
+    const core::Settings now = m_stretches.empty() ? m_main.settings() : m_stretches.back().terms.settings;
+    std::string text = "By " + core::inForce(now) + ".";
+    if (m_stretches.size() > 1)
+        text += " Options or ticks changed under way; this holds from row " +
+                std::to_string(m_stretches.back().first) + " on.";
+    if (headersAreOther())
+        text += " The columns hold other indices than the headers tell, because the ticks have changed since "
+                "the sheet was opened. An export has the right headers; opening the sheet again and "
+                "calculating gives them here, too.";
+    else if (m_stretches.empty() && selectedIndices(now.selection) != m_headed)
+        text += " The ticks have changed since the sheet was opened; open it again for their headers.";
+    if (resultsAreEarlier())
+        text += " Options, assumptions or ticks have changed since the run.";
+    lbl_terms.setCaption(text);
+}
+
+// --- the end
+
+void Frm_Raw_Data::Form_Unload()
+{
+    m_unloaded = true;
+    if (!m_running)
+        freeRows();
+}
+
+void Frm_Raw_Data::freeRows()
+{
+    takeRows(0);
+    returnFreedMemory();
 }
 
 // --- what became of a row
@@ -461,11 +611,6 @@ void Frm_Raw_Data::showOutcome(std::size_t done, std::size_t last)
 RowState Frm_Raw_Data::rowState(std::size_t row) const
 {
     return row < m_states.size() ? m_states[row] : RowState::NotRun;
-}
-
-RowState Frm_Raw_Data::dataRowState(std::size_t row) const
-{
-    return m_dataIsThatOfRun ? rowState(row) : RowState::NotRun;
 }
 
 BoxTexts Frm_Raw_Data::asked(std::size_t row) const
@@ -534,7 +679,7 @@ std::string Frm_Raw_Data::resultNote(std::size_t row, std::size_t col) const
 
 std::string Frm_Raw_Data::dataNote(std::size_t row) const
 {
-    return m_dataIsThatOfRun && !m_running ? whyNoFigures(row) : std::string();
+    return m_running ? std::string() : whyNoFigures(row);
 }
 
 // --- copying and export
@@ -553,7 +698,8 @@ void Frm_Raw_Data::Menu_Copy_Selection_Click()
 
 void Frm_Raw_Data::Menu_Export_Click()
 {
-    output::exportSpreadsheetTable(Flex_Results, output::kBatchSaved, m_desktop.files, m_desktop.messages);
+    output::exportSpreadsheetTable(Flex_Results, output::kBatchSaved, m_desktop.files, m_desktop.messages,
+                                   calculatedHeaders());
 }
 
 } // namespace comfortics::batch

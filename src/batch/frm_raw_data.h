@@ -54,6 +54,11 @@ public:
     controls::Grid Flex_Results{2, 1};
     controls::Button cmd_Back{"Back"};
     controls::Label lbl_outcome; ///< how many rows of the last run ended how
+    /// By which rules the figures were calculated, and what has changed since that they depend on.
+    controls::Label lbl_terms;
+    /// How far the run under way is, or what became of the last one; unlike the progress, which stays at
+    /// its end in later runs over the same rows.
+    controls::Label lbl_status;
 
     controls::MenuEntry Menu_copy{"Menu"}; ///< the popup menu that holds the three below
     controls::MenuEntry Menu_copy_copy{"Copy All"};
@@ -80,10 +85,8 @@ public:
     /// The share of rows that are done, as the bar shows it: 0 to 1. Views of `lbl_progress` follow
     /// its `appearance`.
     double progressShare() const noexcept { return m_progressShare; }
-    /// What became of a row of `Flex_Results` in the last run.
+    /// What became of a row of `Flex_Data` in the last run, on the same row of `Flex_Results`.
     RowState rowState(std::size_t row) const;
-    /// The same of a row of `Flex_Data`, as long as it holds what was calculated.
-    RowState dataRowState(std::size_t row) const;
 
     /// Sizes both grids [twips]; the columns of the data share the width.
     void resizeGrids(int width, int height);
@@ -91,8 +94,13 @@ public:
     /// visible frame if it lies under it.
     void MouseWheel(int modifierKeys, int rotation, int x, int y);
 
-    /// Ends a run that is under way.
-    void Form_Unload() { m_unloaded = true; }
+    /// The figures were calculated with other options than those that stand now in the main window.
+    bool resultsAreEarlier() const;
+    /// Looks again at the options of the main window.
+    void tellTerms();
+
+    /// Ends a run that is under way, and gives back the memory of the rows.
+    void Form_Unload();
 
 private:
     // Rows from `first` on were calculated with these terms.
@@ -102,6 +110,7 @@ private:
     };
 
     void Form_Load();
+    void takeRows(std::size_t count);
     void Flex_Data_KeyDown(controls::KeyPress press);
     void cmd_Calculate_Click();
     void cmd_Open_Click();
@@ -123,7 +132,10 @@ private:
     void leaveInMainWindow(std::size_t row);
     void calculateInMainWindow(std::size_t row);
     void showOutcome(std::size_t done, std::size_t last);
+    void freeRows();
 
+    std::vector<std::string> calculatedHeaders() const;
+    bool headersAreOther() const;
     BoxTexts asked(std::size_t row) const;
     const Stretch& stretch(std::size_t row) const;
     RowRunner& explainer(std::size_t row) const;
@@ -147,6 +159,9 @@ private:
     bool m_messagesHidden = false; // for the rest of a run, as the user wished
     double m_progressShare = 0;
 
+    std::vector<int> m_headed;             // the indices that the columns are headed with
+    std::vector<std::string> m_oldHeaders; // of what the runs before the last have left in the columns
+
     // The last run: what became of the rows, and what each was calculated from, so that the reason
     // of a blank can be found when somebody asks for it.
     std::vector<RowState> m_states; // element 0 unused
@@ -154,7 +169,6 @@ private:
     std::vector<Stretch> m_stretches;
     RowCounts m_counts;
     bool m_stopped = false;
-    bool m_dataIsThatOfRun = false;
     mutable std::unique_ptr<RowRunner> m_explainer; // holds the calculation of row m_explained
     mutable std::size_t m_explained = 0;
 };

@@ -4,19 +4,43 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <cstddef>
 #include <deque>
 #include <exception>
 #include <functional>
 #include <future>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
 
+#include <pthread.h>
+
 namespace comfortics::batch {
+
+/// Threads that start while it lives hear no request to end: it is for the thread that waits for
+/// files, whose wait it interrupts.
+class WithoutSignals {
+public:
+    WithoutSignals()
+    {
+        sigset_t requests;
+        ::sigemptyset(&requests);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGALRM})
+            ::sigaddset(&requests, signal);
+        ::pthread_sigmask(SIG_BLOCK, &requests, &m_before);
+    }
+    ~WithoutSignals() { ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    WithoutSignals(const WithoutSignals&) = delete;
+    WithoutSignals& operator=(const WithoutSignals&) = delete;
+
+private:
+    sigset_t m_before{};
+};
 
 /// Works on jobs on several threads and hands the results back in the order of the jobs.
 ///
@@ -29,22 +53,17 @@ public:
     using Work = std::function<Result(Job&)>;
 
     /// `hire` is called here, once for each thread; what it gives is used on that thread alone.
-    /// Works with fewer threads, but at least one, where the system grants no more.
+    /// Works with fewer threads where the system grants no more. Without any, as also where none is
+    /// asked for, the owner works on a job when it takes the result.
     OrderedCrew(unsigned threads, const std::function<Work()>& hire)
     {
-        const std::size_t wanted = std::max(1U, threads);
-        m_threads.reserve(wanted);
-        for (std::size_t i = 0; i < wanted; ++i) {
-            try {
-                m_threads.emplace_back(
-                    [this, work = hire()](const std::stop_token& stop) { carryOut(work, stop); });
-            } catch (const std::system_error&) {
-                if (m_threads.empty())
-                    throw;
-                break;
-            }
+        const WithoutSignals quiet;
+        m_threads.reserve(threads);
+        while (m_threads.size() < threads && start(hire())) {
         }
-        m_mostOnTheWay = m_threads.size() * kJobsPerThread;
+        if (m_threads.empty())
+            m_own = hire();
+        m_mostOnTheWay = std::max<std::size_t>(1, m_threads.size()) * kJobsPerThread;
     }
     OrderedCrew(const OrderedCrew&) = delete;
     OrderedCrew& operator=(const OrderedCrew&) = delete;
@@ -75,7 +94,7 @@ public:
     /// Waits up to that long; true if the oldest job on the way is done.
     bool nextIsDone(std::chrono::milliseconds atMost) const
     {
-        return m_results.front().wait_for(atMost) == std::future_status::ready;
+        return m_own.has_value() || m_results.front().wait_for(atMost) == std::future_status::ready;
     }
 
     /// Waits for the oldest job on the way. Throws what the work on it threw.
@@ -83,6 +102,11 @@ public:
     {
         std::future<Result> next = std::move(m_results.front());
         m_results.pop_front();
+        if (m_own) {
+            Order order = std::move(m_orders.front());
+            m_orders.pop_front();
+            carryOut(*m_own, order);
+        }
         return next.get();
     }
 
@@ -94,7 +118,19 @@ private:
         std::promise<Result> promise;
     };
 
-    void carryOut(const Work& work, const std::stop_token& stop)
+    // False where the system grants no thread.
+    bool start(Work work)
+    {
+        try {
+            m_threads.emplace_back(
+                [this, work = std::move(work)](const std::stop_token& stop) { serve(work, stop); });
+            return true;
+        } catch (const std::system_error&) {
+            return false;
+        }
+    }
+
+    void serve(const Work& work, const std::stop_token& stop)
     {
         for (;;) {
             std::unique_lock lock(m_mutex);
@@ -104,11 +140,16 @@ private:
             Order order = std::move(m_orders.front());
             m_orders.pop_front();
             lock.unlock();
-            try {
-                order.promise.set_value(work(order.job));
-            } catch (...) { // carried to whoever takes the result
-                order.promise.set_exception(std::current_exception());
-            }
+            carryOut(work, order);
+        }
+    }
+
+    static void carryOut(const Work& work, Order& order)
+    {
+        try {
+            order.promise.set_value(work(order.job));
+        } catch (...) { // carried to whoever takes the result
+            order.promise.set_exception(std::current_exception());
         }
     }
 
@@ -117,6 +158,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable_any m_arrived;
     std::deque<Order> m_orders;          // not begun yet
+    std::optional<Work> m_own;           // what the owner does, without threads
     std::vector<std::jthread> m_threads; // last: stopped and joined before what they use goes
 };
 

@@ -5,6 +5,7 @@
 #include "batch/selected_indices.h"
 #include "core/catalogue.h"
 #include "formulas/live_quantity.h"
+#include "output/csv_cell.h"
 
 #include <algorithm>
 #include <memory>
@@ -14,9 +15,13 @@
 
 namespace comfortics::batch {
 
+using output::appendCsvCell;
+
 namespace {
 
+// A block is full with so many rows, or with rows of so many bytes.
 constexpr std::size_t kRowsPerBlock = 256;
+constexpr std::size_t kBytesPerBlock = std::size_t{1} << 20;
 
 using Block = std::vector<TableRow>;
 
@@ -26,15 +31,31 @@ struct Done {
     std::size_t messages = 0;
 };
 
+std::size_t heldBytes(const TableRow& row)
+{
+    std::size_t bytes = sizeof row;
+    for (const std::string& cell : row.cells)
+        bytes += sizeof(std::string) + cell.capacity();
+    return bytes;
+}
+
+bool isStopped(const BatchOptions& options)
+{
+    return options.stopped && options.stopped();
+}
+
 // One calculation and what it takes to turn a block of rows into CSV.
 class Worker {
 public:
     Worker(const core::Limits& limits, const BatchOptions& options, const ColumnMap& columns,
            const std::vector<int>& indices)
-        : m_runner(limits, options.settings), m_columns(columns), m_indices(indices), m_live(options.live),
-          m_reasons(options.reasons)
+        : m_runner(limits, options.settings), m_options(options), m_columns(columns), m_indices(indices)
     {
+        if (options.provenance)
+            m_provenance = "," + std::string(core::ruleName(options.settings.rules)) + "," +
+                           std::string(core::limitsUse(options.settings));
         m_runner.calculation().assumptions.write(options.assumptions);
+        m_runner.calculation().advice = core::kTerminalAdvice;
     }
 
     Done run(const Block& block)
@@ -43,8 +64,11 @@ public:
         const std::size_t messagesBefore = m_runner.messages();
         Done done;
         done.csv.reserve(m_longestBlock);
-        for (const TableRow& row : block)
+        for (const TableRow& row : block) {
+            if (isStopped(m_options))
+                break; // nobody will write what is done here
             appendRow(done.csv, row);
+        }
         m_longestBlock = std::max(m_longestBlock, done.csv.size());
         const RowCounts& after = m_runner.counts();
         done.rows = {after.calculated - before.calculated, after.skipped - before.skipped,
@@ -64,12 +88,13 @@ private:
         }
         appendCsvCell(csv, m_runner.statusText());
         const bool values = status == RowStatus::Calculated;
-        if (m_reasons) {
+        if (m_options.reasons) {
             csv += ',';
             if (values)
                 appendCsvCell(csv, reasons());
         }
-        if (m_live) {
+        csv += m_provenance;
+        if (m_options.live) {
             for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
                 csv += ',';
                 if (values)
@@ -102,10 +127,10 @@ private:
     }
 
     RowRunner m_runner;
+    const BatchOptions& m_options;
     const ColumnMap& m_columns;
     const std::vector<int>& m_indices;
-    bool m_live;
-    bool m_reasons;
+    std::string m_provenance;       // its two cells
     std::size_t m_longestBlock = 0; // of CSV, in bytes
 };
 
@@ -119,6 +144,8 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
         line += ',';
     }
     line += options.reasons ? "Status,Reasons" : "Status";
+    if (options.provenance)
+        line += ",Rules,Limits";
     if (options.live) {
         for (const formulas::LiveInfo& info : formulas::kLiveInfo) {
             line += ',';
@@ -134,23 +161,6 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
 
 } // namespace
 
-void appendCsvCell(std::string& line, std::string_view cell)
-{
-    // A tab outside quotes would make the reader take the table for a tab-separated one.
-    const auto special = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n' || c == '\t'; };
-    if (std::none_of(cell.begin(), cell.end(), special)) {
-        line += cell;
-        return;
-    }
-    line += '"';
-    for (const char c : cell) {
-        if (c == '"')
-            line += '"';
-        line += c;
-    }
-    line += '"';
-}
-
 std::string indexHeading(int index)
 {
     const core::CatalogueRow& row = core::catalogueRow(index);
@@ -159,13 +169,13 @@ std::string indexHeading(int index)
 
 BatchSummary runBatch(TableReader& reader, const core::Limits& limits, const BatchOptions& options,
                       const std::function<void(std::string_view)>& write,
-                      const std::function<bool(const RowCounts&)>& progress)
+                      const std::function<void(const RowCounts&)>& progress)
 {
     BatchSummary summary;
     TableRow row;
     if (!reader.next(row))
         throw MalformedTable("The table is empty.");
-    const ColumnMap columns = ColumnMap::from(row);
+    const ColumnMap columns = ColumnMap::from(row, reader.separator());
     const std::vector<int> indices = selectedIndices(options.settings.selection);
     write(headerLine(columns, options, indices));
 
@@ -175,20 +185,26 @@ BatchSummary runBatch(TableReader& reader, const core::Limits& limits, const Bat
     });
     const auto finishOne = [&] {
         const Done done = crew.takeNext();
+        summary.stopped = isStopped(options);
+        if (summary.stopped)
+            return;
         summary.rows.add(done.rows);
         summary.messages += done.messages;
         write(done.csv);
-        summary.stopped = !progress(summary.rows);
+        progress(summary.rows);
     };
 
     Block block;
+    std::size_t blockBytes = 0;
     const auto submit = [&] {
         if (!block.empty())
             crew.submit(std::exchange(block, {}));
+        blockBytes = 0;
     };
     const auto keep = [&](TableRow& next) {
+        blockBytes += heldBytes(next);
         block.push_back(std::move(next));
-        if (block.size() == kRowsPerBlock)
+        if (block.size() == kRowsPerBlock || blockBytes >= kBytesPerBlock)
             submit();
     };
     // A row that cannot be read ends the batch only after the rows before it are written.

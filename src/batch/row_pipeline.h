@@ -16,15 +16,17 @@ namespace comfortics::batch {
 struct BatchOptions {
     core::Settings settings;
     core::AssumptionTexts assumptions;
-    bool live = false;    ///< write the eleven live quantities too
-    bool reasons = false; ///< a column that tells what failed in a row, index by index
+    bool live = false;       ///< write the eleven live quantities too
+    bool reasons = false;    ///< a column that tells what failed in a row, index by index
+    bool provenance = false; ///< columns that tell the rules and the use of limits
     unsigned threads = 1;
+    std::function<bool()> stopped; ///< asked before each row, on any thread: true ends the batch
 };
 
 struct BatchSummary {
     RowCounts rows;
     std::size_t messages = 0; ///< solvers that did not converge
-    bool stopped = false;     ///< `progress` asked to stop
+    bool stopped = false;     ///< as asked; not all rows are done
 };
 
 /// Streams a table through the calculation: rows are read in blocks, computed on `threads`
@@ -32,14 +34,11 @@ struct BatchSummary {
 /// bytes written do not depend on the number of threads.
 ///
 /// `write` takes the output as RFC 4180 CSV: the header first, then blocks of rows. `progress`,
-/// called after each block with the rows done, returns false to stop. Throws MalformedTable; what
-/// `write` throws passes through.
+/// called after each block, is told the rows done. Throws MalformedTable; what `write` throws passes
+/// through.
 BatchSummary runBatch(TableReader& reader, const core::Limits& limits, const BatchOptions& options,
                       const std::function<void(std::string_view)>& write,
-                      const std::function<bool(const RowCounts&)>& progress);
-
-/// Appends a cell as RFC 4180 wants it, quoted where needed.
-void appendCsvCell(std::string& line, std::string_view cell);
+                      const std::function<void(const RowCounts&)>& progress);
 
 /// The heading of an index' column: number, name and unit.
 std::string indexHeading(int index);

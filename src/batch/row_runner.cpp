@@ -46,7 +46,7 @@ RowStatus RowRunner::runBoxes()
         switch (m_calculation.run(m_settings)) {
         case core::RunStatus::Ok:
             status = RowStatus::Calculated;
-            if (m_settings.rules == core::Rules::Robust)
+            if (m_settings.rules != core::Rules::Classic)
                 countLostValues();
             break;
         case core::RunStatus::Failed:
@@ -73,7 +73,7 @@ RowStatus RowRunner::runBoxes()
 
 void RowRunner::countLostValues()
 {
-    for (int index = 1; index <= static_cast<int>(core::kIndexCount); ++index)
+    for (int index = 1; index <= core::kLastIndex; ++index)
         if (m_calculation.outcome(index).kind == core::OutcomeKind::RunFailed)
             ++m_counts.lostValues;
 }

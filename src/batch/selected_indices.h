@@ -12,7 +12,7 @@ namespace comfortics::batch {
 inline std::vector<int> selectedIndices(const core::Selection& selection)
 {
     std::vector<int> indices;
-    for (int index = 1; index <= static_cast<int>(core::kIndexCount); ++index)
+    for (int index = 1; index <= core::kLastIndex; ++index)
         if (selection.contains(index))
             indices.push_back(index);
     return indices;

@@ -32,12 +32,7 @@ struct Terms {
     core::Settings settings;
     core::AssumptionTexts assumptions;
 
-    bool operator==(const Terms& other) const
-    {
-        return settings.selection == other.settings.selection &&
-               settings.ignoreLimits == other.settings.ignoreLimits &&
-               settings.rules == other.settings.rules && assumptions == other.assumptions;
-    }
+    friend bool operator==(const Terms&, const Terms&) = default;
 };
 
 enum class RowState : std::uint8_t {

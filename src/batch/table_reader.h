@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -25,31 +26,49 @@ public:
     }
 };
 
-/// Reads a CSV or TSV text row by row, without holding more than a block of it.
+/// Reads a table of separated values row by row, without holding more than a block of it.
 ///
-/// Quotes as in RFC 4180; lines end in CR LF, LF or CR; a byte-order mark and empty lines are
-/// passed over. The separator is the tab if the first line holds one, otherwise the comma.
+/// Quotes as in RFC 4180; lines end in CR LF, LF or CR; empty lines are passed over. The text is UTF-8, or
+/// UTF-16 with a byte-order mark. The separator is the tab if the first line holds one; otherwise the
+/// semicolon or the comma, whichever names more readings in the first line, and of equals the semicolon if
+/// it makes six cells or no fewer than the comma. (A decimal comma is a matter of the cells.)
 class TableReader {
 public:
     /// Fills a buffer with the next bytes; returns how many, 0 at the end.
     using Source = std::function<std::size_t(char* buffer, std::size_t size)>;
 
     explicit TableReader(Source source);
+    ~TableReader();
+    TableReader(const TableReader&) = delete;
+    TableReader& operator=(const TableReader&) = delete;
 
     /// Reads the next row into `row`; false at the end. Throws MalformedTable on an open quote, on
-    /// text behind a closing quote, and on a row longer than a megabyte.
+    /// text behind a closing quote, on a row longer than a megabyte, and on a text in no such coding.
     bool next(TableRow& row);
 
+    /// What separates the cells: ',', ';' or a tab. Known from the first row on.
+    char separator() const noexcept { return m_separator; }
+
 private:
+    class Utf16;
+    struct FirstLine {
+        std::size_t cells = 1;
+        std::size_t names = 0; // of readings
+        bool tab = false;      // outside of quotes
+    };
+
     int peek();
     int take();
     bool refill();
     bool fetchMore();
     std::size_t fetch(char* buffer, std::size_t size);
     void begin();
+    void passMark();
+    FirstLine look(char separator);
     void readQuoted(std::string& cell, std::size_t line);
 
     Source m_source;
+    std::unique_ptr<Utf16> m_utf16; // between source and buffer, where the mark says so
     std::vector<char> m_buffer;
     std::size_t m_at = 0;
     std::size_t m_end = 0;

@@ -34,7 +34,9 @@ public:
             m_descriptor = STDIN_FILENO;
             return;
         }
-        m_descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        do { // a pipe is open once somebody writes to it
+            m_descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        } while (m_descriptor < 0 && errno == EINTR && !Interruption::requested());
         if (m_descriptor < 0)
             fail();
         struct stat status {};
@@ -52,10 +54,7 @@ public:
     /// Nothing more after an interruption.
     std::size_t read(char* buffer, std::size_t size)
     {
-        for (;;) {
-            Interruption::waitForInput(m_descriptor);
-            if (Interruption::requested())
-                return 0;
+        while (!Interruption::requested()) {
             const ssize_t count = ::read(m_descriptor, buffer, size);
             if (count >= 0) {
                 m_read += static_cast<std::size_t>(count);
@@ -64,6 +63,7 @@ public:
             if (errno != EINTR)
                 fail();
         }
+        return 0;
     }
 
     /// The share that is read, where the size is known.
@@ -91,6 +91,14 @@ private:
 class Progress {
 public:
     explicit Progress(const InputFile& input) : m_input(input) {}
+    /// Clears the line for what is said at the end.
+    ~Progress()
+    {
+        if (m_terminal)
+            std::cerr << "\r\033[K" << std::flush;
+    }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
 
     void show(const batch::RowCounts& rows)
     {
@@ -108,12 +116,6 @@ public:
         std::cerr << "\r" << line << "\033[K" << std::flush;
     }
 
-    void clear() const
-    {
-        if (m_terminal)
-            std::cerr << "\r\033[K" << std::flush;
-    }
-
 private:
     const InputFile& m_input;
     bool m_terminal = ::isatty(STDERR_FILENO) == 1;
@@ -126,12 +128,20 @@ public:
     CLI::App* addTo(CLI::App& tool) override
     {
         CLI::App* const command = tool.add_subcommand("batch", "Calculate the rows of a CSV or TSV table");
-        command->add_option("INPUT", m_input, "CSV or TSV file, - for standard input")->required();
+        const auto named = [](const std::string& file) {
+            return file.empty() ? std::string("the name of the file is empty") : std::string();
+        };
+        command->add_option("INPUT", m_input, "CSV or TSV file, - for standard input")
+            ->required()
+            ->check(named);
         command->add_option("-o,--output", m_output, "Write to FILE instead of standard output")
-            ->type_name("FILE");
+            ->type_name("FILE")
+            ->check(named);
         command->add_flag("--live", m_live, "Write the eleven live quantities too");
         command->add_flag("--reasons", m_options.reasons,
                           "Write a column that tells which indices of a row failed, and why");
+        command->add_flag("--provenance", m_options.provenance,
+                          "Write two columns that tell the rules, and whether limits were kept or ignored");
         command->add_option("--threads", m_threads, "Number of threads; default: all cores")
             ->type_name("N")
             ->check(CLI::Range(1, 1024));
@@ -151,21 +161,19 @@ public:
         options.assumptions = m_options.assumptions();
         options.live = m_live;
         options.reasons = m_options.reasons;
+        options.provenance = m_options.provenance;
         options.threads = m_threads > 0 ? m_threads : std::max(1U, std::thread::hardware_concurrency());
+        options.stopped = Interruption::requested;
 
         const Interruption interruption;
-        InputFile input(m_input);
-        Progress progress(input);
         std::optional<batch::BatchSummary> summary;
         try {
-            summary = calculate(input, limits, options, progress);
+            summary = calculate(limits, options);
         } catch (const FileFailure&) {
-            progress.clear();
             // An interruption can end the input in the middle of a row, or an output that waits.
             if (!Interruption::requested())
                 throw;
         }
-        progress.clear();
         if (!summary) {
             std::cerr << "comfortics-cli: Interrupted"
                       << (m_output.empty() ? "" : "; no output file was written") << ".\n";
@@ -183,15 +191,17 @@ public:
 
 private:
     // Nothing where it was interrupted. Whatever goes wrong with a file comes as a FileFailure.
-    std::optional<batch::BatchSummary> calculate(InputFile& input, const core::Limits& limits,
-                                                 const batch::BatchOptions& options, Progress& progress) const
+    std::optional<batch::BatchSummary> calculate(const core::Limits& limits,
+                                                 const batch::BatchOptions& options) const
     {
+        InputFile input(m_input);
+        Progress progress(input);
         batch::TableReader reader(
             [&input](char* buffer, std::size_t size) { return input.read(buffer, size); });
         try {
             std::optional<output::WholeFile> file;
             if (!m_output.empty())
-                mustSucceed(file.emplace(m_output).result());
+                mustSucceed(file.emplace(m_output, Interruption::requested).result());
             const batch::BatchSummary summary = batch::runBatch(
                 reader, limits, options,
                 [&file](std::string_view bytes) {
@@ -200,10 +210,7 @@ private:
                     else if (!file->write(bytes))
                         mustSucceed(file->result());
                 },
-                [&progress](const batch::RowCounts& rows) {
-                    progress.show(rows);
-                    return !Interruption::requested();
-                });
+                [&progress](const batch::RowCounts& rows) { progress.show(rows); });
             if (Interruption::requested())
                 return std::nullopt;
             if (file)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "batch/row_pipeline.h"
 #include "batch/row_runner.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/reading_options.h"
 #include "cli/text_table.h"
 #include "core/calculation.h"
+#include "output/csv_cell.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -38,6 +38,11 @@ public:
             ->capture_default_str()
             ->group("Output");
         command->add_flag("--reasons", m_options.reasons, "Say why a value is blank")->group("Output");
+        command
+            ->add_flag("--provenance", m_options.provenance,
+                       "Say by which rules the values are, whether limits were kept or ignored, and which "
+                       "limit a value lies outside of")
+            ->group("Output");
         command->footer(
             "The texts are written to the reading boxes in the order ta, tg, sr, td, rh, ws, as if\n"
             "pasted: what is no number is dropped, and a later member of a pair (globe temperature or\n"
@@ -51,6 +56,7 @@ public:
         const core::Limits limits = m_options.limits();
         batch::MessageKeeper messages;
         Calculation calculation(limits, messages);
+        calculation.advice = core::kTerminalAdvice;
         calculation.assumptions.write(m_options.assumptions());
         calculation.readings.write(m_readings.texts());
         const core::Settings settings = m_options.settings();
@@ -58,7 +64,7 @@ public:
         const RunStatus status =
             calculation.readings.complete() ? calculation.run(settings) : RunStatus::Rejected;
         if (m_format == "json")
-            print(json(calculation, status, messages.texts()));
+            print(json(calculation, status, settings, messages.texts()));
         else if (status == RunStatus::Ok)
             print(m_format == "csv" ? csv(calculation, settings) : text(calculation, settings));
 
@@ -88,11 +94,17 @@ private:
             live.add({std::string(kLiveInfo[i].name), std::string(kLiveInfo[i].symbol),
                       calculation.liveLabel(static_cast<Live>(i)).caption(), std::string(kLiveInfo[i].unit)});
 
-        TextTable results(m_options.reasons
-                              ? std::vector<std::string>{"No", "Thermal Index", "Value", "Unit", "Why blank"}
-                              : std::vector<std::string>{"No", "Thermal Index", "Value", "Unit"},
-                          m_options.reasons ? std::vector{Right, Left, Right, Left, Left}
-                                            : std::vector{Right, Left, Right, Left});
+        std::vector<std::string> headers{"No", "Thermal Index", "Value", "Unit"};
+        std::vector<TextTable::Align> alignment{Right, Left, Right, Left};
+        const auto addColumn = [&](bool wanted, const char* header) {
+            if (!wanted)
+                return;
+            headers.emplace_back(header);
+            alignment.push_back(Left);
+        };
+        addColumn(m_options.reasons, "Why blank");
+        addColumn(m_options.provenance, "Outside");
+        TextTable results(std::move(headers), std::move(alignment));
         for (const core::CatalogueRow& row : core::catalogue()) {
             if (!settings.selection.contains(row.number))
                 continue;
@@ -100,15 +112,23 @@ private:
                                            valueOf(calculation, row.number), std::string(row.unit)};
             if (m_options.reasons)
                 cells.push_back(calculation.whyBlank(row.number));
+            if (m_options.provenance)
+                cells.push_back(calculation.whyDoubtful(row.number));
             results.add(std::move(cells));
         }
-        return live.text() + "\n" + results.text();
+        const std::string closing =
+            m_options.provenance ? "\nCalculated by " + core::inForce(settings) + ".\n" : "";
+        return live.text() + "\n" + results.text() + closing;
     }
 
     std::string csv(const Calculation& calculation, const core::Settings& settings) const
     {
-        std::string result =
-            m_options.reasons ? "number,name,value,unit,reason\r\n" : "number,name,value,unit\r\n";
+        std::string result = "number,name,value,unit";
+        if (m_options.reasons)
+            result += ",reason";
+        if (m_options.provenance)
+            result += ",rules,limits,outside";
+        result += "\r\n";
         for (const core::CatalogueRow& row : core::catalogue()) {
             if (!settings.selection.contains(row.number))
                 continue;
@@ -116,24 +136,36 @@ private:
             for (const std::string_view cell :
                  {row.name, std::string_view(valueOf(calculation, row.number)), row.unit}) {
                 result += ',';
-                batch::appendCsvCell(result, cell);
+                output::appendCsvCell(result, cell);
             }
             if (m_options.reasons) {
                 result += ',';
-                batch::appendCsvCell(result, calculation.whyBlank(row.number));
+                output::appendCsvCell(result, calculation.whyBlank(row.number));
+            }
+            if (m_options.provenance) {
+                result += ',';
+                result += core::ruleName(settings.rules);
+                result += ',';
+                result += core::limitsUse(settings);
+                result += ',';
+                output::appendCsvCell(result, calculation.whyDoubtful(row.number));
             }
             result += "\r\n";
         }
         return result;
     }
 
-    std::string json(const Calculation& calculation, RunStatus status,
+    std::string json(const Calculation& calculation, RunStatus status, const core::Settings& settings,
                      const std::vector<std::string>& messages) const
     {
         nlohmann::ordered_json root;
         root["status"] = status == RunStatus::Ok         ? "ok"
                          : status == RunStatus::Rejected ? "rejected"
                                                          : "failed";
+        if (m_options.provenance) {
+            root["rules"] = core::ruleName(settings.rules);
+            root["limits"] = core::limitsUse(settings);
+        }
         auto& boxes = root["boxes"];
         for (std::size_t i = 0; i < core::kReadingCount; ++i)
             boxes[std::string(core::kReadingInfo[i].key)] =
@@ -154,6 +186,8 @@ private:
                                          {"unit", row.unit}};
             if (m_options.reasons)
                 entry["reason"] = calculation.whyBlank(row.number);
+            if (m_options.provenance)
+                entry["outside"] = calculation.whyDoubtful(row.number);
             results.push_back(std::move(entry));
         }
         // Texts of the command line may be no UTF-8; they must not end the program.

@@ -6,28 +6,44 @@
 #include <cerrno>
 #include <csignal>
 
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
+#include <sys/time.h>
 
 namespace comfortics::cli {
 
 namespace {
 
 constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
+constexpr timeval kRing{0, 50'000};
+constexpr timeval kSilent{0, 0};
 
 std::atomic<bool> noted{false};
 static_assert(std::atomic<bool>::is_always_lock_free, "written by a signal handler");
 
-// A byte written here wakes a wait for input, also where the signal comes just before the wait.
-std::array<int, 2> wakePipe{-1, -1};
+void ring(const timeval& every) noexcept
+{
+    const itimerval timer{every, every};
+    ::setitimer(ITIMER_REAL, &timer, nullptr);
+}
 
+// Without SA_RESTART, so that a read or write that waits comes back.
+void handle(int signal, void (*handler)(int))
+{
+    struct sigaction action {};
+    action.sa_handler = handler;
+    ::sigaction(signal, &action, nullptr);
+}
+
+void endWait(int)
+{
+}
+
+// The signal may come just before a wait, which it does not end then; so the clock rings from now on.
 void note(int)
 {
     const int keep = errno;
     noted = true;
-    const char byte = 0;
-    [[maybe_unused]] const ssize_t written = ::write(wakePipe[1], &byte, 1);
+    handle(SIGALRM, endWait);
+    ring(kRing);
     errno = keep;
 }
 
@@ -35,43 +51,27 @@ void note(int)
 
 Interruption::Interruption()
 {
-    if (::pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        wakePipe = {-1, -1}; // signals are still noted, between two reads
-    struct sigaction action {};
-    action.sa_handler = note; // without SA_RESTART, so that a read or write that waits comes back
     for (const int signal : kSignals) {
         struct sigaction old {};
         if (::sigaction(signal, nullptr, &old) == 0 && old.sa_handler != SIG_IGN) // nohup stays in force
-            ::sigaction(signal, &action, nullptr);
+            handle(signal, note);
     }
 }
 
 Interruption::~Interruption()
 {
-    struct sigaction byDefault {};
-    byDefault.sa_handler = SIG_DFL;
     for (const int signal : kSignals) {
         struct sigaction old {};
         if (::sigaction(signal, nullptr, &old) == 0 && old.sa_handler == note)
-            ::sigaction(signal, &byDefault, nullptr);
+            handle(signal, SIG_DFL);
     }
-    for (int& end : wakePipe)
-        if (end >= 0) {
-            ::close(end);
-            end = -1;
-        }
+    if (noted)
+        ring(kSilent);
 }
 
 bool Interruption::requested() noexcept
 {
     return noted;
-}
-
-void Interruption::waitForInput(int descriptor) noexcept
-{
-    std::array<pollfd, 2> waited{{{descriptor, POLLIN, 0}, {wakePipe[0], POLLIN, 0}}};
-    while (!noted && ::poll(waited.data(), waited.size(), -1) < 0 && errno == EINTR) {
-    }
 }
 
 } // namespace comfortics::cli

@@ -6,6 +6,9 @@ namespace comfortics::cli {
 /// While it lives, Ctrl-C and the requests to end (SIGINT, SIGTERM, SIGHUP) are noted instead of
 /// ending the process at once, so that whoever writes a file can give it up first. At most one
 /// lives at a time.
+///
+/// From the first on, system calls that wait for a pipe or terminal fail with EINTR again and
+/// again, also those that begin only after the signal. Whoever repeats one asks `requested` before.
 class Interruption {
 public:
     Interruption();
@@ -14,9 +17,6 @@ public:
     Interruption& operator=(const Interruption&) = delete;
 
     static bool requested() noexcept;
-
-    /// Waits until the file can be read or an interruption is requested.
-    static void waitForInput(int descriptor) noexcept;
 };
 
 } // namespace comfortics::cli

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "batch/row_pipeline.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/reading_options.h"
 #include "cli/text_table.h"
 #include "core/catalogue.h"
+#include "core/references.h"
+#include "output/csv_cell.h"
 #include "values/text.h"
 
 #include <CLI/CLI.hpp>
@@ -53,7 +54,10 @@ public:
         CLI::App* const command = tool.add_subcommand("list", "List the catalogue of indices");
         command->add_option("--search", m_search, "Only names that contain TEXT, whatever the case")
             ->type_name("TEXT");
-        command->add_option("--limits", m_limitsFile, "Show the limits of FILE")->type_name("FILE");
+        addLimitsOption(*command, m_limitsFile);
+        command->add_flag(
+            "--references", m_references,
+            "Show the id of each index and where it was published, in place of inputs and limits");
         command->add_option("--format", m_format, "Output: text, csv, json or markdown")
             ->check(CLI::IsMember({"text", "csv", "json", "markdown"}))
             ->capture_default_str();
@@ -70,7 +74,7 @@ public:
         if (m_format == "json")
             print(json(rows, limits));
         else
-            print(table(rows, limits));
+            print(m_references ? referenceTable(rows) : indexTable(rows, limits));
         return kDone;
     }
 
@@ -88,21 +92,41 @@ private:
                 std::string(row.source())};
     }
 
-    std::string table(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits) const
+    using Lines = std::vector<std::vector<std::string>>;
+
+    std::string indexTable(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits) const
+    {
+        Lines lines{{"No", "Thermal Index", "Unit", "Inputs", "Gate", "Temperature limits [°C]",
+                     "Wind limits [m/s]", "Source"}};
+        for (const CatalogueRow* row : rows)
+            lines.push_back(cells(*row, limits));
+        return table(lines);
+    }
+
+    std::string referenceTable(const std::vector<const CatalogueRow*>& rows) const
+    {
+        Lines lines{{"No", "Id", "Thermal Index", "Family", "Reference", "Note", "How sure"}};
+        for (const CatalogueRow* row : rows) {
+            const core::Reference& reference = core::reference(row->number);
+            lines.push_back({std::to_string(row->number), std::string(reference.id), std::string(row->name),
+                             std::string(core::familyName(reference.family)), reference.citation(),
+                             std::string(reference.where),
+                             std::string(core::confidenceName(reference.confidence))});
+        }
+        return table(lines);
+    }
+
+    // The first line has the headers.
+    std::string table(const Lines& lines) const
     {
         using enum TextTable::Align;
-        const std::vector<std::string> headers{"No",
-                                               "Thermal Index",
-                                               "Unit",
-                                               "Inputs",
-                                               "Gate",
-                                               "Temperature limits [°C]",
-                                               "Wind limits [m/s]",
-                                               "Source"};
+        const std::vector<std::string>& headers = lines.front();
         if (m_format == "text") {
-            TextTable result(headers, {Right, Left, Left, Left, Left, Left, Left, Left});
-            for (const CatalogueRow* row : rows)
-                result.add(cells(*row, limits));
+            std::vector<TextTable::Align> aligns(headers.size(), Left);
+            aligns.front() = Right;
+            TextTable result(headers, aligns);
+            for (std::size_t i = 1; i < lines.size(); ++i)
+                result.add(lines[i]);
             return result.text();
         }
         const bool markdown = m_format == "markdown";
@@ -116,7 +140,7 @@ private:
                     result += (i == 0 ? "| " : " ") + cell + " |";
                 } else {
                     result += i == 0 ? "" : ",";
-                    batch::appendCsvCell(result, line[i]);
+                    output::appendCsvCell(result, line[i]);
                 }
             }
             result += markdown ? "\n" : "\r\n";
@@ -127,12 +151,12 @@ private:
                 result += i == 0 ? "|---:|" : "---|";
             result += "\n";
         }
-        for (const CatalogueRow* row : rows)
-            addLine(cells(*row, limits));
+        for (std::size_t i = 1; i < lines.size(); ++i)
+            addLine(lines[i]);
         return result;
     }
 
-    static std::string json(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits)
+    std::string json(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits) const
     {
         auto root = nlohmann::ordered_json::array();
         for (const CatalogueRow* row : rows) {
@@ -150,6 +174,17 @@ private:
                                    {"ws_min", bounds.WS_min.number},
                                    {"ws_max", bounds.WS_max.number}};
             entry["source"] = row->source();
+            if (m_references) {
+                const core::Reference& reference = core::reference(row->number);
+                entry["id"] = reference.id;
+                entry["family"] = core::familyName(reference.family);
+                entry["reference"] = {{"authors", reference.authors},
+                                      {"year", reference.year},
+                                      {"title", reference.title},
+                                      {"published", reference.published},
+                                      {"note", reference.where},
+                                      {"confidence", core::confidenceName(reference.confidence)}};
+            }
             root.push_back(std::move(entry));
         }
         return root.dump(2) + "\n";
@@ -158,6 +193,7 @@ private:
     std::string m_search;
     std::string m_limitsFile;
     std::string m_format = "text";
+    bool m_references = false;
 };
 
 } // namespace

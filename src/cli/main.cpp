@@ -3,13 +3,16 @@
 // comfortics-cli: the calculation for scripts and pipelines.
 #include "cli/commands.h"
 #include "cli/exit_status.h"
+#include "cli/interruption.h"
+#include "shell/last_words.h"
 
 #include <CLI/CLI.hpp>
 
 #include <cctype>
+#include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,10 +22,16 @@
 
 namespace comfortics::cli {
 
+// Not through a buffer, which the end of the program would write once more, and wait.
 void print(std::string_view text)
 {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
-        throw FileFailure("The standard output cannot be written.");
+    while (!text.empty()) {
+        const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
+        if (written >= 0)
+            text.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR || Interruption::requested())
+            throw FileFailure("The standard output cannot be written.");
+    }
 }
 
 namespace {
@@ -67,7 +76,9 @@ int run(int argc, char** argv)
         tool.parse(arguments);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) { // help and version
-            tool.exit(error);
+            std::ostringstream text;
+            tool.exit(error, text);
+            print(text.str());
             return kDone;
         }
         // The parser calls a word that is no command "not expected", or misses a command.
@@ -78,14 +89,8 @@ int run(int argc, char** argv)
         return kUsage;
     }
     for (const auto& [app, command] : commands) {
-        if (!app->parsed())
-            continue;
-        try {
+        if (app->parsed())
             return command->run();
-        } catch (const FileFailure& failure) {
-            std::cerr << "comfortics-cli: " << failure.what() << "\n";
-            return kFileFailed;
-        }
     }
     return kUsage;
 }
@@ -100,6 +105,17 @@ int main(int argc, char** argv)
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(stream, F_GETFD) == -1)
             ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
-    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write error with a sentence
-    return comfortics::cli::run(argc, argv);
+    // A closed pipe and a file over the limit of size are write errors with a sentence.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    comfortics::shell::speakBeforeTheEnd("comfortics-cli", comfortics::cli::kRunFailed);
+    try {
+        return comfortics::cli::run(argc, argv);
+    } catch (const comfortics::cli::FileFailure& failure) {
+        std::cerr << "comfortics-cli: " << failure.what() << "\n";
+        return comfortics::cli::kFileFailed;
+    } catch (...) {
+        comfortics::shell::sayLastWords("comfortics-cli");
+        return comfortics::cli::kRunFailed;
+    }
 }

@@ -2,14 +2,16 @@
 #include "cli/reading_options.h"
 
 #include "cli/commands.h"
-#include "shell/status_line.h"
+#include "core/catalogue.h"
+#include "core/references.h"
+#include "values/text.h"
 
 #include <CLI/CLI.hpp>
 
 #include <charconv>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -17,20 +19,23 @@ namespace comfortics::cli {
 
 namespace {
 
-std::filesystem::path programFolder()
+// Nothing where the system does not tell; the working folder is no substitute.
+std::optional<std::filesystem::path> programFolder()
 {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::filesystem::path(".") : program.parent_path();
+    return error ? std::nullopt : std::optional(program.parent_path());
 }
 
 int parseIndex(std::string_view text, const std::string& list)
 {
+    if (const int known = core::indexOfId(text); known != 0)
+        return known;
     int index = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), index);
-    if (error != std::errc() || end != text.data() + text.size() || index < 1 ||
-        index > static_cast<int>(core::kIndexCount))
-        throw std::invalid_argument("\"" + list + "\" is no list of index numbers from 1 to 222");
+    if (error != std::errc() || end != text.data() + text.size() || index < 1 || index > core::kLastIndex)
+        throw std::invalid_argument("\"" + list + "\" is no list of index numbers from 1 to " +
+                                    std::to_string(core::kLastIndex) + " or ids");
     return index;
 }
 
@@ -58,17 +63,12 @@ core::Selection parseSelection(const std::string& list)
 
 void CalculationOptions::addTo(CLI::App& command)
 {
-    constexpr std::array<std::pair<const char*, const char*>, std::tuple_size_v<core::AssumptionTexts>>
-        kNames{{{"--aradu", "Effective radiating area [-]"},
-                {"--emissivity", "Emissivity of the clothed body [-]"},
-                {"--barometric", "Barometric pressure [hPa]"},
-                {"--height", "The box beside \"Body Mass:\""},
-                {"--weight", "The box beside \"Body Stature:\""},
-                {"--friction", "Exponent of the wind profile [-]"}}};
-    for (std::size_t i = 0; i < kNames.size(); ++i)
-        command.add_option(kNames[i].first, m_assumptions[i], kNames[i].second)
+    for (std::size_t i = 0; i < core::kAssumptionCount; ++i) {
+        const core::AssumptionInfo& info = core::kAssumptionInfo[i];
+        command.add_option(std::string(info.option), m_assumptions[i], std::string(info.optionHelp))
             ->group("Assumptions")
             ->capture_default_str();
+    }
     command.add_flag("--ignore-limits", m_ignoreLimits, "Evaluate the indices whatever their limits")
         ->group("Calculation");
     command
@@ -78,12 +78,10 @@ void CalculationOptions::addTo(CLI::App& command)
         ->check(CLI::IsMember({"classic", "robust"}))
         ->capture_default_str()
         ->group("Calculation");
+    addLimitsOption(command, m_limitsFile)->group("Calculation");
     command
-        .add_option("--limits", m_limitsFile,
-                    "Read the limits from FILE instead of Limits.Index beside the program")
-        ->type_name("FILE")
-        ->group("Calculation");
-    command.add_option("--select", m_select, "Evaluate these indices only, for instance 1,5,10-20")
+        .add_option("--select", m_select,
+                    "Evaluate these indices only, for instance 1,5,10-20 or utci,wbgt_outdoor")
         ->type_name("LIST")
         ->group("Calculation")
         ->check([](const std::string& list) {
@@ -96,22 +94,30 @@ void CalculationOptions::addTo(CLI::App& command)
         });
 }
 
+CLI::Option* addLimitsOption(CLI::App& command, std::string& file)
+{
+    return command
+        .add_option("--limits", file, "Read the limits from FILE instead of Limits.Index beside the program")
+        ->type_name("FILE")
+        ->check([](const std::string& name) { return name.empty() ? "the name of the file is empty" : ""; });
+}
+
 core::Limits readLimits(const std::string& file)
 {
-    if (file.empty())
-        return core::Limits::Load_Limits(programFolder() / "Limits.Index");
-    if (!std::ifstream(file) || std::filesystem::is_directory(file))
-        throw FileFailure("The limits file " + file + " cannot be read.");
-    return core::Limits::Load_Limits(file);
+    using State = core::IniFile::State;
+    const std::optional<std::filesystem::path> folder = programFolder();
+    const std::string path = !file.empty() ? file : folder ? (*folder / "Limits.Index").string() : "";
+    core::Limits limits = path.empty() ? core::Limits() : core::Limits::Load_Limits(path);
+    if (limits.fileState() == State::Unreadable || (!file.empty() && limits.fileState() == State::Missing))
+        throw FileFailure("The limits file " + path + " cannot be read: " + limits.fileProblem() + ".");
+    if (const std::string warning = core::limitsWarning(limits, file); !warning.empty())
+        std::cerr << "comfortics-cli: " << warning << "\n";
+    return limits;
 }
 
 core::Limits CalculationOptions::limits() const
 {
-    core::Limits limits = readLimits(m_limitsFile);
-    const std::string warning = m_limitsFile.empty() ? shell::limitsWarning(limits) : std::string();
-    if (!warning.empty())
-        std::cerr << "comfortics-cli: " << warning << "\n";
-    return limits;
+    return readLimits(m_limitsFile);
 }
 
 core::Settings CalculationOptions::settings() const
@@ -126,12 +132,12 @@ core::Settings CalculationOptions::settings() const
 
 void ReadingOptions::addTo(CLI::App& command)
 {
-    constexpr std::array<const char*, core::kReadingCount> kNames{"--ta", "--tg", "--sr",
-                                                                  "--td", "--rh", "--ws"};
-    for (std::size_t i = 0; i < core::kReadingCount; ++i)
-        command.add_option(kNames[i], m_texts[i], std::string(core::kReadingInfo[i].hint))
+    for (std::size_t i = 0; i < core::kReadingCount; ++i) {
+        const core::ReadingInfo& info = core::kReadingInfo[i];
+        command.add_option("--" + values::lowered(info.symbol()), m_texts[i], std::string(info.hint))
             ->type_name("TEXT")
             ->group("Readings");
+    }
 }
 
 std::array<std::string_view, core::kReadingCount> ReadingOptions::texts() const

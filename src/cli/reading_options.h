@@ -8,12 +8,17 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace comfortics::cli {
 
-/// The limits of a file named on the command line, which must be readable (throws FileFailure), or
-/// of Limits.Index beside the program, which may be missing, if the name is empty.
+/// Adds --limits, whose FILE must have a name.
+CLI::Option* addLimitsOption(CLI::App& command, std::string& file);
+
+/// The limits of a file named on the command line or, if the name is empty, of Limits.Index beside the
+/// program, which alone may be missing. Throws FileFailure where it cannot be read; warns on standard
+/// error of what it lacks.
 core::Limits readLimits(const std::string& file);
 
 /// The options that `calc` and `batch` share: assumptions, limits, selection.
@@ -21,12 +26,12 @@ class CalculationOptions {
 public:
     void addTo(CLI::App& command);
 
-    /// Warns on standard error where the file beside the program gives no limits.
-    core::Limits limits() const;
+    core::Limits limits() const; ///< see readLimits
     core::Settings settings() const;
     const core::AssumptionTexts& assumptions() const noexcept { return m_assumptions; }
 
-    bool reasons = false; ///< say why a value is blank
+    bool reasons = false;    ///< say why a value is blank
+    bool provenance = false; ///< say the rules and the use of limits
 
 private:
     core::AssumptionTexts m_assumptions = core::AssumptionBoxes().texts();

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,24 +17,44 @@ namespace comfortics::controls {
 /// A six-digit colour in the order blue, green, red: 0xFFFF00 is cyan on the screen.
 using Color = std::uint32_t;
 
-/// Two listeners: the form's own handler of an event, and the view that repeats the control on the
-/// screen. At most one of each; an unset one is silent.
-class Event {
+/// The place of one listener. A second would silence the first, so it is refused: std::logic_error.
+template <class... Told>
+class Ear {
 public:
-    void handle(std::function<void()> handler) { m_handler = std::move(handler); }
-    void watch(std::function<void()> view) { m_view = std::move(view); }
-    /// The view first, so that whatever the handler writes is shown after what raised it.
-    void raise() const
+    /// An empty function frees the place.
+    void set(std::function<void(Told...)> listener)
     {
-        if (m_view)
-            m_view();
-        if (m_handler)
-            m_handler();
+        if (m_listener && listener)
+            throw std::logic_error("a second listener would silence the first");
+        m_listener = std::move(listener);
+    }
+    /// Silent while nobody listens.
+    void tell(Told... told) const
+    {
+        if (m_listener)
+            m_listener(told...);
     }
 
 private:
-    std::function<void()> m_handler;
-    std::function<void()> m_view;
+    std::function<void(Told...)> m_listener;
+};
+
+/// Two listeners: the form's own handler of an event, and the view that repeats the control on the
+/// screen. At most one of each.
+class Event {
+public:
+    void handle(std::function<void()> handler) { m_handler.set(std::move(handler)); }
+    void watch(std::function<void()> view) { m_view.set(std::move(view)); }
+    /// The view first, so that whatever the handler writes is shown after what raised it.
+    void raise() const
+    {
+        m_view.tell();
+        m_handler.tell();
+    }
+
+private:
+    Ear<> m_handler;
+    Ear<> m_view;
 };
 
 /// What every control has: it can be hidden, greyed and moved.
@@ -92,12 +113,8 @@ public:
     /// Asks the view for the keyboard focus; without a view nothing happens.
     void setFocus() { focus.raise(); }
 
-    void press(KeyPress key) const
-    {
-        if (m_keyDown)
-            m_keyDown(key);
-    }
-    void onKeyDown(std::function<void(KeyPress)> handler) { m_keyDown = std::move(handler); }
+    void press(KeyPress key) const { m_keyDown.tell(key); }
+    void onKeyDown(std::function<void(KeyPress)> handler) { m_keyDown.set(std::move(handler)); }
 
     Event change;
     Event doubleClick;
@@ -108,7 +125,7 @@ private:
     std::string m_text;
     std::size_t m_caret = 0;
     Color m_backColor = 0xFFFFFF;
-    std::function<void(KeyPress)> m_keyDown;
+    Ear<KeyPress> m_keyDown;
 };
 
 /// A caption that code writes and a user reads.

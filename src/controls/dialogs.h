@@ -4,6 +4,7 @@
 // prepared answers.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -19,6 +20,7 @@ struct MessageBox {
     std::string title = {};
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
+    std::string offer = {};    ///< the text of a button beside OK, which answers Yes; none if empty
     std::string checkBox = {}; ///< the text of a check box under the message; none if empty
     bool* checked = nullptr;   ///< where the tick of the check box is left
 };
@@ -39,12 +41,14 @@ public:
     virtual std::string text() = 0;
 };
 
-/// A dialog that asks where to save.
+/// A dialog that asks where to save. A folder that does not exist is no answer.
 struct SaveRequest {
     std::string title;
-    std::string filter = {};   ///< as the form words it, possibly without a pattern
-    std::string fileName = {}; ///< the name offered
-    bool overwritePrompt = false;
+    std::string filter = {};      ///< as the form words it
+    std::string fileName = {};    ///< the name offered
+    bool overwritePrompt = false; ///< asks before a file that exists is an answer
+    /// The file that the form writes for a chosen path, which the prompt is about; the path itself if none.
+    std::function<std::string(const std::string& path)> written = {};
 };
 
 /// A dialog that asks for a file to read.

@@ -97,8 +97,9 @@ public:
     virtual void box(double x1, double y1, double x2, double y2) = 0;
     virtual void paintPicture(const Image& image, double x, double y, double width, double height) = 0;
 
-    /// Draws text in the current font at the top of the rectangle, aligned by the flags and cut at
-    /// its edges; lines break at line breaks only. Returns the height of the text in pixels. With
+    /// Draws text in the current font at the top of the rectangle, aligned by the flags; lines break
+    /// at line breaks only. A text that is wider than the rectangle gets a smaller size, in the middle
+    /// of the height that it would have taken. Returns the height of the text in pixels. With
     /// DT_CALCRECT nothing is drawn and the rectangle takes the size of the text.
     virtual int drawText(std::string_view text, PixelRect& rectangle, unsigned flags) = 0;
 };

@@ -558,8 +558,7 @@ void Grid::mouseDown(MouseButton button, std::size_t row, std::size_t col, bool 
         else
             select(firstRow, col, lastRow, col);
     }
-    if (m_mouseDown)
-        m_mouseDown(button);
+    m_mouseDown.tell(button);
 }
 
 void Grid::drag(std::size_t row, std::size_t col)
@@ -578,8 +577,8 @@ void Grid::tell(const GridChange& change)
 {
     if (m_bulks > 0)
         m_gathered.add(change);
-    else if (m_view)
-        m_view(change);
+    else
+        m_view.tell(change);
 }
 
 void Grid::tellLayout()

@@ -160,13 +160,9 @@ public:
     void mouseDown(MouseButton button, std::size_t row, std::size_t col, bool shift = false);
     /// With the left button held: moves mouse and extent.
     void drag(std::size_t row, std::size_t col);
-    void onMouseDown(std::function<void(MouseButton)> handler) { m_mouseDown = std::move(handler); }
-    void press(KeyPress key) const
-    {
-        if (m_keyDown)
-            m_keyDown(key);
-    }
-    void onKeyDown(std::function<void(KeyPress)> handler) { m_keyDown = std::move(handler); }
+    void onMouseDown(std::function<void(MouseButton)> handler) { m_mouseDown.set(std::move(handler)); }
+    void press(KeyPress key) const { m_keyDown.tell(key); }
+    void onKeyDown(std::function<void(KeyPress)> handler) { m_keyDown.set(std::move(handler)); }
 
     /// A sentence about a cell, for whoever hovers over it; empty where there is none. Asked for
     /// when needed, never stored.
@@ -177,7 +173,7 @@ public:
     }
 
     /// The view's listener; at most one.
-    void watch(std::function<void(const GridChange&)> view) { m_view = std::move(view); }
+    void watch(std::function<void(const GridChange&)> view) { m_view.set(std::move(view)); }
 
     /// While it lives, changes are gathered; they are told as one when the last one ends.
     class Bulk {
@@ -242,10 +238,10 @@ private:
     int m_rowHeightMin = 0;
     int m_gridLineWidth = 1;
     FontRef m_font = std::make_shared<const Font>();
-    std::function<void(MouseButton)> m_mouseDown;
-    std::function<void(KeyPress)> m_keyDown;
+    Ear<MouseButton> m_mouseDown;
+    Ear<KeyPress> m_keyDown;
     std::function<std::string(std::size_t, std::size_t)> m_notes;
-    std::function<void(const GridChange&)> m_view;
+    Ear<const GridChange&> m_view;
     int m_bulks = 0;
     GridChange m_gathered;
 };

@@ -45,14 +45,16 @@ std::string phrase(const std::string& where)
 
 } // namespace
 
+std::array<controls::TextBox*, kAssumptionCount> AssumptionBoxes::all()
+{
+    return {&txt_ArAdu, &txt_Emmisivity, &txt_Barometric, &txt_Height, &txt_Weight, &txt_Friction};
+}
+
 void AssumptionBoxes::write(const AssumptionTexts& texts)
 {
-    txt_ArAdu.setText(texts[0]);
-    txt_Emmisivity.setText(texts[1]);
-    txt_Barometric.setText(texts[2]);
-    txt_Height.setText(texts[3]);
-    txt_Weight.setText(texts[4]);
-    txt_Friction.setText(texts[5]);
+    const auto boxes = all();
+    for (std::size_t i = 0; i < kAssumptionCount; ++i)
+        boxes[i]->setText(texts[i]);
 }
 
 AssumptionTexts AssumptionBoxes::texts() const
@@ -74,8 +76,7 @@ formulas::Assumptions AssumptionBoxes::read() const
 
 std::string Failure::sentence() const
 {
-    return "The calculation stopped " + phrase(where) + ": " + why +
-           ". By the robust rules (in the options or with --rules robust) it would go on.";
+    return "The calculation stopped " + phrase(where) + ": " + why + ". " + std::string(advice);
 }
 
 Calculation::Calculation(const Limits& limits, controls::Messages& messages)
@@ -83,22 +84,41 @@ Calculation::Calculation(const Limits& limits, controls::Messages& messages)
 {
 }
 
+Inputs Calculation::inputs(const Settings& settings) const
+{
+    Inputs result{{}, assumptions.texts(), settings};
+    for (std::size_t i = 0; i < kReadingCount; ++i)
+        result.readings[i] = readings.text(static_cast<Reading>(i));
+    return result;
+}
+
 RunStatus Calculation::run(const Settings& settings)
+{
+    ++m_runs;
+    m_resultInputs.reset();
+    const RunStatus status = runSequence(settings);
+    m_resultInputs = inputs(settings);
+    if (status != RunStatus::Rejected)
+        m_liveInputs = m_resultInputs;
+    return status;
+}
+
+RunStatus Calculation::runSequence(const Settings& settings)
 {
     m_failure.reset();
     m_explanation.clear();
+    m_messagesShown = 0;
+    m_messagesHidden = false;
     m_driver.reset();
     m_availability.reset();
     m_rules = settings.rules;
     m_models.setRules(settings.rules);
 
-    // A globe temperature more than 10 degrees below the air temperature is thrown away.
-    if (values::val(readings.txt_TG.text()) < values::val(readings.txt_TA.text()) - 10)
-        readings.txt_TG.setText("");
+    readings.dropColdGlobe();
     blankResults();
     if (!readings.valid())
         return RunStatus::Rejected;
-    if (m_rules == Rules::Robust)
+    if (m_rules != Rules::Classic)
         readings.dropUnfinished();
 
     try {
@@ -106,10 +126,10 @@ RunStatus Calculation::run(const Settings& settings)
     } catch (const RunFailure& failure) {
         m_failure = Failure{m_where.empty() ? std::string(kIndexPrefix) + std::to_string(m_driver.counter())
                                             : m_where,
-                            failure.why()};
+                            failure.why(), advice};
         blankResults();
         blankLive();
-        for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+        for (int index = 1; index <= kLastIndex; ++index)
             m_driver.outcome(index).kind =
                 settings.selection.contains(index) ? OutcomeKind::RunFailed : OutcomeKind::NotSelected;
         return RunStatus::Failed;
@@ -129,6 +149,7 @@ void Calculation::calculate(const Settings& settings)
          {Live::Ta, Live::Tg, Live::Td, Live::WS, Live::SR, Live::RH, Live::Tnwb, Live::Tpwb})
         writeCaption(quantity, {});
 
+    loseImpossibleReadings();
     attempt(
         "UTCI_Regression", [this] { runUtciIn(copy(Reading::WS)); }, [](const std::string&) {});
     attempt(
@@ -162,19 +183,23 @@ void Calculation::calculate(const Settings& settings)
         "Saturation_Pressure_Hardy",
         [&] {
             Ta = copy(Reading::TA);
+            mustExist(Live::Ta, Ta);
             Es = formulas::Saturation_Pressure_Hardy(Ta.number());
         },
         [this](const std::string& why) { m_availability.lose(Live::Es, why); });
     deriveHumidity(Ta, Td, RH);
     Variant Ea;
     attempt(
-        "Vapor_Pressure_Magnus", [&] { Ea = formulas::Vapor_Pressure_Magnus(Td.number()); },
+        "Vapor_Pressure_Magnus",
+        [&] {
+            mustExist(Live::Td, Td);
+            Ea = formulas::Vapor_Pressure_Magnus(Td.number());
+        },
         [this](const std::string& why) { m_availability.lose(Live::Ea, why); });
 
     m_where = "captions";
     const auto writeRounded = [this](Live quantity, const Variant& value) {
-        writeCaption(quantity, m_availability.has(quantity) ? values::format(value, values::kFormat0_00000)
-                                                            : std::string());
+        writeCaption(quantity, values::format(value, values::kFormat0_00000));
     };
     writeRounded(Live::Ta, Ta);
     writeRounded(Live::Tg, Tg);
@@ -190,7 +215,7 @@ void Calculation::calculate(const Settings& settings)
 
     m_where.clear();
     m_driver.run(settings, assumptions.read(), m_availability);
-    for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+    for (int index = 1; index <= kLastIndex; ++index)
         if (!settings.selection.contains(index))
             writeResult(index, {});
 }
@@ -205,7 +230,9 @@ void Calculation::deriveHumidity(Variant& Ta, Variant& Td, Variant& RH)
             [&] {
                 Ta = copy(Reading::TA);
                 RH = copy(Reading::RH);
-                Td.assign(formulas::Dew_Point_Magnus(*this, Ta.number(), RH.number()));
+                mustExist(Live::Ta, Ta);
+                Td.assign(models::showDewPoint(*this, Ta.number(), RH.number()));
+                mustExist(Live::Td, Td);
             },
             [this](const std::string& why) { m_availability.lose(Live::Td, why); });
     if (dewPointGiven)
@@ -214,7 +241,9 @@ void Calculation::deriveHumidity(Variant& Ta, Variant& Td, Variant& RH)
             [&] {
                 Ta = copy(Reading::TA);
                 Td = copy(Reading::DP);
-                RH.assign(formulas::Relative_Humidity_Magnus(*this, Ta.number(), Td.number()));
+                mustExist(Live::Ta, Ta);
+                mustExist(Live::Td, Td);
+                RH.assign(models::showRelativeHumidity(*this, Ta.number(), Td.number()));
             },
             [this](const std::string& why) { m_availability.lose(Live::RH, why); });
     if (!dewPointGiven && !humidityGiven) { // emptied as the readings were rounded
@@ -222,6 +251,23 @@ void Calculation::deriveHumidity(Variant& Ta, Variant& Td, Variant& RH)
         m_availability.lose(Live::Td, why);
         m_availability.lose(Live::RH, why);
     }
+}
+
+// By the robust rules a temperature below absolute zero is no reading.
+void Calculation::loseImpossibleReadings()
+{
+    constexpr std::pair<Live, Reading> kTemperatures[] = {
+        {Live::Ta, Reading::TA}, {Live::Tg, Reading::TG}, {Live::Td, Reading::DP}};
+    for (const auto& row : kTemperatures)
+        attempt(
+            "readings", [&] { mustExist(row.first, copy(row.second)); },
+            [&](const std::string& why) { m_availability.lose(row.first, why); });
+}
+
+void Calculation::mustExist(Live temperature, const Variant& value) const
+{
+    if (m_rules != Rules::Classic && !value.isEmptyText())
+        models::mustBeAboveAbsoluteZero(temperature, value.number());
 }
 
 // One step of the sequence. By the classic rules its failure ends the run; by the robust rules it
@@ -270,12 +316,19 @@ std::string Calculation::whyBlank(int index) const
                           m_failure ? m_failure->sentence() : std::string());
 }
 
-// A model's text where a number is taken ends the run.
+std::string Calculation::whyDoubtful(int index) const
+{
+    return core::whyDoubtful(index, m_driver.outcome(index), m_limits);
+}
+
+// A model's text where a number is taken ends the run. By the robust rules nothing counts as 0.
 Number Calculation::taken(const Variant& modelResult) const
 {
     if (modelResult.isText())
         throw RunFailure(m_explanation.empty() ? "the model answers \"" + modelResult.text() + "\""
                                                : m_explanation);
+    if (m_rules != Rules::Classic && modelResult.isEmpty())
+        throw RunFailure("the model has no value");
     return modelResult.number();
 }
 
@@ -287,6 +340,8 @@ void Calculation::keepWbgtOutdoor(Number value)
 
 void Calculation::writeCaption(Live quantity, std::string text)
 {
+    if (!m_availability.has(quantity)) // a model may write what it then fails on
+        text.clear();
     m_liveValues[place(quantity)] = values::val(text);
     if (quantity == Live::Td)
         m_vapourPressure.reset();
@@ -300,7 +355,14 @@ void Calculation::writeSolarRadiationResult(std::string text)
 
 void Calculation::showMessage(const std::string& text)
 {
-    m_messages.show({.text = text});
+    if (m_messagesHidden)
+        return;
+    controls::MessageBox box{.text = text};
+    if (m_messagesShown++ > 0) { // one calculation can have more than a thousand
+        box.checkBox = "Do not show this again for this calculation";
+        box.checked = &m_messagesHidden;
+    }
+    m_messages.show(box);
 }
 
 void Calculation::explain(std::string why)

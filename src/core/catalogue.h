@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/formula_call.h"
+#include "formulas/formula_call.h"
 #include "formulas/live_quantity.h"
 #include "values/number_text.h"
 #include "values/variant.h"
@@ -16,8 +16,14 @@
 namespace comfortics::core {
 
 class Driver;
+struct DriverRun;
+
+using formulas::FormulaCall;
+using formulas::FormulaInputs;
+using formulas::kMostInputs;
 
 inline constexpr std::size_t kIndexCount = 222;
+inline constexpr int kLastIndex = static_cast<int>(kIndexCount); ///< they are numbered from 1
 
 /// Where an input of an index comes from.
 enum class Input : std::uint8_t {
@@ -92,7 +98,7 @@ enum class GateWind : std::uint8_t { AsMeasured, At10m };
 /// One index: everything the driver and the tables know of it.
 struct CatalogueRow {
     /// A block that differs from the template, as a procedure of the driver.
-    using Block = values::Variant (Driver::*)();
+    using Block = values::Variant (Driver::*)(DriverRun&);
 
     int number = 0;
     std::string_view name;
@@ -103,7 +109,7 @@ struct CatalogueRow {
     InputList inputs;
     InputList robustInputs{}; ///< what the row reads in their place by the robust rules, where that differs
     FormulaCall formula{};
-    Block block = nullptr; ///< takes the place of the formula where set
+    Block block = nullptr; ///< takes the place of the template where set
     values::Format format = values::kFormat0_0;
 
     /// Author and year of the published formula, from the end of the name; empty for read-outs
@@ -111,10 +117,10 @@ struct CatalogueRow {
     std::string_view source() const;
 };
 
-/// The 222 indices; row i - 1 is index i.
+/// The indices; row i - 1 is index i.
 std::span<const CatalogueRow, kIndexCount> catalogue();
 
-/// Row of index 1 to 222.
+/// Row of index 1 to kLastIndex.
 const CatalogueRow& catalogueRow(int index);
 
 } // namespace comfortics::core

@@ -2,7 +2,6 @@
 #include "core/driver.h"
 
 #include "formulas/primitives.h"
-#include "formulas/radiant.h"
 #include "values/run_failure.h"
 
 #include <utility>
@@ -26,63 +25,67 @@ void Driver::reset()
 void Driver::run(const Settings& settings, const formulas::Assumptions& assumptions,
                  const Availability& availability)
 {
-    m_settings = &settings;
-    m_assumptions = &assumptions;
-    m_availability = &availability;
+    DriverRun run{settings, assumptions, availability};
     m_counter = 0;
-    Indices_001to050();
-    Indices_051to100();
-    Indices_101to150();
-    Indices_151to200();
-    Indices_201to222();
+    Indices_001to050(run);
+    Indices_051to100(run);
+    Indices_101to150(run);
+    Indices_151to200(run);
+    Indices_201to222(run);
 }
 
-void Driver::Indices_001to050()
+void Driver::Indices_001to050(DriverRun& run)
 {
-    runProcedure(50);
+    runProcedure(run, 50);
 }
 
-void Driver::Indices_051to100()
+void Driver::Indices_051to100(DriverRun& run)
 {
-    runProcedure(100);
+    runProcedure(run, 100);
 }
 
-void Driver::Indices_101to150()
+void Driver::Indices_101to150(DriverRun& run)
 {
-    runProcedure(150);
+    runProcedure(run, 150);
 }
 
-void Driver::Indices_151to200()
+void Driver::Indices_151to200(DriverRun& run)
 {
-    runProcedure(200);
+    runProcedure(run, 200);
 }
 
-void Driver::Indices_201to222()
+void Driver::Indices_201to222(DriverRun& run)
 {
-    runProcedure(222);
+    runProcedure(run, kLastIndex);
 }
 
-void Driver::runProcedure(int last)
+void Driver::runProcedure(DriverRun& run, int last)
 {
-    m_staleEa = 0;
+    run.staleEa = 0;
     while (m_counter < last) {
         ++m_counter;
-        if (m_settings->rules == Rules::Robust)
-            runBlockAlone(catalogueRow(m_counter));
+        if (run.settings.rules != Rules::Classic)
+            runBlockAlone(run, catalogueRow(m_counter));
         else
-            runBlock(catalogueRow(m_counter));
+            runBlock(run, catalogueRow(m_counter));
     }
 }
 
 // One index by the robust rules: whatever fails in it costs its own value alone.
-void Driver::runBlockAlone(const CatalogueRow& row)
+void Driver::runBlockAlone(DriverRun& run, const CatalogueRow& row)
 {
     std::string why;
-    if (m_settings->selection.contains(row.number))
-        why = m_availability->whyNot(row, m_settings->ignoreLimits);
+    if (run.settings.selection.contains(row.number))
+        why = run.availability.whyNot(row, run.settings.ignoreLimits);
     if (why.empty()) {
         try {
-            runBlock(row);
+            runBlock(run, row);
+            if (run.settings.ignoreLimits)
+                why = run.availability.whyNot(row, false);
+            if (!why.empty()) { // it was judged by a quantity that has no value
+                outcome(row.number).limits = OutcomeKind::RunFailed;
+                outcome(row.number).failure = std::move(why);
+            }
             return;
         } catch (const RunFailure& failure) {
             why = "The formula fails: " + failure.why() + ".";
@@ -94,26 +97,26 @@ void Driver::runBlockAlone(const CatalogueRow& row)
     m_desk.writeResult(row.number, {});
 }
 
-void Driver::runBlock(const CatalogueRow& row)
+void Driver::runBlock(DriverRun& run, const CatalogueRow& row)
 {
     Outcome& result = outcome(row.number);
     result = {};
-    if (!m_settings->selection.contains(row.number)) {
+    if (!run.settings.selection.contains(row.number)) {
         result.kind = OutcomeKind::NotSelected;
         return; // the entry is left alone here and blanked at the end of the sequence
     }
-    if (row.gate != Gate::None && !passes(row, result)) {
+    if (row.gate != Gate::None && !passes(run, row, result)) {
         m_desk.writeResult(row.number, {});
         return;
     }
-    const Variant value = row.block != nullptr ? (this->*row.block)() : evaluate(row);
+    const Variant value = row.block != nullptr ? (this->*row.block)(run) : evaluate(run, row);
     result.kind = value.isEmpty() ? OutcomeKind::NoValue : OutcomeKind::Value;
     m_desk.writeResult(row.number, values::format(value, row.format));
 }
 
 // Both tests are inclusive at both ends. The wind test can only turn a pass into a failure, and a
 // highest wind of 0 or less switches it off.
-bool Driver::passes(const CatalogueRow& row, Outcome& result)
+bool Driver::passes(const DriverRun& run, const CatalogueRow& row, Outcome& result) const
 {
     const IndexLimits& limits = m_limits.of(row.number);
     const Number Ta = m_desk.live(Live::Ta);
@@ -135,7 +138,7 @@ bool Driver::passes(const CatalogueRow& row, Outcome& result)
         X = m_desk.WBGT_Outdoor_Value();
         break;
     }
-    const Number wind = row.gateWind == GateWind::At10m ? windAt10m() : m_desk.live(Live::WS);
+    const Number wind = row.gateWind == GateWind::At10m ? windAt10m(run) : m_desk.live(Live::WS);
 
     bool temperaturePasses = false;
     if (row.gate == Gate::Text) {
@@ -150,34 +153,37 @@ bool Driver::passes(const CatalogueRow& row, Outcome& result)
 
     result.gatedValue = X.value();
     result.wind = wind.value();
-    if (m_settings->ignoreLimits || (temperaturePasses && windPasses))
+    if (temperaturePasses && windPasses)
         return true;
-    result.kind = temperaturePasses ? OutcomeKind::OutsideWind : OutcomeKind::OutsideTemperature;
-    return false;
+    const OutcomeKind outside =
+        temperaturePasses ? OutcomeKind::OutsideWind : OutcomeKind::OutsideTemperature;
+    (run.settings.ignoreLimits ? result.limits : result.kind) = outside;
+    return run.settings.ignoreLimits;
 }
 
-Variant Driver::evaluate(const CatalogueRow& row)
+Variant Driver::evaluate(DriverRun& run, const CatalogueRow& row, const InputList& inputs)
 {
-    FormulaInputs inputs;
+    FormulaInputs numbers;
     std::size_t count = 0;
-    for (const Input input : row.inputs)
-        inputs[count++] = read(input);
-    return row.formula.function({*m_assumptions, m_desk.captions(), m_settings->rules}, inputs);
+    for (const Input input : inputs)
+        numbers[count++] = read(run, input);
+    const auto value = row.formula.function({run.assumptions, run.settings.rules}, numbers);
+    return value ? Variant(*value) : Variant();
 }
 
-Number Driver::read(Input input)
+Number Driver::read(DriverRun& run, Input input)
 {
     if (const auto quantity = liveOf(input))
         return m_desk.live(*quantity);
     switch (input) {
     case Input::Ea:
-        return m_staleEa = m_desk.vapourPressure();
+        return run.staleEa = m_desk.vapourPressure();
     case Input::Wbgt:
         return m_desk.WBGT_Outdoor_Text();
     case Input::StaleEa:
-        return m_staleEa;
+        return run.staleEa;
     case Input::WindAt10m:
-        return windAt10m();
+        return windAt10m(run);
     case Input::Unset:
         return 0;
     default: // the raw texts
@@ -185,37 +191,42 @@ Number Driver::read(Input input)
     }
 }
 
-Number Driver::windAt10m() const
+Number Driver::windAt10m(const DriverRun& run) const
 {
-    return formulas::Wind_At_10m(*m_assumptions, m_desk.boxText(Input::TextWS).number());
+    return formulas::Wind_At_10m(run.assumptions, m_desk.boxText(Input::TextWS).number());
 }
 
-Variant Driver::block100()
+Variant Driver::block100(DriverRun& /*run*/)
 {
     return m_desk.runMeanRadiantTemperature();
 }
 
-Variant Driver::block195()
+Variant Driver::block195(DriverRun& run)
 {
-    return m_desk.runUtci(windAt10m());
+    return m_desk.runUtci(windAt10m(run));
 }
 
-Variant Driver::block196()
+Variant Driver::block196(DriverRun& run)
 {
-    if (m_settings->rules == Rules::Robust)
-        return formulas::Index_196(read(Input::Ta), read(Input::WS), read(Input::RH), read(Input::SR));
-    return formulas::Index_196(m_desk.boxText(Input::TextTa), m_desk.boxText(Input::TextWS),
-                               m_desk.boxText(Input::TextRH), m_desk.boxText(Input::TextSR));
+    const CatalogueRow& row = catalogueRow(196);
+    return evaluate(run, row, run.settings.rules != Rules::Classic ? row.robustInputs : row.inputs);
 }
 
-Variant Driver::block199()
+Variant Driver::block199(DriverRun& /*run*/)
 {
     return m_desk.runWbgtIndoor();
 }
 
-Variant Driver::block200()
+Variant Driver::block200(DriverRun& /*run*/)
 {
     return m_desk.runWbgtOutdoor();
+}
+
+Variant Driver::block208(DriverRun& run)
+{
+    const Number Td = formulas::Dew_Point_Magnus(read(run, Input::Ta), read(run, Input::RH));
+    m_desk.writeCaption(Live::Td, values::format(Td.value(), values::kFormat00_00000));
+    return evaluate(run, catalogueRow(208));
 }
 
 } // namespace comfortics::core

@@ -21,7 +21,8 @@ class DriverDesk {
 public:
     /// A live quantity's caption read as a number.
     virtual values::Number live(formulas::Live quantity) const = 0;
-    virtual formulas::Captions& captions() = 0;
+    /// Writes the caption of a live quantity.
+    virtual void writeCaption(formulas::Live quantity, std::string text) = 0;
     /// `Vapor_Pressure_Magnus` of the dew point's caption, through its number text [hPa].
     virtual values::Number vapourPressure() = 0;
     /// The outdoor WBGT that the calculation keeps, as it is and through its number text [°C].
@@ -41,6 +42,14 @@ protected:
     ~DriverDesk() = default;
 };
 
+/// What the blocks of one run share.
+struct DriverRun {
+    const Settings& settings;
+    const formulas::Assumptions& assumptions;
+    const Availability& availability;
+    values::Number staleEa{}; ///< a variable of each procedure: 0 until a block reads `Ea`
+};
+
 /// Evaluates the catalogue: one block per index, in order, in five procedures.
 class Driver {
 public:
@@ -52,10 +61,10 @@ public:
     void run(const Settings& settings, const formulas::Assumptions& assumptions,
              const Availability& availability = {});
 
-    /// The running index counter: the index being evaluated, 222 after a run.
+    /// The running index counter: the index being evaluated, kLastIndex after a run.
     int counter() const noexcept { return m_counter; }
 
-    /// What became of index 1 to 222 in the last run.
+    /// What became of index 1 to kLastIndex in the last run.
     const Outcome& outcome(int index) const { return m_outcomes.at(static_cast<std::size_t>(index - 1)); }
     Outcome& outcome(int index) { return m_outcomes.at(static_cast<std::size_t>(index - 1)); }
 
@@ -65,40 +74,42 @@ public:
     // Blocks that differ from the template.
 
     /// Mean radiant temperature: the model on the box texts; it writes its caption again.
-    values::Variant block100();
+    values::Variant block100(DriverRun& run);
     /// UTCI with the wind at 10 m, a plain number, in place of the typed wind's text.
-    values::Variant block195();
+    values::Variant block195(DriverRun& run);
     /// Radiative effective temperature on the raw texts of its boxes; by the robust rules on the
     /// live quantities, like all other indices.
-    values::Variant block196();
+    values::Variant block196(DriverRun& run);
     /// Indoor WBGT on the box texts.
-    values::Variant block199();
+    values::Variant block199(DriverRun& run);
     /// Outdoor WBGT on the box texts; its captions and entry 159 are written again at this point,
-    /// so that indices 201 to 222 see them and earlier ones do not.
-    values::Variant block200();
+    /// so that indices from 201 on see them and earlier ones do not.
+    values::Variant block200(DriverRun& run);
+    /// Wet kata cooling power. Its own dew point becomes the caption of Td, which later indices read.
+    values::Variant block208(DriverRun& run);
 
 private:
-    void Indices_001to050();
-    void Indices_051to100();
-    void Indices_101to150();
-    void Indices_151to200();
-    void Indices_201to222();
+    void Indices_001to050(DriverRun& run);
+    void Indices_051to100(DriverRun& run);
+    void Indices_101to150(DriverRun& run);
+    void Indices_151to200(DriverRun& run);
+    void Indices_201to222(DriverRun& run);
 
-    void runProcedure(int last);
-    void runBlock(const CatalogueRow& row);
-    void runBlockAlone(const CatalogueRow& row);
-    bool passes(const CatalogueRow& row, Outcome& outcome);
-    values::Variant evaluate(const CatalogueRow& row);
-    values::Number read(Input input);
-    values::Number windAt10m() const;
+    void runProcedure(DriverRun& run, int last);
+    void runBlock(DriverRun& run, const CatalogueRow& row);
+    void runBlockAlone(DriverRun& run, const CatalogueRow& row);
+    bool passes(const DriverRun& run, const CatalogueRow& row, Outcome& outcome) const;
+    values::Variant evaluate(DriverRun& run, const CatalogueRow& row)
+    {
+        return evaluate(run, row, row.inputs);
+    }
+    values::Variant evaluate(DriverRun& run, const CatalogueRow& row, const InputList& inputs);
+    values::Number read(DriverRun& run, Input input);
+    values::Number windAt10m(const DriverRun& run) const;
 
     DriverDesk& m_desk;
     const Limits& m_limits;
-    const Settings* m_settings = nullptr;
-    const Availability* m_availability = nullptr;
-    const formulas::Assumptions* m_assumptions = nullptr;
     int m_counter = 0;
-    values::Number m_staleEa; // a variable of each procedure: 0 until a block reads `Ea`
     std::array<Outcome, kIndexCount> m_outcomes{};
 };
 

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace comfortics::core {
 
@@ -58,6 +59,13 @@ Frm_Main::Frm_Main(const Limits& limits, controls::Messages& messages, Windows& 
     Img_Calculate.click.handle([this] { cmd_Show_Results.setValue(true); });
     Check_All_Indices.click.handle([this] { Check_All_Indices_Click(); });
     txt_Search_List.change.handle([this] { txt_Search_List_Change(); });
+    calculation.readings.onRemark([this](const std::string& remark) { hear(remark); });
+    calculation.readings.changed.handle([this] { tellStanding(); });
+    for (TextBox* box : calculation.assumptions.all())
+        box->change.handle([this] { tellStanding(); });
+    Opt_Limits.click.handle([this] { tellStanding(); });
+    Opt_Rules.click.handle([this] { tellStanding(); });
+    List_Indices.change.handle([this] { tellStanding(); });
     Menu_Options.click.handle([this] { Menu_Options_Click(); });
     Menu_Raw_Data.click.handle([this] { m_windows.showRawData(); });
     Menu_Radiation.click.handle([this] { m_windows.showRadiation(); });
@@ -85,6 +93,7 @@ void Frm_Main::Form_Load()
     for (std::size_t index = 1; index <= kIndexCount; ++index)
         List_Indices.addItem(results.lbl_Index[index].caption());
     Check_All_Indices.setChecked(true);
+    tellStanding();
 }
 
 Settings Frm_Main::settings() const
@@ -97,18 +106,90 @@ Settings Frm_Main::settings() const
     return result;
 }
 
+bool Frm_Main::liveIsEarlier() const
+{
+    return calculation.liveInputs() && *calculation.liveInputs() != inputs();
+}
+
+bool Frm_Main::resultsAreEarlier() const
+{
+    return calculation.resultInputs() && *calculation.resultInputs() != inputs();
+}
+
+void Frm_Main::hear(const std::string& remark)
+{
+    if (remark.empty()) {
+        if (!m_calculating && !m_told.empty())
+            tell({});
+    } else if (m_calculating)
+        m_remarks += " " + remark;
+    else
+        tell(remark);
+}
+
+void Frm_Main::tell(std::string sentence)
+{
+    m_refused = false;
+    m_remarks.clear();
+    m_told = std::move(sentence);
+    tellStanding();
+}
+
+void Frm_Main::tellStanding()
+{
+    lbl_Live.setCaption(liveIsEarlier() ? "Live quantities of earlier readings" : "Live quantities");
+    const Settings now = settings();
+    std::string inForce = "By " + core::inForce(now) + ".";
+    if (const auto& live = calculation.liveInputs();
+        live && core::inForce(live->settings) != core::inForce(now))
+        inForce = "By " + core::inForce(live->settings) + ". From the next calculation on by " +
+                  core::inForce(now) + ".";
+    lbl_In_Force.setCaption(std::move(inForce));
+    standing.raise();
+}
+
 void Frm_Main::cmd_Show_Results_Click()
 {
-    if (!calculation.readings.complete())
+    if (!calculation.readings.complete()) {
+        m_told.clear();
+        m_remarks.clear();
+        m_refused = true;
+        tellStanding();
         return;
+    }
+    m_showing = true;
     cmd_Calculate.setValue(true);
+    m_showing = false;
+    if (calculation.failure())
+        return; // the table would hide the reason
     m_windows.showResults();
 }
 
 void Frm_Main::cmd_Calculate_Click()
 {
-    if (calculation.run(settings()) == RunStatus::Failed)
-        m_messages.show({.text = calculation.failure()->sentence(), .title = std::string(kProgramTitle)});
+    if (calculate() != RunStatus::Failed)
+        return;
+    const Answer answer = m_messages.show({.text = calculation.failure()->sentence(),
+                                           .title = std::string(kProgramTitle),
+                                           .offer = "Calculate by the robust rules"});
+    if (answer != Answer::Yes)
+        return;
+    Opt_Rules.select(1); // from now on, as the options then say
+    calculate();
+    if (!m_showing) // as "Calculate 1" is about to
+        m_windows.showResults();
+}
+
+RunStatus Frm_Main::calculate()
+{
+    m_remarks.clear();
+    m_calculating = true;
+    const RunStatus status = calculation.run(settings());
+    m_calculating = false;
+    m_told.clear();
+    m_refused = status == RunStatus::Rejected;
+    tellStanding();
+    return status;
 }
 
 void Frm_Main::Check_All_Indices_Click()

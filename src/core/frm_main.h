@@ -70,12 +70,12 @@ public:
     controls::TextBox& txt_Height = calculation.assumptions.txt_Height;
     controls::TextBox& txt_Weight = calculation.assumptions.txt_Weight;
     controls::TextBox& txt_Friction = calculation.assumptions.txt_Friction;
-    controls::Label lbl_ArAdu{"Effective Radiating Area:"};
-    controls::Label lbl_Emmisivity{"Emissivity:"};
-    controls::Label lbl_Barometric{"Barometric Pressure:"};
-    controls::Label lbl_Height{"Body Mass:"};
-    controls::Label lbl_Weight{"Body Stature:"};
-    controls::Label lbl_Friction{"Air Friction Coefficient:"};
+    controls::Label lbl_ArAdu{heading(Assumption::ArAdu)};
+    controls::Label lbl_Emmisivity{heading(Assumption::Emmisivity)};
+    controls::Label lbl_Barometric{heading(Assumption::Barometric)};
+    controls::Label lbl_Height{heading(Assumption::Height)};
+    controls::Label lbl_Weight{heading(Assumption::Weight)};
+    controls::Label lbl_Friction{heading(Assumption::Friction)};
     controls::Label lbl_Limits{"Calculate Comfortics without taking into account their limits:"};
     controls::OptionGroup Opt_Limits{{"No", "Yes"}};
     controls::Label lbl_Rules{"Calculation rules:"};
@@ -89,6 +89,9 @@ public:
     controls::Button cmd_Calculate{"Calculate 2"};
     controls::Picture Img_Calculate;
 
+    controls::Label lbl_In_Force; ///< the rules that the live quantities are by, and those of the options
+    controls::Label lbl_Live;     ///< the heading of the live quantities
+
     controls::MenuEntry Menu_Raw_Data{"Raw Data"};
     controls::MenuEntry Menu_Radiation{" Solar Radiation"};
     controls::MenuEntry Menu_Converter{"Conversion of Units"};
@@ -101,22 +104,48 @@ public:
 
     /// What the list and the options ask of a calculation.
     Settings settings() const;
+    /// What a calculation would be made from now.
+    Inputs inputs() const { return calculation.inputs(settings()); }
+
+    /// The figures that stand there were calculated from other inputs than those of now.
+    bool liveIsEarlier() const;
+    bool resultsAreEarlier() const;
+
+    /// The last press of a button found a reading missing, or no number, and calculated nothing.
+    bool refused() const noexcept { return m_refused; }
+    /// A sentence on what was done last, for what is no press of a button here; otherwise empty.
+    const std::string& told() const noexcept { return m_told; }
+    void tell(std::string sentence);
+    /// What the last press of a button has emptied or changed in the readings, with a leading blank.
+    const std::string& remarks() const noexcept { return m_remarks; }
+
+    /// Any of the above may have changed.
+    controls::Event standing;
 
     /// Asks the closing question; true cancels the closing. On Yes all forms are unloaded.
     bool Form_QueryUnload();
 
 private:
+    static std::string heading(Assumption assumption) { return std::string(infoOf(assumption).heading); }
     void Form_Load();
     void cmd_Show_Results_Click();
     void cmd_Calculate_Click();
+    RunStatus calculate();
+    void hear(const std::string& remark);
     void Check_All_Indices_Click();
     void txt_Search_List_Change();
     void Menu_Options_Click();
+    void tellStanding();
     void readingKeyDown(Reading reading, controls::KeyPress press);
     void takeFromConverter(controls::TextBox& box, std::string (Windows::*converterCaption)());
 
     controls::Messages& m_messages;
     Windows& m_windows;
+    bool m_refused = false;
+    std::string m_told;
+    bool m_calculating = false; // what is emptied now is told with what becomes of the calculation
+    bool m_showing = false;     // "Calculate 1" shows the table itself
+    std::string m_remarks;
 };
 
 } // namespace comfortics::core

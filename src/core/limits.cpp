@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/limits.h"
 
-#include "core/load_indices.h"
 #include "values/number_text.h"
+
+#include <algorithm>
+#include <cstddef>
 
 namespace comfortics::core {
 
@@ -12,43 +14,77 @@ constexpr std::string_view kSection = "INDICES";
 
 Bound bound(const std::string& text)
 {
-    const double number = values::val(text);
-    return {values::plainText(number), number};
-}
-
-void fill(const IniFile& file, std::array<IndexLimits, kIndexCount>& rows)
-{
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::string number = std::to_string(i + 1);
-        const auto setting = [&](const char* stem) {
-            return file.Read_Index_Setting(kSection, stem + number);
-        };
-        IndexLimits& row = rows[i];
-        row.Name = setting("Name_");
-        row.TA_Cat = setting("TA_Cat_");
-        row.Tair_min = bound(setting("Tair_min_"));
-        row.Tair_max = bound(setting("Tair_max_"));
-        row.WS_min = bound(setting("WS_min_"));
-        row.WS_max = bound(setting("WS_max_"));
-        row.Active = values::val(setting("Active_"));
-        row.Categories = setting("Categories_");
-    }
+    const std::string kept = values::plainText(values::val(text));
+    return {kept, values::val(kept)};
 }
 
 } // namespace
 
 Limits Limits::Load_Limits(const std::string& path)
 {
-    Limits limits;
-    fill(IniFile::read(path), limits.m_rows);
-    return limits;
+    return from(IniFile::read(path));
 }
 
 Limits Limits::fromText(std::string_view iniText)
 {
+    return from(IniFile(iniText));
+}
+
+Limits Limits::from(const IniFile& file)
+{
     Limits limits;
-    fill(IniFile(iniText), limits.m_rows);
+    limits.m_fileState = file.state();
+    limits.m_fileProblem = file.problem();
+    for (std::size_t i = 0; i < limits.m_rows.size(); ++i) {
+        const std::string number = std::to_string(i + 1);
+        const auto setting = [&](const char* stem) {
+            return file.Read_Index_Setting(kSection, stem + number);
+        };
+        const auto boundOf = [&](const char* stem) {
+            const std::string text = setting(stem);
+            Bound result = bound(text);
+            // The boxes would take a comma for a point; here it ends the number.
+            if (!text.empty() && values::numericValue(text) != values::val(text))
+                limits.m_doubts.push_back(std::string(stem).append(number) + "=" + text +
+                                          " is no number and counts as " + result.text + ".");
+            return result;
+        };
+        IndexLimits& row = limits.m_rows[i];
+        row.Name = setting("Name_");
+        row.TA_Cat = setting("TA_Cat_");
+        row.Tair_min = boundOf("Tair_min_");
+        row.Tair_max = boundOf("Tair_max_");
+        row.WS_min = boundOf("WS_min_");
+        row.WS_max = boundOf("WS_max_");
+        row.Active = values::val(setting("Active_"));
+        row.Categories = setting("Categories_");
+    }
     return limits;
+}
+
+bool Limits::anyGiven() const
+{
+    return std::any_of(m_rows.begin(), m_rows.end(), [](const IndexLimits& row) { return row.given(); });
+}
+
+std::string limitsWarning(const Limits& limits, const std::string& file)
+{
+    constexpr std::size_t kDoubtsTold = 3;
+    const std::string own = "Limits.Index, which belongs beside the program,";
+    const std::string consequence = "Indices with limits stay blank: "; // first, where a line is cut
+    if (limits.fileState() == IniFile::State::Unreadable)
+        return consequence + (file.empty() ? own : file) + " cannot be read (" + limits.fileProblem() + ").";
+
+    std::string warning;
+    if (!limits.anyGiven())
+        warning = consequence + (file.empty() ? own + " is missing or" : file) + " holds no limits.";
+    const std::vector<std::string>& doubts = limits.doubts();
+    for (std::size_t i = 0; i < std::min(doubts.size(), kDoubtsTold); ++i)
+        warning +=
+            (warning.empty() ? "In " : " In ") + (file.empty() ? "Limits.Index" : file) + " " + doubts[i];
+    if (doubts.size() > kDoubtsTold)
+        warning += " There are " + std::to_string(doubts.size() - kDoubtsTold) + " more such bounds.";
+    return warning;
 }
 
 } // namespace comfortics::core

@@ -2,14 +2,16 @@
 #pragma once
 
 #include "core/catalogue.h"
+#include "core/load_indices.h"
 
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace comfortics::core {
 
-/// A bound as the limits file gives it: number text, and the number it stands for.
+/// A bound as it is kept: number text, and the number that the text stands for.
 struct Bound {
     std::string text = "0";
     double number = 0;
@@ -30,22 +32,43 @@ struct IndexLimits {
     bool given() const { return Tair_min.number != 0 || Tair_max.number != 0; }
 };
 
-/// The limits of the 222 indices, read once at start.
+/// The limits of the indices, read once at start.
 class Limits {
 public:
     /// All bounds 0: what an absent file gives. Nearly all gated indices then stay blank.
     Limits() = default;
 
-    /// Reads a limits file. A missing file, section or key raises no error: texts read as empty,
-    /// bounds as 0.
+    /// Reads a limits file. A file that is missing or cannot be read, a missing section or key raise
+    /// no error: texts read as empty, bounds as 0.
     static Limits Load_Limits(const std::string& path);
     static Limits fromText(std::string_view iniText);
 
-    /// Limits of index 1 to 222.
+    /// Limits of index 1 to kLastIndex.
     const IndexLimits& of(int index) const { return m_rows.at(static_cast<std::size_t>(index - 1)); }
 
+    /// What became of the file, and why it could not be read.
+    IniFile::State fileState() const noexcept { return m_fileState; }
+    const std::string& fileProblem() const noexcept { return m_fileProblem; }
+
+    /// Whether any index has limits.
+    bool anyGiven() const;
+
+    /// The bounds that are no numbers as a whole, one sentence each: such a bound counts as the
+    /// number that it begins with, or as 0.
+    const std::vector<std::string>& doubts() const noexcept { return m_doubts; }
+
 private:
+    static Limits from(const IniFile& file);
+
     std::array<IndexLimits, kIndexCount> m_rows;
+    IniFile::State m_fileState = IniFile::State::Missing;
+    std::string m_fileProblem;
+    std::vector<std::string> m_doubts;
 };
+
+/// What there is to warn of in the limits, in a few sentences: a file that cannot be read, limits
+/// without a single bound, bounds that are no numbers. Empty where there is nothing. `file` is what
+/// the user named; Limits.Index beside the program if empty.
+std::string limitsWarning(const Limits& limits, const std::string& file = {});
 
 } // namespace comfortics::core

@@ -4,9 +4,12 @@
 #include "values/text.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <system_error>
 #include <unordered_set>
+#include <utility>
 
 namespace comfortics::core {
 
@@ -31,8 +34,23 @@ std::string_view unquoted(std::string_view value)
 
 IniFile IniFile::read(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    return IniFile(std::string(std::istreambuf_iterator<char>(file), {}));
+    const auto failed = [](State state, std::string problem) {
+        IniFile none("");
+        none.m_state = state;
+        none.m_problem = std::move(problem);
+        return none;
+    };
+    const auto reason = [] { return std::generic_category().message(errno); };
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
+    if (!file)
+        return failed(errno == ENOENT || errno == ENOTDIR ? State::Missing : State::Unreadable, reason());
+    std::string text(kLargest + 1, '\0');
+    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+    if (std::ferror(file.get()) != 0) // a folder opens, too
+        return failed(State::Unreadable, reason());
+    if (text.size() > kLargest)
+        return failed(State::Unreadable, "it is larger than 1 MiB");
+    return IniFile(text);
 }
 
 IniFile::IniFile(std::string_view text)

@@ -47,4 +47,16 @@ std::string whyBlank(int index, const Outcome& outcome, const Limits& limits, co
     return {};
 }
 
+std::string whyDoubtful(int index, const Outcome& outcome, const Limits& limits)
+{
+    if (outcome.kind != OutcomeKind::Value || outcome.limits == OutcomeKind::Value)
+        return {};
+    if (outcome.limits == OutcomeKind::RunFailed)
+        return "Limits are ignored, and whether the value lies within them cannot be told: " +
+               outcome.failure;
+    Outcome judged = outcome;
+    judged.kind = outcome.limits;
+    return "Shown since limits are ignored. " + whyBlank(index, judged, limits, {});
+}
+
 } // namespace comfortics::core

@@ -2,6 +2,7 @@
 #include "core/reading_boxes.h"
 
 #include "values/number_text.h"
+#include "values/text.h"
 
 #include <algorithm>
 #include <optional>
@@ -19,6 +20,8 @@ constexpr double kSolarConstant = 1367;
 constexpr double kHighestHumidity = 100;
 constexpr std::string_view kLowestWindText = "0.1";
 constexpr double kLowestWind = 0.1;
+constexpr double kGlobeBelowAir = 10;
+constexpr const char* kWindAdvice = " For 0.5 type .5, without the 0.";
 
 // The character whose place at the end of a text tells that a number is still being typed.
 char watchedCharacter(Reading reading)
@@ -31,6 +34,16 @@ char watchedCharacter(Reading reading)
     default:
         return '.';
     }
+}
+
+std::string nameOf(Reading reading)
+{
+    return values::lowered(kReadingInfo[static_cast<std::size_t>(reading)].heading);
+}
+
+std::string quoted(const std::string& text)
+{
+    return '"' + text + '"';
 }
 
 std::optional<Reading> partner(Reading reading)
@@ -55,7 +68,10 @@ ReadingBoxes::ReadingBoxes()
 {
     for (std::size_t i = 0; i < kReadingCount; ++i) {
         const auto reading = static_cast<Reading>(i);
-        box(reading).change.handle([this, reading] { clean(reading); });
+        box(reading).change.handle([this, reading] {
+            clean(reading);
+            changed.raise();
+        });
     }
 }
 
@@ -129,29 +145,70 @@ std::string ReadingBoxes::whatIsWrong() const
     return {};
 }
 
+void ReadingBoxes::dropColdGlobe()
+{
+    m_loss.clear();
+    if (values::val(txt_TG.text()) >= values::val(txt_TA.text()) - kGlobeBelowAir)
+        return;
+    const std::string globe = txt_TG.text();
+    txt_TG.setText("");
+    if (!globe.empty())
+        tell("The globe temperature " + globe + " is more than 10 °C below the air temperature " +
+             (txt_TA.text().empty() ? "0, as which an empty box counts" : txt_TA.text()) + ": emptied.");
+}
+
 void ReadingBoxes::dropUnfinished()
 {
-    for (TextBox* const box : {&txt_TG, &txt_SR, &txt_DP, &txt_RH})
-        if (!isNumeric(box->text()))
-            box->setText("");
+    for (const Reading reading : {Reading::TG, Reading::SR, Reading::DP, Reading::RH}) {
+        const std::string text = box(reading).text();
+        if (isNumeric(text))
+            continue;
+        box(reading).setText("");
+        if (!text.empty())
+            tell(quoted(text) + " is no number: the " + nameOf(reading) + " was emptied.");
+    }
 }
 
 void ReadingBoxes::round()
 {
+    m_loss.clear();
+    std::string rounded;
     for (const Reading reading :
          {Reading::TA, Reading::TG, Reading::SR, Reading::RH, Reading::DP, Reading::WS}) {
         TextBox& target = box(reading);
         if (const auto number = numericValue(target.text())) {
-            const auto rounded =
-                values::format(*number, reading == Reading::SR ? values::kFormat0 : values::kFormat0_0);
-            target.setText(values::plainText(values::val(rounded)));
+            const double kept = values::val(
+                values::format(*number, reading == Reading::SR ? values::kFormat0 : values::kFormat0_0));
+            const std::string before = target.text();
+            target.setText(values::plainText(kept));
+            if (m_listener && kept != *number && !target.text().empty())
+                rounded += (rounded.empty() ? "Rounded: " : ", ") + nameOf(reading) + " " + before + " to " +
+                           target.text();
         }
     }
+    m_loss.clear();
+    if (!rounded.empty())
+        tell(rounded + ".");
 }
 
 // Writing a box raises its change handler again, nested; that is harmless, since an empty text
 // stops at once and an unchanged text raises nothing.
 void ReadingBoxes::clean(Reading reading)
+{
+    Verdict verdict;
+    if (m_cleaning || !m_listener) {
+        applyRules(reading, verdict);
+        return;
+    }
+    const auto other = partner(reading);
+    const std::string otherBefore = other ? box(*other).text() : std::string();
+    m_cleaning = true;
+    applyRules(reading, verdict);
+    m_cleaning = false;
+    remark(reading, otherBefore, verdict);
+}
+
+void ReadingBoxes::applyRules(Reading reading, Verdict& verdict)
 {
     TextBox& self = box(reading);
     const std::size_t watched = self.text().find(watchedCharacter(reading));
@@ -159,32 +216,54 @@ void ReadingBoxes::clean(Reading reading)
     if (position == self.text().size())
         return;
 
-    if (!isNumeric(self.text()))
+    const std::string written = self.text();
+    const auto empty = [&](const std::string& why, const std::string& advice = {}) {
         self.setText("");
+        verdict = {.why = why, .advice = advice};
+    };
+    if (!isNumeric(written))
+        empty(quoted(written) + " is no number",
+              reading == Reading::WS && (written.starts_with(kLowestWindText) || written == ",") ? kWindAdvice
+                                                                                                 : "");
 
     if (const auto number = numericValue(self.text())) {
         switch (reading) {
         case Reading::TA:
             if (*number > kHighestAirTemperature) {
-                self.setText("");
+                empty(written + " is above 58 °C, the highest air temperature",
+                      " Is it °F? The converter takes it over.");
                 return;
             }
             break;
         case Reading::SR:
-            if (*number > kSolarConstant || *number < 0)
-                self.setText("");
+            if (*number > kSolarConstant)
+                empty(written + " is above 1367 W/m², the highest solar radiation");
+            else if (*number < 0)
+                empty(written + " is below 0 W/m², the lowest solar radiation");
             break;
         case Reading::DP:
-            if (*number > values::val(txt_TA.text()))
-                self.setText("");
+            if (*number > values::val(txt_TA.text())) {
+                if (txt_TA.text().empty())
+                    empty(written + " is above 0 °C, as which an empty air temperature counts",
+                          " Type the air temperature first.");
+                else
+                    empty(written + " is above " + txt_TA.text() + " °C, the air temperature",
+                          values::val(txt_TA.text()) < 0
+                              ? " In frost type the dew point first, or the humidity in its place."
+                              : "");
+            }
             break;
         case Reading::RH:
             if (*number > kHighestHumidity)
-                self.setText("");
+                empty(written + " is above 100 %, the highest relative humidity");
             break;
         case Reading::WS:
-            if (*number < kLowestWind)
+            if (*number < kLowestWind) {
                 self.setText(std::string(kLowestWindText));
+                verdict = {.why = written + " is below 0.1 m/s, the lowest wind speed",
+                           .advice = std::string(kWindAdvice),
+                           .replaced = true};
+            }
             break;
         case Reading::TG:
             break;
@@ -198,6 +277,33 @@ void ReadingBoxes::clean(Reading reading)
 
     if (const auto other = partner(reading))
         box(*other).setText("");
+}
+
+void ReadingBoxes::remark(Reading reading, const std::string& partnerBefore, const Verdict& verdict)
+{
+    const std::string& standing = text(reading);
+    if (m_spokenOf != reading) {
+        m_loss.clear();
+        tell({}); // what was said of another box is over
+    }
+    m_spokenOf = reading;
+    const bool typedOn = !m_loss.empty();
+    const auto other = partner(reading);
+    const bool partnerEmptied = other && !partnerBefore.empty() && text(*other).empty();
+    if (!verdict.why.empty()) {
+        std::string sentence = verdict.why + (verdict.replaced ? ": 0.1 stands in its place" : ": emptied");
+        if (partnerEmptied)
+            sentence += ", and the " + nameOf(*other) + " " + partnerBefore + " with it";
+        m_loss = sentence + "." + verdict.advice;
+        tell(m_loss);
+    } else if (typedOn) {
+        tell(standing.empty() ? m_loss : standing + " stands now. " + m_loss);
+    } else {
+        m_loss.clear();
+        if (partnerEmptied)
+            tell("The " + nameOf(*other) + " " + partnerBefore + " was emptied: the " + nameOf(reading) +
+                 " counts in its place.");
+    }
 }
 
 } // namespace comfortics::core

@@ -7,7 +7,7 @@
 
 namespace comfortics::core {
 
-/// Which of the 222 indices a calculation evaluates.
+/// Which of the indices a calculation evaluates.
 class Selection {
 public:
     static Selection all() { return Selection(true); }
@@ -23,7 +23,7 @@ private:
     explicit Selection(bool selected)
     {
         if (selected)
-            for (int index = 1; index <= static_cast<int>(kIndexCount); ++index)
+            for (int index = 1; index <= kLastIndex; ++index)
                 set(index, true);
     }
 

@@ -4,6 +4,9 @@
 #include "core/selection.h"
 #include "formulas/rules.h"
 
+#include <string>
+#include <string_view>
+
 namespace comfortics::core {
 
 using formulas::Rules;
@@ -13,6 +16,14 @@ struct Settings {
     Selection selection = Selection::all();
     bool ignoreLimits = false; ///< evaluate selected indices whatever their limits
     Rules rules = Rules::Classic;
+
+    friend bool operator==(const Settings&, const Settings&) = default;
 };
+
+/// The rules and the use of limits in words, alone ("classic", "kept") and together ("classic rules,
+/// limits kept").
+std::string_view ruleName(Rules rules);
+std::string_view limitsUse(const Settings& settings);
+std::string inForce(const Settings& settings);
 
 } // namespace comfortics::core

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace comfortics::formulas {
@@ -45,14 +44,5 @@ inline constexpr std::array<LiveInfo, kLiveCount> kLiveInfo{{
     {"Es", "Saturated vapour pressure", "hPa"},
     {"Ea", "Actual vapour pressure", "hPa"},
 }};
-
-/// Where a primitive or model writes a live quantity's caption from inside.
-class Captions {
-public:
-    virtual void writeCaption(Live quantity, std::string text) = 0;
-
-protected:
-    ~Captions() = default;
-};
 
 } // namespace comfortics::formulas

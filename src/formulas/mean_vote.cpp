@@ -12,8 +12,8 @@
 //   E1..E6  heat losses by diffusion, sweat, breath (latent, dry), radiation, convection [W/m²]
 #include "formulas/mean_vote.h"
 
+#include "formulas/bracketed_root.h"
 #include "formulas/stepped_walk.h"
-#include "values/run_failure.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,11 +23,6 @@
 
 namespace comfortics::formulas {
 
-using values::absolute;
-using values::exponential;
-using values::power;
-using values::RunFailure;
-
 namespace {
 
 constexpr double kStart = 33;
@@ -35,15 +30,19 @@ constexpr double kStep = 0.0001;
 constexpr double kTolerance = 0.001;
 /// Celsius to kelvin, as the balance rounds it.
 constexpr double kKelvin = 273;
+constexpr const char* kTurnsBack = "the mean-vote walk turns back without meeting its tolerance";
 constexpr const char* kStandsStill = "the mean-vote walk stands still without meeting its tolerance";
+constexpr const char* kNoRoot = "the clothing's heat balance has no solution";
 
 /// What one pass of the walk computes at its guess.
+template <class Real>
 struct Pass {
-    Number Tcl;
-    Number PMV;
+    Real Tcl;
+    Real PMV;
 };
 
-bool meetsTolerance(Number t, Number Tcl)
+template <class Real>
+bool meetsTolerance(Real t, Real Tcl)
 {
     return t - Tcl < kTolerance && t - Tcl > -kTolerance;
 }
@@ -51,52 +50,53 @@ bool meetsTolerance(Number t, Number Tcl)
 /// The heat balance of one solve. What does not depend on the guess is computed once, and in the
 /// order in which the first pass would fail on it; the operations and operands are those of a pass
 /// that computes everything itself, so the bits are, too.
+template <class Real>
 class HeatBalance {
 public:
-    HeatBalance(Number Ta, Number Tmrt, Number Ea, Number WS, Number M0) : m_Ta(Ta)
+    HeatBalance(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0) : m_Ta(Ta)
     {
-        const Number met = M0 / 58.15;
-        Number Icl = 1.691 - 0.0436 * Ta;
+        const Real met = M0 / 58.15;
+        Real Icl = 1.691 - 0.0436 * Ta;
         if (Ta < -30)
             Icl = 3;
         if (Ta > 25)
             Icl = 0.6;
-        const Number Pa = Ea * 100;
-        const Number M = met * 58.15;
-        const Number x = (0.39 * met) + (-0.6);
-        const Number rising = exponential(x);
-        const Number falling = exponential(-x);
-        Number W = M * (0.2 * ((rising - falling) / (rising + falling)));
+        const Real Pa = Ea * 100;
+        const Real M = met * 58.15;
+        const Real x = (0.39 * met) + (-0.6);
+        const Real rising = exponential(x);
+        const Real falling = exponential(-x);
+        Real W = M * (0.2 * ((rising - falling) / (rising + falling)));
         if (W < 0)
             W = 0;
         Icl = Icl * 0.155;
         m_Ts = 35.7 - 0.028 * (M - W);
         m_hf = 12.1 * power(WS, 0.5);
-        const Number f1 = 1 + 1.29 * Icl;
-        const Number f2 = 1.05 + 0.645 * Icl;
+        const Real f1 = 1 + 1.29 * Icl;
+        const Real f2 = 1.05 + 0.645 * Icl;
         m_fcl = f1 < f2 ? f1 : f2;
-        m_radiation = ((Icl * 3.96) * power(10, -8)) * m_fcl;
+        m_radiation = ((Icl * 3.96) * kTenToMinus8) * m_fcl;
         m_surroundings = power(Tmrt + kKelvin, 4);
         m_resistance = Icl * m_fcl;
-        const Number E1 = (power(10, -3) * 3.05) * ((5733 - 6.99 * (M - W)) - Pa);
-        const Number E2 = met > 1 ? 0.42 * ((M - W) - 58.15) : 0;
-        const Number E3 = (power(10, -5) * 1.7) * M * (5867 - Pa);
-        const Number E4 = (0.0014 * M) * (34 - Ta);
+        const Real E1 = (kTenToMinus3 * 3.05) * ((5733 - 6.99 * (M - W)) - Pa);
+        const Real E2 = met > 1 ? 0.42 * ((M - W) - 58.15) : 0;
+        const Real E3 = (kTenToMinus5 * 1.7) * M * (5867 - Pa);
+        const Real E4 = (0.0014 * M) * (34 - Ta);
         m_heatBeforeE5 = ((((M - W) - E1) - E2) - E3) - E4;
-        m_radiantLoss = (power(10, -8) * 3.96) * m_fcl;
+        m_radiantLoss = (kTenToMinus8 * 3.96) * m_fcl;
         m_sensation = (exponential((-0.036) * M) * 0.303) + 0.028;
         m_sizeAtStart = terms(kStart, kStart).size;
     }
 
     /// One pass of the walk: the quantities that change with the guess, and the vote.
-    Pass pass(Number t) const
+    Pass<Real> pass(Real t) const
     {
-        const Number hn = 2.38 * power(absolute(t - m_Ta), 0.25);
-        const Number hc = hn > m_hf ? hn : m_hf;
-        const Number fourthPowers = power(t + kKelvin, 4) - m_surroundings;
-        const Number Tcl = (m_Ts - m_radiation * fourthPowers) - (m_resistance * hc) * (t - m_Ta);
-        const Number E5 = m_radiantLoss * fourthPowers;
-        const Number E6 = (m_fcl * hc) * (Tcl - m_Ta);
+        const Real hn = 2.38 * power(absolute(t - m_Ta), 0.25);
+        const Real hc = hn > m_hf ? hn : m_hf;
+        const Real fourthPowers = power(t + kKelvin, 4) - m_surroundings;
+        const Real Tcl = (m_Ts - m_radiation * fourthPowers) - (m_resistance * hc) * (t - m_Ta);
+        const Real E5 = m_radiantLoss * fourthPowers;
+        const Real E6 = (m_fcl * hc) * (Tcl - m_Ta);
         return {Tcl, m_sensation * ((m_heatBeforeE5 - E5) - E6)};
     }
 
@@ -121,6 +121,28 @@ public:
         return {distance - noise >= 0, upward ? t + ahead : t - ahead};
     }
 
+    /// The guess that equals its Tcl, the only one above -273. None where there is none.
+    ///
+    /// It lies among the temperatures that draw it: those of the skin, of the air and of the surroundings
+    /// as far as they radiate. There the gap rises by 1 or more per degree. In double for both number
+    /// types, and so with the same bits.
+    std::optional<double> root() const
+    {
+        const double Ta = asDouble(m_Ta);
+        const double Ts = asDouble(m_Ts);
+        const double Tr = std::sqrt(std::sqrt(asDouble(m_surroundings))) - kKelvin;
+        const double low = std::min({Ta, Ts, Tr});
+        const double high = std::max({Ta, Ts, Tr});
+        if (!(low > -kKelvin))
+            return std::nullopt;
+        // The coefficients at the air's temperature and the skin's give a guess from one more straight line.
+        const Terms atMean = terms(0.5 * (Ta + Ts), low);
+        const double start = 0.5 * (Ta + Ts) - atMean.gap / atMean.slope;
+        return bracketedRoot(
+            {.low = low, .high = high, .start = start, .slope = -atMean.slope, .leastSlope = 1},
+            [&](double t) { return -terms(t, low).gap; });
+    }
+
 private:
     struct Terms {
         double gap;   ///< t - Tcl
@@ -130,51 +152,63 @@ private:
 
     Terms terms(double t, double floor) const
     {
-        const double span = t - m_Ta.value();
+        const double span = t - asDouble(m_Ta);
         const double hn = 2.38 * std::sqrt(std::sqrt(std::fabs(span)));
-        const bool still = hn > m_hf.value();
-        const double convection = m_resistance.value() * (still ? hn : m_hf.value());
+        const bool still = hn > asDouble(m_hf);
+        const double convection = asDouble(m_resistance) * (still ? hn : asDouble(m_hf));
         const double kelvin = std::max(t, floor) + kKelvin;
-        const double cube = m_radiation.value() * kelvin * kelvin * kelvin;
-        const double received = m_radiation.value() * m_surroundings.value();
-        return {.gap = t - ((m_Ts.value() - (cube * kelvin - received)) - convection * span),
+        const double cube = asDouble(m_radiation) * kelvin * kelvin * kelvin;
+        const double received = asDouble(m_radiation) * asDouble(m_surroundings);
+        return {.gap = t - ((asDouble(m_Ts) - (cube * kelvin - received)) - convection * span),
                 .slope = 1 + convection * (still ? 1.25 : 1) + (t > floor ? 4 * cube : 0),
-                .size = std::fabs(t) + std::fabs(m_Ts.value()) + cube * kelvin + received +
+                .size = std::fabs(t) + std::fabs(asDouble(m_Ts)) + cube * kelvin + received +
                         std::fabs(convection * span)};
     }
 
-    Number m_Ta;
-    Number m_Ts;
-    Number m_hf;
-    Number m_fcl;
-    Number m_radiation;    ///< factor of the fourth powers in Tcl
-    Number m_surroundings; ///< fourth power of the mean radiant temperature in kelvin
-    Number m_resistance;   ///< factor of the convection in Tcl
-    Number m_heatBeforeE5;
-    Number m_radiantLoss; ///< factor of the fourth powers in E5
-    Number m_sensation;   ///< vote per heat load [m²/W]
+    Real m_Ta;
+    Real m_Ts;
+    Real m_hf;
+    Real m_fcl;
+    Real m_radiation;    ///< factor of the fourth powers in Tcl
+    Real m_surroundings; ///< fourth power of the mean radiant temperature in kelvin
+    Real m_resistance;   ///< factor of the convection in Tcl
+    Real m_heatBeforeE5;
+    Real m_radiantLoss; ///< factor of the fourth powers in E5
+    Real m_sensation;   ///< vote per heat load [m²/W]
     double m_sizeAtStart;
 };
+
+/// The vote at the root of the balance.
+template <class Real>
+Real voteAtRoot(const HeatBalance<Real>& balance)
+{
+    const std::optional<double> root = balance.root();
+    return root ? balance.pass(*root).PMV : undefined<Real>(kNoRoot);
+}
 
 /// The walk from t, its pass made, to its end. `before` is the guess before t, if any.
 ///
 /// A pass depends on its guess alone. A guess that comes again two steps later comes for ever, and
 /// so does one that a step does not move. (Turning back is no proof yet: around a power of two a
 /// step forth and a step back can differ by a rounding, once.)
-Number walkOn(const HeatBalance& balance, Number t, Pass pass, std::optional<Number> before, Rules rules)
+template <class Real>
+Real walkOn(const HeatBalance<Real>& balance, Real t, Pass<Real> pass, std::optional<Real> before,
+            Rules rules)
 {
     while (!meetsTolerance(t, pass.Tcl)) {
-        const Number next = pass.Tcl > t ? t + kStep : t - kStep;
+        const Real next = pass.Tcl > t ? t + kStep : t - kStep;
         if (next == before) {
-            if (rules == Rules::Robust)
-                return pass.PMV;
-            throw RunFailure("the mean-vote walk turns back without meeting its tolerance");
+            if (rules == Rules::Classic)
+                return undefined<Real>(kTurnsBack);
+            return pass.PMV;
         }
         if (next == t)
-            throw RunFailure(kStandsStill);
+            return undefined<Real>(kStandsStill);
         before = t;
         t = next;
         pass = balance.pass(t);
+        if (!isDefined(pass.PMV))
+            break;
     }
     return pass.PMV;
 }
@@ -196,22 +230,28 @@ const SteppedWalk& walkDownward()
 // Both ways begin with the second guess: 33 is held against a clothing temperature of 0, which it
 // never meets, and the first step always leads down.
 
-Number Predicted_Mean_Vote_plain(Number Ta, Number Tmrt, Number Ea, Number WS, Number M0, Rules rules)
+template <class Real>
+Real Predicted_Mean_Vote_plain(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules rules)
 {
-    const HeatBalance balance(Ta, Tmrt, Ea, WS, M0);
-    const Number t = kStart - kStep;
-    return walkOn(balance, t, balance.pass(t), std::nullopt, rules);
+    const HeatBalance<Real> balance(Ta, Tmrt, Ea, WS, M0);
+    const Real t = kStart - kStep;
+    return walkOn<Real>(balance, t, balance.pass(t), std::nullopt, rules);
 }
 
 // A pass that is skipped could fail by overflow alone. With |t| below 1.1e12, where the walk stands
 // still, that takes an input beyond 1e60. Against such a Ta or Tmrt the guess is lost in rounding,
 // so the first pass, which is always made, has the very terms that would overflow later. In such a
 // wind the walk leads towards Ta, so the first pass has the largest.
-Number Predicted_Mean_Vote(Number Ta, Number Tmrt, Number Ea, Number WS, Number M0, Rules rules)
+template <class Real>
+Real Predicted_Mean_Vote(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules rules)
 {
-    const HeatBalance balance(Ta, Tmrt, Ea, WS, M0);
-    Number t = kStart - kStep;
-    Pass pass = balance.pass(t);
+    const HeatBalance<Real> balance(Ta, Tmrt, Ea, WS, M0);
+    if (rules == Rules::Precise)
+        return voteAtRoot(balance);
+    Real t = kStart - kStep;
+    Pass<Real> pass = balance.pass(t);
+    if (!isDefined(pass.PMV))
+        return pass.PMV;
     if (meetsTolerance(t, pass.Tcl))
         return pass.PMV;
     const bool upward = pass.Tcl > t;
@@ -221,70 +261,21 @@ Number Predicted_Mean_Vote(Number Ta, Number Tmrt, Number Ea, Number WS, Number 
         const auto look = [&](double guess) { return balance.look(guess, upward, floor); };
         passed = lastCertainStep(walk, passed, look);
         if (passed == walk.length())
-            throw RunFailure(kStandsStill);
+            return undefined<Real>(kStandsStill);
         t = walk.at(passed + 1);
         pass = balance.pass(t);
+        if (!isDefined(pass.PMV))
+            return pass.PMV;
         if (meetsTolerance(t, pass.Tcl))
             return pass.PMV;
         if (upward != (pass.Tcl > t))
-            return walkOn(balance, t, pass, walk.at(passed), rules);
-        floor = std::min(floor, t.value());
+            return walkOn<Real>(balance, t, pass, walk.at(passed), rules);
+        floor = std::min(floor, asDouble(t));
     }
 }
 
-Number Predicted_Percentage_Dissatisfied(Number vote)
-{
-    return 100 - exponential(-(0.03353 * power(vote, 4) + 0.2179 * power(vote, 2))) * 95;
-}
-
-Variant Index_118(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 230, rules);
-}
-
-Variant Index_119(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 100, rules);
-}
-
-Variant Index_120(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 165, rules);
-}
-
-Variant Index_121(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 65, rules);
-}
-
-Variant Index_122(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, 290, rules);
-}
-
-Variant Index_123(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Percentage_Dissatisfied(Index_118(Ta, Tmrt, Ea, WS, rules).number());
-}
-
-Variant Index_124(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Percentage_Dissatisfied(Index_119(Ta, Tmrt, Ea, WS, rules).number());
-}
-
-Variant Index_125(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Percentage_Dissatisfied(Index_120(Ta, Tmrt, Ea, WS, rules).number());
-}
-
-Variant Index_126(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Percentage_Dissatisfied(Index_121(Ta, Tmrt, Ea, WS, rules).number());
-}
-
-Variant Index_127(Number Ta, Number Tmrt, Number Ea, Number WS, Rules rules)
-{
-    return Predicted_Percentage_Dissatisfied(Index_122(Ta, Tmrt, Ea, WS, rules).number());
-}
+template Number Predicted_Mean_Vote(Number, Number, Number, Number, Number, Rules);
+template double Predicted_Mean_Vote(double, double, double, double, double, Rules);
+template Number Predicted_Mean_Vote_plain(Number, Number, Number, Number, Number, Rules);
 
 } // namespace comfortics::formulas

@@ -7,13 +7,20 @@ namespace comfortics::formulas {
 
 /// Which set of rules a calculation follows.
 ///
-/// Robust differs from Classic in six places and no other: the dew-point test of the models, the
+/// Robust differs from Classic in these places and no other: the dew-point test of the models, the
 /// psychrometric search in saturated air, the end of a mean-vote walk that turns back, what index
-/// 196 reads, how far a failure reaches, and a sign or point alone in a box of a pair, which counts
-/// as nothing typed. Where both give a value it is the same text.
+/// 196 reads, how far a failure reaches, a sign or point alone in a box of a pair, which counts as
+/// nothing typed, a globe or wet bulb whose iteration has no end, which is the root of its balance,
+/// a quantity without a value, which never counts as 0, and temperatures below absolute zero, which
+/// are none. Where both give a value it is the same text.
+///
+/// Precise is Robust without any step or rounding on the way to a figure: what the other two look for by
+/// steps or until a tolerance is met is the root of the same balance. So far it reaches the formulas
+/// (mean vote, index 215) and models/precise_roots.h; no calculation runs by it.
 enum class Rules : std::uint8_t {
     Classic, ///< a failure anywhere ends the run
     Robust,  ///< a failure costs what depends on it
+    Precise, ///< as Robust, and the roots of the balances
 };
 
 } // namespace comfortics::formulas

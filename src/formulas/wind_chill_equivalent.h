@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "values/variant.h"
+#include "formulas/real.h"
+#include "formulas/rules.h"
 
 namespace comfortics::formulas {
-
-using values::Number;
-using values::Variant;
 
 /// Index 215, wind chill equivalent temperature [°C]: the air temperature at which a wind of
 /// 1.34 m/s cools as the given air and wind do, Falconer (1968) after Siple and Passel (1945).
@@ -18,9 +16,19 @@ using values::Variant;
 ///
 /// Fails below a wind of 0; where the walk turns back and forth around its answer for ever, or has
 /// become so large that a step no longer moves it (both beyond 1e12 °C only); and on overflow.
-Variant Index_215(Number WS, Number Ta);
+///
+/// By the precise rules it is the temperature itself at which the coolings are equal, which fails below a
+/// wind of 0 and on overflow alone. The walk ends within 0.02 of it.
+template <class Real>
+Real Index_215(Real WS, Real Ta, Rules rules);
 
 /// The reference for Index_215: the same walk, made step by step.
-Variant Index_215_plain(Number WS, Number Ta);
+template <class Real>
+Real Index_215_plain(Real WS, Real Ta);
+
+// In wind_chill_equivalent.cpp, for both number types.
+extern template Number Index_215(Number, Number, Rules);
+extern template double Index_215(double, double, Rules);
+extern template Number Index_215_plain(Number, Number);
 
 } // namespace comfortics::formulas

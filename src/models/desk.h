@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formulas/live_quantity.h"
+#include "values/number.h"
 
 #include <string>
 
@@ -9,8 +10,11 @@ namespace comfortics::models {
 
 /// What the models write and say from inside a calculation. The calculation implements it; a
 /// model never opens a window.
-class Desk : public formulas::Captions {
+class Desk {
 public:
+    /// Writes the caption of a live quantity.
+    virtual void writeCaption(formulas::Live quantity, std::string text) = 0;
+
     /// Writes the result entry of index 159, solar radiation.
     virtual void writeSolarRadiationResult(std::string text) = 0;
 
@@ -24,5 +28,13 @@ public:
 protected:
     ~Desk() = default;
 };
+
+// The two of the humidity pair that write what they find, with the format "00.00000".
+
+/// formulas::Dew_Point_Magnus, and the caption of `Td`.
+values::Number showDewPoint(Desk& desk, values::Number t, values::Number rh);
+
+/// formulas::Relative_Humidity_Magnus, and the caption of `RH`.
+values::Number showRelativeHumidity(Desk& desk, values::Number t, values::Number td);
 
 } // namespace comfortics::models

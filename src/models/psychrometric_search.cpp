@@ -5,26 +5,11 @@
 
 namespace comfortics::models {
 
-using values::exponential;
 using values::RunFailure;
 
 namespace {
 
 constexpr double kStep = 0.2; // [K]
-
-/// Vapour pressure over water [kPa], with a constant of its own: 0.6106.
-template <typename Real, typename Exponential>
-Real vaporPressure(Real t, Exponential exponentialOf)
-{
-    return exponentialOf((17.27 * t) / (237.3 + t)) * 0.6106;
-}
-
-template <typename Real>
-Real balance(Real Ta, Real Tw, Real ed, Real ew)
-{
-    return (((((1556 * ed) + (101 * Ta)) - (1556 * ew)) + ((1.484 * ew) * Tw)) - ((1.484 * ed) * Tw)) -
-           (101 * Tw);
-}
 
 } // namespace
 
@@ -32,13 +17,13 @@ Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
 {
     Number Tw = Td;
     Number diff = 10000;
-    const Number ed = vaporPressure(Td, exponential);
+    const Number ed = psychrometricPressure(Td);
     bool metZero = false;
     for (int pass = 1;; ++pass) {
         const Number prev = diff;
-        const Number ew = vaporPressure(Tw, exponential);
-        diff = balance(Ta.number(), Tw, ed, ew);
-        if (rules == Rules::Robust && pass == 1 && diff == 0)
+        const Number ew = psychrometricPressure(Tw);
+        diff = psychrometricBalance(Ta.number(), Tw, ed, ew);
+        if (rules != Rules::Classic && pass == 1 && diff == 0)
             return Td;
         Tw = Tw + kStep;
         if (isGreater(Variant(Tw), Ta))
@@ -70,18 +55,19 @@ Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
     // is above 0 at one step, it was above 0 at all before, and it is below 0 at Ta.
     if (!Ta.isText() || !(dew > -100 && dew < air && air < 100))
         return plain::Psychrometric_Wet_Bulb(Ta, Td, rules);
-    const auto exponentialOf = [](double x) { return exponential(x).value(); };
-    const double ed = vaporPressure(dew, exponentialOf);
-    const auto balanceAt = [&](double Tw) { return balance(air, Tw, ed, vaporPressure(Tw, exponentialOf)); };
+    const double ed = psychrometricPressure(dew);
+    const auto balanceAt = [&](double Tw) {
+        return psychrometricBalance(air, Tw, ed, psychrometricPressure(Tw));
+    };
 
     // Newton's method, from the right on a curve that bends down, so it stays right of the root.
     double root = air;
     for (int round = 0; round < 4; ++round) {
-        const double ew = vaporPressure(root, exponentialOf);
+        const double ew = psychrometricPressure(root);
         const double kelvin = 237.3 + root;
         const double slope =
             -(1556 - 1.484 * root) * (ew * 17.27 * 237.3 / (kelvin * kelvin)) + 1.484 * (ew - ed) - 101;
-        root = root - balance(air, root, ed, ew) / slope;
+        root = root - psychrometricBalance(air, root, ed, ew) / slope;
     }
     // The last step surely below the root, reached by the additions of the plain search.
     double Tw = dew;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "formulas/real.h"
 #include "formulas/rules.h"
 #include "values/number.h"
 #include "values/variant.h"
@@ -13,6 +14,22 @@ using values::Variant;
 
 /// Passes after which the psychrometric search is taken to have no end: 20000 degrees of climb.
 inline constexpr int kLastPsychrometricPass = 100000;
+
+/// Vapour pressure over water [kPa] at t [°C], with a constant of its own: 0.6106.
+template <class Real>
+Real psychrometricPressure(Real t)
+{
+    return formulas::exponential((17.27 * t) / (237.3 + t)) * 0.6106;
+}
+
+/// The heat balance of a wet thermometer of Tw [°C] at 101 kPa; ed and ew are the vapour pressures [kPa] at
+/// the dew point and at Tw. It falls as Tw rises.
+template <class Real>
+Real psychrometricBalance(Real Ta, Real Tw, Real ed, Real ew)
+{
+    return (((((1556 * ed) + (101 * Ta)) - (1556 * ew)) + ((1.484 * ew) * Tw)) - ((1.484 * ed) * Tw)) -
+           (101 * Tw);
+}
 
 namespace plain {
 

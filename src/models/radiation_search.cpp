@@ -52,6 +52,7 @@ std::optional<std::int16_t> searchRadiation(const GlobeModel& globe, Number Tg, 
 //   - Where the globe ends colder than the air, the solver starts further above T*, but not above
 //     Tair, and there f ^ 4 is at least A.
 // So the distance dies out, within some 250 passes of the 999. All of this is worst for the lowest T*.
+// By the robust rules a candidate that would not converge has T* itself.
 
 namespace {
 
@@ -78,11 +79,12 @@ int skippableCandidates(const GlobeModel& globe, Number Tg, int last)
 {
     if (!globe.ordinary())
         return 0;
-    const double Tair = globe.airTemperature();
+    const GlobeBalance<double>& balance = globe.balance();
+    const double Tair = balance.Tair();
     const double Tair4 = square(square(Tair));
-    const double A = globe.surroundings();
-    const double s = GlobeModel::solar(1);
-    const double B = globe.exchange(Tair);
+    const double A = balance.surroundings();
+    const double s = balance.solar(1);
+    const double B = balance.exchange(Tair);
     const double coldest = std::min(Tair, fourthRoot(A));                  // no T* is below
     const double loosest = std::max(fourthRoot(A + s * last) - Tair, 0.0); // no T* - Tair is above
     if (!(Tair > 180 && Tair < 400 && coldest > 120 && loosest < 200))
@@ -97,18 +99,20 @@ int skippableCandidates(const GlobeModel& globe, Number Tg, int last)
     const double T = std::min(Tg.value() + 273.15 - kTolerance - kMargin, hottest); // no T* skipped is above
     if (!(T > lowest))
         return 0;
-    const double first = (square(square(T)) + globe.exchange(T) * (T - Tair) - A) / s; // T*(first) = T
-    const int skippable = first > last ? last + 1 : static_cast<int>(std::ceil(first - kMargin));
+    const double first = (square(square(T)) + balance.exchange(T) * (T - Tair) - A) / s; // T*(first) = T
+    const int skippable = std::max(first > last ? last + 1 : static_cast<int>(std::ceil(first - kMargin)), 0);
+    if (globe.rules() != Rules::Classic)
+        return skippable;
     const double farthest = std::max(T - Tair, Tair - coldest) + kOvershoot; // any iterate is from Tair
     const double G = B * std::exp(2 * kExchangeGrowth * farthest);
     const bool converges = G <= kSteepest * (4 * lowest * square(lowest));
-    return converges ? std::max(skippable, 0) : 0;
+    return converges ? skippable : 0;
 }
 
 std::optional<std::int16_t> searchRadiation(Number Ta, Number RH, Number WS, Number Tg, int last,
-                                            const NoConvergence& noConvergence)
+                                            const NoConvergence& noConvergence, Rules rules)
 {
-    const GlobeModel globe(Ta, RH, WS);
+    const GlobeModel globe(Ta, RH, WS, rules);
     return plain::searchRadiation(globe, Tg, skippableCandidates(globe, Tg, last), last, noConvergence);
 }
 

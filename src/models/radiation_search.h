@@ -16,7 +16,7 @@ namespace comfortics::models {
 inline constexpr int kLastCandidate = 1376;
 
 /// Told of every candidate whose globe does not converge, in the order of the candidates. Such a
-/// candidate counts as 0 °C.
+/// candidate counts as 0 °C, unless the call throws.
 using NoConvergence = std::function<void()>;
 
 /// The globe's temperature as the search compares it, through its number text: 15 digits.
@@ -31,13 +31,13 @@ std::optional<std::int16_t> searchRadiation(const GlobeModel& globe, Number Tg, 
 
 } // namespace plain
 
-/// How many candidates from 0 up, of those up to `last`, surely converge, do not fail and stay
+/// How many candidates from 0 up, of those up to `last`, surely have a globe, do not fail and stay
 /// below Tg [°C], so that a scan need not solve them.
 int skippableCandidates(const GlobeModel& globe, Number Tg, int last);
 
 /// The plain search from 0 to last with the same result, the same reports and the same failure,
 /// solving only the candidates that could pass.
 std::optional<std::int16_t> searchRadiation(Number Ta, Number RH, Number WS, Number Tg, int last,
-                                            const NoConvergence& noConvergence);
+                                            const NoConvergence& noConvergence, Rules rules = Rules::Classic);
 
 } // namespace comfortics::models

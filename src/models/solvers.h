@@ -1,27 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Heat balance of a wetted wick and of a black globe in moving air, solved by damped iteration
-// (Liljegren, Carhart, Lawday, Tschopp and Sharp, 2008), and the air properties it needs.
-//
-//   Ta    air temperature [°C]        Tair  the same [K]
-//   Td    dew point [°C]              Tw    wick [K]
-//   RH    relative humidity [%]       Tp    globe [K]
-//   WS, v wind speed [m/s]            Tnew  what the balance gives for a Tw or Tp [K]
-//   SR    solar radiation [W/m²]      P     pressure [hPa], where not said otherwise
-//   fdir  direct share of SR [-]      z     zenith angle of the sun [rad]
+// The balances of models/heat_balance.h solved by damped iteration (Liljegren, Carhart, Lawday, Tschopp
+// and Sharp, 2008); the names are explained there. Td is the dew point [°C], P in kPa. A wind is taken as
+// it stands: the least wind is the caller's.
 #pragma once
 
+#include "formulas/rules.h"
+#include "models/heat_balance.h"
 #include "values/number.h"
-#include "values/variant.h"
 
 namespace comfortics::models {
 
-using values::Number;
-using values::Variant;
+using formulas::Rules;
 
 enum class SolverStatus {
     Converged,
-    NoConvergence, ///< the pass counter ran past its bound: there is no temperature
+    NoConvergence, ///< the pass counter ran past its bound, or by the robust rules the balance has no
+                   ///< root either: there is no temperature
 };
 
 /// What a solver found. It shows no message itself.
@@ -30,8 +25,6 @@ struct Solution {
     double celsius = 0; ///< [°C], 0 without convergence
 
     bool converged() const noexcept { return status == SolverStatus::Converged; }
-    /// The temperature as a model passes it on: Empty without convergence.
-    Variant temperature() const { return converged() ? Variant(celsius) : Variant(); }
 
     friend bool operator==(const Solution&, const Solution&) = default;
 };
@@ -41,83 +34,51 @@ inline constexpr int kLastPass = 999;
 /// A pass that moves the temperature by less than this has converged [K].
 inline constexpr double kTolerance = 0.05;
 
-/// The site that all callers give to both solvers.
-inline constexpr double kSitePressure = 101; ///< [kPa]
-inline constexpr double kDirectFraction = 0.8;
-inline constexpr double kZenith = 0;        ///< [rad]
-inline constexpr double kMinimumWind = 0.1; ///< [m/s]
-inline constexpr double kRadiationSwitch = 1;
-
-// --- Primitives. All fail (RunFailure) where a step has no defined result. ---
-
-/// Dynamic viscosity of air [kg/m/s] at T [K].
-Number Air_Viscosity(Number T);
-
-/// Diffusivity of water vapour in air [m²/s] at T [K].
-Number Air_Diffusivity(Number T, Number P);
-
-/// Emissivity of the clear atmosphere [-] at T [K], rh a fraction.
-Number Emissivity_Atmosphere(Number T, Number rh);
-
-/// The floor of the two convection primitives: a wind that is a number below vmin becomes vmin, in
-/// the caller's variable too. One that is still a text stands: a number is below every text.
-void raiseToMinimumWind(Variant& v, Number vmin);
-
-/// Heat transfer coefficient [W/m²/K] of the wick, a cylinder of 7 mm, at T [K]. 0 in still air.
-Number Convection_Cylinder(Number T, Number P, Variant& v, Number vmin);
-
-/// Heat transfer coefficient [W/m²/K] of the globe, a sphere of 50 mm, at T [K].
-Number Convection_Sphere(Number T, Number P, Variant& v, Number vmin);
-
-// --- Solvers ---
-
 namespace plain {
 
-/// Natural wet-bulb temperature, every step as it stands in the balance. P in kPa.
-Solution Natural_Wet_Bulb(Number Ta, Number Td, Number RH, Number P, Variant& WS, Number vmin, Number SR,
-                          Number fdir, Number z, Number radiationSwitch);
+/// Natural wet-bulb temperature, every step as it stands in the balance.
+Solution Natural_Wet_Bulb(Number Ta, Number Td, Number RH, Number P, Number WS, Number SR, Number fdir,
+                          Number z, Number radiationSwitch);
 
-/// Globe temperature, every step as it stands in the balance. P in kPa.
-Solution Globe_Temperature_Model(Number Ta, Number RH, Number P, Variant& WS, Number SR, Number fdir,
-                                 Number z, Number vmin);
+/// Globe temperature, every step as it stands in the balance.
+Solution Globe_Temperature_Model(Number Ta, Number RH, Number P, Number WS, Number SR, Number fdir, Number z);
 
 } // namespace plain
 
 /// The globe at the site for one air: gives the bits, the status and the failures of
-/// plain::Globe_Temperature_Model for any SR, without computing again what SR does not change.
-///
-/// WS is taken as it stands; the floor is the caller's (raiseToMinimumWind).
+/// plain::Globe_Temperature_Model for any SR, without computing again what SR does not change. By the
+/// robust rules the root of the balance (models/precise_roots.h) takes the place of a status or failure.
 class GlobeModel {
 public:
-    GlobeModel(Number Ta, Number RH, Number WS);
+    GlobeModel(Number Ta, Number RH, Number WS, Rules rules = Rules::Classic);
 
     Solution solve(Number SR) const;
+    Rules rules() const noexcept { return m_rules; }
 
     /// Whether Ta, RH and WS lie where no step but the root of a negative number can fail. The
-    /// terms below exist only there.
+    /// balance has its terms only there.
     bool ordinary() const noexcept { return m_ordinary; }
 
-    // The terms of the balance Tnew^4 = surroundings - exchange(Tp) * (Tp - Tair) + solar(SR) [K^4].
-    double airTemperature() const noexcept { return m_Tair; } ///< Tair [K]
-    double surroundings() const noexcept { return m_surroundings; }
-    double exchange(double Tp) const; ///< [K³]
-    static double solar(double SR);   ///< proportional to SR but for rounding
+    const GlobeBalance<double>& balance() const noexcept { return m_balance; }
 
 private:
+    Solution iterate(Number SR) const;
+
     Number m_Ta;
     Number m_RH;
     Number m_WS;
-    bool m_ordinary = false;
-    double m_Tair = 0;
-    double m_surroundings = 0;
+    Rules m_rules;
+    GlobeBalance<double> m_balance;
+    bool m_ordinary;
 };
 
-/// Globe temperature at the site. WS as in GlobeModel.
-Solution Globe_Temperature_Model(Number Ta, Number RH, Number WS, Number SR);
+/// Globe temperature at the site.
+Solution Globe_Temperature_Model(Number Ta, Number RH, Number WS, Number SR, Rules rules = Rules::Classic);
 
 /// Natural wet-bulb temperature at the site: the bits, the status and the failures of
-/// plain::Natural_Wet_Bulb. WS as in GlobeModel.
-Solution Natural_Wet_Bulb(Number Ta, Number Td, Number RH, Number WS, Number SR);
+/// plain::Natural_Wet_Bulb, or the root as in GlobeModel.
+Solution Natural_Wet_Bulb(Number Ta, Number Td, Number RH, Number WS, Number SR,
+                          Rules rules = Rules::Classic);
 
 /// Mean radiant temperature [°C] from a globe of 150 mm: the stronger of natural and forced
 /// convection counts (ISO 7726, 1998). The way to kelvin is 273, not 273.15.

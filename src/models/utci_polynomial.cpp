@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "models/utci_polynomial.h"
 
+#include "formulas/primitives.h"
+#include "values/clones.h"
+
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -298,7 +302,63 @@ Real evaluate(Real Ta, Real va, Real D, Real Pa)
     return ((((((S1 + S2) + S3) + S4) + S5) + S6) + S7) + S8;
 }
 
+// The block in stages, so that everything but the two library calls runs on several points at once.
+
+COMFORTICS_CLONES void divideBy100(const double* RH, double* __restrict shares, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        shares[i] = RH[i] / 100;
+}
+
+/// From the logarithms of the humidity to the exponents of the vapour pressure, in place.
+COMFORTICS_CLONES void logarithmsToExponents(const double* Ta, double* __restrict values, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        values[i] = UTCI_Vapour_Exponent(formulas::detail::dewPointMagnus(Ta[i], values[i]));
+}
+
+/// The regression, with the vapour pressure as its exponential before the factor.
+COMFORTICS_CLONES void evaluateAll(const double* Ta, const double* Tmrt, const double* va,
+                                   const double* exponentials, double* __restrict results, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        results[i] = evaluate<double>(Ta[i], va[i], Tmrt[i] - Ta[i], exponentials[i] * kUtciVapourFactor);
+}
+
+void calculateUtci(const formulas::Block& block)
+{
+    constexpr std::size_t kPart = 64;
+    const double* const Ta = block.inputs[0];
+    const double* const Tmrt = block.inputs[1];
+    const double* const va = block.inputs[2];
+    const double* const RH = block.inputs[3];
+    std::array<double, kPart> vapour; // NOLINT: read as far as it is written
+    for (std::size_t first = 0; first < block.count; first += kPart) {
+        const std::size_t count = std::min(kPart, block.count - first);
+        divideBy100(RH + first, vapour.data(), count);
+        for (std::size_t i = 0; i < count; ++i)
+            vapour[i] = formulas::logarithm(vapour[i]);
+        logarithmsToExponents(Ta + first, vapour.data(), count);
+        for (std::size_t i = 0; i < count; ++i)
+            vapour[i] = formulas::exponential(vapour[i]);
+        evaluateAll(Ta + first, Tmrt + first, va + first, vapour.data(), block.results + first, count);
+    }
+}
+
+std::optional<Number> calculateUtciChecked(const formulas::FormulaContext&,
+                                           const formulas::FormulaInputs& inputs)
+{
+    const Number Ta = inputs[0];
+    const Number Tmrt = inputs[1];
+    const Number va = inputs[2];
+    const Number RH = inputs[3];
+    return UTCI_Polynomial(Ta, va, Tmrt - Ta, UTCI_Vapour_Pressure(formulas::Dew_Point_Magnus(Ta, RH)));
+}
+
 } // namespace
+
+constexpr formulas::FormulaCall kUtciOfHumidity{
+    .function = &calculateUtciChecked, .block = &calculateUtci, .arity = 4};
 
 Number UTCI_Polynomial(Number Ta, Number va, Number D, Number Pa)
 {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "models/wbgt_utci.h"
 
-#include "formulas/primitives.h"
 #include "models/psychrometric_search.h"
 #include "models/radiation_search.h"
 #include "models/utci_polynomial.h"
@@ -12,10 +11,7 @@
 
 namespace comfortics::models {
 
-using formulas::Dew_Point_Magnus;
 using formulas::Live;
-using formulas::Relative_Humidity_Magnus;
-using values::exponential;
 using values::format;
 using values::kFormat00_00000;
 using values::logarithm;
@@ -30,6 +26,8 @@ constexpr const char* kError = "Error:";
 /// How far a dew point may lie above the air temperature by rounding alone [K], where numbers are
 /// compared.
 constexpr double kDewPointTolerance = 1e-9;
+
+constexpr double kAbsoluteZero = -273.15;
 
 bool isGiven(const Variant& reading)
 {
@@ -53,6 +51,22 @@ std::string readsAbove(const Variant& Td, const Variant& Ta, bool asTexts)
 
 } // namespace
 
+void raiseToMinimumWind(Variant& v, Number vmin)
+{
+    if (isGreater(vmin, v))
+        v.assign(vmin);
+}
+
+void mustBeAboveAbsoluteZero(Live temperature, Number celsius)
+{
+    const char* const name = temperature == Live::Ta   ? "the air temperature "
+                             : temperature == Live::Tg ? "the globe temperature "
+                                                       : "the dew point ";
+    if (celsius < kAbsoluteZero)
+        throw RunFailure(name + plainText(values::val(format(celsius, values::kFormat0_00))) +
+                         " °C is below absolute zero, " + plainText(kAbsoluteZero) + " °C");
+}
+
 Variant WBGT_UTCI::UTCI_Regression(Variant& Ta, Variant& Tg, Variant& Td, Variant& WS, Variant& SR,
                                    Variant& RH)
 {
@@ -64,8 +78,7 @@ Variant WBGT_UTCI::UTCI_Regression(Variant& Ta, Variant& Tg, Variant& Td, Varian
         Tg.assign(Globe_Temperature_Model(Ta, RH, WS, SR)); // no caption, unlike the outdoor WBGT
     }
     const Number Tmrt = MRT_From_Globe(Ta.number(), Tg.number(), WS.number());
-    // 17.29 and 0.6108 are this model's own: [kPa], where the indoor WBGT has 17.27 and 0.6106.
-    const Number Pa = exponential((17.29 * Td.number()) / (Td.number() + 237.3)) * 0.6108;
+    const Number Pa = UTCI_Vapour_Pressure(Td.number());
     const Number D = Tmrt - Ta.number();
     return UTCI_Polynomial(Ta.number(), WS.number(), D, Pa);
 }
@@ -90,6 +103,9 @@ Variant WBGT_UTCI::WBGT_Outdoor(Variant& Ta, Variant& Tg, Variant& Td, Variant& 
             m_desk.writeSolarRadiationResult(plainText(*found));
         } else if (endsEarly) {
             return {};
+        } else if (m_rules != Rules::Classic) {
+            throw RunFailure("no solar radiation up to " + plainText(kLastCandidate) +
+                             " W/m² brings the globe to " + Tg.text() + " °C");
         } else if (SR.isEmptyText()) {
             // What the wet bulb's arithmetic would say of it, with the reason. (-99 is a number and
             // goes in as one.)
@@ -103,6 +119,7 @@ Variant WBGT_UTCI::WBGT_Outdoor(Variant& Ta, Variant& Tg, Variant& Td, Variant& 
 
 Variant WBGT_UTCI::WBGT_Indoor(Variant& Ta, Variant& Td, Variant& WS, Variant& RH)
 {
+    mustExist({{Live::Ta, &Ta}, {Live::Td, &Td}});
     // The dew point is compared as it came: one that RH replaces below is not looked at.
     if (isDewPointAbove(Td, Ta)) {
         m_desk.writeCaption(Live::Tpwb, format(Variant(), kFormat00_00000));
@@ -111,7 +128,8 @@ Variant WBGT_UTCI::WBGT_Indoor(Variant& Ta, Variant& Td, Variant& WS, Variant& R
     if (WS.isBelowNumber(0.1))
         WS.assign(0.1);
     if (isGiven(RH))
-        Td.assign(Dew_Point_Magnus(m_desk, Ta.number(), RH.number()));
+        Td.assign(showDewPoint(m_desk, Ta.number(), RH.number()));
+    mustExist({{Live::Td, &Td}});
     const Number Tw = psychrometricWetBulb(Ta, Td);
     m_desk.writeCaption(Live::Tpwb, format(Tw, kFormat00_00000));
     return ((0.67 * Tw) + (0.33 * Ta.number())) -
@@ -121,6 +139,7 @@ Variant WBGT_UTCI::WBGT_Indoor(Variant& Ta, Variant& Td, Variant& WS, Variant& R
 Variant WBGT_UTCI::Mean_Radiant_Temperature_Model(Variant& Ta, Variant& Tg, Variant& SR, Variant& WS)
 {
     constexpr double humidity = 60;
+    mustExist({{Live::Ta, &Ta}, {Live::Tg, &Tg}});
     Variant result;
     if (!isGiven(SR)) {
         result = MRT_From_Globe(Ta.number(), Tg.number(), WS.number());
@@ -147,12 +166,14 @@ std::optional<Variant> WBGT_UTCI::completeHumidity(const Variant& Ta, const Vari
         return std::make_optional<Variant>();
     if (Tg.equalsNumber(kAbsent) && SR.equalsNumber(kAbsent))
         return std::make_optional<Variant>();
+    mustExist({{Live::Ta, &Ta}, {Live::Tg, &Tg}, {Live::Td, &Td}});
     if (isGiven(RH)) {
         if (isGiven(Td))
             return answer(kError, "both the dew point and the relative humidity are given");
-        Td.assign(Dew_Point_Magnus(m_desk, Ta.number(), RH.number()));
+        Td.assign(showDewPoint(m_desk, Ta.number(), RH.number()));
+        mustExist({{Live::Td, &Td}});
     } else {
-        RH.assign(Relative_Humidity_Magnus(m_desk, Ta.number(), Td.number()));
+        RH.assign(showRelativeHumidity(m_desk, Ta.number(), Td.number()));
     }
     if (isDewPointAbove(Td, Ta))
         return kError;
@@ -170,6 +191,16 @@ bool WBGT_UTCI::isDewPointAbove(const Variant& Td, const Variant& Ta)
     return above;
 }
 
+/// By the robust rules, fails where a temperature that is given is one that nothing can have.
+void WBGT_UTCI::mustExist(std::initializer_list<std::pair<Live, const Variant*>> temperatures) const
+{
+    if (m_rules == Rules::Classic)
+        return;
+    for (const auto& [quantity, temperature] : temperatures)
+        if (isGiven(*temperature))
+            mustBeAboveAbsoluteZero(quantity, temperature->number());
+}
+
 Variant WBGT_UTCI::answer(const char* text, std::string why)
 {
     m_desk.explain(std::move(why));
@@ -184,8 +215,9 @@ Variant WBGT_UTCI::Globe_Temperature_Model(const Variant& Ta, const Variant& RH,
     const Number humidity = RH.number();
     const Number wind = WS.number();
     const Number sun = SR.number();
-    return told(m_globes.recall({air.value(), humidity.value(), wind.value(), sun.value()},
-                                [&] { return models::Globe_Temperature_Model(air, humidity, wind, sun); }));
+    return told(m_globes.recall(
+        {air.value(), humidity.value(), wind.value(), sun.value(), static_cast<double>(m_rules)},
+        [&] { return models::Globe_Temperature_Model(air, humidity, wind, sun, m_rules); }));
 }
 
 Variant WBGT_UTCI::Natural_Wet_Bulb(const Variant& Ta, const Variant& Td, const Variant& RH, Variant& WS,
@@ -197,9 +229,9 @@ Variant WBGT_UTCI::Natural_Wet_Bulb(const Variant& Ta, const Variant& Td, const 
     const Number humidity = RH.number();
     const Number wind = WS.number();
     const Number sun = SR.number();
-    Variant Tnwb =
-        told(m_wetBulbs.recall({air.value(), dew.value(), humidity.value(), wind.value(), sun.value()},
-                               [&] { return models::Natural_Wet_Bulb(air, dew, humidity, wind, sun); }));
+    Variant Tnwb = told(m_wetBulbs.recall(
+        {air.value(), dew.value(), humidity.value(), wind.value(), sun.value(), static_cast<double>(m_rules)},
+        [&] { return models::Natural_Wet_Bulb(air, dew, humidity, wind, sun, m_rules); }));
     if (!Tnwb.isEmpty())
         m_desk.writeCaption(Live::Tnwb, format(Tnwb, kFormat00_00000));
     return Tnwb;
@@ -214,18 +246,21 @@ std::optional<std::int16_t> WBGT_UTCI::searchRadiation(const Variant& Ta, const 
     const Number wind = WS.number();
     const Number globe = Tg.number();
     bool solvedNow = false;
-    const Search& search = m_searches.recall(
-        {air.value(), humidity.value(), wind.value(), globe.value(), static_cast<double>(last)}, [&] {
-            solvedNow = true;
-            Search found;
-            found.radiation = models::searchRadiation(air, humidity, wind, globe, last, [&] {
-                ++found.messages;
-                showNoConvergence();
-            });
-            return found;
-        });
+    const Search& search = m_searches.recall({air.value(), humidity.value(), wind.value(), globe.value(),
+                                              static_cast<double>(last), static_cast<double>(m_rules)},
+                                             [&] {
+                                                 solvedNow = true;
+                                                 Search found;
+                                                 const auto count = [&] {
+                                                     ++found.messages;
+                                                     tellNoConvergence();
+                                                 };
+                                                 found.radiation = models::searchRadiation(
+                                                     air, humidity, wind, globe, last, count, m_rules);
+                                                 return found;
+                                             });
     for (int i = 0; !solvedNow && i < search.messages; ++i)
-        showNoConvergence();
+        tellNoConvergence();
     return search.radiation;
 }
 
@@ -241,12 +276,14 @@ Number WBGT_UTCI::psychrometricWetBulb(const Variant& Ta, const Variant& Td)
 Variant WBGT_UTCI::told(const Solution& solution)
 {
     if (!solution.converged())
-        showNoConvergence();
-    return solution.temperature();
+        tellNoConvergence();
+    return solution.converged() ? Variant(solution.celsius) : Variant();
 }
 
-void WBGT_UTCI::showNoConvergence()
+void WBGT_UTCI::tellNoConvergence()
 {
+    if (m_rules != Rules::Classic)
+        throw RunFailure("the heat balance of globe or wet bulb has no solution");
     m_desk.showMessage("No convergence: values too extreme");
 }
 

@@ -16,11 +16,23 @@
 #include "models/desk.h"
 #include "models/solve_memory.h"
 #include "models/solvers.h"
+#include "values/variant.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
+#include <utility>
 
 namespace comfortics::models {
+
+using values::Variant;
+
+/// The floor before both solvers: a wind that is a number below vmin becomes vmin, in the caller's
+/// variable too. One that is still a text stands: a number is below every text.
+void raiseToMinimumWind(Variant& v, Number vmin);
+
+/// Fails with the sentence where an air, globe or dew point temperature [°C] is below absolute zero.
+void mustBeAboveAbsoluteZero(formulas::Live temperature, Number celsius);
 
 /// The module of the iterative heat-balance models. Holds the memory of one calculation's solves:
 /// a solve asked for again is answered from there, with the captions and messages of the first.
@@ -28,7 +40,8 @@ namespace comfortics::models {
 /// The models answer with a double; Empty if both readings of a pair are -99; "" if both are
 /// empty; "Error:" if both are given or the dew point is above the air temperature. They explain a
 /// text to the desk before they return it. A solver that does not converge shows a message, and
-/// its temperature is Empty, so 0 in what follows. Arithmetic without a defined result throws
+/// its temperature is Empty, so 0 in what follows; by the robust rules the root of its balance takes
+/// its place, and where there is none the model fails. Arithmetic without a defined result throws
 /// RunFailure.
 ///
 /// Units: Ta, Tg, Td [°C], WS [m/s], SR [W/m²], RH [%].
@@ -37,8 +50,9 @@ public:
     explicit WBGT_UTCI(Desk& desk) : m_desk(desk) {}
 
     /// The rules of the calls that follow; classic at first. By the robust ones the dew point is
-    /// compared with the air temperature as a number, and the psychrometric search ends in
-    /// saturated air.
+    /// compared with the air temperature as a number, the psychrometric search ends in saturated air,
+    /// no temperature is below absolute zero, and a globe, wet bulb or radiation that cannot be
+    /// derived fails the model instead of counting as 0.
     void setRules(formulas::Rules rules) { m_rules = rules; }
 
     /// Universal Thermal Climate Index [°C] (Bröde et al., 2009). Overwrites whichever of Td and RH
@@ -75,7 +89,8 @@ private:
                                                 const Variant& Tg, int last);
     Number psychrometricWetBulb(const Variant& Ta, const Variant& Td);
     Variant told(const Solution& solution);
-    void showNoConvergence();
+    void tellNoConvergence();
+    void mustExist(std::initializer_list<std::pair<formulas::Live, const Variant*>> temperatures) const;
 
     struct Search {
         std::optional<std::int16_t> radiation;
@@ -85,9 +100,10 @@ private:
     Desk& m_desk;
     formulas::Rules m_rules = formulas::Rules::Classic;
     // One calculation asks for three globes (as measured, at 10 m, at 60 %) and one of the others.
-    SolveMemory<4, Solution, 4> m_globes;
-    SolveMemory<5, Solution, 2> m_wetBulbs;
-    SolveMemory<5, Search, 2> m_searches;
+    // The rules are among the arguments.
+    SolveMemory<5, Solution, 4> m_globes;
+    SolveMemory<6, Solution, 2> m_wetBulbs;
+    SolveMemory<6, Search, 2> m_searches;
     SolveMemory<4, Number, 2> m_psychrometrics;
 };
 

@@ -18,15 +18,18 @@ constexpr const char* kRadiationName = "Solar Radiation";
 } // namespace
 
 void exportSpreadsheetTable(const controls::Grid& grid, std::string_view successText,
-                            controls::FileDialogs& files, controls::Messages& messages)
+                            controls::FileDialogs& files, controls::Messages& messages,
+                            const std::vector<std::string>& headers)
 {
+    const auto written = [](const std::string& path) { return path + ".csv"; };
     const std::optional<std::string> name = files.askSave({.title = kSpreadsheetTitle,
                                                            .filter = "Comma-Separated Values (*.csv)",
                                                            .fileName = "",
-                                                           .overwritePrompt = true});
+                                                           .overwritePrompt = true,
+                                                           .written = written});
     if (!name || name->empty())
         return;
-    const WriteResult result = writeCsvFile(grid, CsvForm::Separated, *name + ".csv");
+    const WriteResult result = writeCsvFile(grid, CsvForm::Separated, written(*name), headers);
     if (!result.succeeded()) {
         messages.show({.text = result.error, .title = kSpreadsheetTitle});
         return;

@@ -8,6 +8,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace comfortics::output {
 
@@ -18,8 +19,10 @@ inline constexpr std::string_view kBatchSaved = "The spreadsheet table has been 
 /// Exports the results or the batch table. ".csv" is added to whatever name is chosen, deliberately
 /// also to one that ends in it. A cancelled dialog or an empty name ends the export in silence; a
 /// failed write shows its reason instead of the success message and leaves an existing file alone.
+/// `headers`, where there are any, are written in place of those of the table.
 void exportSpreadsheetTable(const controls::Grid& grid, std::string_view successText,
-                            controls::FileDialogs& files, controls::Messages& messages);
+                            controls::FileDialogs& files, controls::Messages& messages,
+                            const std::vector<std::string>& headers = {});
 
 /// Exports the radiation table. The question about an existing file is asked, but nothing depends
 /// on the answer, and a cancelled dialog goes on with the name "Solar Radiation" in the current

@@ -7,7 +7,8 @@
 
 namespace comfortics::output {
 
-bool writeCsv(const controls::Grid& grid, CsvForm form, ByteSink& sink)
+bool writeCsv(const controls::Grid& grid, CsvForm form, ByteSink& sink,
+              const std::vector<std::string>& headers)
 {
     std::string line;
     for (std::size_t row = 0; row < grid.rows(); ++row) {
@@ -15,7 +16,8 @@ bool writeCsv(const controls::Grid& grid, CsvForm form, ByteSink& sink)
         for (std::size_t col = 0; col < grid.cols(); ++col) {
             if (form == CsvForm::Separated && col > 0)
                 line += ',';
-            appendWindows1252(line, grid.textMatrix(row, col));
+            appendWindows1252(line,
+                              row == 0 && col < headers.size() ? headers[col] : grid.textMatrix(row, col));
             if (form == CsvForm::Terminated)
                 line += ',';
         }
@@ -26,10 +28,11 @@ bool writeCsv(const controls::Grid& grid, CsvForm form, ByteSink& sink)
     return true;
 }
 
-WriteResult writeCsvFile(const controls::Grid& grid, CsvForm form, const std::string& path)
+WriteResult writeCsvFile(const controls::Grid& grid, CsvForm form, const std::string& path,
+                         const std::vector<std::string>& headers)
 {
     WholeFile file(path);
-    writeCsv(grid, form, file);
+    writeCsv(grid, form, file, headers);
     return file.commit();
 }
 

@@ -18,7 +18,6 @@ using values::lowered;
 namespace {
 
 constexpr std::size_t kNameCol = 0;
-constexpr std::size_t kValueCol = 1;
 constexpr std::size_t kUnitCol = 2;
 constexpr std::size_t kColCount = 3;
 constexpr int kCentred = 4;
@@ -50,8 +49,7 @@ Frm_Comfortics::Frm_Comfortics(controls::Clipboard& clipboard, controls::Message
     for (Grid* grid : {&Flex, &Flex_Search}) {
         grid->setSize(kGridWidth, kGridHeight);
         grid->setFont({.name = "Arial Narrow"});
-        grid->provideNotes(
-            [this, grid](std::size_t row, std::size_t col) { return whyBlank(*grid, row, col); });
+        grid->provideNotes([this, grid](std::size_t row, std::size_t col) { return note(*grid, row, col); });
     }
     Flex.onMouseDown([this](MouseButton button) { gridMouseDown(Flex, m_flexSortedUp, button); });
     Flex_Search.onMouseDown(
@@ -104,8 +102,10 @@ void Frm_Comfortics::showResults(std::size_t count, const std::function<ResultRo
         Flex.setTextMatrix(0, kNameCol, "Thermal Index");
         Flex.setTextMatrix(0, kValueCol, "Value");
         Flex.setTextMatrix(0, kUnitCol, "Unit");
+        m_doubts.assign(count + 1, {});
         for (std::size_t index = 1; index <= count; ++index) {
             const ResultRow row = entry(index);
+            m_doubts[index] = row.doubt;
             Flex.setTextMatrix(index, kNameCol, row.name);
             Flex.setTextMatrix(index, kValueCol, row.value);
             Flex.setTextMatrix(index, kUnitCol, row.unit);
@@ -181,13 +181,19 @@ void Frm_Comfortics::Menu_Export_Click()
 
 void Frm_Comfortics::Menu_Print_Click()
 {
+    // The page has room for the table alone.
+    m_printing.nameDocument(lbl_In_Force.caption().empty() ? caption()
+                                                           : caption() + ". " + lbl_In_Force.caption());
     m_printing.show([this](Printer& printer) {
+        WriteResult result;
         try {
-            printGrid(visibleGrid(), cTP, m_helper, printer);
+            result = printGrid(visibleGrid(), cTP, m_helper, printer);
         } catch (const values::RunFailure& failure) {
-            m_messages.show({.text = "The table could not be printed: " + failure.why() + ".",
-                             .title = Menu_Print.caption()});
+            result.error = "The table could not be printed: " + failure.why() + ".";
         }
+        if (!result.succeeded())
+            m_messages.show({.text = result.error, .title = Menu_Print.caption()});
+        return result.succeeded();
     });
 }
 
@@ -206,11 +212,20 @@ void Frm_Comfortics::MouseWheel(int /*modifierKeys*/, int rotation, int x, int y
     }
 }
 
-std::string Frm_Comfortics::whyBlank(const Grid& grid, std::size_t row, std::size_t col) const
+std::string Frm_Comfortics::note(const Grid& grid, std::size_t row, std::size_t col) const
 {
-    const bool blankValue = row >= grid.fixedRows() && col == kValueCol && grid.textMatrix(row, col).empty();
+    if (row < grid.fixedRows() || col != kValueCol)
+        return {};
+    if (!grid.textMatrix(row, col).empty())
+        return std::string(doubt(grid, row));
     const std::int32_t index = grid.rowKey(row);
-    return blankValue && index > 0 && m_reason ? m_reason(index) : std::string();
+    return index > 0 && m_reason ? m_reason(index) : std::string();
+}
+
+std::string_view Frm_Comfortics::doubt(const Grid& grid, std::size_t row) const
+{
+    const auto index = static_cast<std::size_t>(grid.rowKey(row)); // 0 in a row of no index
+    return index < m_doubts.size() ? std::string_view(m_doubts[index]) : std::string_view();
 }
 
 } // namespace comfortics::output

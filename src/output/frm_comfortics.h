@@ -13,6 +13,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace comfortics::output {
 
@@ -21,6 +22,7 @@ struct ResultRow {
     std::string_view name;
     std::string_view value;
     std::string_view unit;
+    std::string doubt{}; ///< which limit the value lies outside of; else empty
 };
 
 /// The results window: the table of all entries, and in its place, while something is searched for,
@@ -32,11 +34,15 @@ public:
     Frm_Comfortics(controls::Clipboard& clipboard, controls::Messages& messages, controls::FileDialogs& files,
                    PrintDialog& printing);
 
+    static constexpr std::size_t kValueCol = 1;
+
     controls::Grid Flex{1, 3};
     controls::Grid Flex_Search{1, 3};
     controls::TextBox txt_Search;
     controls::Label lbl_sort_Info{"Click headers to sort Comfortics."};
-    controls::Picture Image1; ///< the search icon
+    controls::Label lbl_Earlier;  ///< says that the table is of earlier readings; else empty
+    controls::Label lbl_In_Force; ///< the rules that the table was calculated by, and the use of limits
+    controls::Picture Image1;     ///< the search icon
 
     controls::MenuEntry Menu_Copy{"Menu"}; ///< the popup menu that holds the four below
     controls::MenuEntry Menu_Copy_Copy{"Copy All"};
@@ -57,6 +63,9 @@ public:
     /// for blank values only, in whichever row sorting and searching have brought them.
     void provideReasons(std::function<std::string(int index)> reason) { m_reason = std::move(reason); }
 
+    /// The value of the row lies outside of its limits, which were ignored; its note says which.
+    bool isDoubtful(const controls::Grid& grid, std::size_t row) const { return !doubt(grid, row).empty(); }
+
     /// Sizes both grids [twips] and shares the width among their columns.
     void resizeGrids(int width, int height);
 
@@ -76,7 +85,8 @@ private:
     void Menu_Print_Click();
     void cTP_NewPage(controls::DrawingSurface& surface, bool& topIsSet);
     static void shareWidth(controls::Grid& grid);
-    std::string whyBlank(const controls::Grid& grid, std::size_t row, std::size_t col) const;
+    std::string note(const controls::Grid& grid, std::size_t row, std::size_t col) const;
+    std::string_view doubt(const controls::Grid& grid, std::size_t row) const;
 
     controls::Clipboard& m_clipboard;
     controls::Messages& m_messages;
@@ -84,6 +94,7 @@ private:
     PrintDialog& m_printing;
     mdlTPHelper m_helper;
     std::function<std::string(int)> m_reason;
+    std::vector<std::string> m_doubts; // by index, from 1
     // Whether the next click on a header sorts downwards: one flag for each grid, not for each
     // column.
     bool m_flexSortedUp = false;

@@ -3,6 +3,8 @@
 
 #include "values/run_failure.h"
 
+#include <algorithm>
+
 namespace comfortics::output {
 
 namespace {
@@ -13,21 +15,45 @@ constexpr controls::Color kPageMark = 0x808080;
 
 } // namespace
 
-void printGrid(controls::Grid& grid, clsTablePrint& table, mdlTPHelper& helper, Printer& printer)
+std::vector<int> pagesOnPaper(const PageChoice& choice, int pages)
 {
+    const auto chosen = [&](int page) {
+        return choice.ranges.empty() ||
+               std::any_of(choice.ranges.begin(), choice.ranges.end(),
+                           [page](const auto& range) { return range.first <= page && page <= range.second; });
+    };
+    std::vector<int> once;
+    for (int page = 1; page <= pages; ++page)
+        if (chosen(page))
+            once.push_back(page);
+    if (choice.lastFirst)
+        std::reverse(once.begin(), once.end());
+    std::vector<int> all;
+    for (int copy = 0; copy < choice.copies; ++copy)
+        all.insert(all.end(), once.begin(), once.end());
+    if (!choice.collated)
+        std::stable_sort(all.begin(), all.end(),
+                         [&](int a, int b) { return choice.lastFirst ? a > b : a < b; });
+    return all;
+}
+
+WriteResult printGrid(controls::Grid& grid, clsTablePrint& table, mdlTPHelper& helper, Printer& printer)
+{
+    const PageMargins own = printer.margins();
+    const auto margin = [](double size) { return std::max(kMargin, static_cast<float>(size)); };
+    const float width = static_cast<float>(printer.pageWidth()) - margin(own.left) - margin(own.right);
+    if (width <= 0)
+        throw values::RunFailure("the margins of the page leave no room");
     printer.print();
-    helper.ImportFlexGrid(table, grid, static_cast<float>(printer.pageWidth() - 2 * kMargin));
-    table.MarginBottom = kMargin;
-    table.MarginLeft = kMargin;
-    table.MarginTop = kMargin;
+    helper.ImportFlexGrid(table, grid, width);
+    table.MarginBottom = margin(own.bottom);
+    if (table.MarginBottom > kMargin) // a page holds one row more than fits above it
+        table.MarginBottom += static_cast<float>(table.BodyRowHeight(printer));
+    table.MarginLeft = margin(own.left);
+    table.MarginTop = margin(own.top);
     printer.setCurrentY(table.MarginTop);
-    try {
-        table.DrawTable(printer, table.MarginTop, 1);
-    } catch (const values::RunFailure&) {
-        printer.endDoc();
-        throw;
-    }
-    printer.endDoc();
+    table.DrawTable(printer, table.MarginTop, 1);
+    return printer.endDoc();
 }
 
 void startNextPage(const clsTablePrint& table, controls::DrawingSurface& surface, bool& topIsSet)

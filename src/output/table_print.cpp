@@ -150,6 +150,14 @@ clsTablePrint::Heights clsTablePrint::measure(DrawingSurface& surface) const
     return heights;
 }
 
+double clsTablePrint::BodyRowHeight(DrawingSurface& surface) const
+{
+    const FontRef ownFont = surface.font();
+    const double height = measure(surface).body;
+    surface.setFont(ownFont);
+    return height;
+}
+
 int clsTablePrint::CalcNumRowsPerPage(DrawingSurface& surface, std::optional<bool> headerOnEachPage,
                                       std::optional<bool> hasFooter) const
 {

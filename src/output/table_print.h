@@ -102,6 +102,9 @@ public:
     /// the last body row drawn, -1 before the first.
     std::function<void(controls::DrawingSurface& surface, bool& topIsSet, bool& Cancel, int lastRow)> NewPage;
 
+    /// The height of each body row, the tallest cell's.
+    double BodyRowHeight(controls::DrawingSurface& surface) const;
+
     /// The number of body rows that fit one page. Arguments left out are taken from the fields.
     int CalcNumRowsPerPage(controls::DrawingSurface& surface, std::optional<bool> headerOnEachPage = {},
                            std::optional<bool> hasFooter = {}) const;

@@ -29,8 +29,9 @@ struct WriteResult {
 /// left alone. Paths are UTF-8.
 class WholeFile final : public ByteSink {
 public:
-    /// Opens the file beside. `result` tells at once whether that was possible.
-    explicit WholeFile(std::string path);
+    /// Opens the file beside. `result` tells at once whether that was possible. Where a signal comes
+    /// while a pipe or device keeps waiting, `abandoned` is asked whether to wait no longer.
+    explicit WholeFile(std::string path, bool (*abandoned)() = nullptr);
     WholeFile(const WholeFile&) = delete;
     WholeFile& operator=(const WholeFile&) = delete;
     /// Gives the file up, unless it is committed.
@@ -45,12 +46,20 @@ public:
     /// How it stands so far.
     const WriteResult& result() const noexcept { return m_result; }
 
+    /// From now on a signal that ends the process (SIGINT, SIGTERM, SIGHUP, unless ignored) takes the
+    /// file beside with it. For a program that lets signals end it and writes one file at a time, in
+    /// the thread that calls this.
+    static void leaveNothingWhenKilled();
+
 private:
+    bool mayWait() const;
     void openBeside(mode_t mode);
     void fail();
     void giveUp() noexcept;
+    void forgetTemporary() noexcept;
 
-    std::string m_path;      // as given
+    std::string m_path; // as given
+    bool (*m_abandoned)();
     std::string m_target;    // the same behind links
     std::string m_temporary; // empty where the target is written directly
     int m_descriptor = -1;

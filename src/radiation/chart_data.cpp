@@ -5,14 +5,22 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string_view>
 
 namespace comfortics::radiation {
 
 namespace {
 
-constexpr double kMostRadiation = 1500; // W/m², above what reaches the ground
 constexpr double kMinutesPerHour = 60;
+
+// Where the line between two points has a height that lies between theirs.
+ChartVertex crossing(const ChartVertex& from, const ChartVertex& to, double height)
+{
+    // Halved, since the whole can be more than a double holds.
+    const double part = (height / 2 - from.figure / 2) / (to.figure / 2 - from.figure / 2);
+    return {.minute = from.minute + part * (to.minute - from.minute), .figure = height};
+}
 
 } // namespace
 
@@ -38,14 +46,39 @@ ChartSpan chartSpan(const std::vector<ChartPoint>& points)
 {
     ChartSpan span;
     for (const ChartPoint& point : points) {
+        bool isCut = false;
         for (const double figure : point.figures) {
-            if (std::abs(figure) > kMostRadiation)
-                span.isCut = true;
-            else
-                span = {std::min(span.lowest, figure), std::max(span.highest, figure), span.isCut};
+            if (std::abs(figure) > kMostRadiation) {
+                isCut = true;
+                continue;
+            }
+            span.lowest = std::min(span.lowest, figure);
+            span.highest = std::max(span.highest, figure);
         }
+        span.cutPoints += isCut ? 1 : 0;
     }
     return span;
+}
+
+std::vector<ChartVertex> chartCurve(const std::vector<ChartPoint>& points, std::size_t figure, double low,
+                                    double high)
+{
+    std::vector<ChartVertex> curve;
+    std::optional<ChartVertex> before;
+    for (const ChartPoint& point : points) {
+        const ChartVertex here{.minute = point.minute, .figure = point.figures.at(figure)};
+        const auto cross = [&](double bound) {
+            if (before && ((before->figure < bound && bound < here.figure) ||
+                           (here.figure < bound && bound < before->figure)))
+                curve.push_back(crossing(*before, here, bound));
+        };
+        const bool rises = before && before->figure < here.figure;
+        cross(rises ? low : high);
+        cross(rises ? high : low);
+        curve.push_back({.minute = here.minute, .figure = std::clamp(here.figure, low, high)});
+        before = here;
+    }
+    return curve;
 }
 
 const ChartPoint* nearestPoint(const std::vector<ChartPoint>& points, double minute)

@@ -6,8 +6,8 @@
 #include "values/run_failure.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
-#include <optional>
 #include <stdexcept>
 
 namespace comfortics::radiation {
@@ -50,6 +50,12 @@ void tryWrite(controls::Grid& grid, std::size_t row, std::size_t col, const std:
         grid.setTextMatrix(row, col, text);
     } catch (const std::out_of_range&) {
     }
+}
+
+// "2"; a clock ahead of Greenwich has its sign, too.
+std::string signedText(double hours)
+{
+    return (hours > 0 ? "+" : "") + values::plainText(hours);
 }
 
 // One sentence for the user, with what the sun does on a day without a sunrise and a sunset.
@@ -110,6 +116,11 @@ Frm_Radiation::Frm_Radiation(const Surroundings& surroundings, Date today)
     cmd_Take_Offset.setVisible(false);
     Flex_Radiation.setSize(kTableWidth, kTableHeight);
 
+    for (controls::TextBox* const box : {&txt_lat, &txt_Lon})
+        box->change.handle([this] {
+            offerOffset({}, {});
+            placeChange.raise();
+        });
     Calendar.click.handle([this] { Calendar_Click(); });
     List_OKTA.click.handle([this] { List_OKTA_Click(); });
     cmd_Calculate.click.handle([this] { cmd_Calculate_Click(); });
@@ -199,6 +210,16 @@ void Frm_Radiation::takePlace(std::string_view place)
         txt_Lon.setText(text.substr(comma + 1, text.find(',', comma + 1) - (comma + 1)));
 }
 
+std::optional<GeoPoint> Frm_Radiation::place() const
+{
+    const GeoPoint point{.latitude = values::val(txt_lat.text()), .longitude = values::val(txt_Lon.text())};
+    constexpr double kPole = 90;
+    constexpr double kDateLine = 180;
+    const bool isOnGlobe = std::abs(point.latitude) <= kPole && std::abs(point.longitude) <= kDateLine;
+    return isOnGlobe && !txt_lat.text().empty() && !txt_Lon.text().empty() ? std::optional(point)
+                                                                           : std::nullopt;
+}
+
 void Frm_Radiation::offerOffset(const std::string& zone, const std::string& of)
 {
     m_zone = zone;
@@ -244,8 +265,7 @@ void Frm_Radiation::cmd_Calculate_Click()
     }
 }
 
-// Nothing is written before all that can fail has been computed. Cells that no minute is written to
-// keep the text that they have, deliberately.
+// Nothing is written before all that can fail has been computed.
 void Frm_Radiation::calculate(const Site& site)
 {
     const DayLimits day = dayLimits(site);
@@ -256,12 +276,26 @@ void Frm_Radiation::calculate(const Site& site)
     const std::vector<MinuteRow> minutes = minuteRows(site, day);
 
     writeTable(static_cast<std::size_t>(rows), minutes);
+    lbl_Table.setCaption(tableText(site));
     Fra_table.setVisible(true);
 }
 
+// "Near Athens, Greece: latitude 38, longitude 23.7; day 196 of the year (2026-07-15); GMT +3; okta 4"
+std::string Frm_Radiation::tableText(const Site& site) const
+{
+    const bool isPicked = txt_Day.text() == std::to_string(dayOfYear(Calendar.value()));
+    return (m_zoneOf.empty() ? "Latitude " : m_zoneOf + ": latitude ") + values::plainText(site.lat.value()) +
+           ", longitude " + values::plainText(site.lon.value()) + "; day " +
+           values::plainText(site.n.value()) + " of the year" +
+           (isPicked ? " (" + isoText(Calendar.value()) + ")" : std::string()) + "; GMT " +
+           signedText(site.gmt.value()) + "; okta " + std::to_string(site.okta);
+}
+
+// A row that no minute is written to is blank.
 void Frm_Radiation::writeTable(std::size_t rows, const std::vector<MinuteRow>& minutes)
 {
     const controls::Grid::Bulk bulk(Flex_Radiation);
+    Flex_Radiation.clear();
     Flex_Radiation.setRows(rows);
     Flex_Radiation.setCols(kCols);
     for (const MinuteRow& minute : minutes) {

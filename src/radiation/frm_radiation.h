@@ -6,11 +6,13 @@
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "radiation/calendar.h"
+#include "radiation/map_view.h"
 #include "radiation/place_source.h"
 #include "radiation/radiation_model.h"
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -66,6 +68,7 @@ public:
     controls::Picture Img_Calculate;
 
     controls::Frame Fra_table; ///< covers the form while it is visible
+    controls::Label lbl_Table; ///< what the table was calculated for
     controls::Grid Flex_Radiation{2, 5};
     controls::Button cmd_Back{"Back"};
     controls::Button cmd_Export{"Export"};
@@ -95,6 +98,13 @@ public:
     /// a comma the longitude keeps its text.
     void takePlace(std::string_view place);
 
+    /// The place in the boxes, read as the calculation reads them; nothing where one is empty or lies
+    /// beyond the globe.
+    std::optional<GeoPoint> place() const;
+    /// A text of the place has changed, by whatever means. The earlier offer of a clock is withdrawn;
+    /// whoever knows of clocks makes a new one.
+    controls::Event placeChange;
+
     /// Offers the clock of a time zone for the date of the calendar; `of` says whose zone it is. No
     /// zone, or an unknown one, withdraws the offer.
     void offerOffset(const std::string& zone, const std::string& of);
@@ -115,6 +125,7 @@ private:
     void tmr_WebBrowser_Timer();
     void cmd_Take_Offset_Click();
     void repeatOffer();
+    std::string tableText(const Site& site) const;
 
     Surroundings m_around;
     int m_okta = 0;

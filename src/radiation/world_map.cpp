@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "radiation/world_map.h"
 
-#include "values/text.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -10,10 +8,10 @@
 #include <cstdint>
 #include <numbers>
 #include <tuple>
+#include <utility>
 
 namespace comfortics::radiation {
 
-using values::lowered;
 using values::trimmed;
 
 namespace {
@@ -115,11 +113,6 @@ Match match(const std::string& name, const std::string& wanted)
     return best;
 }
 
-bool liesIn(const Place& place, const std::string& region)
-{
-    return lowered(place.country).starts_with(region) || lowered(place.province).starts_with(region);
-}
-
 } // namespace
 
 std::optional<WorldMap> readWorldMap(std::string_view text)
@@ -148,7 +141,7 @@ std::optional<WorldMap> readWorldMap(std::string_view text)
     return map;
 }
 
-Places::Places(std::string_view text)
+Places::Places(std::string_view text, Fold fold) : m_fold(std::move(fold))
 {
     cut(text, '\n'); // the headers
     while (!text.empty()) {
@@ -164,23 +157,41 @@ Places::Places(std::string_view text)
                     .population = 0,
                     .zone = std::string(fields[7])};
         if (read(fields[4], place.at.latitude) && read(fields[5], place.at.longitude) &&
-            read(fields[6], place.population))
+            read(fields[6], place.population)) {
+            m_folded.push_back({.name = m_fold(place.name),
+                                .plainName = m_fold(place.plainName),
+                                .country = m_fold(place.country),
+                                .regions = m_fold(place.province + ", " + place.country)});
             m_places.push_back(std::move(place));
+        }
     }
 }
 
+// A comma can be the name's own, as in "Washington, D.C.", so the region may begin behind the first or
+// the second one, or there is none.
 std::vector<const Place*> Places::search(std::string_view text, std::size_t limit) const
 {
-    const std::string wanted = lowered(trimmed(cut(text, ',')));
-    const std::string region = lowered(trimmed(text));
-    std::vector<std::tuple<Match, long, const Place*>> found;
-    if (wanted.empty())
+    struct Wanted {
+        std::string name;
+        std::string region;
+    };
+    std::vector<Wanted> ways;
+    std::size_t comma = text.find(',');
+    for (int i = 0; i < 2 && comma != std::string_view::npos; ++i, comma = text.find(',', comma + 1))
+        ways.push_back({m_fold(trimmed(text.substr(0, comma))), m_fold(trimmed(text.substr(comma + 1)))});
+    ways.push_back({m_fold(trimmed(text)), ""});
+    if (ways.front().name.empty())
         return {};
-    for (const Place& place : m_places) {
-        const Match best =
-            std::min(match(lowered(place.name), wanted), match(lowered(place.plainName), wanted));
-        if (best != Match::None && (region.empty() || liesIn(place, region)))
-            found.emplace_back(best, -place.population, &place);
+
+    std::vector<std::tuple<Match, long, const Place*>> found;
+    for (std::size_t i = 0; i < m_places.size(); ++i) {
+        const Folded& place = m_folded[i];
+        Match best = Match::None;
+        for (const Wanted& wanted : ways)
+            if (place.country.starts_with(wanted.region) || place.regions.starts_with(wanted.region))
+                best = std::min({best, match(place.name, wanted.name), match(place.plainName, wanted.name)});
+        if (best != Match::None)
+            found.emplace_back(best, -m_places[i].population, &m_places[i]);
     }
     std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
         return std::tie(std::get<0>(a), std::get<1>(a)) < std::tie(std::get<0>(b), std::get<1>(b));

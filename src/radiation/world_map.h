@@ -4,8 +4,10 @@
 #pragma once
 
 #include "radiation/map_view.h"
+#include "values/text.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +40,11 @@ struct Place {
 
     /// "Quito, Ecuador"
     std::string title() const { return name + ", " + country; }
+    /// "Quito, Pichincha, Ecuador"
+    std::string fullTitle() const
+    {
+        return name + (province.empty() ? "" : ", " + province) + ", " + country;
+    }
 };
 
 struct NearPlace {
@@ -48,22 +55,35 @@ struct NearPlace {
 /// The places that can be searched for.
 class Places {
 public:
+    /// Makes texts alike that count as the same in a search, for instance "São" and "sao".
+    using Fold = std::function<std::string(std::string_view)>;
+
     Places() = default;
     /// Reads places.tsv. Lines that are none are passed over.
-    explicit Places(std::string_view text);
+    explicit Places(std::string_view text, Fold fold = values::lowered);
 
     const std::vector<Place>& all() const noexcept { return m_places; }
 
     /// Places of whose names the text is the whole, the beginning, the beginning of a word or a
-    /// middle, in this order; larger ones first among equals. What stands behind a comma must begin
-    /// the country or the province. The case of ASCII letters does not matter.
+    /// middle, in this order; larger ones first among equals. What stands behind a comma that is not
+    /// the name's own must begin the country, the province or both, as in the full title.
     std::vector<const Place*> search(std::string_view text, std::size_t limit) const;
 
     /// The nearest place with a known time zone, if there is any within the distance.
     std::optional<NearPlace> nearest(GeoPoint point, double withinKilometres) const;
 
 private:
+    // What is compared in a search, folded.
+    struct Folded {
+        std::string name;
+        std::string plainName;
+        std::string country;
+        std::string regions; ///< province and country
+    };
+
+    Fold m_fold = values::lowered;
     std::vector<Place> m_places;
+    std::vector<Folded> m_folded; // one for each place
 };
 
 /// Along the great circle.

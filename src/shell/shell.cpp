@@ -16,6 +16,10 @@ using radiation::Frm_Radiation;
 
 namespace {
 
+constexpr const char* kEarlier =
+    "Of earlier readings or options: a new calculation shows those that stand now.";
+constexpr const char* kForgotten = "The reason is no longer known: something else was calculated since.";
+
 // By the local clock.
 radiation::Date today()
 {
@@ -33,7 +37,10 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
     : splash([this] { return std::make_unique<Frm_Splash_Screen>([this] { handOver(); }); }), results([this] {
           auto form = std::make_unique<Frm_Comfortics>(m_desktop.clipboard, m_desktop.messages,
                                                        m_desktop.files, m_desktop.printing);
-          form->provideReasons([this](int index) { return m_main.calculation.whyBlank(index); });
+          form->provideReasons([this](int index) {
+              return m_tableRun == m_main.calculation.runs() ? m_main.calculation.whyBlank(index)
+                                                             : std::string(kForgotten);
+          });
           return form;
       }),
       converter([this] { return std::make_unique<Frm_Converter>(m_main); }), radiation([this] {
@@ -51,6 +58,7 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
       m_messages(desktop.messages), m_main(m_limits, m_messages, *this)
 {
     m_main.Menu_Radiation.setEnabled(desktop.maps != nullptr);
+    m_main.standing.handle([this] { tellStanding(); });
 }
 
 void Shell::start()
@@ -66,22 +74,44 @@ void Shell::handOver()
 
 std::string Shell::limitsWarning() const
 {
-    return shell::limitsWarning(m_limits);
+    return core::limitsWarning(m_limits);
+}
+
+// Figures of earlier inputs stay and are said to be so.
+void Shell::tellStanding()
+{
+    if (rawData.get() != nullptr)
+        rawData.get()->tellTerms();
+    if (results.get() != nullptr)
+        results.get()->lbl_Earlier.setCaption(m_tableInputs && *m_tableInputs != m_main.inputs() ? kEarlier
+                                                                                                 : "");
+}
+
+void Shell::tableIsOfStore()
+{
+    m_tableInputs = m_main.calculation.resultInputs();
+    m_tableRun = m_main.calculation.runs();
+    results.get()->lbl_In_Force.setCaption(m_tableInputs ? "By " + core::inForce(m_tableInputs->settings)
+                                                         : "");
+    tellStanding();
 }
 
 void Shell::showResults()
 {
     const core::Frm_Results& store = m_main.results;
-    results.touch().showResults(store.controlCount() / 3 - 1, [&store](std::size_t index) {
+    results.touch().showResults(store.controlCount() / 3 - 1, [this, &store](std::size_t index) {
         return output::ResultRow{.name = store.lbl_Index[index].caption(),
                                  .value = store.lbl_results[index].caption(),
-                                 .unit = store.lbl_Unit[index].caption()};
+                                 .unit = store.lbl_Unit[index].caption(),
+                                 .doubt = m_main.calculation.whyDoubtful(static_cast<int>(index))};
     });
+    tableIsOfStore();
 }
 
 void Shell::showRawData()
 {
     rawData.touch().open(results.touch());
+    tableIsOfStore();
 }
 
 void Shell::showRadiation()

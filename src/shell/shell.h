@@ -13,7 +13,9 @@
 #include "shell/form_slot.h"
 #include "shell/frm_splash_screen.h"
 
+#include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace comfortics::shell {
@@ -69,10 +71,16 @@ private:
     std::string converter_lbl_SR() override;
     void unloadAll() override;
 
+    void tellStanding();
+    void tableIsOfStore();
+
     core::Limits m_limits;
     Desktop m_desktop;
     batch::MessageGate m_messages; // what the main window says goes through it
     core::Frm_Main m_main;
+    // Of the calculation that the results table shows.
+    std::optional<core::Inputs> m_tableInputs;
+    std::size_t m_tableRun = 0;
 };
 
 } // namespace comfortics::shell

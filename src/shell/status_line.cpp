@@ -10,31 +10,36 @@
 
 namespace comfortics::shell {
 
+using core::kLastIndex;
 using core::OutcomeKind;
 
 namespace {
 
-constexpr int kLastIndex = static_cast<int>(core::kIndexCount);
+constexpr const char* kHint = "Type the readings, then press Enter. F1 shows help.";
 
-} // namespace
-
-std::string statusLine(const core::Calculation& calculation)
+// Empty where nothing was calculated.
+std::string outcome(const core::Calculation& calculation)
 {
     if (calculation.failure())
         return calculation.failure()->sentence();
-    if (const std::string wrong = calculation.readings.whatIsWrong(); !wrong.empty())
-        return "Nothing was calculated: " + wrong + ".";
-
     std::array<int, 7> counts{};
-    for (int index = 1; index <= kLastIndex; ++index)
-        ++counts.at(static_cast<std::size_t>(calculation.outcome(index).kind));
+    int shownOutside = 0; // since limits are ignored
+    for (int index = 1; index <= kLastIndex; ++index) {
+        const core::Outcome& one = calculation.outcome(index);
+        ++counts.at(static_cast<std::size_t>(one.kind));
+        if (one.kind == OutcomeKind::Value &&
+            (one.limits == OutcomeKind::OutsideTemperature || one.limits == OutcomeKind::OutsideWind))
+            ++shownOutside;
+    }
     const auto count = [&counts](OutcomeKind kind) { return counts.at(static_cast<std::size_t>(kind)); };
     if (count(OutcomeKind::NotCalculated) == kLastIndex)
-        return "Nothing was calculated yet.";
+        return {};
 
     const int values = count(OutcomeKind::Value);
     std::string sentence =
         values == 1 ? "1 index has a value" : std::to_string(values) + " indices have a value";
+    if (shownOutside > 0)
+        sentence += " (" + std::to_string(shownOutside) + " of them outside the limits, which are ignored)";
     const std::pair<int, std::string_view> blanks[] = {
         {count(OutcomeKind::OutsideTemperature) + count(OutcomeKind::OutsideWind), " outside the limits"},
         {count(OutcomeKind::NoValue), " without a value for these readings"},
@@ -47,13 +52,22 @@ std::string statusLine(const core::Calculation& calculation)
     return sentence + ".";
 }
 
-std::string limitsWarning(const core::Limits& limits)
+} // namespace
+
+StatusLine statusLine(const core::Frm_Main& form)
 {
-    for (int index = 1; index <= kLastIndex; ++index)
-        if (limits.of(index).given())
-            return {};
-    return "Limits.Index, which belongs beside the program, is missing or holds no limits: "
-           "indices with limits stay blank.";
+    if (!form.told().empty())
+        return {form.told()};
+    if (form.refused())
+        if (const std::string wrong = form.calculation.readings.whatIsWrong(); !wrong.empty())
+            return {"Nothing was calculated: " + wrong + "." + form.remarks()};
+    std::string sentence = outcome(form.calculation);
+    if (sentence.empty())
+        return {kHint};
+    sentence += form.remarks();
+    if (form.resultsAreEarlier())
+        return {"Of earlier readings: " + sentence, true};
+    return {sentence};
 }
 
 } // namespace comfortics::shell

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/calculation.h"
-#include "core/limits.h"
+#include "core/frm_main.h"
 
 #include <string>
 
 namespace comfortics::shell {
 
-/// One sentence for the user on what became of the last calculation, or why none was made: the
-/// failure, the reading that is missing, or how many indices have a value and why others have none.
-std::string statusLine(const core::Calculation& calculation);
+struct StatusLine {
+    std::string text;
+    bool ofEarlier = false; ///< of a calculation from other inputs than those of now; the text says so
+};
 
-/// One sentence that warns of limits without a single bound, as an absent or damaged file gives
-/// them; empty where there are bounds.
-std::string limitsWarning(const core::Limits& limits);
+/// One sentence for the user on what was done last: what the main window was told of, why nothing was
+/// calculated, the failure of the last calculation, or how many indices have a value and why others
+/// have none.
+StatusLine statusLine(const core::Frm_Main& form);
 
 } // namespace comfortics::shell

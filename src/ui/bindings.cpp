@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QTimer>
@@ -67,11 +68,6 @@ void repeatBasics(QWidget& widget, const controls::Control& control)
         widget.testAttribute(Qt::WA_WState_ExplicitShowHide) && widget.testAttribute(Qt::WA_WState_Hidden);
     if (control.visible() == wasHidden)
         widget.setVisible(control.visible());
-}
-
-void pressWithEnter(QAbstractButton& button)
-{
-    button.installEventFilter(new EnterPresses(&button));
 }
 
 } // namespace
@@ -131,7 +127,7 @@ bool TextBoxBinding::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     case QEvent::MouseButtonDblClick:
-        if (doubleClick())
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && doubleClick())
             return true;
         break;
     case QEvent::PaletteChange:
@@ -180,6 +176,11 @@ void bind(QAbstractButton& button, controls::Picture& control)
     pressWithEnter(button);
 }
 
+void pressWithEnter(QAbstractButton& button)
+{
+    button.installEventFilter(new EnterPresses(&button));
+}
+
 void bind(QCheckBox& box, controls::CheckBox& control)
 {
     box.setText(withMnemonic(control.caption()));
@@ -188,13 +189,20 @@ void bind(QCheckBox& box, controls::CheckBox& control)
     QObject::connect(&box, &QCheckBox::toggled, &box, [&control](bool on) { control.setChecked(on); });
 }
 
-void bind(QRadioButton& button, controls::OptionGroup& group, std::size_t option)
+void bindChoices(const std::vector<QRadioButton*>& buttons, controls::OptionGroup& group)
 {
-    button.setText(withMnemonic(group.captions().at(option)));
-    button.setChecked(group.selected() == option);
-    QObject::connect(&button, &QRadioButton::toggled, &button, [&group, option](bool on) {
-        if (on)
-            group.select(option);
+    for (std::size_t option = 0; option < buttons.size(); ++option) {
+        QRadioButton& button = *buttons[option];
+        button.setText(withMnemonic(group.captions().at(option)));
+        QObject::connect(&button, &QRadioButton::toggled, &button, [&group, option](bool on) {
+            if (on)
+                group.select(option);
+        });
+    }
+    follow(*buttons.at(0), group.click, [buttons, &group] {
+        buttons[group.selected()]->setChecked(true);
+        for (std::size_t option = 0; option < buttons.size(); ++option) // Tab leads to the one that holds
+            buttons[option]->setFocusPolicy(option == group.selected() ? Qt::StrongFocus : Qt::ClickFocus);
     });
 }
 

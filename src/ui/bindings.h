@@ -10,6 +10,7 @@
 #include <QObject>
 
 #include <functional>
+#include <vector>
 
 class QAbstractButton;
 class QAction;
@@ -60,9 +61,11 @@ private:
 void bind(QLabel& label, controls::Label& control);
 void bind(QAbstractButton& button, controls::Button& control);
 void bind(QAbstractButton& button, controls::Picture& control);
+/// Lets Enter press a button as a click does; those that are bound have it.
+void pressWithEnter(QAbstractButton& button);
 void bind(QCheckBox& box, controls::CheckBox& control);
-/// One button of a group of options.
-void bind(QRadioButton& button, controls::OptionGroup& group, std::size_t option);
+/// The buttons of a group of options, in its order.
+void bindChoices(const std::vector<QRadioButton*>& buttons, controls::OptionGroup& group);
 /// Shows, hides and greys the widget with the control, and nothing more.
 void bindAppearance(QWidget& widget, controls::Control& control);
 /// The mnemonic is a letter of the caption.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/chart_panel.h"
 
+#include "output/whole_file.h"
 #include "ui/text.h"
 
 #include <QBuffer>
@@ -15,7 +16,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <QVBoxLayout>
 #include <QValueAxis>
@@ -34,12 +34,28 @@ constexpr double kMinutesPerHour = 60;
 constexpr int kLabelledHours = 8;  // at most
 constexpr double kLeastSpan = 100; // W/m²
 constexpr float kGridOpacity = 0.2F;
+constexpr std::size_t kFewPoints = 20; // are shown each by itself, too: one alone makes no line
+constexpr int kReading = 2;            // lines
+constexpr int kLongReading = 4;        // of figures with dozens of digits
+constexpr int kTextMargin = 8;         // around the texts of a picture
 
-constexpr std::array<const char*, kFigureCount> kNames{
-    "Horizontal surface", "Tilted surface", "Horizontal surface, with clouds", "Tilted surface, with clouds"};
+constexpr std::array<const char*, kFigureCount> kNames{"Horizontal", "Tilted", "Horizontal, with clouds",
+                                                       "Tilted, with clouds"}; // short, for a narrow legend
 // Told apart by colour-blind readers, too: the clouded ones are dashed.
 const std::array<QColor, kFigureCount> kColors{QColor(0xD5, 0x5E, 0x00), QColor(0x00, 0x72, 0xB2),
                                                QColor(0xE6, 0x9F, 0x00), QColor(0x56, 0xB4, 0xE9)};
+
+constexpr const char* kSaveTitle = "Save Chart";
+const QLatin1String kSvg(".svg");
+
+// The file that is written: a name without the ending of a picture gets one.
+std::string pictureName(const std::string& name)
+{
+    const QString path = toQt(name);
+    const bool isPicture =
+        path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) || path.endsWith(kSvg, Qt::CaseInsensitive);
+    return isPicture ? name : name + ".png";
+}
 
 QString hourText(double hour)
 {
@@ -48,17 +64,20 @@ QString hourText(double hour)
 
 } // namespace
 
-ChartPanel::ChartPanel(const controls::Grid& table, controls::FileDialogs& files,
-                       controls::Messages& messages, QWidget* parent)
-    : QWidget(parent), m_table(table), m_files(files), m_messages(messages)
+ChartPanel::ChartPanel(const controls::Grid& table, const controls::Label& heading,
+                       controls::FileDialogs& files, controls::Messages& messages, QWidget* parent)
+    : QWidget(parent), m_table(table), m_heading(heading), m_files(files), m_messages(messages)
 {
     buildChart();
+    m_note = new QLabel;
+    m_note->setWordWrap(true);
     m_reading = new QLabel;
     m_reading->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_reading->setWordWrap(true);
-    m_reading->setMinimumHeight(2 * m_reading->fontMetrics().lineSpacing());
+    m_reading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* const save = new QPushButton(QStringLiteral("Save Chart..."));
-    save->setToolTip(QStringLiteral("Saves the chart as a picture; end its name with .png or .svg"));
+    save->setToolTip(
+        QStringLiteral("Saves the chart as a picture: PNG, or SVG where its name ends with .svg"));
     connect(save, &QPushButton::clicked, this, [this] { this->save(); });
 
     auto* const bottom = new QHBoxLayout;
@@ -67,6 +86,7 @@ ChartPanel::ChartPanel(const controls::Grid& table, controls::FileDialogs& files
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view, 1);
+    layout->addWidget(m_note);
     layout->addLayout(bottom);
     refresh();
 }
@@ -95,7 +115,7 @@ void ChartPanel::buildChart()
     m_chart->legend()->setMarkerShape(QLegend::MarkerShapeFromSeries); // dashes, too
     m_view = new QChartView(m_chart);
     m_view->setRenderHint(QPainter::Antialiasing);
-    m_view->setMinimumSize(320, 260);
+    m_view->setMinimumSize(480, 330);
     m_view->setAccessibleName(QStringLiteral("Chart of the radiation table"));
     m_view->viewport()->setMouseTracking(true);
     m_view->viewport()->installEventFilter(this);
@@ -135,18 +155,29 @@ void ChartPanel::refresh()
 {
     hideCursor();
     m_points = radiation::chartPoints(m_table);
-    for (std::size_t i = 0; i < kFigureCount; ++i) {
-        QList<QPointF> curve;
-        for (const ChartPoint& point : m_points)
-            curve.append({point.minute, point.figures[i]});
-        m_curves[i]->replace(curve);
-    }
     const radiation::ChartSpan span = radiation::chartSpan(m_points);
     m_radiation->setRange(span.lowest, std::max(span.highest, span.lowest + kLeastSpan));
     m_radiation->applyNiceNumbers();
-    m_reading->setText(span.isCut
-                           ? QStringLiteral("Some figures lie outside of the chart; the table has them.")
-                           : QStringLiteral("Move the mouse over the chart to read it."));
+    // A curve that leaves the plot does so by as much again, where its turns are out of sight. Much
+    // farther out, the chart would not draw it at all and leave an earlier one standing.
+    const double beyond = m_radiation->max() - m_radiation->min();
+    for (std::size_t i = 0; i < kFigureCount; ++i) {
+        QList<QPointF> curve;
+        for (const radiation::ChartVertex& vertex :
+             radiation::chartCurve(m_points, i, m_radiation->min() - beyond, m_radiation->max() + beyond))
+            curve.append({vertex.minute, vertex.figure});
+        m_curves[i]->replace(curve);
+        m_curves[i]->setPointsVisible(m_points.size() <= kFewPoints);
+    }
+    m_note->setText(QStringLiteral("At %1 of the %2 minutes a figure lies beyond ±%3 W/m², which no sun "
+                                   "reaches: there the curves leave the chart. The table has all figures.")
+                        .arg(span.cutPoints)
+                        .arg(m_points.size())
+                        .arg(radiation::kMostRadiation));
+    m_note->setVisible(span.cutPoints > 0);
+    m_reading->setFixedHeight((span.cutPoints > 0 ? kLongReading : kReading) *
+                              m_reading->fontMetrics().lineSpacing());
+    m_reading->setText(QStringLiteral("Move the mouse over the chart to read it."));
 
     for (const QString& label : m_time->categoriesLabels())
         m_time->remove(label);
@@ -197,45 +228,79 @@ bool ChartPanel::eventFilter(QObject* watched, QEvent* event)
 
 void ChartPanel::save()
 {
-    const auto name = m_files.askSave({.title = "Save Chart",
+    const auto name = m_files.askSave({.title = kSaveTitle,
                                        .filter = "Pictures (*.png *.svg)",
                                        .fileName = "Solar Radiation.png",
-                                       .overwritePrompt = true});
+                                       .overwritePrompt = true,
+                                       .written = pictureName});
     if (name && !name->empty())
-        saveAs(toQt(*name));
+        saveAs(toQt(pictureName(*name)));
 }
 
 bool ChartPanel::saveAs(const QString& path)
 {
     hideCursor();
+    const QByteArray bytes = picture(path.endsWith(kSvg, Qt::CaseInsensitive));
+    output::WholeFile file(fromQt(path));
+    file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const output::WriteResult result = file.commit();
+    if (!result.succeeded())
+        m_messages.show({.text = result.error, .title = kSaveTitle});
+    return result.succeeded();
+}
+
+QByteArray ChartPanel::picture(bool asSvg)
+{
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    const QSize size = m_view->size();
-    if (path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
+    const int textHeight = paintTexts(nullptr, m_view->width());
+    const QRect texts(0, 0, m_view->width(), textHeight);
+    const QRect chart(QPoint(0, textHeight), m_view->size());
+    const QSize size = texts.united(chart).size();
+    const auto paint = [&](QPainter& painter) {
+        painter.fillRect(texts, palette().color(QPalette::Window));
+        paintTexts(&painter, texts.width());
+        m_view->render(&painter, chart);
+    };
+    if (asSvg) {
         QSvgGenerator svg;
         svg.setOutputDevice(&buffer);
         svg.setSize(size);
         svg.setViewBox(QRect({}, size));
         svg.setTitle(QStringLiteral("Solar radiation"));
         QPainter painter(&svg);
-        m_view->render(&painter);
+        paint(painter);
     } else {
         constexpr int kSharpness = 2; // pixels a pixel of the screen
         QImage image(size * kSharpness, QImage::Format_ARGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        m_view->render(&painter, image.rect());
+        painter.scale(kSharpness, kSharpness);
+        paint(painter);
         painter.end();
         image.save(&buffer, "PNG");
     }
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return true;
-    m_messages.show(
-        {.text = "The chart could not be saved: " + fromQt(file.errorString()) + ".", .title = "Save Chart"});
-    return false;
+    return bytes;
+}
+
+// The heading of the table and the note, one below the other. Answers their height; without a painter
+// nothing is painted.
+int ChartPanel::paintTexts(QPainter* painter, int width) const
+{
+    QStringList texts{toQt(m_heading.caption())};
+    if (m_note->isVisibleTo(this))
+        texts += m_note->text();
+    const QString text = texts.join(QLatin1Char('\n'));
+    const QRect room(kTextMargin, kTextMargin, width - 2 * kTextMargin, 0);
+    const QRect box = QFontMetrics(font()).boundingRect(room, Qt::TextWordWrap, text);
+    if (painter) {
+        painter->setFont(font());
+        painter->setPen(palette().color(QPalette::WindowText));
+        painter->drawText(box.adjusted(0, 0, kTextMargin, 0), Qt::TextWordWrap, text);
+    }
+    return box.bottom() + kTextMargin;
 }
 
 } // namespace comfortics::ui

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "controls/controls.h"
 #include "controls/dialogs.h"
 #include "controls/grid.h"
 #include "radiation/chart_data.h"
@@ -16,6 +17,7 @@ class QChartView;
 class QGraphicsLineItem;
 class QLabel;
 class QLineSeries;
+class QPainter;
 class QValueAxis;
 
 namespace comfortics::ui {
@@ -26,13 +28,16 @@ class ChartPanel : public QWidget {
     Q_OBJECT
 
 public:
-    ChartPanel(const controls::Grid& table, controls::FileDialogs& files, controls::Messages& messages,
-               QWidget* parent = nullptr);
+    /// `heading` says what the table was calculated for; saved pictures have it.
+    ChartPanel(const controls::Grid& table, const controls::Label& heading, controls::FileDialogs& files,
+               controls::Messages& messages, QWidget* parent = nullptr);
 
     /// Reads the table anew.
     void refresh();
     /// Writes the chart as SVG where the name ends in .svg, else as PNG. Tells a failure.
     bool saveAs(const QString& path);
+    /// Asks for a name and saves. A name without the ending of a picture gets .png.
+    void save();
     /// What the cursor reads at a minute of the clock.
     void moveCursor(double minute);
 
@@ -45,10 +50,12 @@ protected:
 private:
     void buildChart();
     void wearPalette();
-    void save();
     void hideCursor();
+    QByteArray picture(bool asSvg);
+    int paintTexts(QPainter* painter, int width) const;
 
     const controls::Grid& m_table;
+    const controls::Label& m_heading;
     controls::FileDialogs& m_files;
     controls::Messages& m_messages;
     std::vector<radiation::ChartPoint> m_points;
@@ -58,6 +65,7 @@ private:
     QCategoryAxis* m_time = nullptr;
     QValueAxis* m_radiation = nullptr;
     QGraphicsLineItem* m_cursor = nullptr;
+    QLabel* m_note = nullptr; // of what leaves the chart
     QLabel* m_reading = nullptr;
 };
 

@@ -35,19 +35,21 @@ ConverterWindow::ConverterWindow(converter::Frm_Converter& form, const QWidget& 
     setMenuBar(new MenuBar);
     buildMenu();
     setCentralWidget(new ContentArea(buildContent()));
+    focusPanel(Panel::Temperature);
     dock(main);
 }
 
 void ConverterWindow::buildMenu()
 {
-    const auto add = [this](controls::MenuEntry& entry, char mnemonic) {
+    const auto add = [this](controls::MenuEntry& entry, char mnemonic, Panel panel) {
         auto* const action = new QAction(menuBar());
         bind(*action, entry, mnemonic);
+        connect(action, &QAction::triggered, this, [this, panel] { focusPanel(panel); });
         menuBar()->addAction(action);
     };
-    add(m_form.Menu_Temperature, 'T');
-    add(m_form.Menu_Velocity, 'A');
-    add(m_form.Menu_Radiation, 'S');
+    add(m_form.Menu_Temperature, 'T', Panel::Temperature);
+    add(m_form.Menu_Velocity, 'A', Panel::AirVelocity);
+    add(m_form.Menu_Radiation, 'S', Panel::SolarRadiation);
 }
 
 QWidget* ConverterWindow::buildContent()
@@ -82,6 +84,8 @@ QWidget* ConverterWindow::buildPanel(Panel panel)
         auto* const line = new QLineEdit;
         new TextBoxBinding(*line, m_form.boxes[place]);
         line->setObjectName(toQt(conversion.box));
+        if (row == 0)
+            m_firstBoxes[static_cast<std::size_t>(panel)] = line;
         line->setAccessibleName(unit->text());
         line->setToolTip(QStringLiteral("A value in ") + unit->text());
         grid->addWidget(unit, row, 0);
@@ -110,6 +114,11 @@ QWidget* ConverterWindow::buildPanel(Panel panel)
     auto* const card = new Card(toQt(m_form.frame(panel).caption()), grid);
     bindAppearance(*card, m_form.frame(panel));
     return card;
+}
+
+void ConverterWindow::focusPanel(Panel panel)
+{
+    m_firstBoxes[static_cast<std::size_t>(panel)]->setFocus(Qt::OtherFocusReason);
 }
 
 void ConverterWindow::dock(const QWidget& main)

@@ -4,7 +4,10 @@
 #include "converter/frm_converter.h"
 #include "ui/form_window.h"
 
+#include <array>
 #include <functional>
+
+class QLineEdit;
 
 namespace comfortics::ui {
 
@@ -23,10 +26,12 @@ private:
     void buildMenu();
     QWidget* buildContent();
     QWidget* buildPanel(converter::Panel panel);
+    void focusPanel(converter::Panel panel);
     void dock(const QWidget& main);
 
     converter::Frm_Converter& m_form;
     std::function<void()> m_closed;
+    std::array<QLineEdit*, converter::kPanelCount> m_firstBoxes{};
 };
 
 } // namespace comfortics::ui

@@ -3,19 +3,42 @@
 
 #include "ui/text.h"
 
-#include <QStringList>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QString>
+
+#include <algorithm>
 
 namespace comfortics::ui {
 
+namespace {
+
+constexpr const char* kNarrow = "Arial Narrow";
+
+// What stands in for a face that is not installed, the one of the same widths first.
+QString narrowFamily()
+{
+    for (const char* const name :
+         {kNarrow, "Liberation Sans Narrow", "Nimbus Sans Narrow", "Helvetica Narrow", "Roboto Condensed",
+          "Ubuntu Condensed", "Open Sans Condensed"})
+        if (QFontDatabase::hasFamily(QLatin1String(name)))
+            return QLatin1String(name);
+    return {};
+}
+
+} // namespace
+
 QFont screenFont(const controls::Font& font)
 {
-    // A narrow face by another maker comes before any wide one.
-    QStringList families{toQt(font.name)};
-    if (font.name == "Arial Narrow")
-        families << QStringLiteral("Liberation Sans Narrow") << QStringLiteral("DejaVu Sans Condensed")
-                 << QStringLiteral("Arial");
-    QFont result;
-    result.setFamilies(families);
+    QFont result(toQt(font.name));
+    if (font.name == kNarrow) {
+        if (const QString family = narrowFamily(); !family.isEmpty()) {
+            result.setFamily(family);
+        } else {
+            result.setFamily(QStringLiteral("Arial"));
+            result.setStretch(QFont::Condensed);
+        }
+    }
     result.setStyleHint(QFont::SansSerif);
     result.setPointSizeF(font.size);
     result.setBold(font.bold);
@@ -23,6 +46,21 @@ QFont screenFont(const controls::Font& font)
     result.setStrikeOut(font.strikeThrough);
     result.setUnderline(font.underline);
     return result;
+}
+
+QFont fittingFont(const QFont& font, const QString& text, double width, const QPaintDevice& device)
+{
+    constexpr double kLeastPoints = 1;
+    constexpr double kStep = 0.99; // widths do not follow the size exactly
+    QFont fitting(font);
+    double points = font.pointSizeF();
+    for (;;) {
+        const double needed = QFontMetricsF(fitting, &device).size(0, text).width();
+        if (needed <= width || points <= kLeastPoints)
+            return fitting;
+        points = std::max(points * std::min(width / needed, kStep), kLeastPoints);
+        fitting.setPointSizeF(points);
+    }
 }
 
 } // namespace comfortics::ui

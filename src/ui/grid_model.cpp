@@ -5,6 +5,9 @@
 #include "ui/printer_surface.h"
 #include "ui/text.h"
 
+#include <QApplication>
+#include <QPalette>
+
 #include <algorithm>
 
 namespace comfortics::ui {
@@ -76,6 +79,8 @@ QVariant GridModel::cell(std::size_t row, std::size_t col, int role) const
 
 QVariant GridModel::data(const QModelIndex& index, int role) const
 {
+    if (role == Qt::ForegroundRole && m_quiet)
+        return QApplication::palette().brush(QPalette::PlaceholderText);
     return index.isValid() ? cell(gridRow(index.row()), static_cast<std::size_t>(index.column()), role)
                            : QVariant();
 }
@@ -86,9 +91,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
         return QAbstractTableModel::headerData(section, orientation, role);
     if (m_grid.fixedRows() == 0)
         return {};
-    if (role == Qt::TextAlignmentRole && m_wrapsHeaders)
-        return QVariant::fromValue(int(Qt::AlignLeft) | int(Qt::AlignVCenter) | int(Qt::TextWordWrap));
     QVariant whole = cell(m_grid.fixedRows() - 1, static_cast<std::size_t>(section), role);
+    if (role == Qt::TextAlignmentRole && m_wrapsHeaders)
+        return QVariant::fromValue(int(whole.value<Qt::Alignment>()) | int(Qt::TextWordWrap));
     if (role != Qt::DisplayRole || !m_wrapsHeaders)
         return whole;
     return whole.toString().replace(QLatin1Char('/'),

@@ -34,6 +34,9 @@ public:
     /// Headers are broken into lines where they are too long for one.
     void wrapHeaders() { m_wrapsHeaders = true; }
 
+    /// Texts of the body are quieter than usual.
+    void setQuiet(bool quiet) { m_quiet = quiet; }
+
 private:
     QVariant cell(std::size_t row, std::size_t col, int role) const;
 
@@ -42,6 +45,7 @@ private:
     int m_cols;
     double m_leastPoints = 0;
     bool m_wrapsHeaders = false;
+    bool m_quiet = false;
 };
 
 } // namespace comfortics::ui

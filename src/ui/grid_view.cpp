@@ -171,6 +171,12 @@ void GridView::setEmptyHint(const QString& hint)
     setAccessibleDescription(hint);
 }
 
+void GridView::setQuiet(bool quiet)
+{
+    m_model->setQuiet(quiet);
+    viewport()->update();
+}
+
 bool GridView::isEmpty() const
 {
     if (m_model->rowCount() > 1)

@@ -43,6 +43,9 @@ public:
     /// What stands in the table for as long as all of its cells are empty.
     void setEmptyHint(const QString& hint);
 
+    /// Shows the texts quieter than usual.
+    void setQuiet(bool quiet);
+
     void selectAll() override;
 
 protected:

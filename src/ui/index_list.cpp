@@ -126,6 +126,12 @@ void IndexList::mousePressEvent(QMouseEvent* event)
         turn(index.row(), event->modifiers().testFlag(Qt::ShiftModifier));
 }
 
+// The second of two quick clicks is a click like any other.
+void IndexList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
 void IndexList::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Space && currentIndex().isValid())

@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/whole_file.h"
+#include "shell/last_words.h"
 #include "ui/application.h"
+#include "ui/guarded_application.h"
 #include "ui/text.h"
 
-#include <QApplication>
+#include <QMessageBox>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
 namespace {
 
-constexpr int kUsage = 2; // as the terminal tool
+// As the terminal tool.
+constexpr int kUsage = 2;
+constexpr int kRunFailed = 4;
+constexpr int kFileFailed = 5;
 
 constexpr const char* kHelp =
     "Usage: comfortics [option ...]\n"
@@ -35,13 +42,22 @@ const char* answer(int argc, char** argv)
     return nullptr;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+void tell(const std::string& sentence)
 {
-    if (const char* const text = answer(argc, argv))
-        return std::fputs(text, stdout) < 0 || std::fflush(stdout) != 0 ? EXIT_FAILURE : EXIT_SUCCESS;
-    const QApplication qt(argc, argv); // takes the options of Qt out
+    QMessageBox::critical(
+        nullptr, QStringLiteral("Comfortics"),
+        comfortics::ui::toQt(sentence + "\nComfortics closes, for its figures could be wrong now."));
+}
+
+int run(int argc, char** argv)
+{
+    if (const char* const text = answer(argc, argv)) {
+        if (std::fputs(text, stdout) >= 0 && std::fflush(stdout) == 0)
+            return EXIT_SUCCESS;
+        std::fputs("comfortics: The standard output cannot be written.\n", stderr);
+        return kFileFailed;
+    }
+    const comfortics::ui::GuardedApplication qt(argc, argv, tell); // takes the options of Qt out
     if (argc > 1) {
         std::fprintf(stderr, "comfortics: There is no option \"%s\"; see comfortics --help.\n", argv[1]);
         return kUsage;
@@ -51,7 +67,22 @@ int main(int argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("comfortics"));
     QApplication::setQuitOnLastWindowClosed(false); // the closing question decides
 
+    comfortics::output::WholeFile::leaveNothingWhenKilled();
     comfortics::ui::Application application(comfortics::ui::fromQt(QApplication::applicationDirPath()));
     application.start();
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    comfortics::shell::speakBeforeTheEnd("comfortics", kRunFailed);
+    std::signal(SIGXFSZ, SIG_IGN); // a file over the limit of size fails to be written
+    try {
+        return run(argc, argv);
+    } catch (...) {
+        comfortics::shell::sayLastWords("comfortics");
+        return kRunFailed;
+    }
 }

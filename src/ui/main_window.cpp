@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -64,18 +65,15 @@ MainWindow::MainWindow(core::Frm_Main& form, const QString& warning) : FormWindo
     buildMenus();
     buildStatus(warning);
 
-    auto* const central = new QWidget;
-    auto* const layout = new QVBoxLayout(central);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new ContentArea(buildContent()));
-    setCentralWidget(central);
-    m_options = buildOptions(central); // lies over the content
+    m_area = new ContentArea(buildContent());
+    setCentralWidget(m_area);
 
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
         m_search->setFocus(Qt::ShortcutFocusReason);
         m_search->selectAll();
     });
     setTabOrders();
+    follow(*this, m_form.standing, [this] { showStanding(); });
     m_readings[0]->setFocus();
 }
 
@@ -85,14 +83,26 @@ QWidget* MainWindow::buildContent()
     auto* const columns = new QHBoxLayout(content);
     columns->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     columns->setSpacing(kSpacing);
-    m_left = new QWidget;
-    auto* const left = new QVBoxLayout(m_left);
+    // A page of its own in place of the readings: what cannot be seen cannot be reached.
+    auto* const pages = new QWidget;
+    auto* const left = new QVBoxLayout(pages);
     left->setContentsMargins(0, 0, 0, 0);
-    left->setSpacing(kSpacing);
-    left->addWidget(buildReadings());
-    left->addWidget(buildActions());
-    left->addStretch();
-    columns->addWidget(m_left, 2);
+    auto* const readings = new QWidget;
+    auto* const column = new QVBoxLayout(readings);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kSpacing);
+    column->addWidget(buildReadings());
+    column->addWidget(buildActions());
+    column->addStretch();
+    left->addWidget(readings);
+    QWidget* const options = buildOptions();
+    left->addWidget(options);
+    follow(*options, m_form.Fra_Options.appearance, [this, readings, options] {
+        const bool visible = m_form.Fra_Options.visible();
+        (visible ? readings : options)->hide();
+        (visible ? options : readings)->show();
+    });
+    columns->addWidget(pages, 2);
     columns->addWidget(buildLive(), 1);
     columns->addWidget(buildIndices(), 3);
     return content;
@@ -109,7 +119,7 @@ QWidget* MainWindow::readingField(Reading reading)
     layout->setVerticalSpacing(2);
     auto* const heading = new QLabel(toQt(info.heading));
     auto* const line = new QLineEdit;
-    auto* const unit = new QLabel(toQt(info.unit));
+    auto* const unit = new QLabel(toQt(info.unit()));
     if (reading == Reading::SR)
         bind(*unit, m_form.lbl_SR_unit);
     scaleFont(*line, kReadingScale);
@@ -117,18 +127,15 @@ QWidget* MainWindow::readingField(Reading reading)
     line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as there is room
     unit->setMinimumWidth(unit->fontMetrics().horizontalAdvance(QStringLiteral("W/m²")));
     name(*line, QStringLiteral("txt_") + toQt(info.key),
-         toQt(info.heading) + QStringLiteral(", ") + unit->text(), toQt(info.hint));
+         toQt(info.heading) + QStringLiteral(", ") + unit->text(),
+         toQt(info.hint) + (info.typing.empty() ? QString() : QStringLiteral("; ") + toQt(info.typing)));
     heading->setToolTip(line->toolTip());
     layout->addWidget(heading, 0, 0, 1, 2);
     layout->addWidget(line, 1, 0);
     layout->addWidget(unit, 1, 1);
     layout->setColumnStretch(0, 1);
 
-    const auto* const binding = new TextBoxBinding(*line, box);
-    connect(binding, &TextBoxBinding::keyHandled, this, [this](controls::KeyPress press) {
-        if (press.key == controls::Key::Enter)
-            showStatus();
-    });
+    new TextBoxBinding(*line, box);
     m_readings[static_cast<std::size_t>(reading)] = line;
     return field;
 }
@@ -185,10 +192,7 @@ QWidget* MainWindow::buildActions()
                                   second->text() + QStringLiteral(" only the live quantities."));
     hint->setWordWrap(true);
     grid->addWidget(hint, 2, 0, 1, 2);
-    for (QPushButton* const button : {picture, first, second}) {
-        connect(button, &QPushButton::clicked, this, [this] { showStatus(); });
-        m_tabOrder.push_back(button);
-    }
+    m_tabOrder.insert(m_tabOrder.end(), {picture, first, second});
     return actions;
 }
 
@@ -215,6 +219,7 @@ QWidget* MainWindow::buildLive()
              toQt(info.name) + QStringLiteral(" (") + toQt(info.symbol) + QStringLiteral(") in ") +
                  toQt(info.unit));
         bind(*value, m_form.calculation.liveLabel(static_cast<formulas::Live>(i)));
+        m_live.push_back(value);
         auto* const text = new QLabel(toQt(info.name));
         text->setBuddy(value);
         grid->addWidget(text, row, 0);
@@ -223,8 +228,15 @@ QWidget* MainWindow::buildLive()
         grid->addWidget(new QLabel(toQt(info.unit)), row, 3);
     }
     grid->setColumnStretch(2, 1);
-    grid->setRowStretch(static_cast<int>(formulas::kLiveCount), 1);
-    return new Card(QStringLiteral("Live quantities"), grid);
+    auto* const inForce = new QLabel;
+    inForce->setWordWrap(true);
+    bind(*inForce, m_form.lbl_In_Force);
+    const int last = static_cast<int>(formulas::kLiveCount);
+    grid->addWidget(inForce, last, 0, 1, 4);
+    grid->setRowStretch(last + 1, 1);
+    auto* const card = new Card({}, grid);
+    bind(card->heading(), m_form.lbl_Live);
+    return card;
 }
 
 QWidget* MainWindow::buildIndices()
@@ -253,20 +265,22 @@ QWidget* MainWindow::buildIndices()
     return new Card(QStringLiteral("Indices"), layout);
 }
 
-void MainWindow::assumptionRow(QGridLayout& grid, controls::Label& heading, controls::TextBox& box,
-                               const QString& objectName, const QString& unit, const QString& hint)
+void MainWindow::assumptionRow(QGridLayout& grid, core::Assumption assumption, controls::Label& heading)
 {
+    const core::AssumptionInfo& info = core::infoOf(assumption);
+    controls::TextBox& box = *m_form.calculation.assumptions.all()[static_cast<std::size_t>(assumption)];
+    const QString hint = toQt(info.hint);
     const int row = grid.rowCount();
     auto* const label = new QLabel;
     auto* const line = new QLineEdit;
     bind(*label, heading);
     new TextBoxBinding(*line, box);
-    name(*line, objectName, label->text(), hint);
+    name(*line, QStringLiteral("txt_") + toQt(info.key), label->text(), hint);
     label->setToolTip(hint);
     grid.addWidget(label, row, 0);
-    line->setMaximumWidth(line->fontMetrics().averageCharWidth() * kAssumptionCharacters);
+    line->setFixedWidth(line->fontMetrics().averageCharWidth() * kAssumptionCharacters);
     grid.addWidget(line, row, 1);
-    grid.addWidget(new QLabel(unit), row, 2);
+    grid.addWidget(new QLabel(toQt(info.unit)), row, 2);
     m_tabOrder.push_back(line);
 }
 
@@ -278,38 +292,35 @@ void MainWindow::choiceRows(QGridLayout& grid, controls::Label& heading, control
     label->setWordWrap(true);
     const int row = grid.rowCount();
     grid.addWidget(label, row, 0, 1, 3);
+    std::vector<QRadioButton*> buttons;
     auto* const choices = new QWidget; // holds the buttons of one choice together
     auto* const layout = new QHBoxLayout(choices);
     layout->setContentsMargins(0, 0, 0, 0);
     for (std::size_t option = 0; option < group.captions().size(); ++option) {
         auto* const button = new QRadioButton;
-        bind(*button, group, option);
-        name(*button, button->text(), label->text() + QStringLiteral(" ") + button->text(),
+        const QString text = toQt(group.captions()[option]);
+        name(*button, text, label->text() + QStringLiteral(" ") + text,
              hints[static_cast<qsizetype>(option)]);
         layout->addWidget(button);
+        buttons.push_back(button);
         m_tabOrder.push_back(button);
     }
     layout->addStretch();
+    bindChoices(buttons, group);
     grid.addWidget(choices, row + 1, 0, 1, 3);
 }
 
-QWidget* MainWindow::buildOptions(QWidget* parent)
+QWidget* MainWindow::buildOptions()
 {
     auto* const content = new QGridLayout;
     content->setHorizontalSpacing(kSpacing);
-    assumptionRow(*content, m_form.lbl_ArAdu, m_form.txt_ArAdu, QStringLiteral("txt_ArAdu"), {},
-                  QStringLiteral("Share of the body's surface that takes part in radiation, no unit"));
-    assumptionRow(*content, m_form.lbl_Emmisivity, m_form.txt_Emmisivity, QStringLiteral("txt_Emmisivity"),
-                  {}, QStringLiteral("Emissivity of the body's surface, no unit"));
-    assumptionRow(*content, m_form.lbl_Barometric, m_form.txt_Barometric, QStringLiteral("txt_Barometric"),
-                  QStringLiteral("hPa"), QStringLiteral("Barometric pressure in hPa"));
-    // The headings tell the reverse of what the formulas read.
-    assumptionRow(*content, m_form.lbl_Height, m_form.txt_Height, QStringLiteral("txt_Height"), {},
-                  QStringLiteral("The formulas take this number as the stature in cm"));
-    assumptionRow(*content, m_form.lbl_Weight, m_form.txt_Weight, QStringLiteral("txt_Weight"), {},
-                  QStringLiteral("The formulas take this number as the body mass in kg"));
-    assumptionRow(*content, m_form.lbl_Friction, m_form.txt_Friction, QStringLiteral("txt_Friction"), {},
-                  QStringLiteral("Exponent of the wind profile, no unit"));
+    using core::Assumption;
+    assumptionRow(*content, Assumption::ArAdu, m_form.lbl_ArAdu);
+    assumptionRow(*content, Assumption::Emmisivity, m_form.lbl_Emmisivity);
+    assumptionRow(*content, Assumption::Barometric, m_form.lbl_Barometric);
+    assumptionRow(*content, Assumption::Height, m_form.lbl_Height);
+    assumptionRow(*content, Assumption::Weight, m_form.lbl_Weight);
+    assumptionRow(*content, Assumption::Friction, m_form.lbl_Friction);
 
     choiceRows(*content, m_form.lbl_Limits, m_form.Opt_Limits,
                {QStringLiteral("An index is blank outside the conditions that it is meant for"),
@@ -323,22 +334,20 @@ QWidget* MainWindow::buildOptions(QWidget* parent)
     auto* const close = new QPushButton(QStringLiteral("Close"));
     close->setToolTip(QStringLiteral("Hides the options; what is set here stays in force (Escape)"));
     connect(close, &QPushButton::clicked, this, [this] { turnOptions(); });
+    pressWithEnter(*close);
     m_tabOrder.push_back(close);
     content->addWidget(close, content->rowCount(), 0, 1, 3, Qt::AlignRight);
     content->setRowStretch(content->rowCount(), 1);
 
     m_firstOption = content->itemAtPosition(1, 1)->widget();
-    auto* const page = new QWidget;
-    auto* const layout = new QVBoxLayout(page);
-    layout->setContentsMargins(kSpacing, kSpacing, kNarrow, kSpacing); // the card covers that of the readings
-    layout->addWidget(new Card(toQt(m_form.Menu_Options.caption()), content));
-    auto* const area = new ContentArea(page, parent);
-    area->setAutoFillBackground(true);
-    connect(new QShortcut(QKeySequence(Qt::Key_Escape), area, {}, {}, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, [this] { turnOptions(); });
-    area->setObjectName(QStringLiteral("Fra_Options"));
-    bindAppearance(*area, m_form.Fra_Options);
-    return area;
+    auto* const page = new Card(toQt(m_form.Menu_Options.caption()), content);
+    page->setObjectName(QStringLiteral("Fra_Options"));
+    // Wherever the focus is: a click beside the boxes leaves it in the list.
+    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, [this] {
+        if (m_form.Fra_Options.visible())
+            turnOptions();
+    });
+    return page;
 }
 
 void MainWindow::buildMenus()
@@ -372,7 +381,6 @@ void MainWindow::buildStatus(const QString& warning)
 {
     statusBar()->setContentsMargins(kNarrow, 0, 0, 0);
     m_status = new CutLabel;
-    m_status->showText(QStringLiteral("Type the readings, then press Enter. F1 shows help."));
     statusBar()->addWidget(m_status, 1);
     if (!warning.isEmpty()) {
         auto* const label = new CutLabel;
@@ -381,9 +389,14 @@ void MainWindow::buildStatus(const QString& warning)
     }
 }
 
-void MainWindow::showStatus()
+// Figures of earlier readings stand there in quieter text.
+void MainWindow::showStanding()
 {
-    m_status->showText(toQt(shell::statusLine(m_form.calculation)));
+    for (QLabel* const value : m_live)
+        value->setForegroundRole(m_form.liveIsEarlier() ? QPalette::PlaceholderText : QPalette::NoRole);
+    const shell::StatusLine status = shell::statusLine(m_form);
+    m_status->setForegroundRole(status.ofEarlier ? QPalette::PlaceholderText : QPalette::NoRole);
+    m_status->showText(toQt(status.text));
 }
 
 void MainWindow::setTabOrders()
@@ -403,23 +416,15 @@ void MainWindow::turnOptions()
     focusOptions();
 }
 
-// The options hide the readings: the keyboard goes to what is in sight.
+// The options hide the readings: the keyboard goes to what is in sight, which stands at the left top.
 void MainWindow::focusOptions()
 {
     if (m_form.Fra_Options.visible())
         m_firstOption->setFocus(Qt::ShortcutFocusReason);
     else
         m_readings.front()->setFocus(Qt::OtherFocusReason);
-}
-
-void MainWindow::placeOptions()
-{
-    // As a page in place of the readings: nothing of them shows at its edges.
-    const int width = std::max(m_options->sizeHint().width(), m_left->geometry().right() + kNarrow);
-    m_options->setGeometry(
-        QRect(QPoint(m_form.Fra_Options.left(), m_form.Fra_Options.top()),
-              QSize(std::min(width, centralWidget()->width()), centralWidget()->height())));
-    m_options->raise();
+    m_area->horizontalScrollBar()->setValue(0);
+    m_area->verticalScrollBar()->setValue(0);
 }
 
 void MainWindow::placeOnScreen()
@@ -433,12 +438,6 @@ void MainWindow::placeOnScreen()
     const int free = std::max(usable.width() - width, 0);
     placeWithin(usable, usable.topLeft() + QPoint((free - std::min(free, kConverterWidth)) / 2,
                                                   (usable.height() - height()) / 3));
-}
-
-void MainWindow::resizeEvent(QResizeEvent* event)
-{
-    FormWindow::resizeEvent(event);
-    placeOptions();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

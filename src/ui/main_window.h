@@ -10,10 +10,12 @@
 #include <vector>
 
 class QGridLayout;
+class QLabel;
 class QLineEdit;
 
 namespace comfortics::ui {
 
+class ContentArea;
 class CutLabel;
 
 /// The view of the main window.
@@ -29,7 +31,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* buildContent();
@@ -37,27 +38,25 @@ private:
     QWidget* buildActions();
     QWidget* buildLive();
     QWidget* buildIndices();
-    QWidget* buildOptions(QWidget* parent);
+    QWidget* buildOptions();
     void buildMenus();
     void buildStatus(const QString& warning);
     QWidget* readingField(core::Reading reading);
-    void assumptionRow(QGridLayout& grid, controls::Label& heading, controls::TextBox& box,
-                       const QString& objectName, const QString& unit, const QString& hint);
+    void assumptionRow(QGridLayout& grid, core::Assumption assumption, controls::Label& heading);
     void choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group,
                     const QStringList& hints);
     void setTabOrders();
-    void placeOptions();
     void turnOptions();
     void focusOptions();
-    void showStatus();
+    void showStanding();
 
     core::Frm_Main& m_form;
     std::array<QLineEdit*, core::kReadingCount> m_readings{};
     std::vector<QWidget*> m_tabOrder; // behind the readings
-    QWidget* m_left = nullptr;        // the column of the readings
+    ContentArea* m_area = nullptr;
     QLineEdit* m_search = nullptr;
-    QWidget* m_options = nullptr;
     QWidget* m_firstOption = nullptr;
+    std::vector<QLabel*> m_live;
     CutLabel* m_status = nullptr;
 };
 

@@ -65,7 +65,7 @@ void MapWidget::zoomBy(double levels, MapPoint at)
 void MapWidget::pick(MapPoint at)
 {
     setMarker(m_view.toGeo(at));
-    emit picked(toQt(m_view.pick(at)), *m_marker);
+    emit picked(toQt(m_view.pick(at)));
 }
 
 void MapWidget::paintNote(QPainter& painter, const QString& text, Qt::Alignment corner)

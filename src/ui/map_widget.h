@@ -25,8 +25,8 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    /// The place as text, at the precision of the zoom, and as it was clicked.
-    void picked(const QString& text, comfortics::radiation::GeoPoint point);
+    /// The place as text, at the precision of the zoom.
+    void picked(const QString& text);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

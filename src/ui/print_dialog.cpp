@@ -2,6 +2,7 @@
 #include "ui/print_dialog.h"
 
 #include "ui/printer_surface.h"
+#include "ui/text.h"
 
 #include <QApplication>
 #include <QPrintPreviewDialog>
@@ -15,23 +16,41 @@ namespace {
 
 constexpr double kScreenShare = 0.8;
 
+// Stays where nothing came on paper, for another try.
+class Preview final : public QPrintPreviewDialog {
+public:
+    Preview(QPrinter& printer, const std::function<bool(output::Printer&)>& print)
+        : QPrintPreviewDialog(&printer, QApplication::activeWindow())
+    {
+        resize(screen()->availableGeometry().size() * kScreenShare);
+        connect(this, &QPrintPreviewDialog::paintRequested, this, [this, &print](QPrinter* target) {
+            PrinterSurface surface(*target);
+            m_printed = print(surface);
+        });
+    }
+    void done(int result) override
+    {
+        if (result == Rejected || m_printed)
+            QPrintPreviewDialog::done(result);
+    }
+
+private:
+    bool m_printed = false; // by the last try
+};
+
 } // namespace
 
-void DesktopPrintDialog::show(const std::function<void(output::Printer&)>& print)
+void DesktopPrintDialog::show(const std::function<bool(output::Printer&)>& print)
 {
     QPrinter printer(QPrinter::HighResolution);
     if (QPrinterInfo::availablePrinterNames().isEmpty())
         printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setDocName(QStringLiteral("Comfortics"));
+    printer.setDocName(toQt(m_name));
     PrinterSurface::prepare(printer);
 
-    QPrintPreviewDialog dialog(&printer, QApplication::activeWindow());
-    dialog.resize(dialog.screen()->availableGeometry().size() * kScreenShare);
-    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&print](QPrinter* target) {
-        PrinterSurface surface(*target);
-        print(surface);
-    });
-    dialog.exec();
+    Preview preview(printer, print);
+    preview.setWindowTitle(toQt(m_name));
+    preview.exec();
 }
 
 } // namespace comfortics::ui

@@ -9,7 +9,11 @@ namespace comfortics::ui {
 /// and offers nothing else where there is no printer.
 class DesktopPrintDialog final : public output::PrintDialog {
 public:
-    void show(const std::function<void(output::Printer&)>& print) override;
+    void nameDocument(const std::string& name) override { m_name = name; }
+    void show(const std::function<bool(output::Printer&)>& print) override;
+
+private:
+    std::string m_name = "Comfortics";
 };
 
 } // namespace comfortics::ui

@@ -7,6 +7,11 @@
 #include <QImage>
 #include <QPainter>
 
+#include <functional>
+#include <utility>
+#include <vector>
+
+class QPagedPaintDevice;
 class QPrinter;
 
 namespace comfortics::ui {
@@ -24,7 +29,8 @@ private:
     QImage m_image;
 };
 
-/// A printer, a PDF file or a preview as a drawing surface. Its origin is the paper's corner.
+/// A printer, a PDF file or a preview as a drawing surface. Its origin is the paper's corner. What is
+/// drawn is kept until the job ends: only then it is known how many pages there are to choose from.
 class PrinterSurface final : public output::Printer {
 public:
     /// What a printer must be set to before the job.
@@ -34,8 +40,11 @@ public:
 
     void print() override;
     double pageWidth() const override;
+    output::PageMargins margins() const override;
     void newPage() override;
-    void endDoc() override;
+    /// Gives the printer the pages that its dialog chose, as often and in the order chosen there, the
+    /// preview all of them. A PDF file is written whole or not at all.
+    output::WriteResult endDoc() override;
 
     controls::FontRef font() const override { return m_font; }
     void setFont(controls::FontRef font) override;
@@ -58,16 +67,21 @@ public:
     int drawText(std::string_view text, controls::PixelRect& rectangle, unsigned flags) override;
 
 private:
+    using Stroke = std::function<void(QPainter&)>;
+    void add(Stroke stroke) { m_pages.back().push_back(std::move(stroke)); }
+    bool paint(QPagedPaintDevice& device, const std::vector<int>& pages) const;
+    output::WriteResult writePdf(const std::vector<int>& pages) const;
     QPointF pixels(double x, double y) const;
-    void setPen(const QColor& color);
+    QPen pen(const QColor& color) const;
     QSizeF paper() const;
 
     QPrinter& m_printer;
-    QPainter m_painter;
+    std::vector<std::vector<Stroke>> m_pages;
     controls::FontRef m_font = std::make_shared<const controls::Font>();
     QFont m_deviceFont;
     controls::ScaleMode m_mode = controls::ScaleMode::Twips;
     double m_currentY = 0;
+    Qt::BrushStyle m_brush = Qt::NoBrush;
     int m_drawWidth = 1;
 };
 

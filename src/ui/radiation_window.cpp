@@ -7,6 +7,7 @@
 #include "ui/text.h"
 #include "ui/widgets.h"
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QCloseEvent>
 #include <QCompleter>
@@ -14,6 +15,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -44,6 +46,7 @@ namespace {
 constexpr int kSpacing = 10;
 constexpr QSize kSize(1060, 780);
 constexpr int kOktaPixels = 40;
+constexpr int kOfferLines = 3; // of the longest name of a town
 constexpr std::size_t kPlacesOffered = 12;
 constexpr double kPlaceZoom = 8;
 constexpr double kNearKilometres = 200; // within which a place's clock is offered
@@ -65,6 +68,24 @@ QDate toQt(Date date)
             static_cast<int>(static_cast<unsigned>(date.day()))};
 }
 
+// A text in lines, in the same room whatever it is: a layout that asked how high it is would move all
+// else with it.
+class SteadyLabel final : public QLabel {
+public:
+    explicit SteadyLabel(int lines) : m_lines(lines)
+    {
+        setWordWrap(true);
+        setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
+    bool hasHeightForWidth() const override { return false; }
+    QSize sizeHint() const override { return {0, m_lines * fontMetrics().lineSpacing()}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+private:
+    int m_lines;
+};
+
 } // namespace
 
 RadiationWindow::RadiationWindow(radiation::Frm_Radiation& form, const Surroundings& surroundings,
@@ -83,6 +104,7 @@ RadiationWindow::RadiationWindow(radiation::Frm_Radiation& form, const Surroundi
         pages->setCurrentIndex(m_form.Fra_table.visible() ? 1 : 0);
     });
     setCentralWidget(content);
+    listen(*this, m_form.placeChange, [this] { followPlace(); });
     resize(kSize);
     placeWithin(usableBeside(main), main.frameGeometry().topLeft());
 }
@@ -92,6 +114,7 @@ RadiationWindow::RadiationWindow(radiation::Frm_Radiation& form, const Surroundi
 QWidget* RadiationWindow::buildInputs()
 {
     auto* const inputs = new QWidget;
+    inputs->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred); // or the map would move with its texts
     auto* const column = new QVBoxLayout(inputs);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(kSpacing);
@@ -103,6 +126,7 @@ QWidget* RadiationWindow::buildInputs()
     bind(*worldMap, m_form.cmd_World_Map);
     worldMap->setToolTip(QStringLiteral("Opens or closes a map of the world, which needs no connection"));
     auto* const calculate = new QPushButton;
+    connect(calculate, &QPushButton::clicked, this, &RadiationWindow::finishTypedDay);
     bind(*calculate, m_form.cmd_Calculate);
     calculate->setIcon(QIcon(QStringLiteral(":/calculate.svg")));
     calculate->setShortcut(Qt::Key_F5);
@@ -123,29 +147,44 @@ QWidget* RadiationWindow::buildInputs()
 
 QWidget* RadiationWindow::buildDay()
 {
-    auto* const calendar = new QCalendarWidget;
+    auto* const calendar = m_calendar = new QCalendarWidget;
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setAccessibleName(QStringLiteral("Date"));
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) // red is hard to read on a dark ground
         calendar->setWeekdayTextFormat(day, {});
-    calendar->setToolTip(QStringLiteral("Click on the day to calculate"));
+    calendar->setToolTip(QStringLiteral("The day to calculate: click on it, move to it or type it"));
     follow(*calendar, m_form.Calendar.change,
            [this, calendar] { calendar->setSelectedDate(toQt(m_form.Calendar.value())); });
     const auto pick = [this, calendar] { m_form.Calendar.pick(toDate(calendar->selectedDate())); };
     connect(calendar, &QCalendarWidget::clicked, this, pick);
     connect(calendar, &QCalendarWidget::activated, this, pick);
+    connect(calendar, &QCalendarWidget::selectionChanged, this, [this, calendar, pick] {
+        if (toDate(calendar->selectedDate()) != m_form.Calendar.value())
+            pick();
+    });
+    pick(); // the day that is shown at start counts, too
 
-    // The form's own box of the day is out of sight; nobody could tell that no day is picked.
+    // The calendar may show another month, and the form's own box of the day is out of sight.
     auto* const day = quietLabel({});
-    follow(*day, m_form.txt_Day.change, [this, day] {
-        const QString number = ui::toQt(m_form.txt_Day.text());
-        day->setText(number.isEmpty() ? QStringLiteral("No day is picked yet: it counts as day 0.")
-                                      : QStringLiteral("Day of the year: ") + number);
+    day->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    follow(*day, m_form.Calendar.click, [this, day] {
+        const Date date = m_form.Calendar.value();
+        day->setText(QStringLiteral("Day %1 of the year, %2")
+                         .arg(radiation::dayOfYear(date))
+                         .arg(toQt(date).toString(Qt::ISODate)));
     });
     auto* const layout = new QVBoxLayout;
     layout->addWidget(calendar);
     layout->addWidget(day);
     return new Card(QStringLiteral("Day"), layout);
+}
+
+// A typed day shows at once and counts a moment later, or with Enter. Where none is being typed, Enter
+// picks the day that is selected.
+void RadiationWindow::finishTypedDay()
+{
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(m_calendar->focusProxy(), &enter);
 }
 
 QWidget* RadiationWindow::buildPlace()
@@ -161,7 +200,7 @@ QWidget* RadiationWindow::buildPlace()
         line->setToolTip(hint);
         label->setBuddy(line);
         grid->addWidget(label, row, 0);
-        grid->addWidget(line, row, 1, 1, 2);
+        grid->addWidget(line, row, 1, 1, &box == &m_form.txt_GMT ? 1 : 2);
         ++row;
     };
     add(m_form.lbl_lat, m_form.txt_lat, QStringLiteral("Decimal degrees with a point, north positive"));
@@ -170,15 +209,17 @@ QWidget* RadiationWindow::buildPlace()
         QStringLiteral("Hours that the clock is ahead of Greenwich; west of it the times of the table "
                        "are shifted, see the user guide"));
 
-    auto* const offer = new QLabel;
-    offer->setWordWrap(true);
-    offer->setMinimumHeight(2 * offer->fontMetrics().lineSpacing()); // nothing moves when it fills
+    // Both have their room before they show: nothing may move under the mouse.
+    auto* const offer = new SteadyLabel(kOfferLines);
     bind(*offer, m_form.lbl_Offset);
     auto* const take = new QPushButton;
     bind(*take, m_form.cmd_Take_Offset);
-    take->setToolTip(QStringLiteral("Writes this offset into the box"));
-    grid->addWidget(offer, row, 0, 1, 2);
-    grid->addWidget(take, row, 2);
+    take->setToolTip(QStringLiteral("Writes the offset of the place into the box"));
+    QSizePolicy room = take->sizePolicy();
+    room.setRetainSizeWhenHidden(true);
+    take->setSizePolicy(room);
+    grid->addWidget(take, row - 1, 2);
+    grid->addWidget(offer, row, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     return new Card(QStringLiteral("Place"), grid);
 }
@@ -244,14 +285,12 @@ QWidget* RadiationWindow::buildMaps()
 
 QWidget* RadiationWindow::buildConnectedMap()
 {
-    auto* const map = new MapWidget(m_around.tiles);
+    auto* const map = m_tileMap = new MapWidget(m_around.tiles);
     map->setAccessibleName(QStringLiteral("Map"));
     map->show({.latitude = radiation::kMapOpening.latitude, .longitude = radiation::kMapOpening.longitude},
               radiation::kMapOpening.zoom);
-    connect(map, &MapWidget::picked, this, [this](const QString& text, radiation::GeoPoint point) {
-        m_around.tilePlaces.supply(fromQt(text));
-        offerClock(point);
-    });
+    connect(map, &MapWidget::picked, this,
+            [this](const QString& text) { m_around.tilePlaces.supply(fromQt(text)); });
     auto* const layout = new QVBoxLayout;
     layout->addWidget(map);
     auto* const card = new Card(ui::toQt(m_form.fra_WebBrowser.caption()), layout);
@@ -266,10 +305,8 @@ QWidget* RadiationWindow::buildWorldMap()
 {
     m_worldMap = new MapWidget(*m_world);
     m_worldMap->setAccessibleName(QStringLiteral("World map"));
-    connect(m_worldMap, &MapWidget::picked, this, [this](const QString& text, radiation::GeoPoint point) {
-        m_form.takePlace(fromQt(text));
-        offerClock(point);
-    });
+    connect(m_worldMap, &MapWidget::picked, this,
+            [this](const QString& text) { m_form.takePlace(fromQt(text)); });
 
     auto* const search = searchLine(QStringLiteral("Search a place, for instance Athens, Greece"));
     search->setAccessibleName(QStringLiteral("Search a place"));
@@ -277,27 +314,30 @@ QWidget* RadiationWindow::buildWorldMap()
     auto* const completer = new QCompleter(found, search);
     completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     search->setCompleter(completer);
+    m_searchNote = new CutLabel;
     connect(search, &QLineEdit::textEdited, this, [this, found](const QString& text) {
         found->clear();
         for (const Place* place : m_world->places().search(fromQt(text), kPlacesOffered)) {
-            const QString province = place->province.empty() ? QString() : ui::toQt(", " + place->province);
-            auto* const item =
-                new QStandardItem(ui::toQt(place->name) + province + ui::toQt(", " + place->country));
+            auto* const item = new QStandardItem(ui::toQt(place->fullTitle()));
             item->setData(QVariant::fromValue(static_cast<const void*>(place)));
             found->appendRow(item);
         }
+        noteSearch(text, found->rowCount() > 0);
     });
     connect(completer, qOverload<const QModelIndex&>(&QCompleter::activated), this,
             [this](const QModelIndex& index) {
                 goTo(*static_cast<const Place*>(index.data(Qt::UserRole + 1).value<const void*>()));
             });
     connect(search, &QLineEdit::returnPressed, this, [this, search] {
-        if (const auto best = m_world->places().search(fromQt(search->text()), 1); !best.empty())
+        const auto best = m_world->places().search(fromQt(search->text()), 1);
+        noteSearch(search->text(), !best.empty());
+        if (!best.empty())
             goTo(*best.front());
     });
 
     auto* const layout = new QVBoxLayout;
     layout->addWidget(search);
+    layout->addWidget(m_searchNote);
     layout->addWidget(m_worldMap, 1);
     auto* const card = new Card(ui::toQt(m_form.fra_World_Map.caption()), layout);
     card->setObjectName(QStringLiteral("fra_World_Map"));
@@ -305,19 +345,30 @@ QWidget* RadiationWindow::buildWorldMap()
     return card;
 }
 
+void RadiationWindow::noteSearch(const QString& text, bool isFound)
+{
+    const QString name = text.trimmed();
+    m_searchNote->showText(isFound || name.isEmpty()
+                               ? QString()
+                               : QStringLiteral("No place is found by the name \"%1\".").arg(name));
+}
+
 void RadiationWindow::goTo(const Place& place)
 {
     m_worldMap->show(place.at, kPlaceZoom);
-    m_worldMap->setMarker(place.at);
     m_form.takePlace(radiation::placeText(place.at, radiation::decimalsFor(m_worldMap->view().zoom())));
     m_form.offerOffset(place.zone, place.title());
 }
 
-void RadiationWindow::offerClock(radiation::GeoPoint point)
+// Marks and clock go with the boxes, whoever wrote to them.
+void RadiationWindow::followPlace()
 {
-    const auto near = m_world->places().nearest(point, kNearKilometres);
-    m_form.offerOffset(near ? near->place->zone : std::string(),
-                       near ? "Near " + near->place->title() : std::string());
+    const auto place = m_form.place();
+    m_tileMap->setMarker(place);
+    m_worldMap->setMarker(place);
+    const auto near = place ? m_world->places().nearest(*place, kNearKilometres) : std::nullopt;
+    if (near)
+        m_form.offerOffset(near->place->zone, "Near " + near->place->title());
 }
 
 // --- the table
@@ -347,11 +398,15 @@ QWidget* RadiationWindow::buildTable()
     top->addWidget(menu);
     top->addWidget(save);
 
+    auto* const heading = new QLabel;
+    heading->setWordWrap(true);
+    heading->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    bind(*heading, m_form.lbl_Table);
     auto* const table = new GridView(m_form.Flex_Radiation);
     table->setAccessibleName(QStringLiteral("Solar radiation"));
     table->wrapHeaders();
     table->onResize([this](int width, int height) { m_form.resizeTable(width, height); });
-    m_chart = new ChartPanel(m_form.Flex_Radiation, m_around.files, m_around.messages);
+    m_chart = new ChartPanel(m_form.Flex_Radiation, m_form.lbl_Table, m_around.files, m_around.messages);
     auto* const halves = new QSplitter(Qt::Vertical);
     halves->setChildrenCollapsible(false);
     halves->addWidget(table);
@@ -363,8 +418,9 @@ QWidget* RadiationWindow::buildTable()
     layout->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     layout->setSpacing(kSpacing);
     layout->addLayout(top);
+    layout->addWidget(heading);
     layout->addWidget(halves, 1);
-    return page;
+    return new ContentArea(page);
 }
 
 // A map takes the place of the hint.

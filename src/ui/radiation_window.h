@@ -18,6 +18,7 @@ class QMenu;
 namespace comfortics::ui {
 
 class ChartPanel;
+class CutLabel;
 
 /// The view of the radiation form: the inputs with the maps, or the table with its chart.
 class RadiationWindow : public FormWindow {
@@ -48,14 +49,19 @@ private:
     QWidget* buildWorldMap();
     QWidget* buildConnectedMap();
     QWidget* buildTable();
-    void offerClock(radiation::GeoPoint point);
+    void finishTypedDay();
+    void followPlace();
+    void noteSearch(const QString& text, bool isFound);
     void goTo(const radiation::Place& place);
 
     radiation::Frm_Radiation& m_form;
     Surroundings m_around;
     std::function<void()> m_closed;
     WorldSource* m_world = nullptr;
+    QCalendarWidget* m_calendar = nullptr;
+    MapWidget* m_tileMap = nullptr;
     MapWidget* m_worldMap = nullptr;
+    CutLabel* m_searchNote = nullptr;
     ChartPanel* m_chart = nullptr;
     QMenu* m_menu = nullptr;
     QWidget* m_mapHint = nullptr; // in place of the maps

@@ -111,6 +111,7 @@ RawDataWindow::RawDataWindow(batch::Frm_Raw_Data& form, const QWidget& main, std
     // The data are locked for as long as a run is under way.
     follow(*m_dataPage, m_form.Flex_Data.appearance, [this] { arrange(); });
     follow(*m_resultsPage, m_form.Fra_Results.appearance, [this] { arrange(); });
+    follow(*m_reason, m_form.lbl_status.change, [this] { showReason(); });
     m_form.keepAlive(
         [window = QPointer<RawDataWindow>(this)] {
             if (window)
@@ -169,7 +170,7 @@ QWidget* RawDataWindow::buildData()
     // Takes what rounding leaves of the width.
     m_data->horizontalHeader()->setSectionResizeMode(core::kReadingCount - 1, QHeaderView::Stretch);
     m_data->setItemDelegate(new RowMarks(
-        m_form.Flex_Data, [this](std::size_t row) { return m_form.dataRowState(row); }, m_data));
+        m_form.Flex_Data, [this](std::size_t row) { return m_form.rowState(row); }, m_data));
     m_data->onResize([this](int width, int height) {
         // The results may stand below, in a size of their own.
         const int resultsWidth = m_form.Flex_Results.width();
@@ -272,10 +273,18 @@ QWidget* RawDataWindow::buildResults()
     top->addWidget(m_back);
     top->addWidget(outcome, 1);
     top->addWidget(m_menuButton);
+    auto* const terms = new QLabel;
+    terms->setObjectName(QStringLiteral("lbl_terms"));
+    terms->setWordWrap(true);
+    follow(*terms, m_form.lbl_terms.change, [this, terms] {
+        terms->setText(toQt(m_form.lbl_terms.caption()));
+        m_results->setQuiet(m_form.resultsAreEarlier());
+    });
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     layout->setSpacing(kSpacing);
     layout->addLayout(top);
+    layout->addWidget(terms);
     layout->addWidget(m_results, 1);
     return page;
 }
@@ -344,11 +353,13 @@ void RawDataWindow::followRows()
     m_followedTopRow = grid.topRow();
 }
 
-// The reason of a blank in the current row, for those who use no mouse.
+// The reason of a blank in the current row, for those who use no mouse; where there is none, how far the
+// run is or was.
 void RawDataWindow::showReason()
 {
     const Grid& grid = m_form.Fra_Results.visible() ? m_form.Flex_Results : m_form.Flex_Data;
-    m_reason->showText(toQt(grid.note(grid.row(), grid.col())));
+    const std::string reason = grid.note(grid.row(), grid.col());
+    m_reason->showText(toQt(reason.empty() ? m_form.lbl_status.caption() : reason));
 }
 
 // --- keys, files, the end

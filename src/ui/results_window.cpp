@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -25,6 +26,30 @@ namespace {
 
 constexpr int kSpacing = 8;
 constexpr QSize kSize(780, 680);
+// Values outside of limits that were ignored.
+class DoubtMarks : public QStyledItemDelegate {
+public:
+    DoubtMarks(const output::Frm_Comfortics& form, const controls::Grid& grid, QObject* parent)
+        : QStyledItemDelegate(parent), m_form(form), m_grid(grid)
+    {
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.column() != static_cast<int>(output::Frm_Comfortics::kValueCol) ||
+            !m_form.isDoubtful(m_grid, static_cast<std::size_t>(index.row()) + m_grid.fixedRows()))
+            return;
+        option->font.setItalic(true);
+        option->palette.setBrush(QPalette::Text, option->palette.placeholderText());
+    }
+
+private:
+    const output::Frm_Comfortics& m_form;
+    const controls::Grid& m_grid;
+};
+
 constexpr double kMainShown = 0.36; // of the main window's width, with the readings
 
 } // namespace
@@ -35,6 +60,9 @@ ResultsWindow::ResultsWindow(output::Frm_Comfortics& form, const QWidget& main, 
     m_reason = new CutLabel;
     statusBar()->setContentsMargins(kSpacing, 0, 0, 0);
     statusBar()->addWidget(m_reason, 1);
+    auto* const inForce = new QLabel;
+    bind(*inForce, m_form.lbl_In_Force);
+    statusBar()->addPermanentWidget(inForce);
     buildMenu();
     setCentralWidget(buildContent());
     m_table->setFocus();
@@ -63,6 +91,7 @@ GridView* ResultsWindow::buildTable(controls::Grid& grid, const QString& objectN
         m_form.MouseWheel(modifierKeys, rotation, grid.left() + x, grid.top() + y);
     });
     table->onSelection([this] { showReason(); });
+    table->setItemDelegate(new DoubtMarks(m_form, grid, table));
     bindAppearance(*table, grid);
     return table;
 }
@@ -94,10 +123,21 @@ QWidget* ResultsWindow::buildContent()
     layout->setContentsMargins(kSpacing, kSpacing, kSpacing, 0);
     layout->setSpacing(kSpacing);
     layout->addLayout(top);
+    auto* const earlier = new QLabel;
+    earlier->setObjectName(QStringLiteral("lbl_Earlier"));
+    earlier->setWordWrap(true);
+    layout->addWidget(earlier);
     // One of the two is visible at any time, in the same place.
     m_table = buildTable(m_form.Flex, QStringLiteral("Flex"));
     layout->addWidget(m_table, 1);
     layout->addWidget(buildTable(m_form.Flex_Search, QStringLiteral("Flex_Search")), 1);
+    follow(*earlier, m_form.lbl_Earlier.change, [this, earlier, content] {
+        const bool isEarlier = !m_form.lbl_Earlier.caption().empty();
+        earlier->setText(toQt(m_form.lbl_Earlier.caption()));
+        earlier->setVisible(isEarlier);
+        for (GridView* const table : content->findChildren<GridView*>())
+            table->setQuiet(isEarlier);
+    });
     return content;
 }
 

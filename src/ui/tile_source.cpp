@@ -33,15 +33,22 @@ constexpr qint64 kRetryAfter = 30000;            // ms
 constexpr int kOlderLevels = 4;                  // levels above from which a missing tile is filled
 const QColor kEmpty(0xE4, 0xE4, 0xE4);
 
-// Only what a tile server sends, and only at a size that a tile has.
+// Only what a tile server sends, and only at a size that a tile has. The other formats that Qt can read
+// stay closed: an SVG, for one, opens files of this machine.
 QImage readTile(QByteArray bytes)
 {
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    const QSize size = reader.size();
-    if (!size.isValid() || size.width() > kMostPixels || size.height() > kMostPixels)
-        return {};
-    return reader.read();
+    for (const char* const format : {"png", "jpeg", "webp"}) {
+        QBuffer buffer(&bytes);
+        QImageReader reader(&buffer, format);
+        reader.setAutoDetectImageFormat(false);
+        if (!reader.canRead())
+            continue;
+        const QSize size = reader.size();
+        if (!size.isValid() || size.width() > kMostPixels || size.height() > kMostPixels)
+            return {};
+        return reader.read();
+    }
+    return {};
 }
 
 } // namespace

@@ -21,8 +21,8 @@ struct TileSettings {
     static TileSettings read();
 };
 
-/// Raster map tiles from a server of the user's choice, kept in memory and on disk. Whatever the
-/// server does, the map goes on: what is no picture, comes too late or is too large leaves its
+/// Raster map tiles (PNG, JPEG or WebP) from a server of the user's choice, kept in memory and on disk.
+/// Whatever the server does, the map goes on: what is no picture, comes too late or is too large leaves its
 /// place grey.
 class TileSource : public MapSource {
     Q_OBJECT

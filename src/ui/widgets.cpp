@@ -20,16 +20,16 @@ constexpr double kHeadingScale = 1.1;
 
 } // namespace
 
-Card::Card(const QString& heading, QLayout* content, QWidget* parent) : QFrame(parent)
+Card::Card(const QString& heading, QLayout* content, QWidget* parent)
+    : QFrame(parent), m_heading(new QLabel(heading))
 {
-    auto* const label = new QLabel(heading);
-    QFont font = label->font();
+    QFont font = m_heading->font();
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * kHeadingScale);
-    label->setFont(font);
+    m_heading->setFont(font);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
-    layout->addWidget(label);
+    layout->addWidget(m_heading);
     layout->addLayout(content, 1);
 }
 
@@ -57,7 +57,7 @@ QSize CutLabel::minimumSizeHint() const
 void CutLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(palette().color(foregroundRole()));
     painter.drawText(contentsRect(), static_cast<int>(alignment()),
                      fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
 }

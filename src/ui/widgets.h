@@ -19,8 +19,13 @@ public:
     /// Takes the layout of the content over.
     Card(const QString& heading, QLayout* content, QWidget* parent = nullptr);
 
+    QLabel& heading() { return *m_heading; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QLabel* m_heading;
 };
 
 /// One line of text that is cut with an ellipsis where it does not fit; the tooltip has all of it.

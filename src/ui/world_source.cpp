@@ -4,6 +4,7 @@
 #include "ui/text.h"
 
 #include <QFile>
+#include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -38,6 +39,21 @@ std::string resource(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
+// Letters without their accents and without case. What carries its stroke inside is no letter with an
+// accent to Unicode.
+std::string plainLetters(std::string_view text)
+{
+    static const QHash<QChar, QString> strokes{{u'ł', u"l"_qs},  {u'đ', u"d"_qs},  {u'ð', u"d"_qs},
+                                               {u'ø', u"o"_qs},  {u'ħ', u"h"_qs},  {u'ŧ', u"t"_qs},
+                                               {u'æ', u"ae"_qs}, {u'œ', u"oe"_qs}, {u'þ', u"th"_qs},
+                                               {u'ı', u"i"_qs},  {u'–', u"-"_qs},  {u'’', u"'"_qs}};
+    QString plain;
+    for (const QChar character : toQt(text).toCaseFolded().normalized(QString::NormalizationForm_KD))
+        if (!character.isMark())
+            plain += strokes.value(character, character);
+    return fromQt(plain);
+}
+
 // How many people a place needs to be shown at a zoom.
 double leastPopulation(double zoom)
 {
@@ -47,7 +63,7 @@ double leastPopulation(double zoom)
 } // namespace
 
 WorldSource::WorldSource(QObject* parent)
-    : MapSource(parent), m_places(resource(QStringLiteral(":/map/places.tsv")))
+    : MapSource(parent), m_places(resource(QStringLiteral(":/map/places.tsv")), plainLetters)
 {
     const auto map = radiation::readWorldMap(resource(QStringLiteral(":/map/world.map")));
     if (!map)

@@ -50,11 +50,13 @@ TEST(ColumnMap, FindsColumnsByNameInAnyOrderOrTakesTheSheets)
 TEST(ColumnMap, RefusesWhatTellsNoColumnsAndRowsOfAnotherLength)
 {
     const std::vector<std::tuple<Cells, Cells, std::string>> rows = {
-        {{"station", "time"}, {}, "Line 3: no column is named Ta, Tg, SR, Td, RH or WS."},
+        {{"station", "time"},
+         {},
+         "Line 3: separated by commas, no column is named Ta, Tg, SR, Td, RH or WS."},
         {{"Ta", "x", "ta"}, {}, "Line 3: two columns give ta."},
         {{"30", "", "600", "", "50"},
          {},
-         "Line 3: a table without a header needs six columns, this row has 5."},
+         "Line 3: separated by commas, a table without a header needs six columns, this row has 5."},
         {{"Ta", "RH", "WS"}, {"1", "2"}, "Line 12: the row has 2 cells where the table has 3 columns."},
         {{"Ta", "WS"}, {"1", "2", "3"}, "Line 12: the row has 3 cells where the table has 2 columns."},
     };

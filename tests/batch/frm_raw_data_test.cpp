@@ -38,7 +38,7 @@ struct User final : controls::Messages, controls::Clipboard, controls::FileDialo
     std::string text() override { return held; }
     std::optional<std::string> askSave(const controls::SaveRequest&) override { return path; }
     std::optional<std::string> askOpen(const controls::OpenRequest&) override { return path; }
-    void show(const std::function<void(output::Printer&)>&) override {}
+    void show(const std::function<bool(output::Printer&)>&) override {}
 };
 
 Texts textsOf(const controls::Grid& grid, std::size_t firstRow = 1)
@@ -208,21 +208,129 @@ TEST(FrmRawData, RunsAsOneByOneAndLeavesTheMainWindowAsTheLastRowsLeaveIt)
     }
 }
 
-TEST(FrmRawData, TellsItsProgressAndStaysAtTheEndAlsoInLaterRuns)
+TEST(FrmRawData, TheProgressStaysAtTheEndUntilOtherRowsComeAndTheStatusTellsEachRun)
 {
     Sheet sheet;
     std::string told;
-    const controls::Label& rows = sheet.form.lbl_progress_rows;
-    sheet.form.lbl_progress_rows.change.watch(
-        [&] { told += sheet.form.lbl_progress_value.caption() + " " + rows.caption() + "; "; });
-    for (const std::size_t count : {50U, 3U}) {
-        sheet.paste(std::vector<Cells>(count, kWindless));
-        sheet.calculate();
-    }
+    std::string status;
+    Frm_Raw_Data& form = sheet.form;
+    form.lbl_progress_rows.change.watch(
+        [&] { told += form.lbl_progress_value.caption() + " " + form.lbl_progress_rows.caption() + "; "; });
+    form.lbl_status.change.watch([&] { status += form.lbl_status.caption() + "\n"; });
+    sheet.paste(std::vector<Cells>(50, kWindless));
+    sheet.calculate();
     EXPECT_TRUE(told.starts_with("2% 1 out of 50; ")) << told;
     EXPECT_TRUE(told.ends_with("100% 50 out of 50; "));
     // 29 / 50 * 100 is a little below 58 in doubles.
     EXPECT_NE(told.find("57% 29 out of 50; "), std::string::npos);
+    told.clear();
+    status.clear();
+    sheet.calculate();
+    EXPECT_EQ(told, "");
+    EXPECT_TRUE(status.starts_with("Calculating 50 rows.\nRow 1 of 50 is done (2%).\n")) << status;
+    EXPECT_TRUE(status.ends_with("\nRows: 0 calculated, 50 skipped, 0 failed.\n")) << status;
+
+    sheet.paste({kWindless, kWindless});
+    EXPECT_EQ(told, "0% ; ");
+    EXPECT_EQ(form.progressShare(), 0);
+    EXPECT_EQ(form.lbl_outcome.caption() + form.lbl_status.caption(), "");
+    sheet.calculate();
+    EXPECT_EQ(told, "0% ; 50% 1 out of 2; 100% 2 out of 2; ");
+}
+
+TEST(FrmRawData, OtherRowsLeaveNoFigureOfTheOnesBefore)
+{
+    const tests::TemporaryFolder folder;
+    const std::string windless = "Ta;SR;RH;WS\n30,5;600;50;\n31;600;50;\n";
+    const std::function<void(Sheet&)> ways[] = {
+        [](Sheet& sheet) {
+            sheet.paste({kWindless, kWindless});
+        },
+        [&](Sheet& sheet) { sheet.form.openFile(folder.write("t.csv", windless)); },
+    };
+    for (const auto& renew : ways) {
+        Sheet sheet;
+        sheet.select({134});
+        sheet.form.open(sheet.table);
+        sheet.paste(std::vector<Cells>(8, kSound));
+        sheet.calculate();
+        EXPECT_EQ(textsOf(sheet.form.Flex_Results), Texts(8, {"50.0"}));
+        renew(sheet);
+        EXPECT_EQ(textsOf(sheet.form.Flex_Results), Texts(2, {""}));
+        EXPECT_EQ(sheet.form.rowState(1), RowState::NotRun);
+        sheet.calculate();
+        EXPECT_EQ(textsOf(sheet.form.Flex_Results), Texts(2, {""}));
+        EXPECT_EQ(sheet.form.Flex_Results.note(2, 0), "Row 2 was skipped: the wind speed is missing.");
+        EXPECT_EQ(sheet.main.told(),
+                  "The sheet has run. Rows: 0 calculated, 2 skipped, 0 failed. Its row 2 is "
+                  "left in the readings.");
+        EXPECT_TRUE(sheet.main.liveIsEarlier() && sheet.main.resultsAreEarlier());
+    }
+}
+
+// Relative humidity, solar radiation and dew point are columns that a shift cannot hide.
+TEST(FrmRawData, RemembersByWhichTermsAndIndicesItHasCalculated)
+{
+    const tests::TemporaryFolder folder;
+    Sheet sheet;
+    sheet.user.path = folder.file("t");
+    const auto exported = [&] {
+        sheet.form.Menu_Export.click.raise();
+        return tests::readFile(folder.file("t.csv"));
+    };
+    const auto says = [&](const char* part) {
+        return sheet.form.lbl_terms.caption().find(part) != std::string::npos;
+    };
+    sheet.select({52, 134, 159});
+    sheet.form.open(sheet.table);
+    sheet.paste({kSound, kSound});
+    sheet.calculate();
+    EXPECT_EQ(sheet.form.lbl_terms.caption(), "By classic rules, limits kept.");
+    EXPECT_EQ(exported(), "Dew Point (Bruce; 1916) - [\xB0"
+                          "C],Relative Humidity - [%],Solar Radiation - [W/m\xB2]\r\n"
+                          "18.4,50.0,600.0\r\n18.4,50.0,600.0\r\n");
+
+    sheet.select({134, 159});
+    sheet.form.tellTerms();
+    EXPECT_TRUE(sheet.form.resultsAreEarlier() && says("have changed since the run"));
+    EXPECT_FALSE(says("headers"));
+    sheet.main.Opt_Rules.select(1);
+    sheet.main.Opt_Limits.select(1);
+    sheet.calculate();
+    EXPECT_TRUE(says("By robust rules, limits ignored.") && says("headers tell"));
+    EXPECT_FALSE(sheet.form.resultsAreEarlier());
+    // The third column is none of this run's.
+    EXPECT_EQ(sheet.form.Flex_Results.textMatrix(0, 0), "Dew Point (Bruce; 1916) - [°C]");
+    EXPECT_EQ(exported(),
+              "Relative Humidity - [%],Solar Radiation - [W/m\xB2],Solar Radiation - [W/m\xB2] (of "
+              "an earlier run)\r\n50.0,600.0,600.0\r\n50.0,600.0,600.0\r\n");
+
+    sheet.select({134, 159});
+    sheet.form.keepAlive([&] {
+        if (sheet.done(1))
+            sheet.select({159});
+    });
+    sheet.paste({kSound, kSound, kSound});
+    sheet.calculate();
+    EXPECT_TRUE(says("this holds from row 2 on"));
+    EXPECT_EQ(exported(), "Relative Humidity - [%] (row 1) / Solar Radiation - [W/m\xB2] (rows 2 to 3),Solar "
+                          "Radiation - [W/m\xB2] (row 1) /  (rows 2 to 3),\r\n"
+                          "50.0,600.0,\r\n600.0,,\r\n600.0,,\r\n");
+    sheet.form.open(sheet.table);
+    sheet.form.keepAlive({});
+    sheet.calculate();
+    EXPECT_FALSE(says("headers"));
+}
+
+TEST(FrmRawData, AClosedSheetHoldsNoRows)
+{
+    Sheet sheet;
+    sheet.paste(std::vector<Cells>(5000, kWindless));
+    sheet.calculate();
+    const std::size_t open = sheet.form.Flex_Data.heldBytes();
+    sheet.form.Form_Unload();
+    EXPECT_LT(sheet.form.Flex_Data.heldBytes(), open / 10);
+    EXPECT_EQ(sheet.form.Flex_Data.rows(), 1U);
 }
 
 TEST(FrmRawData, AChangeDuringTheRunCountsFromTheNextRow)
@@ -327,22 +435,37 @@ TEST(FrmRawData, SaysWhatBecameOfItsRows)
     EXPECT_EQ(results.note(2, 5).substr(0, failed.size()), failed);
     EXPECT_EQ(results.note(3, 5), skipped);
     EXPECT_EQ(sheet.form.Flex_Data.note(3, 5), skipped);
-    EXPECT_EQ(sheet.form.dataRowState(3), Skipped);
     EXPECT_TRUE(sheet.user.boxes.empty()); // no message box for a failed row
 
-    // New rows have not been calculated; the results are still those of the old ones.
+    // The window's rules count.
     sheet.paste({kWindless, {"30", "", "600", "", "0", "2"}, kFailing}); // no humidity has no dew point
     EXPECT_EQ(sheet.form.Flex_Data.note(3, 5), "");
-    EXPECT_EQ(sheet.form.dataRowState(3), NotRun);
-
-    // A skipped row keeps what an earlier run has left, and says so. The window's rules count.
     sheet.main.Opt_Rules.select(1);
     sheet.select({52, 134});
     sheet.calculate();
     EXPECT_EQ(sheet.form.lbl_outcome.caption(),
               "Rows: 2 calculated, 1 skipped, 0 failed. Values blank for a failure: 1.");
-    EXPECT_EQ(results.note(1, 158),
-              "Row 1 was skipped: the wind speed is missing. Its figures are those of an earlier run.");
+}
+
+// The dew point is no text that changes in the second run's first row, so it is not held against the
+// air temperature again and empties nothing.
+TEST(FrmRawData, ARowThatIsSkippedInASecondRunKeepsTheFiguresOfTheFirst)
+{
+    Sheet sheet;
+    sheet.select({134});
+    sheet.main.Opt_Rules.select(1);
+    sheet.main.calculation.readings.write({"30", "", "", "20", "", ""});
+    const Cells leaning{"15", "", "600", "20", "", "2"};
+    sheet.paste({leaning, {"9", "", "600", "", "50", "2"}});
+    sheet.calculate();
+    ASSERT_EQ(sheet.form.rowState(1), RowState::Calculated);
+    const std::string kept(sheet.form.Flex_Results.textMatrix(1, 0));
+    sheet.calculate();
+    ASSERT_EQ(sheet.form.rowState(1), RowState::Skipped);
+    EXPECT_EQ(sheet.form.Flex_Results.textMatrix(1, 0), kept);
+    EXPECT_EQ(sheet.form.Flex_Results.note(1, 0),
+              "Row 1 was skipped: dew point or relative humidity is missing. "
+              "Its figures are those of an earlier run.");
 }
 
 TEST(FrmRawData, ShowsASolversMessageOncePerFailingCall)
@@ -359,7 +482,8 @@ TEST(FrmRawData, ShowsASolversMessageOncePerFailingCall)
     // The main window's own messages pass again after a run.
     sheet.main.cmd_Calculate.setValue(true);
     ASSERT_EQ(sheet.user.boxes.size(), 11U);
-    EXPECT_EQ(sheet.user.boxes[10].checkBox, "");
+    EXPECT_EQ(sheet.user.boxes[9].checkBox, "");
+    EXPECT_EQ(sheet.user.boxes[10].checkBox, "Do not show this again for this calculation");
 }
 
 TEST(FrmRawData, OpensATableFollowsTheSelectionCopiesAndExports)

@@ -5,6 +5,7 @@
 
 #include <latch>
 #include <stdexcept>
+#include <thread>
 
 namespace comfortics::batch {
 namespace {
@@ -36,6 +37,27 @@ TEST(OrderedCrew, WorksOnAllThreadsAndKeepsTheOrderAlsoOfExceptions)
     EXPECT_EQ(crew.takeNext(), 6);
     EXPECT_TRUE(crew.empty());
     EXPECT_EQ(hired, 3) << "each thread has its own";
+}
+
+TEST(OrderedCrew, WithoutThreadsTheOwnerWorks)
+{
+    const auto owner = std::this_thread::get_id();
+    Crew crew(0, [&]() -> Crew::Work {
+        return [&](int& job) {
+            EXPECT_EQ(std::this_thread::get_id(), owner);
+            if (job == 1)
+                throw std::runtime_error("no good");
+            return job * 3;
+        };
+    });
+    int job = 0;
+    for (; !crew.full(); ++job)
+        crew.submit(job);
+    EXPECT_GT(job, 2);
+    EXPECT_TRUE(crew.nextIsDone(std::chrono::milliseconds(0))) << "no use in waiting";
+    EXPECT_EQ(crew.takeNext(), 0);
+    EXPECT_THROW(crew.takeNext(), std::runtime_error);
+    EXPECT_EQ(crew.takeNext(), 6);
 }
 
 } // namespace

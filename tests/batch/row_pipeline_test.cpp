@@ -2,11 +2,13 @@
 #include "batch/row_pipeline.h"
 
 #include "batch_desk.h"
+#include "output/csv_cell.h"
 #include "text_source.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -55,7 +57,7 @@ Outcome run(const std::string& text, const BatchOptions& wanted)
     try {
         result.summary = runBatch(
             reader, projectLimits(), wanted, [&](std::string_view bytes) { result.csv += bytes; },
-            [](const RowCounts&) { return true; });
+            [](const RowCounts&) {});
     } catch (const MalformedTable& error) {
         result.error = error.what();
     }
@@ -68,7 +70,7 @@ std::string tableText(const std::vector<Cells>& rows)
     std::string text = "WS,Station,RH,Ta,Tg,SR,Td\n";
     for (const Cells& row : rows) {
         for (const std::string& cell : {row[5], kStation, row[4], row[0], row[1], row[2]}) {
-            appendCsvCell(text, cell);
+            output::appendCsvCell(text, cell);
             text += ',';
         }
         text += row[3] + "\n";
@@ -100,7 +102,8 @@ TEST(RunBatch, GivesWhatTheMainWindowGivesRowByRowOnAnyNumberOfThreads)
     }
 
     tests::MainWindow window;
-    const core::Calculation& calculation = window.main.calculation;
+    core::Calculation& calculation = window.main.calculation;
+    calculation.advice = core::kTerminalAdvice;
     RowCounts counted;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         window.main.calculation.readings.clear();
@@ -172,23 +175,46 @@ TEST(RunBatch, WritesTheRowsBeforeAMalformedOneAndNamesItsLine)
     }
 }
 
+TEST(RunBatch, HoldsNoMoreThanAFewMegabytesOfWideRowsInABlock)
+{
+    std::string text = "Ta,SR,RH,WS,Note\n";
+    for (int row = 0; row < 40; ++row)
+        text += "30,600,50,2," + std::string(200000, 'x') + "\n";
+    TableReader reader = tableOf(text);
+    std::size_t largest = 0;
+    runBatch(
+        reader, projectLimits(), options(1, {134}),
+        [&](std::string_view bytes) { largest = std::max(largest, bytes.size()); },
+        [](const RowCounts&) { return true; });
+    EXPECT_LT(largest, std::size_t{2} << 20);
+}
+
 TEST(RunBatch, StopsWhenAskedTo)
 {
-    std::size_t lines = 0;
-    std::size_t asked = 0;
+    std::atomic<std::size_t> lines = 0;
+    std::size_t told = 0;
     TableReader reader = tableOf(soundRows(5000));
     const auto write = [&](std::string_view bytes) {
         lines += static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n'));
     };
-    const auto goOn = [&](const RowCounts& rows) {
+    const auto progress = [&](const RowCounts& rows) {
         EXPECT_EQ(rows.total() + 1, lines); // told after each block that is written
-        return ++asked < 3;
+        ++told;
     };
-    const BatchSummary summary = runBatch(reader, projectLimits(), options(), write, goOn);
+    BatchOptions wanted = options();
+    wanted.stopped = [&] { return lines > 600; };
+    const BatchSummary summary = runBatch(reader, projectLimits(), wanted, write, progress);
     EXPECT_TRUE(summary.stopped);
-    EXPECT_EQ(asked, 3U);
+    EXPECT_EQ(told, 3U);
     EXPECT_EQ(summary.rows.total() + 1, lines);
-    EXPECT_LT(lines, 5000U);
+
+    // Also in the middle of a block, of which nothing is written.
+    std::atomic<int> asked = 0;
+    wanted.stopped = [&] { return ++asked > 10; };
+    TableReader again = tableOf(soundRows(5000));
+    EXPECT_EQ(runBatch(again, projectLimits(), wanted, write, [](const RowCounts&) { FAIL(); }).rows.total(),
+              0U);
+    EXPECT_LT(asked, 30);
 }
 
 } // namespace

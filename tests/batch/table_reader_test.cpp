@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics::batch {
@@ -29,6 +30,12 @@ const std::vector<std::pair<std::string, std::vector<std::string>>> kTables = {
     {"\r\n\na\tb\n1,5\t2\n", {"3: a|b", "4: 1,5|2"}},
     {"\"a\tb\",c\nd,e\n", {"1: a\tb|c", "2: d|e"}},
     {"5\" pipe,a\tb\n", {"1: 5\" pipe,a|b"}},
+    // Of semicolon and comma the one that names more readings, or else makes enough cells.
+    {"Ta;RH;Note, long\n30,5;50;\"a;b\"\n", {"1: Ta|RH|Note, long", "2: 30,5|50|a;b"}},
+    {"Ta,RH,Note; long\n1,2,3;4\n", {"1: Ta|RH|Note; long", "2: 1|2|3;4"}},
+    {"30,5;20,5;;9,5;;2,5\n", {"1: 30,5|20,5||9,5||2,5"}},
+    {"30,,600,,50,2,a;b\n", {"1: 30||600||50|2|a;b"}},
+    {"\"a;b\",c\n", {"1: a;b|c"}},
     {"\"say \"\"no\"\"\",\"\"\"\"\n", {"1: say \"no\"|\""}},
     {"5\" pipe,b\n", {"1: 5\" pipe|b"}}, // a quote inside a cell is a character
     {"\"a\nb\r\nc\rd\",e\nf,g\n", {"1: a\nb\r\nc\rd|e", "5: f|g"}},
@@ -62,6 +69,35 @@ TEST(TableReader, GivesUpOnARowWithoutEnd)
     const std::vector<std::string> rows = rowsOf(tableOf("a\n\"" + std::string(3U << 20, 'x') + "\"\n"));
     ASSERT_EQ(rows.size(), 2U);
     EXPECT_EQ(rows[1].substr(0, 8), "Line 2: ") << rows[1];
+}
+
+TEST(TableReader, ReadsUtf16WithAMarkAndNamesWhatItCannotRead)
+{
+    using namespace std::string_literals;
+    const std::string little = "\xFF\xFET\0a\0;\0\x42\x01\x3D\xD8\x21\xDE\n\0"s;
+    std::string big = little;
+    for (std::size_t at = 0; at < big.size(); at += 2)
+        std::swap(big[at], big[at + 1]);
+    std::string longText = "\xFF\xFE"s;
+    for (int i = 0; i < 50000; ++i) // beyond any block, and longer in UTF-8
+        longText += i % 100 == 99 ? "\n\0"s : "\xAC\x20"s;
+    const std::string neither = "The text is neither UTF-8 nor UTF-16 with a byte-order mark.";
+    const std::pair<std::string, std::vector<std::string>> rows[] = {
+        {little, {"1: Ta|ł😡"}},
+        {big, {"1: Ta|ł😡"}},
+        {"\xFF\xFE"s, {}},
+        {"\xFF\xFE\n"s, {"The text ends in the middle of a UTF-16 character."}},
+        {"\xFF\xFE\x21\xDE"s, {"The text is marked as UTF-16 and holds what is none."}},
+        {"T\0a\0"s, {neither}},
+        {"\xFF\xFE\0\0T\0\0\0"s, {neither}},
+    };
+    for (const std::size_t piece : {1U, 3U, 1U << 20}) {
+        for (const auto& [text, expected] : rows)
+            EXPECT_EQ(rowsOf(tableOf(text, piece)), expected) << text;
+        const std::vector<std::string> found = rowsOf(tableOf(longText, piece));
+        ASSERT_EQ(found.size(), 500U);
+        EXPECT_EQ(found[499].size(), std::string("500: ").size() + 99 * 3);
+    }
 }
 
 // A terminal gives more after its end of input, and waits for it.

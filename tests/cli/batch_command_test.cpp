@@ -61,7 +61,7 @@ TEST(Batch, AMalformedTableNamesItsLineAndLeavesTheOutputAsItWas)
 {
     const std::pair<std::string, std::string> rows[] = {
         {manyRows(600) + "1,2\n", "Line 602: the row has 2 cells where the table has 5 columns."},
-        {"a,b\n1,2\n", "Line 1: no column is named Ta, Tg, SR, Td, RH or WS."},
+        {"a,b\n1,2\n", "Line 1: separated by commas, no column is named Ta, Tg, SR, Td, RH or WS."},
         {"\n\n", "The table is empty."},
     };
     for (const auto& [text, says] : rows) {
@@ -91,6 +91,47 @@ TEST(Batch, AnInterruptionLeavesNoFile)
         EXPECT_EQ(ending.err, "comfortics-cli: Interrupted; no output file was written.\n");
         EXPECT_TRUE(folder.names().empty()) << signal;
     }
+}
+
+// The header alone is longer than the pipe's page.
+TEST(Batch, AnInterruptionEndsAWaitForAPipe)
+{
+    const TemporaryFolder folder;
+    const std::string input = expectedPath("batch_input.csv");
+    const std::string path = folder.file("pipe");
+    for (const Arguments& more : {Arguments{}, {"-o", "/dev/stdout"}, {"-o", path}}) {
+        const StalledPipe pipe(path);
+        Process process(with({COMFORTICS_CLI, "batch", input}, more), pipe.descriptor());
+        ASSERT_TRUE(pipe.hasBegun());
+        process.signal(SIGTERM);
+        EXPECT_EQ(process.finish().status, 130) << testing::PrintToString(more);
+    }
+    const std::string unopened = folder.file("unopened");
+    ASSERT_EQ(::mkfifo(unopened.c_str(), 0600), 0);
+    const StalledPipe empty(path);
+    for (const Arguments& files : {Arguments{unopened}, {path}, {input, "-o", unopened}}) {
+        Process process(with({COMFORTICS_CLI, "batch"}, files));
+        process.waitUntilItHandles(SIGHUP);
+        process.signal(SIGHUP);
+        EXPECT_EQ(process.finish().status, 130) << testing::PrintToString(files);
+    }
+    EXPECT_EQ(folder.names().size(), 2U);
+}
+
+TEST(Batch, ASystemThatGrantsLittleGetsTheSameTableOrASentence)
+{
+    const TemporaryFolder folder;
+    const std::string run = " && exec '" COMFORTICS_CLI "' batch '" + expectedPath("batch_input.csv") + "'";
+    // No thread has a place for a stack of that size.
+    const Ending noThread = Process({"/bin/sh", "-c", "ulimit -s 130000000000" + run}).finish();
+    EXPECT_EQ(noThread.status, 0) << noThread.err;
+    EXPECT_EQ(noThread.out, runTool({"batch", expectedPath("batch_input.csv")}).out);
+
+    const std::string output = folder.file("out.csv");
+    const Ending small = Process({"/bin/sh", "-c", "ulimit -f 1" + run + " -o " + output}).finish();
+    EXPECT_EQ(small.status, 5);
+    EXPECT_EQ(small.err, "comfortics-cli: The file " + output + " cannot be written: File too large.\n");
+    EXPECT_TRUE(folder.names().empty());
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -32,13 +33,28 @@ std::string partByPart(const std::string& text)
     return lines;
 }
 
-TEST(Calc, PrintsTheRecordedJsonAlsoUnderACommaLocale)
+// Between them each of the 222 has a value.
+TEST(Calc, PrintsTheRecordedJsonOfHeatAndCold)
 {
-    const std::string expected = readFile(expectedPath("calc_solar.txt"));
+    const Arguments cold{"calc",   "--ta=-12", "--sr=100", "--rh=70",
+                         "--ws=5", "--rules",  "robust",   "--ignore-limits"};
+    std::set<int> shown;
+    for (const auto& [arguments, file] : {std::pair(kSolar, "calc_solar.txt"), {cold, "calc_cold.txt"}}) {
+        const Ending ending = runTool(with(arguments, {"--format", "json"}));
+        EXPECT_EQ(ending.status, 0) << file;
+        EXPECT_EQ(partByPart(ending.out), readFile(expectedPath(file)));
+        EXPECT_EQ(ending.err, "") << file;
+        const Json json = Json::parse(ending.out);
+        for (const Json& result : json["results"])
+            if (result["value"] != "")
+                shown.insert(int{result["number"]});
+    }
+    EXPECT_EQ(shown.size(), 222U);
+}
+
+TEST(Calc, PrintsTheSameUnderACommaLocale)
+{
     const Ending ending = runTool(with(kSolar, {"--format", "json"}));
-    EXPECT_EQ(ending.status, 0);
-    EXPECT_EQ(partByPart(ending.out), expected);
-    EXPECT_EQ(ending.err, "");
     const CommaLocale comma;
     if (comma.name().empty())
         GTEST_SKIP() << "no locale with a decimal comma can be had here";
@@ -102,15 +118,26 @@ TEST(Calc, AssumptionsAndLimitsReachTheFormulas)
     }
 }
 
-TEST(Calc, WarnsWhereTheLimitsAreMissingBesideTheProgram)
+TEST(Calc, TellsWhatTheLimitsLack)
 {
     const TemporaryFolder folder;
     std::filesystem::copy_file(COMFORTICS_CLI, folder.file("tool"));
-    const Ending ending = Process(with({folder.file("tool")}, kSolar)).finish();
+    Ending ending = Process(with({folder.file("tool")}, kSolar)).finish();
     EXPECT_EQ(ending.status, 0);
     EXPECT_EQ(ending.err,
-              "comfortics-cli: Limits.Index, which belongs beside the program, is missing or holds no "
-              "limits: indices with limits stay blank.\n");
+              "comfortics-cli: Indices with limits stay blank: Limits.Index, which belongs beside the "
+              "program, is missing or holds no limits.\n");
+
+    std::filesystem::create_directory(folder.file("Limits.Index"));
+    ending = Process(with({folder.file("tool")}, kSolar)).finish();
+    EXPECT_EQ(ending.status, 5);
+    EXPECT_EQ(ending.err, "comfortics-cli: The limits file " + folder.file("Limits.Index") +
+                              " cannot be read: Is a directory.\n");
+
+    const std::string named = folder.write("named", "[INDICES]\nTair_max_1=4O\n");
+    ending = runTool(with(kSolar, {"--limits", named}));
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_EQ(ending.err, "comfortics-cli: In " + named + " Tair_max_1=4O is no number and counts as 4.\n");
 }
 
 TEST(Calc, AFailedRunSaysWhyAndShowsNoFigure)

@@ -15,6 +15,7 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -28,18 +29,47 @@ struct Ending {
     std::string err;
 };
 
+/// A named pipe that is open at both ends and holds one page. It is never read but for a byte.
+class StalledPipe {
+public:
+    explicit StalledPipe(std::string path) : m_path(std::move(path))
+    {
+        if (::mkfifo(m_path.c_str(), 0600) != 0)
+            throw std::runtime_error("no pipe");
+        m_descriptor = ::open(m_path.c_str(), O_RDWR | O_CLOEXEC);
+        ::fcntl(m_descriptor, F_SETPIPE_SZ, 4096);
+    }
+    ~StalledPipe()
+    {
+        ::close(m_descriptor);
+        ::unlink(m_path.c_str());
+    }
+    StalledPipe(const StalledPipe&) = delete;
+    StalledPipe& operator=(const StalledPipe&) = delete;
+
+    int descriptor() const { return m_descriptor; }
+    /// Returns once something is written. What is longer than a page then waits.
+    bool hasBegun() const
+    {
+        char byte = 0;
+        return ::read(m_descriptor, &byte, 1) == 1;
+    }
+
+private:
+    std::string m_path;
+    int m_descriptor;
+};
+
 /// A run of a program. Its standard input stays open until the run is finished; what it says is gathered in
-/// files, so that neither side ever waits for the other. A broken output is a pipe whose reader has gone.
+/// files, so that neither side ever waits for the other, unless its output goes elsewhere.
 class Process {
 public:
-    explicit Process(Arguments words, bool brokenOutput = false)
+    explicit Process(Arguments words, int output = -1)
     {
         std::signal(SIGPIPE, SIG_IGN); // a process that ends early is for the test to notice
         int in[2];
-        int broken[2];
-        if (::pipe2(in, O_CLOEXEC) != 0 || ::pipe2(broken, O_CLOEXEC) != 0)
+        if (::pipe2(in, O_CLOEXEC) != 0)
             throw std::runtime_error("no pipe");
-        ::close(broken[0]);
         m_in = in[1];
         std::vector<char*> argv;
         for (std::string& word : words)
@@ -49,7 +79,7 @@ public:
         m_pid = ::fork();
         if (m_pid == 0) {
             ::dup2(in[0], STDIN_FILENO);
-            ::dup2(brokenOutput ? broken[1] : ::fileno(m_out), STDOUT_FILENO);
+            ::dup2(output >= 0 ? output : ::fileno(m_out), STDOUT_FILENO);
             ::dup2(::fileno(m_err), STDERR_FILENO);
             // A job in the background inherits ignored signals, and the tool leaves those ignored.
             for (const int number : {SIGPIPE, SIGINT, SIGHUP})
@@ -58,7 +88,6 @@ public:
             ::_exit(127);
         }
         ::close(in[0]);
-        ::close(broken[1]);
     }
     ~Process()
     {
@@ -85,6 +114,17 @@ public:
         return true;
     }
     void signal(int number) const { ::kill(m_pid, number); }
+    /// Returns once the program handles the signal itself.
+    void waitUntilItHandles(int number) const
+    {
+        const std::string caught = "SigCgt:\t";
+        for (bool handled = false; !handled;) {
+            const std::string status = readFile("/proc/" + std::to_string(m_pid) + "/status");
+            const std::size_t at = status.find(caught);
+            const auto signals = std::stoull(status.substr(at + caught.size(), 16), nullptr, 16);
+            handled = (signals >> (number - 1) & 1U) != 0;
+        }
+    }
 
     /// Waits for the process, without closing its input if that is wished.
     Ending finish(bool withInputOpen = false)

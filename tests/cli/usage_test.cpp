@@ -33,15 +33,20 @@ TEST(Usage, WrongCallsGetOneSentenceAndTheirStatus)
         {{"radiation", "--gmt", "--format=json"}, 2, "--gmt: a value is missing before --format=json"},
         {{"calc"}, 3, "the air temperature is missing"},
         {{"calc", "--ta=20", "--sr=600", "--rh=50", "--ws=2"}, 4, "the dew point 9.27 reads above"},
-        {with(kSolar, {"--limits", "/nowhere/x"}), 5, "The limits file /nowhere/x cannot be read."},
-        {with(kSolar, {"--limits", "/"}), 5, "The limits file / cannot be read."},
+        {with(kSolar, {"--limits", "/nowhere/x"}), 5, "The limits file /nowhere/x cannot be read: No such"},
+        {with(kSolar, {"--limits", "/"}), 5, "The limits file / cannot be read: Is a directory."},
+        {with(kSolar, {"--limits", "/dev/zero"}), 5, "/dev/zero cannot be read: it is larger than 1 MiB."},
+        {with(kSolar, {"--limits", ""}), 2, "--limits: the name of the file is empty"},
+        {{"list", "--limits="}, 2, "--limits: the name of the file is empty"},
         {{"batch", "/nowhere/x.csv"}, 5, "The file /nowhere/x.csv cannot be read"},
         {{"batch", "/"}, 5, "The file / cannot be read"},
         {{"batch", "/dev/null", "-o", "/tmp"}, 5, "/tmp"},
         {{"batch", expectedPath("batch_input.csv"), "-o", "/dev/full"}, 5, "No space left on device."},
         {{"batch", "/dev/null"}, 5, "/dev/null: The table is empty."},
+        {{"batch", ""}, 2, "INPUT: the name of the file is empty"},
+        {{"batch", "/dev/null", "-o", ""}, 2, "--output: the name of the file is empty"},
     };
-    for (const char* list : {"0", "1,223", "1,x", "1,,2", "", "5-", "1-2-3"})
+    for (const char* list : {"0", "1,223", "1,x", "utci,humidex", "1,,2", "", "5-", "1-2-3"})
         calls.push_back({with(kSolar, {"--select", list}), 2,
                          "\"" + std::string(list) + "\" is no list of index numbers"});
     calls.push_back({with(kSolar, {"--select", "1,20-10"}), 2, "\"20-10\" runs backwards"});
@@ -68,6 +73,15 @@ TEST(Usage, HelpVersionAndListsAreNoErrors)
         {with(kSolar, {"--select", "24", "--format", "csv", "--reasons"}),
          "number,name,value,unit,reason\r\n24,Bodman's Weather Severity Index (Winter) (Bodman; 1908),,[-],"
          "\"Outside its limits: Ta is 30 °C, valid from -60 to 10 °C.\"\r\n"},
+        {with(kSolar, {"--select", "24,134", "--format", "csv", "--ignore-limits", "--provenance"}),
+         "number,name,value,unit,rules,limits,outside\r\n24,"},
+        {with(kSolar, {"--select", "24", "--format", "csv", "--ignore-limits", "--provenance"}),
+         ",classic,ignored,\"Shown since limits are ignored. Outside its limits: Ta is 30 °C, valid from -60 "
+         "to "
+         "10 °C.\"\r\n"},
+        {with(kSolar, {"--rules", "robust", "--provenance"}), "\nCalculated by robust rules, limits kept.\n"},
+        {with(kSolar, {"--format", "json", "--provenance"}),
+         "\"rules\": \"classic\",\n  \"limits\": \"kept\","},
         {{"convert", "0,5", "kW/m2"}, "500.0 W/m²\n"},
         {{"radiation", "--lat=51.5", "--lon=0", "--gmt=0", "--day=100", "--okta=7", "--format=json"},
          "    \"Time (hh:mm)\": \"11:32\",\n"
@@ -97,14 +111,25 @@ TEST(Usage, ListAndRadiationPrintWholeTables)
 
 TEST(Usage, AFullOrClosedOutputIsAFileError)
 {
-    const Arguments batch{COMFORTICS_CLI, "batch", expectedPath("batch_input.csv")};
-    for (const Ending& ending :
-         {Process({"/bin/sh", "-c", "'" COMFORTICS_CLI "' list >/dev/full"}).finish(),
-          Process({"/bin/sh", "-c", "'" + batch[0] + "' batch '" + batch[2] + "' >/dev/full"}).finish(),
-          Process(batch, true).finish()}) {
-        EXPECT_EQ(ending.status, 5);
-        EXPECT_EQ(ending.err, "comfortics-cli: The standard output cannot be written.\n");
-    }
+    int closed[2];
+    ASSERT_EQ(::pipe2(closed, O_CLOEXEC), 0);
+    ::close(closed[0]);
+    const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+    const Arguments batch{"batch", expectedPath("batch_input.csv")};
+    for (const Arguments& arguments : {batch,
+                                       kSolar,
+                                       {"list"},
+                                       {"radiation", "--day=100"},
+                                       {"convert", "--list"},
+                                       {"--help"},
+                                       {"--version"}})
+        for (const int output : {full, closed[1]}) {
+            const Ending ending = Process(with({COMFORTICS_CLI}, arguments), output).finish();
+            EXPECT_EQ(ending.status, 5) << arguments[0];
+            EXPECT_EQ(ending.err, "comfortics-cli: The standard output cannot be written.\n");
+        }
+    ::close(full);
+    ::close(closed[1]);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 #include <string>
 
 namespace comfortics::tests {
@@ -61,6 +62,25 @@ TEST(Controls, TheViewHearsBeforeTheHandlerWhichIsRaisedAgainAtOnceForWhatItWrit
     });
     box.setText("12x");
     EXPECT_EQ(order, "shows 12x, handles 12x, shows 12, handles 12, ends, ends, ");
+}
+
+TEST(Controls, RefuseASecondListenerAsLongAsThereIsAFirst)
+{
+    TextBox box;
+    std::string told;
+    box.change.watch([&] { told += "view "; });
+    box.change.handle([&] { told += "form "; });
+    box.onKeyDown([&](KeyPress) { told += "key "; });
+    EXPECT_THROW(box.change.watch([&] { told += "second "; }), std::logic_error);
+    EXPECT_THROW(box.change.handle([&] { told += "second "; }), std::logic_error);
+    EXPECT_THROW(box.onKeyDown([&](KeyPress) { told += "second "; }), std::logic_error);
+    box.setText("1");
+    box.press({Key::Enter});
+    box.change.watch({}); // the view goes
+    box.setText("2");
+    box.change.watch([&] { told += "next "; });
+    box.setText("3");
+    EXPECT_EQ(told, "view form key form next form ");
 }
 
 TEST(Controls, ATimerTicksOnlyWhileItIsOn)

@@ -3,10 +3,12 @@
 
 #include "core/frm_results.h"
 #include "core/limits.h"
+#include "core/references.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics::core {
@@ -26,7 +28,7 @@ TEST(Catalogue, GatesFormatsAndBlocksAreWhereTheyBelong)
     EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.format.decimals != 1; }),
               (std::vector{179, 180, 181, 182}));
     EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.block != nullptr; }),
-              (std::vector{100, 195, 196, 199, 200}));
+              (std::vector{100, 195, 196, 199, 200, 208}));
     EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.gate == Gate::None; }).size(), 60U);
     EXPECT_EQ(numbersWhere([](const CatalogueRow& row) { return row.gate == Gate::Text; }),
               (std::vector{98, 111, 112, 128, 189}));
@@ -61,6 +63,33 @@ TEST(Catalogue, HasNamesUnitsAndSources)
     EXPECT_EQ(results.lbl_Unit[6].caption(), "Kcal/kg");
     EXPECT_EQ(catalogueRow(111).source(), "ISO 7726:1998");
     EXPECT_EQ(catalogueRow(134).source(), "");
+}
+
+// What other programs call an index by stays: a change here breaks theirs.
+TEST(References, BelongToTheIndexOfTheirNumber)
+{
+    for (const auto& [index, id] : {std::pair{90, "humidex_masterson"},
+                                    {195, "utci"},
+                                    {199, "wbgt_indoor"},
+                                    {200, "wbgt_outdoor"},
+                                    {211, "wind_chill_noaa"}}) {
+        EXPECT_EQ(reference(index).id, id);
+        EXPECT_EQ(indexOfId(id), index);
+    }
+    EXPECT_EQ(indexOfId("humidex"), 0);
+    // The year in a name is that of its reference, but for those whose note tells of another.
+    for (const CatalogueRow& row : catalogue()) {
+        const Reference& literature = reference(row.number);
+        const std::string source(row.source());
+        if (source.empty() || source.find(literature.year) != std::string::npos)
+            continue;
+        EXPECT_NE(literature.where.find("printed " + std::string(literature.year)), std::string::npos)
+            << row.number << " " << source << " " << literature.year;
+    }
+    EXPECT_EQ(reference(90).citation(),
+              "Masterton JM, Richardson FA (1979) Humidex: a method of quantifying human discomfort due to "
+              "excessive heat and humidity. CLI 1-79, Environment Canada, Atmospheric Environment Service, "
+              "Downsview");
 }
 
 } // namespace

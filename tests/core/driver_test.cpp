@@ -17,7 +17,7 @@ using values::Number;
 using values::Variant;
 
 /// A desk with prepared quantities: the driver alone, without models.
-class PreparedDesk final : public DriverDesk, public formulas::Captions {
+class PreparedDesk final : public DriverDesk {
 public:
     std::map<Live, double> quantities{{Live::Ta, 24},   {Live::Tg, 31},  {Live::SR, 420},  {Live::Td, 11},
                                       {Live::RH, 44},   {Live::WS, 3},   {Live::Tmrt, 47}, {Live::Tnwb, 17},
@@ -33,7 +33,6 @@ public:
         const auto found = quantities.find(quantity);
         return found == quantities.end() ? 0 : found->second;
     }
-    formulas::Captions& captions() override { return *this; }
     Number vapourPressure() override { return 13.125; }
     Number WBGT_Outdoor_Value() const override { return wbgt; }
     Number WBGT_Outdoor_Text() const override { return wbgt; }
@@ -160,6 +159,20 @@ TEST(Driver, SaysWhyAValueIsBlank)
     EXPECT_EQ(why(5), "");
     EXPECT_EQ(whyBlank(8, {}, fixture.limits, {}), "Nothing has been calculated yet.");
     EXPECT_EQ(whyBlank(8, fixture.run(8), {}, {}), "The limits file holds no limits of this index.");
+}
+
+TEST(Driver, SaysWhichLimitAValueLiesOutsideOf)
+{
+    Fixture fixture(t(8, "-60", "10") + t(195, "-50", "50") + w(195, "0.5", "4") + t(91, "10", "30"));
+    const auto doubt = [&](int index) { return whyDoubtful(index, fixture.run(index), fixture.limits); };
+    EXPECT_EQ(doubt(8), "") << "it is blank";
+    fixture.settings.ignoreLimits = true;
+    EXPECT_EQ(doubt(8),
+              "Shown since limits are ignored. Outside its limits: Ta is 24 °C, valid from -60 to 10 °C.");
+    EXPECT_NE(doubt(195).find("the wind at 10 m is 4.66"), std::string::npos);
+    EXPECT_EQ(doubt(91), "");
+    fixture.settings.selection.set(8, false);
+    EXPECT_EQ(doubt(8), "");
 }
 
 TEST(Driver, AFailureStopsAtItsIndexOrByTheRobustRulesCostsItAlone)

@@ -50,6 +50,42 @@ TEST_F(FrmMain, Calculate1ShowsTheTableCalculate2DoesNotAndAFailureIsToldOnce)
     form.txt_RH.press({Key::Enter});
     ASSERT_EQ(messages.boxes.size(), 1U);
     EXPECT_EQ(messages.boxes[0].text, form.calculation.failure()->sentence());
+    EXPECT_EQ(messages.boxes[0].text.find("--"), std::string::npos);
+    EXPECT_EQ(windows.calls.size(), 1U) << "the table would hide the reason";
+}
+
+TEST_F(FrmMain, AFailureOffersTheRobustRules)
+{
+    form.calculation.readings.write({"20", "", "500", "", "50", "2.25"});
+    EXPECT_EQ(form.lbl_In_Force.caption(), "By classic rules, limits kept.");
+    messages.answer = Answer::Yes;
+    form.cmd_Calculate.setValue(true);
+    ASSERT_EQ(messages.boxes.size(), 1U);
+    EXPECT_EQ(messages.boxes[0].offer, "Calculate by the robust rules");
+    EXPECT_EQ(form.results.lbl_results[134].caption(), "50.0");
+    EXPECT_EQ(windows.calls, std::vector<std::string>{"results"});
+    form.Opt_Rules.select(0);
+    form.txt_WS.press({Key::Enter});
+    EXPECT_EQ(windows.calls.size(), 2U) << "once for each press";
+    EXPECT_EQ(form.settings().rules, Rules::Robust); // as the options show
+    EXPECT_EQ(form.lbl_In_Force.caption(), "By robust rules, limits kept.");
+    form.Opt_Limits.select(1);
+    EXPECT_EQ(form.lbl_In_Force.caption(),
+              "By robust rules, limits kept. From the next calculation on by robust rules, limits ignored.");
+}
+
+TEST_F(FrmMain, TellsOfReadingsThatItEmptiesWhileTypingAndInACalculation)
+{
+    form.txt_TA.setText("95");
+    EXPECT_EQ(form.told().substr(0, 18), "95 is above 58 °C");
+    form.txt_WS.setText("2");
+    EXPECT_EQ(form.told(), "") << "another box is written";
+    form.calculation.readings.write({"25", "", "500", "", "50", "2.25"});
+    form.cmd_Calculate.setValue(true);
+    EXPECT_EQ(form.told(), "");
+    EXPECT_EQ(form.remarks(), " Rounded: wind speed 2.25 to 2.3.");
+    form.cmd_Calculate.setValue(true);
+    EXPECT_EQ(form.remarks(), "");
 }
 
 TEST_F(FrmMain, SelectionOfTheListIsTheSelectionOfTheRun)

@@ -3,10 +3,14 @@
 
 #include "core/load_indices.h"
 
+#include "temporary_folder.h"
+
 #include <gtest/gtest.h>
 
 #include <iterator>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace comfortics::core {
 namespace {
@@ -46,6 +50,67 @@ TEST(Limits, BoundsAreNumberText)
     EXPECT_EQ(row.Active, 1);
     EXPECT_EQ(row.Categories, "cold");
     EXPECT_EQ(Limits::Load_Limits("no/such/folder/Limits.Index").of(222).Tair_max.text, "0");
+}
+
+TEST(Limits, TellWhatBecameOfTheirFile)
+{
+    using State = IniFile::State;
+    const tests::TemporaryFolder folder;
+    std::string large(IniFile::kLargest, ';');
+    const std::tuple<std::string, State, std::string> rows[] = {
+        {folder.write("good", "[INDICES]\nTair_max_7=40\n"), State::Read, ""},
+        {folder.file("absent"), State::Missing, "No such file or directory"},
+        {folder.path().string(), State::Unreadable, "Is a directory"},
+        {folder.write("full", large), State::Read, ""},
+        {folder.write("large", large + ";"), State::Unreadable, "it is larger than 1 MiB"},
+        {"/dev/zero", State::Unreadable, "it is larger than 1 MiB"},
+    };
+    for (const auto& [path, state, problem] : rows) {
+        const Limits limits = Limits::Load_Limits(path);
+        EXPECT_EQ(limits.fileState(), state) << path;
+        EXPECT_EQ(limits.fileProblem(), problem) << path;
+        EXPECT_EQ(limits.anyGiven(), path == folder.file("good"));
+    }
+}
+
+TEST(Limits, TellBoundsThatAreNoNumbers)
+{
+    const Limits limits = Limits::fromText("[INDICES]\nTair_min_7= 12,5 \nTair_max_7=4O\nWS_min_7=\n"
+                                           "WS_max_7=1e3\nTair_min_8=+.5\nTair_max_8=x\nActive_8=x\n"
+                                           "Tair_min_9=29.999999999999996\n");
+    std::string doubts;
+    for (const std::string& doubt : limits.doubts())
+        doubts += doubt + "|";
+    EXPECT_EQ(doubts, "Tair_min_7=12,5 is no number and counts as 12.|Tair_max_7=4O is no number and counts "
+                      "as 4.|Tair_max_8=x is no number and counts as 0.|");
+    // A bound is the number of its text.
+    EXPECT_EQ(limits.of(9).Tair_min.text, "30");
+    EXPECT_EQ(limits.of(9).Tair_min.number, 30);
+}
+
+TEST(Limits, WarnOfAFileThatCannotBeReadOfNoBoundAndOfDoubtfulOnes)
+{
+    const std::pair<const char*, bool> rows[] = {
+        {"", true},
+        {"[OTHER]\nTair_max_3=20\n", true},
+        {"[INDICES]\nTair_max_222=20\n", false},
+        {"[INDICES]\nTair_min_1=-20\n", false},
+    };
+    for (const auto& [text, warns] : rows)
+        EXPECT_EQ(!limitsWarning(Limits::fromText(text)).empty(), warns) << text;
+
+    EXPECT_EQ(
+        limitsWarning(Limits::Load_Limits("/")),
+        "Indices with limits stay blank: Limits.Index, which belongs beside the program, cannot be read "
+        "(Is a directory).");
+    EXPECT_EQ(limitsWarning(Limits::fromText("Tair_max_3=20"), "my.ini"),
+              "Indices with limits stay blank: my.ini holds no limits.");
+    EXPECT_EQ(
+        limitsWarning(Limits::fromText("[INDICES]\nTair_max_1=4O\nTair_max_2=b\nTair_max_3=c\n"
+                                       "Tair_max_4=d\nTair_max_5=e\n")),
+        "In Limits.Index Tair_max_1=4O is no number and counts as 4. In Limits.Index Tair_max_2=b is no "
+        "number and counts as 0. In Limits.Index Tair_max_3=c is no number and counts as 0. There are 2 "
+        "more such bounds.");
 }
 
 } // namespace

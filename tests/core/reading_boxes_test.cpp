@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -94,6 +95,92 @@ TEST(ReadingBoxes, RoundsInPlaceWhichRunsTheCleaningAgain)
     EXPECT_EQ(boxes.txt_DP.text(), "");
     EXPECT_EQ(boxes.txt_SR.text(), "600");
     EXPECT_EQ(boxes.txt_TG.text(), "");
+}
+
+TEST(ReadingBoxes, TellsWhatARuleEmptiedOrChangedAndWhy)
+{
+    struct Case {
+        std::string before; // in the order of the boxes, with bars between
+        Reading box;
+        std::vector<std::string> written;
+        std::string told; // last
+    };
+    const std::string frost = " In frost type the dew point first, or the humidity in its place.";
+    const std::string wind = " For 0.5 type .5, without the 0.";
+    const Case cases[] = {
+        {"",
+         TA,
+         {"9", "95"},
+         "95 is above 58 °C, the highest air temperature: emptied. Is it °F? The converter takes it over."},
+        {"",
+         TA,
+         {"95", "3"},
+         "3 stands now. 95 is above 58 °C, the highest air temperature: emptied. Is it °F? The converter "
+         "takes it over."},
+        {"",
+         TA,
+         {"95", "3", ""},
+         "95 is above 58 °C, the highest air temperature: emptied. Is it °F? The converter takes it over."},
+        {"", TA, {"-", "-4", "-40"}, ""},
+        {"", SR, {"1400"}, "1400 is above 1367 W/m², the highest solar radiation: emptied."},
+        {"", SR, {"-1"}, "-1 is below 0 W/m², the lowest solar radiation: emptied."},
+        {"|30", SR, {"5"}, "The globe temperature 30 was emptied: the solar radiation counts in its place."},
+        {"|30",
+         SR,
+         {"5", "50"},
+         "The globe temperature 30 was emptied: the solar radiation counts in its place."},
+        {"20|||9", RH, {"x"}, "\"x\" is no number: emptied, and the dew point 9 with it."},
+        {"20", DP, {"21"}, "21 is above 20 °C, the air temperature: emptied."},
+        {"-10", DP, {"-", "-1"}, "-1 is above -10 °C, the air temperature: emptied." + frost},
+        {"-10", DP, {"-1", "5"}, "5 is above -10 °C, the air temperature: emptied." + frost},
+        {"",
+         DP,
+         {"5"},
+         "5 is above 0 °C, as which an empty air temperature counts: emptied. Type the air temperature "
+         "first."},
+        {"", RH, {"101"}, "101 is above 100 %, the highest relative humidity: emptied."},
+        {"", WS, {"0"}, "0 is below 0.1 m/s, the lowest wind speed: 0.1 stands in its place." + wind},
+        {"", WS, {"0", "0.1.", "5"}, "5 stands now. \"0.1.\" is no number: emptied." + wind},
+        {"", WS, {".", ".5"}, ""},
+        {"", TG, {"12,5"}, ""},
+    };
+    for (const Case& row : cases) {
+        ReadingBoxes boxes;
+        std::stringstream before(row.before);
+        std::string text;
+        for (std::size_t i = 0; std::getline(before, text, '|'); ++i)
+            boxes.box(static_cast<Reading>(i)).setText(text);
+        std::string told;
+        boxes.onRemark([&told](const std::string& remark) { told = remark; });
+        for (const std::string& one : row.written)
+            boxes.box(row.box).setText(one);
+        EXPECT_EQ(told, row.told);
+    }
+}
+
+TEST(ReadingBoxes, TellsWhatACalculationDoesToThem)
+{
+    ReadingBoxes boxes;
+    std::string told;
+    boxes.onRemark([&told](const std::string& remark) { told += remark.empty() ? "" : remark + "|"; });
+    boxes.write({"20", "9.5", "", "", "", "0.04"});
+    told.clear();
+    boxes.dropColdGlobe();
+    boxes.round();
+    EXPECT_EQ(told, "The globe temperature 9.5 is more than 10 °C below the air temperature 20: emptied.|");
+    boxes.write({"20.04", "10.04", "", "7-", "50", "1.25"});
+    told.clear();
+    boxes.dropColdGlobe();
+    boxes.dropUnfinished();
+    boxes.round();
+    EXPECT_EQ(
+        told,
+        "Rounded: air temperature 20.04 to 20, globe temperature 10.04 to 10, wind speed 1.25 to 1.3.|");
+    boxes.txt_RH.setText("");
+    boxes.txt_DP.setText("-");
+    told.clear();
+    boxes.dropUnfinished();
+    EXPECT_EQ(told, "\"-\" is no number: the dew point was emptied.|");
 }
 
 TEST(ReadingBoxes, CompleteAsksForTextValidForNumbers)

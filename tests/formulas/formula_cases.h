@@ -4,15 +4,13 @@
 #pragma once
 
 #include "formulas/assumptions.h"
-#include "formulas/live_quantity.h"
 #include "formulas/rules.h"
 #include "values/run_failure.h"
-#include "values/variant.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <tuple>
@@ -23,7 +21,6 @@ namespace comfortics::tests {
 
 using formulas::Assumptions;
 using values::Number;
-using values::Variant;
 
 /// Assumptions that differ from the defaults, from one another, and from 0 and 1, so that a swap
 /// of two of them shows; one of them is set anew if `member` is given.
@@ -45,25 +42,16 @@ inline const Assumptions kNegativeHeight = unusualAssumptions(&Assumptions::Heig
 inline const Assumptions kNegativeWeight = unusualAssumptions(&Assumptions::Weight, -171);
 inline const Assumptions kNoPressure = unusualAssumptions(&Assumptions::Barometric, 0);
 
-/// Keeps the captions that a primitive or formula writes.
-struct RecordedCaptions final : formulas::Captions {
-    std::map<formulas::Live, std::string> written;
-    void writeCaption(formulas::Live quantity, std::string text) override
-    {
-        written[quantity] = std::move(text);
-    }
-};
-
-/// One row: the result of the formula must read `expected` with nine significant digits ("empty" for an
-/// Empty result, "fails" for a run failure). The inputs are the numbers among its parameters, in order.
+/// One row: the result of the formula must read `expected` with nine significant digits ("none" where it has
+/// no value, "fails" for a run failure). The inputs are the numbers among its parameters, in order.
 struct FormulaCase {
     template <typename Result, typename... Parameters>
     FormulaCase(const std::string& index, Result (*formula)(Parameters...), const std::vector<double>& inputs,
                 std::string shownResult, const Assumptions& site = unusualAssumptions())
         : name(index + " of " + testing::PrintToString(inputs)), expected(std::move(shownResult)),
-          compute([formula, inputs, site]() -> Variant {
+          compute([formula, inputs, site]() -> std::optional<Number> {
               EXPECT_EQ(inputs.size(), (std::is_same_v<Parameters, Number> + ... + 0U));
-              Source source{inputs.begin(), site, {}};
+              Source source{inputs.begin(), site};
               return std::apply(formula, std::tuple<Parameters...>{source.next<Parameters>()...});
           })
     {
@@ -71,21 +59,18 @@ struct FormulaCase {
 
     std::string name;
     std::string expected;
-    std::function<Variant()> compute;
+    std::function<std::optional<Number>()> compute;
 
 private:
     struct Source {
         std::vector<double>::const_iterator input;
         const Assumptions& site;
-        RecordedCaptions captions;
 
         template <typename Parameter>
         Parameter next()
         {
             if constexpr (std::is_same_v<Parameter, const Assumptions&>)
                 return site;
-            else if constexpr (std::is_same_v<Parameter, formulas::Captions&>)
-                return captions;
             else if constexpr (std::is_same_v<Parameter, formulas::Rules>)
                 return formulas::Rules::Classic;
             else
@@ -94,14 +79,14 @@ private:
     };
 };
 
-inline std::string shown(const std::function<Variant()>& compute)
+inline std::string shown(const std::function<std::optional<Number>()>& compute)
 {
     try {
-        const Variant result = compute();
-        if (result.isEmpty())
-            return "empty";
+        const std::optional<Number> result = compute();
+        if (!result)
+            return "none";
         char buffer[40];
-        std::snprintf(buffer, sizeof buffer, "%.9g", result.number().value());
+        std::snprintf(buffer, sizeof buffer, "%.9g", result->value());
         return buffer;
     } catch (const values::RunFailure&) {
         return "fails";

@@ -2,6 +2,7 @@
 #include "formulas/wind_chill_equivalent.h"
 
 #include "formula_cases.h"
+#include "long_tests.h"
 
 #include <bit>
 #include <cstdint>
@@ -15,13 +16,18 @@ using comfortics::tests::FormulaCase;
 using comfortics::values::RunFailure;
 
 /// The bits of the temperature, or why there is none.
-std::string outcome(Variant (*index)(Number, Number), double WS, double Ta)
+std::string outcome(Number (*index)(Number, Number), double WS, double Ta)
 {
     try {
-        return std::to_string(std::bit_cast<std::uint64_t>(index(WS, Ta).number().value()));
+        return std::to_string(std::bit_cast<std::uint64_t>(index(WS, Ta).value()));
     } catch (const RunFailure& failure) {
         return failure.why();
     }
+}
+
+Number quick(Number WS, Number Ta)
+{
+    return Index_215(WS, Ta, Rules::Robust);
 }
 
 TEST(WindChillEquivalent, FastIsPlain)
@@ -32,12 +38,8 @@ TEST(WindChillEquivalent, FastIsPlain)
         return std::uniform_real_distribution<double>(from, to)(random);
     };
     const auto rounded = [](double x) { return std::nearbyint(x * 10) / 10; };
-#if !defined(__OPTIMIZE__) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    constexpr int kSearches = 2'000;
-#else
-    constexpr int kSearches = 40'000;
-#endif
-    for (int i = 0; i < kSearches; ++i) {
+    const int searches = comfortics::tests::points(40'000, 20);
+    for (int i = 0; i < searches; ++i) {
         // some far outside all weather, by walks of up to a million steps either way
         const double far = i % 128 == 0 ? 30 : 1;
         double WS = draw(-0.2, 60 * far);
@@ -46,7 +48,7 @@ TEST(WindChillEquivalent, FastIsPlain)
             WS = rounded(WS);
             Ta = rounded(Ta);
         }
-        ASSERT_EQ(outcome(Index_215, WS, Ta), outcome(Index_215_plain, WS, Ta))
+        ASSERT_EQ(outcome(quick, WS, Ta), outcome(Index_215_plain<Number>, WS, Ta))
             << "WS " << WS << " Ta " << Ta << ", search " << i << " of seed " << kSeed;
     }
 }
@@ -54,26 +56,41 @@ TEST(WindChillEquivalent, FastIsPlain)
 TEST(WindChillEquivalent, Values)
 {
     const FormulaCase cases[] = {
-        {"cold", Index_215, {6.3, -18}, "-39.12"},
-        {"weak wind", Index_215, {1.2, -5}, "-4.12"},
-        {"mild", Index_215, {25, 12}, "-3"},
-        {"one step beyond agreement", Index_215, {1.34, 0}, "-0.01"},
-        {"upward, still air", Index_215, {0, -20}, "6.23"},
-        {"upward, a storm that warms", Index_215, {140, -10}, "56.35"},
-        {"no cooling", Index_215, {9, 33}, "32.99"},
-        {"above skin temperature", Index_215, {0.5, 38}, "37.12"},
-        {"equal coolings lead up", Index_215, {0.03, -23.171231391406327}, "0.01"},
-        {"negative wind", Index_215, {-0.1, -5}, "fails"},
-        {"overflow", Index_215, {1e300, 1e300}, "fails"},
+        {"cold", Index_215<Number>, {6.3, -18}, "-39.12"},
+        {"weak wind", Index_215<Number>, {1.2, -5}, "-4.12"},
+        {"mild", Index_215<Number>, {25, 12}, "-3"},
+        {"one step beyond agreement", Index_215<Number>, {1.34, 0}, "-0.01"},
+        {"upward, still air", Index_215<Number>, {0, -20}, "6.23"},
+        {"upward, a storm that warms", Index_215<Number>, {140, -10}, "56.35"},
+        {"no cooling", Index_215<Number>, {9, 33}, "32.99"},
+        {"above skin temperature", Index_215<Number>, {0.5, 38}, "37.12"},
+        {"equal coolings lead up", Index_215<Number>, {0.03, -23.171231391406327}, "0.01"},
+        {"negative wind", Index_215<Number>, {-0.1, -5}, "fails"},
+        {"overflow", Index_215<Number>, {1e300, 1e300}, "fails"},
     };
     expectAll(cases);
+}
+
+// The coolings as the index states them are equal at the precise temperature, and the walk ends beside it.
+TEST(WindChillEquivalent, IsTheEqualCoolingByThePreciseRules)
+{
+    for (double WS = 0; WS <= 60; WS += 1.7)
+        for (double Ta = -60; Ta <= 40; Ta += 9.1) {
+            const double t = Index_215<double>(WS, Ta, Rules::Precise);
+            EXPECT_EQ(t, Index_215<Number>(WS, Ta, Rules::Precise).value());
+            const double A = (std::sqrt(WS * 100) + 10.45 - WS) * (33 - Ta);
+            EXPECT_NEAR((std::sqrt(134) + 10.45 - 1.34112) * (33 - t), A, 1e-10);
+            EXPECT_NEAR(quick(WS, Ta).value(), t, 0.02);
+        }
+    EXPECT_THROW(Index_215<Number>(-0.1, 0, Rules::Precise), RunFailure);
+    EXPECT_NEAR(Index_215<Number>(1, -1e16, Rules::Precise).value(), -9.4e15, 1e15); // no walk gets there
 }
 
 // Walks of 1e15 steps and more, which nobody can make one by one.
 TEST(WindChillEquivalent, FailsWhereTheWalkHasNoEnd)
 {
-    EXPECT_EQ(outcome(Index_215, 1, -1e16), "the wind-chill walk stands still without meeting its tolerance");
-    EXPECT_EQ(outcome(Index_215, 1, -9.2e13), "the wind-chill walk turns back without meeting its tolerance");
+    EXPECT_EQ(outcome(quick, 1, -1e16), "the wind-chill walk stands still without meeting its tolerance");
+    EXPECT_EQ(outcome(quick, 1, -9.2e13), "the wind-chill walk turns back without meeting its tolerance");
 }
 
 } // namespace

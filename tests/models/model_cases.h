@@ -7,6 +7,7 @@
 #include "models/solvers.h"
 #include "values/number_text.h"
 #include "values/run_failure.h"
+#include "values/variant.h"
 
 #include <cmath>
 #include <cstdint>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "models/radiation_search.h"
 
+#include "long_tests.h"
 #include "model_cases.h"
 
 #include <gtest/gtest.h>
@@ -28,15 +29,16 @@ std::string found(Search search)
     return result + (reports == 0 ? "" : ", " + std::to_string(reports) + " without convergence");
 }
 
-std::string fast(double Ta, double RH, double WS, double Tg, int last = kLastCandidate)
+std::string fast(double Ta, double RH, double WS, double Tg, int last = kLastCandidate,
+                 Rules rules = Rules::Classic)
 {
-    return found([&](const auto& count) { return searchRadiation(Ta, RH, WS, Tg, last, count); });
+    return found([&](const auto& count) { return searchRadiation(Ta, RH, WS, Tg, last, count, rules); });
 }
 
-std::string scanned(double Ta, double RH, double WS, double Tg, int last = kLastCandidate)
+std::string scanned(double Ta, double RH, double WS, double Tg, Rules rules)
 {
     return found([&](const auto& count) {
-        return plain::searchRadiation(GlobeModel(Ta, RH, WS), Tg, 0, last, count);
+        return plain::searchRadiation(GlobeModel(Ta, RH, WS, rules), Tg, 0, kLastCandidate, count);
     });
 }
 
@@ -62,6 +64,10 @@ TEST(RadiationSearch, FindsTheFirstCandidate)
         const std::string result = fast(c.Ta, c.RH, c.WS, c.Tg);
         EXPECT_EQ(result.substr(0, result.find(": ")), c.expected) << c.Ta << " °C, " << c.Tg << " °C";
     }
+    // By the robust rules every candidate has a globe.
+    EXPECT_EQ(fast(-20, 60, 20, -18, kLastCandidate, Rules::Robust), "419");
+    EXPECT_EQ(fast(-40, 50, 20, -39, kLastCandidate, Rules::Robust), "257");
+    EXPECT_EQ(fast(0, 50, 30, 0.5, kLastCandidate, Rules::Robust), "199");
 }
 
 TEST(RadiationSearch, EndsAtTheLastCandidate)
@@ -95,7 +101,8 @@ TEST(RadiationSearch, SolvesFewCandidates)
 TEST(RadiationSearch, FastIsTheScan)
 {
     Random random;
-    for (int i = 0; i < 12000 / kSlowness; ++i) {
+    const int scans = points(12000, kSlowness);
+    for (int i = 0; i < scans; ++i) {
         const double Ta = random.between(-60, 58);
         const double RH = random.size(0.1, 300);
         // As a text can hold it.
@@ -109,9 +116,10 @@ TEST(RadiationSearch, FastIsTheScan)
             Tg = globes[random.integer(0, 4)];
         } catch (const values::RunFailure&) {
         }
-        ASSERT_EQ(fast(Ta, RH, WS, Tg), scanned(Ta, RH, WS, Tg))
-            << "seed " << Random::kSeed << ": Ta " << Ta << " RH " << RH << " WS " << WS << " Tg "
-            << digits(Tg, kAllDigits);
+        const Rules rules = i % 30 == 0 ? Rules::Robust : Rules::Classic;
+        ASSERT_EQ(fast(Ta, RH, WS, Tg, kLastCandidate, rules), scanned(Ta, RH, WS, Tg, rules))
+            << "rules " << static_cast<int>(rules) << " seed " << Random::kSeed << ": Ta " << Ta << " RH "
+            << RH << " WS " << WS << " Tg " << digits(Tg, kAllDigits);
     }
 }
 

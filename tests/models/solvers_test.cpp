@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "models/solvers.h"
+#include "models/wbgt_utci.h"
 
 #include "model_cases.h"
 
@@ -36,12 +37,11 @@ TEST(Convection, RaisesAWindThatIsANumber)
         {Variant(), "7.91344269", "5.50666373", 0.1}, // Empty counts as 0
     };
     for (const auto& [before, cylinder, sphere, after] : rows) {
-        Variant windAtWick = before;
-        Variant windAtGlobe = before;
-        EXPECT_EQ(shown([&] { return Convection_Cylinder(293.5, 870, windAtWick, 0.1); }), cylinder);
-        EXPECT_EQ(windAtWick, after);
-        EXPECT_EQ(shown([&] { return Convection_Sphere(293.5, 870, windAtGlobe, 0.1); }), sphere);
-        EXPECT_EQ(windAtGlobe, after);
+        Variant wind = before;
+        raiseToMinimumWind(wind, kMinimumWind);
+        EXPECT_EQ(wind, after);
+        EXPECT_EQ(shown([&] { return Convection_Cylinder<Number>(293.5, 870, wind.number()); }), cylinder);
+        EXPECT_EQ(shown([&] { return Convection_Sphere<Number>(293.5, 870, wind.number()); }), sphere);
     }
 }
 
@@ -52,8 +52,7 @@ std::string globe(double Ta, double RH, double WS, double SR)
 
 std::string globeAt(double P, double fdir, double z)
 {
-    Variant wind = 1.4;
-    return shown([&] { return plain::Globe_Temperature_Model(31, 47, P, wind, 730, fdir, z, 0); });
+    return shown([&] { return plain::Globe_Temperature_Model(31, 47, P, 1.4, 730, fdir, z); });
 }
 
 TEST(Globe, SolvesTheBalance)
@@ -83,9 +82,7 @@ std::string wick(double Ta, double Td, double RH, double WS, double SR)
 
 std::string wickAt(double SR, double P, double fdir, double z, double radiationSwitch)
 {
-    Variant wind = 1.4;
-    return shown(
-        [&] { return plain::Natural_Wet_Bulb(31, 18.2, 47, P, wind, 0, SR, fdir, z, radiationSwitch); });
+    return shown([&] { return plain::Natural_Wet_Bulb(31, 18.2, 47, P, 1.4, SR, fdir, z, radiationSwitch); });
 }
 
 TEST(WetBulb, SolvesTheBalance)
@@ -147,13 +144,63 @@ TEST(FastSolvers, AreThePlainOnes)
         }
         SCOPED_TRACE(testing::Message() << "seed " << Random::kSeed << ": Ta " << Ta << " Td " << Td << " RH "
                                         << RH << " WS " << WS << " SR " << SR);
-        Variant wind = WS;
-        ASSERT_EQ(shown([&] { return Globe_Temperature_Model(Ta, RH, WS, SR); }, kAllDigits),
-                  shown([&] { return plain::Globe_Temperature_Model(Ta, RH, 101, wind, SR, 0.8, 0, -2); },
-                        kAllDigits));
-        ASSERT_EQ(shown([&] { return Natural_Wet_Bulb(Ta, Td, RH, WS, SR); }, kAllDigits),
-                  shown([&] { return plain::Natural_Wet_Bulb(Ta, Td, RH, 101, wind, -2, SR, 0.8, 0, 1); },
-                        kAllDigits));
+        ASSERT_EQ(
+            shown([&] { return Globe_Temperature_Model(Ta, RH, WS, SR); }, kAllDigits),
+            shown([&] { return plain::Globe_Temperature_Model(Ta, RH, 101, WS, SR, 0.8, 0); }, kAllDigits));
+        ASSERT_EQ(
+            shown([&] { return Natural_Wet_Bulb(Ta, Td, RH, WS, SR); }, kAllDigits),
+            shown([&] { return plain::Natural_Wet_Bulb(Ta, Td, RH, 101, WS, SR, 0.8, 0, 1); }, kAllDigits));
+    }
+}
+
+// By the robust rules an iteration without an end gives the root of its balance, and any other its value.
+TEST(RobustSolvers, GiveTheRootWhereTheIterationHasNoEnd)
+{
+    const auto globe = [](double Ta, double RH, double WS, double SR, Rules rules = Rules::Robust) {
+        return shown([&] { return Globe_Temperature_Model(Ta, RH, WS, SR, rules); }, 11);
+    };
+    const auto wick = [](double Ta, double Td, double RH, double WS, double SR, Rules rules = Rules::Robust) {
+        return shown([&] { return Natural_Wet_Bulb(Ta, Td, RH, WS, SR, rules); }, 11);
+    };
+    expectAll({
+        {"a gale swings the iteration", globe(0, 50, 30, 600), "2.610214968"},
+        {"a gale in great cold", globe(-40, 50, 20, 600), "-36.81373451"},
+        {"damp heat", wick(52.7, 50.8, 91, 0.9, 370), "51.39189240"},
+        {"saturated heat", wick(43.4, 43.4, 100, 0.2, 630), "45.42509827"},
+        {"cold", wick(-39.7, -48.6, 37.7, 13.7, 904), "-38.16"},
+        {"no heat goes through still air", wick(31, 18.2, 47, 0, 100), "fails: division by zero"},
+        {"no air", globe(-300, 50, 2, 600), "fails: "},
+    });
+
+    Random random;
+    for (int i = 0; i < 3000 / kSlowness; ++i) {
+        const double Ta = random.between(-45, 50);
+        const double RH = random.between(1, 100);
+        const double WS = random.size(0.1, 30);
+        const double SR = random.integer(0, 1367);
+        const double Td = Ta - random.between(0, 30);
+        SCOPED_TRACE(testing::Message() << "seed " << Random::kSeed << ": Ta " << Ta << " Td " << Td << " RH "
+                                        << RH << " WS " << WS << " SR " << SR);
+        const std::string classicGlobe = globe(Ta, RH, WS, SR, Rules::Classic);
+        const std::string classicWick = wick(Ta, Td, RH, WS, SR, Rules::Classic);
+        if (values::isNumeric(classicGlobe)) {
+            ASSERT_EQ(globe(Ta, RH, WS, SR), classicGlobe);
+        } else {
+            const GlobeBalance<double> air(Ta, RH, kSitePressure, WS, kDirectFraction, kZenith);
+            const double T = Globe_Temperature_Model(Ta, RH, WS, SR, Rules::Robust).celsius + 273.15;
+            const auto surplus = [&](double Tp) {
+                return air.withoutSun(Tp) + air.solar(SR) - std::pow(Tp, 4);
+            };
+            ASSERT_GT(surplus(T - 1e-6), 0);
+            ASSERT_LT(surplus(T + 1e-6), 0);
+        }
+        if (values::isNumeric(classicWick)) {
+            ASSERT_EQ(wick(Ta, Td, RH, WS, SR), classicWick);
+        } else {
+            // Begun at its root the iteration ends in its first pass.
+            const double root = Natural_Wet_Bulb(Ta, Td, RH, WS, SR, Rules::Robust).celsius;
+            ASSERT_NEAR(Natural_Wet_Bulb(Ta, root, RH, WS, SR).celsius, root, 1e-6);
+        }
     }
 }
 

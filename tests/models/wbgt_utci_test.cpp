@@ -188,6 +188,36 @@ TEST(Models, ShowAMessageForEachCandidateWithoutConvergence)
     EXPECT_EQ(transcript(models, desk, Model::Outdoor, readings), first);
 }
 
+// By the robust rules nothing that could not be derived goes on as 0.
+TEST(Models, FailByTheRobustRulesWhereAQuantityHasNoValue)
+{
+    using enum Model;
+    const Case cases[] = {
+        {Radiant, "0 . . 30 600 50", "Tmrt 49.7548457, Tg := \"2.63975893\", = 49.7548457"},
+        {Outdoor, "52.7 . . 0.9 370 91",
+         "Tnwb 51.39189, Tg := \"62.2527126\", Td := \"50.7774482\", = 53.6948672"},
+        {Outdoor, "31 . 12 0 700 .", "fails: division by zero"},
+        {Outdoor, "25 90 12 2 . .", "fails: no solar radiation up to 1376 W/m² brings the globe to 90 °C"},
+        {Outdoor, "25 90 12 2 -99 .", "fails: no solar radiation up to 1376 W/m² brings the globe to 90 °C"},
+        {Utci, "20 . -300 2 500 .", "fails: the dew point -300 °C is below absolute zero, -273.15 °C"},
+        {Indoor, "-273.2 . . 2 . 50",
+         "fails: the air temperature -273.2 °C is below absolute zero, -273.15 °C"},
+        {Indoor, "-273 . . 2 . 0.1", "fails: the dew point -275.29 °C is below absolute zero, -273.15 °C"},
+        {Radiant, "-270 -280 . 2 . .",
+         "fails: the globe temperature -280 °C is below absolute zero, -273.15 °C"},
+    };
+    RecordingDesk desk;
+    WBGT_UTCI models(desk);
+    for (const auto& [model, readings, end] : cases) {
+        models.setRules(Rules::Classic); // what is remembered of these is no answer of the others
+        transcript(models, desk, model, readingsOf(readings));
+        models.setRules(Rules::Robust);
+        const std::string whole = transcript(models, desk, model, readingsOf(readings));
+        EXPECT_TRUE(whole.ends_with(end)) << whole;
+        EXPECT_EQ(whole.find("message"), std::string::npos) << whole;
+    }
+}
+
 // By the robust rules dew points are compared as numbers, and one that rounding alone lifts above the air is
 // not above it; the search from saturated air ends at the dew point.
 TEST(Models, CompareDewPoints)

@@ -55,7 +55,8 @@ struct CsvExport : testing::Test {
     {
         const controls::SaveRequest& asked = files.asked.front();
         return asked.title + "; " + asked.filter + "; " + asked.fileName +
-               (asked.overwritePrompt ? "; prompts" : "");
+               (asked.overwritePrompt ? "; prompts" : "") +
+               (asked.written ? " about " + asked.written("x.csv") : "");
     }
 };
 
@@ -130,7 +131,8 @@ TEST_F(CsvExport, TheSpreadsheetDialogAppendsItsExtensionAndSaysHowItWent)
         for (const controls::MessageBox& box : messages.boxes)
             EXPECT_EQ(box.title + ": " + box.text, "Export Spreadsheet Table: " + says);
     }
-    EXPECT_EQ(firstAsked(), "Export Spreadsheet Table; Comma-Separated Values (*.csv); ; prompts");
+    EXPECT_EQ(firstAsked(),
+              "Export Spreadsheet Table; Comma-Separated Values (*.csv); ; prompts about x.csv.csv");
     EXPECT_EQ(folder.names().size(), 2u);
     for (const char* name : {"table.CSV.csv", "table.csv.csv"})
         EXPECT_EQ(readFile(folder.file(name)), "A,B\r\n1,2\r\n") << name;

@@ -23,7 +23,10 @@ namespace {
 
 struct PreparedPrinting final : output::PrintDialog {
     RecordingPrinter printer;
-    void show(const std::function<void(output::Printer&)>& print) override { print(printer); }
+    bool printed = false;
+    std::string name;
+    void nameDocument(const std::string& document) override { name = document; }
+    void show(const std::function<bool(output::Printer&)>& print) override { printed = print(printer); }
 };
 
 // Two of one name, and one without a value.
@@ -163,6 +166,21 @@ TEST_F(Results, ABlankValueTellsItsReasonAndCanFallBelowTheCut)
     EXPECT_EQ(order(Flex_Search), "0160");
 }
 
+TEST_F(Results, AValueOutsideItsLimitsSaysSoWhereverItIsSorted)
+{
+    std::vector<ResultRow> entries = kEntries;
+    entries[1].doubt = "too hot";
+    show(entries);
+    click(Flex, 0, 1);
+    const std::size_t row = order(Flex).find('2');
+    EXPECT_EQ(Flex.note(row, 1), "too hot");
+    EXPECT_EQ(Flex.note(row, 0), "");
+    EXPECT_TRUE(form.isDoubtful(Flex, row));
+    EXPECT_FALSE(form.isDoubtful(Flex, row + 1) || form.isDoubtful(Flex, 0));
+    show();
+    EXPECT_FALSE(form.isDoubtful(Flex, 2));
+}
+
 TEST_F(Results, CopyExportAndPrintTheVisibleTable)
 {
     const TemporaryFolder folder;
@@ -171,6 +189,7 @@ TEST_F(Results, CopyExportAndPrintTheVisibleTable)
     printer.heightTwips = 2200;
     printer.setCurrentY(1234); // wherever it stands before
     form.resizeGrids(8004, 5000);
+    form.lbl_In_Force.setCaption("By robust rules, limits ignored");
     show();
     Flex.select(2, 1, 1, 0);
     form.Menu_Copy_Selection.click.raise();
@@ -183,6 +202,7 @@ TEST_F(Results, CopyExportAndPrintTheVisibleTable)
         readFile(folder.file("all.csv")).starts_with("Thermal Index,Value,Unit\r\nSet Point,9.0,[-]"));
     form.Menu_Print.click.raise();
     EXPECT_EQ(printer.job, "print page end ");
+    EXPECT_EQ(printing.name, "Comfortics. By robust rules, limits ignored");
     // Margins of 1 cm, 567 twips, around a page of 6000; 5002 of 8003 parts of the rest: 3608 twips.
     for (const auto& page : printer.pages) {
         EXPECT_EQ(page[0], "box 57,28,361,41 w2");
@@ -202,12 +222,17 @@ TEST_F(Results, CopyExportAndPrintTheVisibleTable)
     printer.texts.clear();
     form.Menu_Print.click.raise();
     EXPECT_EQ(printer.texts, " Thermal Index Value Unit Heat 10.0 cal/cm\xC2\xB2 Heat 100.0 hPa");
+    EXPECT_TRUE(printing.printed);
+    printer.ended = "The disk is full.";
+    form.Menu_Print.click.raise();
+    EXPECT_EQ(messages.boxes.back().text, printer.ended);
+    EXPECT_FALSE(printing.printed);
     printer.heightTwips = 1200;
     printer.job.clear();
     form.Menu_Print.click.raise();
     EXPECT_EQ(messages.boxes.back().text,
               "The table could not be printed: a page is too low for a single row of the table.");
-    EXPECT_EQ(printer.job, "print page end ") << "a failed job ends, too";
+    EXPECT_EQ(printer.job, "print page ") << "nothing on paper";
 }
 
 TEST_F(Results, ShareTheWidthAndScrollUnderThePointer)

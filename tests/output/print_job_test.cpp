@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the printed table takes from the grid. The job itself is tested with the results table.
+// What the printed table takes from the grid and the page. The job itself is tested with the results table.
 #include "output/print_job.h"
 #include "prepared_answers.h"
 #include "recording_surface.h"
+#include "values/run_failure.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
 #include <string>
 #include <utility>
 #include <vector>
@@ -69,6 +73,64 @@ TEST(TpHelper, MapsTheAlignmentsAndSharesTheWidthInTheColumnsProportions)
         }
         EXPECT_EQ(alignments, "0001112220");
     }
+}
+
+TEST(PrintJob, PutsTheChosenPagesOnPaperInTheChosenOrder)
+{
+    const struct {
+        output::PageChoice choice;
+        std::string pages;
+    } rows[] = {
+        {{}, "1234"},
+        {{.ranges = {{2, 3}}}, "23"},
+        {{.ranges = {{3, 9}, {1, 1}}, .lastFirst = true}, "431"},
+        {{.ranges = {{5, 6}}}, ""},
+        {{.ranges = {{1, 2}}, .copies = 2}, "1212"},
+        {{.ranges = {{1, 2}}, .lastFirst = true, .copies = 2}, "2121"},
+        {{.ranges = {{1, 2}}, .lastFirst = true, .copies = 2, .collated = false}, "2211"},
+    };
+    for (const auto& [choice, pages] : rows) {
+        std::string chosen;
+        for (const int page : output::pagesOnPaper(choice, 4))
+            chosen += std::to_string(page);
+        EXPECT_EQ(chosen, pages);
+    }
+}
+
+TEST(PrintJob, KeepsToTheMarginsOfThePageWhereTheyAreLargerThanACentimetre)
+{
+    Grid grid(40, 1);
+    const auto print = [&grid](const output::PageMargins& margins) {
+        RecordingPrinter printer;
+        printer.own = margins;
+        clsTablePrint table;
+        table.NewPage = [&](auto& surface, bool& topIsSet, bool&, int) {
+            output::startNextPage(table, surface, topIsSet);
+        };
+        mdlTPHelper helper;
+        EXPECT_TRUE(output::printGrid(grid, table, helper, printer).succeeded());
+        std::vector<int> frame{9999, 9999, 0, 0}; // the first page's outermost lines [pixels]
+        for (const std::string& line : printer.pages.front()) {
+            std::vector<int> edges(4);
+            if (std::sscanf(line.c_str(), "box %d,%d,%d,%d", &edges[0], &edges[1], &edges[2], &edges[3]) < 4)
+                continue;
+            for (const std::size_t i : {0U, 1U})
+                frame[i] = std::min(frame[i], edges[i]);
+            for (const std::size_t i : {2U, 3U})
+                frame[i] = std::max(frame[i], edges[i]);
+        }
+        return frame;
+    };
+    // A page of 600 by 100 pixels with rows of 13: 57 and 28 are a centimetre. The last row hangs over it.
+    EXPECT_EQ(print({}), (std::vector{57, 28, 543, 80}));
+    EXPECT_EQ(print({100, 560, 200, 300}), (std::vector{57, 28, 543, 80}));
+    EXPECT_EQ(print({1000, 700, 1500, 600}), (std::vector{100, 35, 450, 61}));
+
+    RecordingPrinter printer;
+    printer.own = {.left = 3000, .right = 3000};
+    clsTablePrint table;
+    mdlTPHelper helper;
+    EXPECT_THROW(output::printGrid(grid, table, helper, printer), values::RunFailure);
 }
 
 } // namespace comfortics::tests

@@ -29,6 +29,8 @@ public:
     std::vector<std::vector<std::string>> pages{1};
     std::string texts; // a blank before each, and " /" where a page begins
     std::string job;   // what was asked of the printer, in order
+    std::string ended; // what the end of the job answers
+    output::PageMargins own;
     double widthTwips = 6000;
     double heightTwips = 2000;
 
@@ -40,7 +42,12 @@ public:
         pages.emplace_back();
         m_currentY = 0;
     }
-    void endDoc() override { job += "end "; }
+    output::WriteResult endDoc() override
+    {
+        job += "end ";
+        return {ended};
+    }
+    output::PageMargins margins() const override { return own; }
 
     controls::FontRef font() const override { return m_font; }
     void setFont(controls::FontRef font) override { m_font = std::move(font); }

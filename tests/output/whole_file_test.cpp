@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "full_disk.h"
 #include "output/whole_file.h"
 #include "temporary_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <map>
 #include <string>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,15 +28,6 @@ std::string errorOfWriting(const std::string& path)
     for (int i = 0; i < 1000; ++i)
         file.write(std::string(1000, 'x')); // on purpose also after a failure
     return file.commit().error;
-}
-
-// No file of the process grows beyond so many bytes: a disk that fills up.
-void limitFileSize(rlim_t bytes)
-{
-    rlimit limit{};
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = std::min(bytes, limit.rlim_max);
-    ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 } // namespace
@@ -64,20 +54,36 @@ TEST(WholeFile, ReplacesOrMakesTheFileBehindALinkWithItsRights)
 
 TEST(WholeFile, KeepsTheOldFileWhenWritingFails)
 {
-    std::signal(SIGXFSZ, SIG_IGN);
     const TemporaryFolder folder;
     folder.write("old", kOld);
     for (const std::string& path : {folder.file("old"), folder.file("new")}) {
         for (const rlim_t limit : {0UL, 500500UL, 999999UL}) {
-            limitFileSize(limit);
+            const FullDisk full(limit);
             EXPECT_EQ(errorOfWriting(path), "The file " + path + " cannot be written: File too large.");
             EXPECT_EQ(folder.names().size(), 1u) << "something is left behind";
         }
-        limitFileSize(RLIM_INFINITY);
         EXPECT_TRUE(WholeFile(path).write("given up"));
         EXPECT_EQ(folder.names().size(), 1u) << "something is left behind";
     }
     EXPECT_EQ(readFile(folder.file("old")), kOld);
+}
+
+TEST(WholeFileDeathTest, LeavesNothingWhenKilled)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.write("old", kOld);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto killedWhileWriting = [&] {
+            WholeFile::leaveNothingWhenKilled();
+            WholeFile(path + "2").commit();
+            WholeFile file(path);
+            file.write("half");
+            ::raise(signal);
+        };
+        EXPECT_EXIT(killedWhileWriting(), testing::KilledBySignal(signal), "");
+    }
+    EXPECT_EQ(readFile(path), kOld);
+    EXPECT_EQ(folder.names().size(), 2U) << "something is left behind";
 }
 
 TEST(WholeFile, SaysWhyAPlaceCannotBeWritten)

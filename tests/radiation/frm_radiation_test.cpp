@@ -3,7 +3,9 @@
 #include "test_surroundings.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace comfortics::radiation {
 namespace {
@@ -143,6 +145,32 @@ TEST_F(RadiationForm, OffersTheOffsetOfTheDateWhichTheButtonTakes)
     form.offerOffset("Mars/Olympus", "Nowhere");
     EXPECT_FALSE(form.cmd_Take_Offset.visible());
     EXPECT_EQ(form.lbl_Offset.caption(), "");
+}
+
+TEST_F(RadiationForm, TellsThePlaceThatItsBoxesHoldAndWithdrawsTheOfferOfAnother)
+{
+    int changes = 0;
+    form.placeChange.watch([&] { ++changes; });
+    const struct {
+        const char *lat, *lon;
+        std::optional<std::pair<double, double>> place;
+    } rows[] = {{"38.5", "-23.7", {{38.5, -23.7}}},
+                {"-90S", "180", {{-90, 180}}},
+                {"38", "", {}},
+                {"", "20", {}},
+                {"90.1", "21", {}},
+                {"38", "-180.1", {}},
+                {"1e999", "20", {}}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.lat);
+        form.offerOffset("Asia/Somewhere", "Somewhere");
+        form.takePlace(std::string(row.lat) + "," + row.lon);
+        EXPECT_FALSE(form.cmd_Take_Offset.visible());
+        const auto place = form.place();
+        EXPECT_EQ(place ? std::optional(std::pair(place->latitude, place->longitude)) : std::nullopt,
+                  row.place);
+    }
+    EXPECT_EQ(changes, 14);
 }
 
 } // namespace

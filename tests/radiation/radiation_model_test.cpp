@@ -129,11 +129,38 @@ TEST(ChartData, ShowsWhatTheTableHolds)
     const ChartSpan span = chartSpan(points);
     EXPECT_EQ(span.lowest, -700.5);
     EXPECT_EQ(span.highest, 900);
-    EXPECT_TRUE(span.isCut);
+    EXPECT_EQ(span.cutPoints, 1U);
 
     EXPECT_EQ(nearestPoint(points, 900), &points[0]);
     EXPECT_EQ(nearestPoint(points, 1000), &points[1]);
     EXPECT_EQ(nearestPoint({}, 1), nullptr);
+}
+
+// Figures of any size keep their curve inside the bounds, and every figure in between stays as it is.
+TEST(ChartData, CurvesMeetTheBoundsWhereTheirLinesDo)
+{
+    const auto curve = [](std::initializer_list<double> figures) {
+        std::vector<ChartPoint> points;
+        for (const double figure : figures)
+            points.push_back(
+                {.minute = static_cast<double>(points.size()) * 10, .figures = {0, 0, figure, 0}});
+        return chartCurve(points, 2, -100, 300);
+    };
+    using Curve = std::vector<ChartVertex>;
+    EXPECT_EQ(curve({0, 300, -100, 1}), (Curve{{0, 0}, {10, 300}, {20, -100}, {30, 1}}));
+    EXPECT_EQ(curve({200, 600, 1e300, 250}),
+              (Curve{{0, 200}, {2.5, 300}, {10, 300}, {20, 300}, {30, 300}, {30, 250}}));
+    EXPECT_EQ(curve({-200, 600, -1.7e308, 1.7e308}), (Curve{{0, -100},
+                                                            {1.25, -100},
+                                                            {6.25, 300},
+                                                            {10, 300},
+                                                            {10, 300},
+                                                            {10, -100},
+                                                            {20, -100},
+                                                            {25, -100},
+                                                            {25, 300},
+                                                            {30, 300}}));
+    EXPECT_EQ(curve({}), Curve());
 }
 
 } // namespace

@@ -14,6 +14,8 @@
 namespace comfortics::radiation {
 namespace {
 
+using namespace std::chrono;
+
 TEST(RadiationTable, HasTheComputedTexts)
 {
     struct Row {
@@ -71,15 +73,34 @@ TEST_F(RadiationForm, EqualsTheRecordedTableInEachMinute)
     EXPECT_EQ(table, tests::readFile(RADIATION_TABLES "/reykjavik_day_355_okta_9.csv"));
 }
 
-// What no minute is written to keeps its text: here the last row, from the longer table before.
-TEST_F(RadiationForm, KeepsTheTextOfARowThatNoMinuteReaches)
+// Here the last row, where the longer table before had one.
+TEST_F(RadiationForm, ARowThatNoMinuteReachesIsBlankWhateverStoodThere)
 {
     calculate("48.8566", "2.3522", "200", "1", 5);
-    const std::string before = line(737);
+    EXPECT_EQ(line(737).substr(0, 5), "17:30");
     calculate("51.5", "0", "100", "0", 7);
     ASSERT_EQ(form.Flex_Radiation.rows(), 738U);
-    EXPECT_EQ(line(737), before);
-    EXPECT_EQ(before.substr(0, 5), "17:30");
+    EXPECT_EQ(line(737), ",,,,");
+    EXPECT_EQ(form.Flex_Radiation.cellAlignment(0, 1) + form.Flex_Radiation.cellAlignment(737, 4), 0);
+}
+
+TEST_F(RadiationForm, SaysWhatTheTableWasCalculatedFor)
+{
+    form.Calendar.pick(2024y / 7 / 15);
+    form.offerOffset("Asia/Somewhere", "Near Somewhere");
+    calculate("38N", "-23.70", "197", "5.5", 4);
+    form.txt_lat.setText("12");
+    EXPECT_EQ(form.lbl_Table.caption(), "Latitude 38, longitude -23.7; day 197 of the year (2024-07-15); "
+                                        "GMT +5.5; okta 4")
+        << "an offer does not outlive the place it was made for";
+    calculate("38", "23.7", "", "-2");
+    form.txt_Day.setText("197");
+    form.offerOffset("Asia/Somewhere", "Near Somewhere");
+    form.cmd_Calculate.setValue(true);
+    EXPECT_EQ(form.lbl_Table.caption(), "Near Somewhere: latitude 38, longitude 23.7; day 197 of the year "
+                                        "(2024-07-15); GMT -2; okta 0");
+    calculate("39", "23.7", "");
+    EXPECT_EQ(form.lbl_Table.caption(), "Latitude 39, longitude 23.7; day 0 of the year; GMT +2; okta 0");
 }
 
 } // namespace

@@ -55,6 +55,8 @@ TEST(Places, KnowCities)
         {"Athens, united", "Athens, United States of America", "America/New_York"},
         {"vitoria, braz", "Vitória, Brazil", "America/Sao_Paulo"},
         {" san franc ", "San Francisco, United States of America", "America/Los_Angeles"},
+        {"washington, d", "Washington, D.C., United States of America", "America/New_York"},
+        {"Athens, Georgia, United States of America", "Athens, United States of America", "America/New_York"},
     };
     for (const auto& row : rows) {
         const auto found = places().search(row.search, 5);
@@ -62,6 +64,9 @@ TEST(Places, KnowCities)
         EXPECT_EQ(found[0]->title(), row.title);
         EXPECT_EQ(found[0]->zone, row.zone) << row.search;
     }
+    for (const Place& place : places().all())
+        EXPECT_EQ(places().search(place.fullTitle(), 1).at(0)->fullTitle(), place.fullTitle());
+    EXPECT_TRUE(places().search("Athens, Georgia, Greece", 5).empty());
     EXPECT_TRUE(places().search("", 5).empty());
     EXPECT_TRUE(places().search(" ,greece", 5).empty());
     EXPECT_EQ(places().search("a", 3).size(), 3U);

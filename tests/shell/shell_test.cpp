@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace comfortics::shell {
 namespace {
@@ -24,7 +26,7 @@ struct Answers final : controls::Messages,
     void setText(const std::string&) override {}
     std::string text() override { return {}; }
     std::optional<std::string> askSave(const controls::SaveRequest&) override { return std::nullopt; }
-    void show(const std::function<void(output::Printer&)>&) override {}
+    void show(const std::function<bool(output::Printer&)>&) override {}
     bool connected() override { return true; }
     void navigate(const radiation::MapOpening&) override {}
     bool ready() override { return false; }
@@ -91,6 +93,52 @@ TEST(Shell, CalculatingFillsTheResultsWithValuesAndReasons)
     EXPECT_EQ(results->Flex.textMatrix(134, 2), "%");
     EXPECT_EQ(results->Flex.note(134, 1), "");
     EXPECT_EQ(results->Flex.note(5, 1), "The index is not selected in the list.");
+}
+
+TEST(Shell, FiguresOfEarlierInputsAreSaidToBeSo)
+{
+    Program program;
+    core::Frm_Main& main = program.main;
+    program.calculate("30", "50");
+    output::Frm_Comfortics& results = *program.shell.results.get();
+    const std::string rounded = main.txt_TA.text();
+    const auto earlier = [&] {
+        EXPECT_EQ(main.liveIsEarlier(), main.lbl_Live.caption() == "Live quantities of earlier readings");
+        EXPECT_EQ(main.liveIsEarlier(), main.resultsAreEarlier());
+        EXPECT_EQ(main.liveIsEarlier(), !results.lbl_Earlier.caption().empty());
+        return main.liveIsEarlier();
+    };
+    const std::pair<const char*, std::function<void(bool)>> turns[] = {
+        {"reading", [&](bool on) { main.txt_TA.setText(on ? "31" : rounded); }},
+        {"assumption", [&](bool on) { main.txt_Friction.setText(on ? "0.3" : "0.20"); }},
+        {"limits", [&](bool on) { main.Opt_Limits.select(on ? 1 : 0); }},
+        {"rules", [&](bool on) { main.Opt_Rules.select(on ? 1 : 0); }},
+        {"tick", [&](bool on) { main.List_Indices.setSelected(7, !on); }},
+    };
+    for (const auto& [name, turn] : turns) {
+        EXPECT_FALSE(earlier()) << name;
+        turn(true);
+        EXPECT_TRUE(earlier()) << name;
+        turn(false);
+    }
+    EXPECT_FALSE(earlier());
+
+    // The table is that of its own calculation, not of the last one, also in its reasons.
+    EXPECT_NE(results.Flex.note(24, 1), "");
+    main.txt_TA.setText("5");
+    main.cmd_Calculate.setValue(true);
+    EXPECT_FALSE(main.resultsAreEarlier());
+    EXPECT_NE(results.lbl_Earlier.caption(), "");
+    EXPECT_EQ(results.Flex.note(24, 1),
+              "The reason is no longer known: something else was calculated since.");
+    main.Menu_Raw_Data.click.raise(); // writes the table anew
+    EXPECT_EQ(results.lbl_Earlier.caption(), "");
+
+    // A rejected run blanks the results and leaves the live quantities.
+    main.txt_TA.setText("-");
+    main.cmd_Calculate.setValue(true);
+    EXPECT_FALSE(main.resultsAreEarlier());
+    EXPECT_TRUE(main.liveIsEarlier());
 }
 
 TEST(Shell, TheConverterOpensBesideTheMainWindowAndLeavesItsColours)

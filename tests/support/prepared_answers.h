@@ -15,9 +15,12 @@ namespace comfortics::tests {
 struct RecordedMessages final : controls::Messages {
     std::vector<controls::MessageBox> boxes;
     controls::Answer answer = controls::Answer::Ok;
+    bool tickBoxes = false; ///< tick the check box of every message that has one
     controls::Answer show(const controls::MessageBox& box) override
     {
         boxes.push_back(box);
+        if (tickBoxes && box.checked != nullptr)
+            *box.checked = true;
         return answer;
     }
 };

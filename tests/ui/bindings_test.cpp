@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 #include <QTimer>
@@ -106,11 +107,12 @@ TEST(Bindings, ChoicesAndTimersFollow)
     QWidget together;
     QRadioButton no(&together);
     QRadioButton yes(&together);
-    bind(no, group, 0);
-    bind(yes, group, 1);
+    bindChoices({&no, &yes}, group);
     EXPECT_TRUE(no.isChecked());
     yes.click();
     EXPECT_EQ(group.selected(), 1U);
+    group.select(0);
+    EXPECT_TRUE(no.isChecked());
 
     controls::Timer control(1000);
     QTimer timer;
@@ -161,6 +163,9 @@ TEST(IndexList, ClicksAndTheSpaceBarTurnTicks)
     rows.click(3);
     rows.click(1, Qt::ShiftModifier); // as the row clicked before, and all between
     EXPECT_EQ(rows.selected(), "0111");
+    rows.click(2);
+    QTest::mouseDClick(rows.view->viewport(), Qt::LeftButton, {}, rows.place(2).center());
+    EXPECT_EQ(rows.selected(), "0111"); // the second of two quick clicks counts, too
     rows.list.selectAll(true);
     EXPECT_EQ(rows.view->model()->index(2, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
 }
@@ -181,6 +186,7 @@ TEST(DesktopMessages, AnswersWithItsButtonAndLeavesTheTickOfItsBox)
     QTimer::singleShot(0, qApp, [] {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_TRUE(box && box->checkBox());
+        EXPECT_TRUE(box->defaultButton() && box->defaultButton()->text().contains(QStringLiteral("No")));
         box->checkBox()->setChecked(true);
         box->button(QMessageBox::No)->click();
     });
@@ -188,6 +194,19 @@ TEST(DesktopMessages, AnswersWithItsButtonAndLeavesTheTickOfItsBox)
         {.text = "Text", .buttons = controls::Buttons::YesNo, .checkBox = "Not again", .checked = &checked});
     EXPECT_EQ(answer, controls::Answer::No);
     EXPECT_TRUE(checked);
+
+    for (const bool accepts : {false, true}) {
+        QTimer::singleShot(0, qApp, [accepts] {
+            const auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            EXPECT_EQ(box->escapeButton(), box->button(QMessageBox::Ok)) << "beside an offer, too";
+            for (QAbstractButton* const button : box->buttons())
+                if ((button->text().remove(QLatin1Char('&')) == QStringLiteral("Go on")) == accepts)
+                    button->click();
+        });
+        EXPECT_EQ(DesktopMessages().show({.text = "Text", .offer = "Go on"}),
+                  accepts ? controls::Answer::Yes : controls::Answer::Ok);
+    }
 }
 
 } // namespace

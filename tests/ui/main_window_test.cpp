@@ -93,14 +93,16 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
 
     opened.menu(4);                           // the options
     EXPECT_EQ(opened.focused(), "txt_ArAdu"); // typing goes to what is in sight
-    EXPECT_EQ(
-        tests::tabOrder(opened.line("txt_TA"), 23),
-        "txt_TA txt_TG txt_SR txt_DP txt_RH txt_WS txt_Search_List List_Indices Check_All_Indices "
-        "Img_Calculate cmd_Show_Results cmd_Calculate txt_ArAdu txt_Emmisivity txt_Barometric txt_Height "
-        "txt_Weight txt_Friction No Yes Classic Robust txt_TA ");
+    EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 12),
+              "txt_ArAdu txt_Emmisivity txt_Barometric txt_Height txt_Weight txt_Friction No Classic "
+              "txt_Search_List List_Indices Check_All_Indices txt_ArAdu ");
+    opened.line("txt_Search_List").setFocus();
     QTest::keyClick(opened.window.focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(find<QWidget>(opened.window, "Fra_Options").isVisible());
     EXPECT_EQ(opened.focused(), "txt_TA");
+    EXPECT_EQ(tests::tabOrder(opened.line("txt_TA"), 13),
+              "txt_TA txt_TG txt_SR txt_DP txt_RH txt_WS txt_Search_List List_Indices Check_All_Indices "
+              "Img_Calculate cmd_Show_Results cmd_Calculate txt_TA ");
 
     QTest::keyClick(&opened.window, Qt::Key_F, Qt::ControlModifier);
     ASSERT_EQ(opened.focused(), "txt_Search_List");
@@ -163,6 +165,8 @@ TEST(ConverterWindow, EachBoxConvertsOnItsPanelAndADoubleClickTakesTheResult)
         window.menuBar()->actions().at(static_cast<int>(conversion.panel))->trigger();
         QLineEdit& line = find<QLineEdit>(window, std::string(conversion.box).c_str());
         ASSERT_TRUE(line.isVisible());
+        const bool isFirst = i == 0 || conversion.panel != converter::kConversions[i - 1].panel;
+        EXPECT_EQ(window.focusWidget() == &line, isFirst);
         QTest::keyClicks(&line, QStringLiteral("86")); // the first character may be lost
         EXPECT_EQ(fromQt(line.text()), form.boxes[i].text());
         EXPECT_TRUE(tests::says(window, toQt(form.result(conversion.panel).caption())));
@@ -170,6 +174,8 @@ TEST(ConverterWindow, EachBoxConvertsOnItsPanelAndADoubleClickTakesTheResult)
     EXPECT_EQ(tests::nameless(window), "");
     window.menuBar()->actions().at(0)->trigger();
     QTest::keyClicks(&find<QLineEdit>(window, "txt_F"), QStringLiteral("186")); // the first character is lost
+    QTest::mouseDClick(&opened.line("txt_TA"), Qt::RightButton);
+    EXPECT_EQ(opened.line("txt_TA").text(), QString());
     QTest::mouseDClick(&opened.line("txt_TA"), Qt::LeftButton);
     EXPECT_EQ(opened.line("txt_TA").text(), QStringLiteral("30.0"));
 }

@@ -1,19 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A grid in its view, and the results window.
+#include "full_disk.h"
+#include "temporary_folder.h"
 #include "test_program.h"
 
+#include "ui/fonts.h"
 #include "ui/grid_model.h"
 #include "ui/grid_view.h"
 #include "ui/main_window.h"
 #include "ui/printer_surface.h"
 #include "ui/results_window.h"
 #include "ui/text.h"
-#include "values/run_failure.h"
 
 #include <QApplication>
+#include <QByteArray>
+#include <QFontMetricsF>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPageRanges>
 #include <QPrinter>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -206,12 +211,78 @@ TEST(ResultsWindow, SearchSortCopyExportAndPrint)
     EXPECT_TRUE(opened.closed);
 }
 
-TEST(PrinterSurface, FailsWhereNothingCanBeWritten)
-{
+// A job of three pages, printed to a file.
+struct PdfJob {
+    comfortics::tests::TemporaryFolder folder;
+    std::string path = folder.write("table.pdf", "old");
     QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(QStringLiteral("/none/table.pdf"));
-    EXPECT_THROW(PrinterSurface(printer).print(), values::RunFailure);
+
+    PdfJob()
+    {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(toQt(path));
+        PrinterSurface::prepare(printer);
+    }
+    std::string print()
+    {
+        PrinterSurface surface(printer);
+        surface.print();
+        for (int page = 1; page <= 3; ++page) {
+            controls::PixelRect at{0, 0, 500, 50};
+            surface.drawText("text", at, 0);
+            if (page < 3)
+                surface.newPage();
+        }
+        return surface.endDoc().error;
+    }
+    std::string written() const { return comfortics::tests::readFile(path); }
+    qsizetype pages() const { return QByteArray::fromStdString(written()).count("/Type /Page\n"); }
+};
+
+TEST(PrinterSurface, PrintsWhatTheDialogsChoose)
+{
+    PdfJob job;
+    EXPECT_EQ(job.print(), "");
+    EXPECT_EQ(job.pages(), 3);
+    job.printer.setPageRanges(QPageRanges::fromString(QStringLiteral("2-9")));
+    job.printer.setCopyCount(3);
+    EXPECT_EQ(job.print(), "");
+    EXPECT_EQ(job.pages(), 6);
+    job.printer.setPageRanges(QPageRanges::fromString(QStringLiteral("4")));
+    const std::string before = job.written();
+    EXPECT_EQ(job.print(), "None of the chosen pages is there: the last one is 3.");
+    EXPECT_EQ(job.written(), before);
+}
+
+// The old file was lost, and nothing was said.
+TEST(PrinterSurface, LeavesTheOldFileWhereTheDiskIsFull)
+{
+    PdfJob job;
+    {
+        const comfortics::tests::FullDisk full(100);
+        EXPECT_EQ(job.print(), "The file " + job.path + " cannot be written: File too large.");
+    }
+    EXPECT_EQ(job.written(), "old");
+    EXPECT_EQ(job.folder.names().size(), 1U) << "something is left behind";
+}
+
+TEST(Fonts, AreNarrowWhereAFormSaysSoAndShrinkToTheirRoom)
+{
+    const QString text = QStringLiteral("Universal Thermal Climate Index (Broede; 2009)");
+    QPrinter printer;
+    PrinterSurface::prepare(printer);
+    const auto width = [&](const QFont& font) {
+        return QFontMetricsF(font, &printer).horizontalAdvance(text);
+    };
+    const QFont narrow(screenFont({.name = "Arial Narrow", .size = 10}), &printer);
+    EXPECT_LT(width(narrow), 0.85 * width(QFont(screenFont({.name = "Arial", .size = 10}), &printer)));
+    EXPECT_EQ(fittingFont(narrow, text, width(narrow), printer), narrow);
+    for (const double share : {0.999, 0.7, 0.2}) {
+        const double room = share * width(narrow);
+        const double fitting = width(fittingFont(narrow, text, room, printer));
+        EXPECT_LE(fitting, room);
+        EXPECT_GE(fitting, 0.9 * room);
+    }
 }
 
 } // namespace

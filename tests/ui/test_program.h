@@ -23,7 +23,7 @@ using comfortics::tests::RecordedMessages;
 
 struct RecordedPrinting final : output::PrintDialog {
     int shown = 0;
-    void show(const std::function<void(output::Printer&)>&) override { ++shown; }
+    void show(const std::function<bool(output::Printer&)>&) override { ++shown; }
 };
 
 struct Program {
@@ -81,7 +81,7 @@ inline std::string tabOrder(const QWidget& first, int steps)
     std::string order;
     for (const QWidget* widget = &first; steps > 0; widget = widget->nextInFocusChain()) {
         const std::string name = widget->objectName().toStdString();
-        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->isHidden() && !name.empty() &&
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && !name.empty() &&
             !name.starts_with("qt_")) {
             order += name + " ";
             --steps;

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The loop over a block, for the kernels_*.cpp alone.
+#pragma once
+
+#include "formulas/block.h"
+#include "formulas/formula_call.h"
+#include "values/clones.h"
+
+#include <array>
+#include <utility>
+
+namespace comfortics::formulas {
+
+namespace detail {
+
+template <auto formula, typename Result, typename... Parameters, std::size_t... at>
+void forEachPoint(Result (*)(Parameters...), const Block& block, std::index_sequence<at...>)
+{
+    const std::array<const double*, kMostInputs> columns = [&block] {
+        std::array<const double*, kMostInputs> inputs{};
+        for (std::size_t i = 0; i < inputCount<Parameters...>; ++i)
+            inputs[i] = block.inputs[i];
+        return inputs;
+    }();
+    const AssumptionsOf<double> assumptions = block.assumptions;
+    const Rules rules = block.rules;
+    double* const __restrict results = block.results;
+    const auto argument = [&]<typename Parameter, std::size_t index>(std::size_t point) -> decltype(auto) {
+        if constexpr (isInput<Parameter>)
+            return columns[inputPlace<index, Parameters...>][point];
+        else if constexpr (std::is_same_v<Parameter, Rules>)
+            return (rules);
+        else
+            return (assumptions);
+    };
+    for (std::size_t point = 0; point < block.count; ++point)
+        results[point] = formula(argument.template operator()<Parameters, at>(point)...);
+}
+
+template <auto formula, typename Result, typename... Parameters>
+void forEachPoint(Result (*function)(Parameters...), const Block& block)
+{
+    forEachPoint<formula>(function, block, std::index_sequence_for<Parameters...>());
+}
+
+} // namespace detail
+
+template <auto formula>
+COMFORTICS_CLONES void calculateBlock(const Block& block)
+{
+    detail::forEachPoint<formula>(formula, block);
+}
+
+} // namespace comfortics::formulas
