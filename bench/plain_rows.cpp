@@ -11,7 +11,7 @@
 #include "models/psychrometric_search.h"
 #include "models/radiation_search.h"
 #include "models/solvers.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
 #include "values/run_failure.h"
 
 #include <chrono>
@@ -27,8 +27,8 @@ using models::kRadiationSwitch;
 using models::kSitePressure;
 using models::kZenith;
 using models::Solution;
+using texts::Variant;
 using values::Number;
-using values::Variant;
 
 Solution globe(Number Ta, Number RH, const std::string& wind, Number SR)
 {
@@ -39,10 +39,10 @@ Solution globe(Number Ta, Number RH, const std::string& wind, Number SR)
 void runRow(const std::string& air, const std::string& globeText, const std::string& sun, Number RH,
             const std::string& wind)
 {
-    const Number Ta = values::val(air);
+    const Number Ta = texts::val(air);
     const Number g = values::logarithm(RH / 100) / 17.27 + Ta / (237.3 + Ta);
     const Number Td = (237.3 * g) / (1 - g);
-    Number SR = values::val(sun);
+    Number SR = texts::val(sun);
     if (globeText.empty()) {
         for (int i = 0; i < 4; ++i) // UTCI and outdoor WBGT, each in the sequence and as an index
             globe(Ta, RH, wind, SR);
@@ -51,7 +51,7 @@ void runRow(const std::string& air, const std::string& globeText, const std::str
     } else {
         for (int i = 0; i < 2; ++i)
             for (int candidate = 0; candidate <= models::kLastCandidate; ++candidate)
-                if (models::reaches(globe(Ta, RH, wind, candidate), values::val(globeText))) {
+                if (models::reaches(globe(Ta, RH, wind, candidate), texts::val(globeText))) {
                     SR = candidate;
                     break;
                 }
@@ -71,7 +71,7 @@ int main(int argc, char** argv)
         std::fputs("usage: plain_rows TABLE.csv [ROWS]\n", stderr);
         return 2;
     }
-    const double most = argc > 2 ? values::val(argv[2]) : 100;
+    const double most = argc > 2 ? texts::val(argv[2]) : 100;
     std::ifstream file(argv[1], std::ios::binary);
     batch::TableReader reader([&file](char* buffer, std::size_t size) {
         file.read(buffer, static_cast<std::streamsize>(size));
@@ -88,7 +88,7 @@ int main(int argc, char** argv)
     while (rows < most && reader.next(row)) {
         const auto texts = columns.readings(row);
         try {
-            runRow(std::string(texts[0]), std::string(texts[1]), std::string(texts[2]), values::val(texts[4]),
+            runRow(std::string(texts[0]), std::string(texts[1]), std::string(texts[2]), texts::val(texts[4]),
                    std::string(texts[5]));
         } catch (const values::RunFailure&) {
             // a row that fails took its time until then

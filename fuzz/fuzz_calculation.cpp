@@ -6,7 +6,7 @@
 #include "input.h"
 
 #include "core/calculation.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
 
 #include <algorithm>
 #include <array>
@@ -80,7 +80,7 @@ private:
                 "no run fails by the robust rules", shown.failure);
         const bool calculated = shown.status == RunStatus::Ok;
         for (const std::string& caption : shown.live)
-            require(caption.empty() || (calculated && values::isNumeric(caption)),
+            require(caption.empty() || (calculated && texts::isNumeric(caption)),
                     "a live quantity is a number, or blank where the run failed", caption, shown.failure);
         for (int index = 1; index <= kIndices; ++index) {
             const auto place = static_cast<std::size_t>(index);
@@ -89,7 +89,7 @@ private:
             require(value.empty() || calculated, "a value without a calculation", value, name);
             require(value.empty() == !shown.whyBlank[place].empty(), "a blank value, and no other, says why",
                     value, name);
-            require(value.empty() || values::isNumeric(value), "a value is a number", value, name);
+            require(value.empty() || texts::isNumeric(value), "a value is a number", value, name);
             if (!m_settings.selection.contains(index))
                 require(value.empty(), "a value of an index that is not selected", value, name);
         }

@@ -6,7 +6,7 @@
 #include "input.h"
 
 #include "converter/frm_converter.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
 #include "values/run_failure.h"
 
 #include <cmath>
@@ -27,13 +27,13 @@ void check(std::size_t place, const std::string& text, const std::string& unit)
     static core::Frm_Main main(projectLimits(), messages, windows);
     converter::Frm_Converter form(main);
     const Conversion& conversion = kConversions[place];
-    const auto number = values::numericValue(text);
+    const auto number = texts::numericValue(text);
 
     form.boxes[place].setText(text);
     require(form.boxes[place].text() == (number ? text : ""), "a box keeps numbers alone", text);
     const std::string label = form.result(conversion.panel).caption();
     // Writing an empty text to an empty box is no change and computes nothing.
-    require(label.empty() || values::isNumeric(label), "a result is a number", label, text);
+    require(label.empty() || texts::isNumeric(label), "a result is a number", label, text);
     if (number) {
         std::string expected;
         try {

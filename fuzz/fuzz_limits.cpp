@@ -7,8 +7,8 @@
 #include "core/limits.h"
 #include "core/load_indices.h"
 #include "core/outcome.h"
-#include "values/number_text.h"
-#include "values/text.h"
+#include "texts/number_text.h"
+#include "texts/text.h"
 
 #include <cstdint>
 #include <string>
@@ -45,11 +45,11 @@ std::string slowSetting(std::string_view text, std::string_view wantedSection, s
         if (line.substr(0, 1) == "[") {
             const std::string_view name = trim(line.substr(1, line.find(']') - 1));
             over = over || inside;
-            inside = values::lowered(name) == values::lowered(wantedSection);
+            inside = texts::lowered(name) == texts::lowered(wantedSection);
         } else if (inside && !over && line.substr(0, 1) != ";" && line.find('=') != std::string_view::npos) {
             const std::string_view key = trim(line.substr(0, line.find('=')));
             std::string_view value = trim(line.substr(line.find('=') + 1));
-            if (values::lowered(key) != values::lowered(wantedKey))
+            if (texts::lowered(key) != texts::lowered(wantedKey))
                 continue;
             for (const char quote : {'"', '\''})
                 if (value.size() >= 2 && value.front() == quote && value.back() == quote) {
@@ -64,9 +64,9 @@ std::string slowSetting(std::string_view text, std::string_view wantedSection, s
 
 void checkBound(const core::Bound& bound, std::string_view text, const std::string& key)
 {
-    const std::string kept = values::plainText(values::val(slowSetting(text, "INDICES", key)));
+    const std::string kept = values::plainText(texts::val(slowSetting(text, "INDICES", key)));
     requireEqual(bound.text, kept, "the text of a bound");
-    require(bound.number == values::val(kept), "a bound compares as its text", key);
+    require(bound.number == texts::val(kept), "a bound compares as its text", key);
 }
 
 // A rewritten text must give the same limits.

@@ -7,7 +7,7 @@
 
 #include "radiation/frm_radiation.h"
 #include "radiation/no_map.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -57,7 +57,7 @@ struct Desk {
 bool isTime(std::string_view text)
 {
     const std::size_t colon = text.find(':');
-    return colon != std::string_view::npos && values::isNumeric(text.substr(0, colon)) &&
+    return colon != std::string_view::npos && texts::isNumeric(text.substr(0, colon)) &&
            text.size() == colon + 3 && text.substr(colon + 1) <= "60";
 }
 
@@ -80,7 +80,7 @@ void check(unsigned letter, const std::string& place, const std::string& gmt, co
     const std::size_t cols = form.Flex_Radiation.cols();
     require(texts.size() <= (24 * 60 + 2) * cols, "a day has no more minutes", std::to_string(texts.size()));
     for (std::size_t i = cols; i < texts.size(); ++i)
-        require(texts[i].empty() || (i % cols == 0 ? isTime(texts[i]) : values::isNumeric(texts[i])),
+        require(texts[i].empty() || (i % cols == 0 ? isTime(texts[i]) : texts::isNumeric(texts[i])),
                 i % cols == 0 ? "a time" : "a figure", texts[i]);
     require(desk.calculate() == texts, "the same again");
     if (texts.empty())

@@ -240,9 +240,9 @@ void checkColumns(const Table& table)
     }
 }
 
-// A row of one empty cell would be an empty line, a mark at the front would be a byte-order mark (also one that
-// the first separator completes), and a semicolon in the first row might separate: no table of the program has
-// any of them.
+// A row of one empty cell would be an empty line, a mark at the front would be a byte-order mark (also one
+// that the first separator completes), and a semicolon in the first row might separate: no table of the
+// program has any of them.
 void checkRoundTrip(const Table& table)
 {
     std::string csv;

@@ -3,8 +3,8 @@
 // Reading and writing of numbers against a plain second way: a scan by hand, strtod and printf.
 #include "check.h"
 
-#include "values/number_text.h"
-#include "values/variant.h"
+#include "texts/number_text.h"
+#include "texts/variant.h"
 
 #include <array>
 #include <bit>
@@ -141,32 +141,32 @@ void checkNumber(double value)
     // The last numbers of the range have 15 digits beyond it.
     if (std::abs(value) > 1.797693134862315e308)
         return;
-    const auto again = values::numericValue(text);
+    const auto again = texts::numericValue(text);
     require(again.has_value(), "plain number text is a number", text);
-    require(sameBits(values::val(text), *again), "val reads all of a plain number text", text);
+    require(sameBits(texts::val(text), *again), "val reads all of a plain number text", text);
     requireEqual(values::plainText(*again), text, "number text, read and written");
     for (const Format format : kFormats) {
-        const std::string formatted = values::format(value, format);
+        const std::string formatted = texts::format(value, format);
         requireEqual(formatted, slowFormat(value, format), "fixed format, another way");
-        require(values::isNumeric(formatted), "a formatted number is a number", formatted);
-        requireEqual(values::format(formatted, format), formatted, "fixed format, twice");
+        require(texts::isNumeric(formatted), "a formatted number is a number", formatted);
+        requireEqual(texts::format(formatted, format), formatted, "fixed format, twice");
     }
 }
 
 void checkText(std::string_view text)
 {
     const std::size_t first = std::min(text.find_first_not_of(" \t"), text.size());
-    require(sameBits(values::val(text), slowRead(text.substr(first), '.').value), "val, another way", text);
-    const auto number = values::numericValue(text);
+    require(sameBits(texts::val(text), slowRead(text.substr(first), '.').value), "val, another way", text);
+    const auto number = texts::numericValue(text);
     const auto slow = slowNumericValue(text);
     require(number.has_value() == slow.has_value() && (!number || sameBits(*number, *slow)),
             "number test, another way", text);
-    require(values::isNumeric(text) == number.has_value(), "number test and number", text);
-    const values::Variant variant{std::string(text)};
+    require(texts::isNumeric(text) == number.has_value(), "number test and number", text);
+    const texts::Variant variant{std::string(text)};
     for (const Format format : kFormats) {
-        const std::string formatted = values::format(text, format);
-        requireEqual(formatted, number ? values::format(*number, format) : text, "format of a text");
-        requireEqual(values::format(variant, format), formatted, "format of a variant");
+        const std::string formatted = texts::format(text, format);
+        requireEqual(formatted, number ? texts::format(*number, format) : text, "format of a text");
+        requireEqual(texts::format(variant, format), formatted, "format of a variant");
     }
     for (const double literal : {0.0, -1.0, 37.5})
         require(variant.equalsNumber(literal) == (number && *number == literal) &&

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/column_map.h"
 
-#include "values/number_text.h"
-#include "values/text.h"
+#include "texts/number_text.h"
+#include "texts/text.h"
 
 #include <algorithm>
 
 namespace comfortics::batch {
 
 using core::kReadingCount;
-using values::lowered;
-using values::trimmed;
+using texts::lowered;
+using texts::trimmed;
 
 namespace {
 
@@ -53,7 +53,7 @@ ColumnMap ColumnMap::from(const TableRow& first, char separator)
 {
     ColumnMap map;
     map.m_header = std::none_of(first.cells.begin(), first.cells.end(),
-                                [](const std::string& cell) { return values::isNumeric(cell); });
+                                [](const std::string& cell) { return texts::isNumeric(cell); });
     if (map.m_header) {
         map.m_names = first.cells;
         bool any = false;

@@ -3,7 +3,7 @@
 #include "cli/exit_status.h"
 #include "cli/text_table.h"
 #include "converter/conversions.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
 #include "values/run_failure.h"
 
 #include <CLI/CLI.hpp>
@@ -45,7 +45,7 @@ public:
         }
         if (m_value.empty() || m_unit.empty())
             return usage("convert needs a VALUE and a UNIT, or --list.");
-        const auto value = values::numericValue(m_value);
+        const auto value = texts::numericValue(m_value);
         if (!value)
             return usage("\"" + m_value + "\" is no number.");
         const Conversion* const conversion = converter::findConversion(m_unit);

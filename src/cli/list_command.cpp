@@ -6,7 +6,7 @@
 #include "core/catalogue.h"
 #include "core/references.h"
 #include "output/csv_cell.h"
-#include "values/text.h"
+#include "texts/text.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -17,7 +17,7 @@ namespace {
 
 using core::CatalogueRow;
 using core::Gate;
-using values::lowered;
+using texts::lowered;
 
 std::string inputs(const CatalogueRow& row)
 {

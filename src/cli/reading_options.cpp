@@ -4,7 +4,7 @@
 #include "cli/commands.h"
 #include "core/catalogue.h"
 #include "core/references.h"
-#include "values/text.h"
+#include "texts/text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -134,7 +134,7 @@ void ReadingOptions::addTo(CLI::App& command)
 {
     for (std::size_t i = 0; i < core::kReadingCount; ++i) {
         const core::ReadingInfo& info = core::kReadingInfo[i];
-        command.add_option("--" + values::lowered(info.symbol()), m_texts[i], std::string(info.hint))
+        command.add_option("--" + texts::lowered(info.symbol()), m_texts[i], std::string(info.hint))
             ->type_name("TEXT")
             ->group("Readings");
     }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "converter/conversions.h"
 
-#include "values/text.h"
+#include "texts/text.h"
 
 #include <algorithm>
 
 namespace comfortics::converter {
 
-using values::lowered;
+using texts::lowered;
 
 std::string unitText(const Conversion& conversion)
 {
@@ -16,7 +16,7 @@ std::string unitText(const Conversion& conversion)
 
 std::string converted(const Conversion& conversion, double x)
 {
-    return values::format(conversion.formula(x).value(), conversion.format);
+    return texts::format(conversion.formula(x).value(), conversion.format);
 }
 
 const Conversion* findConversion(std::string_view name)

@@ -3,8 +3,8 @@
 // The units that can be converted into those of the readings: °C, m/s, W/m².
 #pragma once
 
+#include "texts/number_text.h"
 #include "values/number.h"
-#include "values/number_text.h"
 
 #include <array>
 #include <cstddef>

@@ -102,7 +102,7 @@ void Frm_Converter::boxChange(std::size_t place)
 {
     const Conversion& conversion = kConversions[place];
     TextBox& self = boxes[place];
-    if (!values::isNumeric(self.text()))
+    if (!texts::isNumeric(self.text()))
         self.setText("");
     for (std::size_t other = 0; other < kConversionCount; ++other)
         if (other != place && kConversions[other].panel == conversion.panel)
@@ -112,7 +112,7 @@ void Frm_Converter::boxChange(std::size_t place)
     if (conversion.panel != Panel::SolarRadiation)
         label.setCaption("");
     try {
-        label.setCaption(converted(conversion, values::numericValue(self.text()).value_or(0)));
+        label.setCaption(converted(conversion, texts::numericValue(self.text()).value_or(0)));
     } catch (const values::RunFailure&) {
         label.setCaption(""); // beyond the range of numbers: there is no value to offer
     }

@@ -2,7 +2,8 @@
 #include "core/calculation.h"
 
 #include "formulas/primitives.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "values/plain_text.h"
 #include "values/run_failure.h"
 
 #include <cassert>
@@ -12,9 +13,9 @@
 namespace comfortics::core {
 
 using formulas::Live;
+using texts::Variant;
 using values::Number;
 using values::RunFailure;
-using values::Variant;
 
 namespace {
 
@@ -24,7 +25,7 @@ constexpr std::string_view kIndexPrefix = "index ";
 std::string phrase(const std::string& where)
 {
     if (where.starts_with(kIndexPrefix)) {
-        const int index = static_cast<int>(values::val(where.substr(kIndexPrefix.size())));
+        const int index = static_cast<int>(texts::val(where.substr(kIndexPrefix.size())));
         return "at " + where + ", " + std::string(catalogueRow(index).name);
     }
     constexpr std::pair<std::string_view, std::string_view> kModels[] = {
@@ -65,7 +66,7 @@ AssumptionTexts AssumptionBoxes::texts() const
 
 formulas::Assumptions AssumptionBoxes::read() const
 {
-    const auto number = [](const controls::TextBox& box) { return values::val(box.text()); };
+    const auto number = [](const controls::TextBox& box) { return texts::val(box.text()); };
     return {.Friction = number(txt_Friction),
             .Height = number(txt_Height) / 100,
             .Weight = number(txt_Weight),
@@ -199,7 +200,7 @@ void Calculation::calculate(const Settings& settings)
 
     m_where = "captions";
     const auto writeRounded = [this](Live quantity, const Variant& value) {
-        writeCaption(quantity, values::format(value, values::kFormat0_00000));
+        writeCaption(quantity, texts::format(value, values::kFormat0_00000));
     };
     writeRounded(Live::Ta, Ta);
     writeRounded(Live::Tg, Tg);
@@ -291,10 +292,10 @@ void Calculation::attempt(const char* where, Step step, Loss lose)
 // run ends, so no user ever sees them.
 void Calculation::writeUnreachableEntries()
 {
-    writeResult(9, values::format(readings.txt_SR.text(), values::kFormat0));
-    writeResult(10, values::format(readings.txt_TG.text(), values::kFormat0_0));
-    writeResult(11, values::format(readings.txt_DP.text(), values::kFormat0_0));
-    writeResult(12, values::format(readings.txt_RH.text(), values::kFormat0_0));
+    writeResult(9, texts::format(readings.txt_SR.text(), values::kFormat0));
+    writeResult(10, texts::format(readings.txt_TG.text(), values::kFormat0_0));
+    writeResult(11, texts::format(readings.txt_DP.text(), values::kFormat0_0));
+    writeResult(12, texts::format(readings.txt_RH.text(), values::kFormat0_0));
 }
 
 void Calculation::blankResults()
@@ -335,14 +336,14 @@ Number Calculation::taken(const Variant& modelResult) const
 void Calculation::keepWbgtOutdoor(Number value)
 {
     m_WBGT_Outdoor_Value = value.value();
-    m_WBGT_Outdoor_Text = values::val(values::plainText(value.value()));
+    m_WBGT_Outdoor_Text = texts::val(values::plainText(value.value()));
 }
 
 void Calculation::writeCaption(Live quantity, std::string text)
 {
     if (!m_availability.has(quantity)) // a model may write what it then fails on
         text.clear();
-    m_liveValues[place(quantity)] = values::val(text);
+    m_liveValues[place(quantity)] = texts::val(text);
     if (quantity == Live::Td)
         m_vapourPressure.reset();
     m_live[place(quantity)].setCaption(std::move(text));
@@ -374,7 +375,7 @@ Number Calculation::vapourPressure()
 {
     if (!m_vapourPressure) {
         const Number Ea = formulas::Vapor_Pressure_Magnus(live(Live::Td));
-        m_vapourPressure = values::val(values::plainText(Ea.value()));
+        m_vapourPressure = texts::val(values::plainText(Ea.value()));
     }
     return *m_vapourPressure;
 }

@@ -175,14 +175,14 @@ private:
     template <typename Step, typename Loss>
     void attempt(const char* where, Step step, Loss lose);
     void loseImpossibleReadings();
-    void mustExist(formulas::Live temperature, const values::Variant& value) const;
+    void mustExist(formulas::Live temperature, const texts::Variant& value) const;
     void blankResults();
     void blankLive();
     void writeUnreachableEntries();
-    void deriveHumidity(values::Variant& Ta, values::Variant& Td, values::Variant& RH);
-    values::Variant copy(Reading reading) const { return readings.text(reading); }
-    values::Number taken(const values::Variant& modelResult) const;
-    values::Variant runUtciIn(values::Variant WS);
+    void deriveHumidity(texts::Variant& Ta, texts::Variant& Td, texts::Variant& RH);
+    texts::Variant copy(Reading reading) const { return readings.text(reading); }
+    values::Number taken(const texts::Variant& modelResult) const;
+    texts::Variant runUtciIn(texts::Variant WS);
     void keepWbgtOutdoor(values::Number value);
 
     // models::Desk, and DriverDesk for the captions
@@ -195,11 +195,11 @@ private:
     values::Number live(formulas::Live quantity) const override { return m_liveValues[place(quantity)]; }
     values::Number vapourPressure() override;
     values::Number WBGT_Outdoor_Text() const override { return m_WBGT_Outdoor_Text; }
-    values::Variant boxText(Input text) const override;
-    values::Variant runMeanRadiantTemperature() override;
-    values::Variant runUtci(values::Number wind) override { return runUtciIn(wind); }
-    values::Variant runWbgtIndoor() override;
-    values::Variant runWbgtOutdoor() override;
+    texts::Variant boxText(Input text) const override;
+    texts::Variant runMeanRadiantTemperature() override;
+    texts::Variant runUtci(values::Number wind) override { return runUtciIn(wind); }
+    texts::Variant runWbgtIndoor() override;
+    texts::Variant runWbgtOutdoor() override;
     void writeResult(int index, std::string text) override;
 
     const Limits& m_limits;

@@ -3,8 +3,8 @@
 
 #include "formulas/formula_call.h"
 #include "formulas/live_quantity.h"
-#include "values/number_text.h"
-#include "values/variant.h"
+#include "texts/variant.h"
+#include "values/format.h"
 
 #include <array>
 #include <cstdint>
@@ -98,7 +98,7 @@ enum class GateWind : std::uint8_t { AsMeasured, At10m };
 /// One index: everything the driver and the tables know of it.
 struct CatalogueRow {
     /// A block that differs from the template, as a procedure of the driver.
-    using Block = values::Variant (Driver::*)(DriverRun&);
+    using Block = texts::Variant (Driver::*)(DriverRun&);
 
     int number = 0;
     std::string_view name;

@@ -2,6 +2,7 @@
 #include "core/driver.h"
 
 #include "formulas/primitives.h"
+#include "values/plain_text.h"
 #include "values/run_failure.h"
 
 #include <utility>
@@ -9,9 +10,9 @@
 namespace comfortics::core {
 
 using formulas::Live;
+using texts::Variant;
 using values::Number;
 using values::RunFailure;
-using values::Variant;
 
 Driver::Driver(DriverDesk& desk, const Limits& limits) : m_desk(desk), m_limits(limits)
 {
@@ -111,7 +112,7 @@ void Driver::runBlock(DriverRun& run, const CatalogueRow& row)
     }
     const Variant value = row.block != nullptr ? (this->*row.block)(run) : evaluate(run, row);
     result.kind = value.isEmpty() ? OutcomeKind::NoValue : OutcomeKind::Value;
-    m_desk.writeResult(row.number, values::format(value, row.format));
+    m_desk.writeResult(row.number, texts::format(value, row.format));
 }
 
 // Both tests are inclusive at both ends. The wind test can only turn a pass into a failure, and a
@@ -225,7 +226,7 @@ Variant Driver::block200(DriverRun& /*run*/)
 Variant Driver::block208(DriverRun& run)
 {
     const Number Td = formulas::Dew_Point_Magnus(read(run, Input::Ta), read(run, Input::RH));
-    m_desk.writeCaption(Live::Td, values::format(Td.value(), values::kFormat00_00000));
+    m_desk.writeCaption(Live::Td, texts::format(Td.value(), values::kFormat00_00000));
     return evaluate(run, catalogueRow(208));
 }
 

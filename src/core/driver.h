@@ -8,8 +8,8 @@
 #include "core/settings.h"
 #include "formulas/assumptions.h"
 #include "formulas/live_quantity.h"
+#include "texts/variant.h"
 #include "values/number.h"
-#include "values/variant.h"
 
 #include <array>
 #include <string>
@@ -29,12 +29,12 @@ public:
     virtual values::Number WBGT_Outdoor_Value() const = 0;
     virtual values::Number WBGT_Outdoor_Text() const = 0;
     /// The text of a reading box, as the models and index 196 take it.
-    virtual values::Variant boxText(Input text) const = 0;
+    virtual texts::Variant boxText(Input text) const = 0;
     /// The models' blocks. Each stores its value where the calculation keeps it.
-    virtual values::Variant runMeanRadiantTemperature() = 0;
-    virtual values::Variant runUtci(values::Number wind) = 0;
-    virtual values::Variant runWbgtIndoor() = 0;
-    virtual values::Variant runWbgtOutdoor() = 0;
+    virtual texts::Variant runMeanRadiantTemperature() = 0;
+    virtual texts::Variant runUtci(values::Number wind) = 0;
+    virtual texts::Variant runWbgtIndoor() = 0;
+    virtual texts::Variant runWbgtOutdoor() = 0;
     /// Writes the result entry of an index.
     virtual void writeResult(int index, std::string text) = 0;
 
@@ -74,19 +74,19 @@ public:
     // Blocks that differ from the template.
 
     /// Mean radiant temperature: the model on the box texts; it writes its caption again.
-    values::Variant block100(DriverRun& run);
+    texts::Variant block100(DriverRun& run);
     /// UTCI with the wind at 10 m, a plain number, in place of the typed wind's text.
-    values::Variant block195(DriverRun& run);
+    texts::Variant block195(DriverRun& run);
     /// Radiative effective temperature on the raw texts of its boxes; by the robust rules on the
     /// live quantities, like all other indices.
-    values::Variant block196(DriverRun& run);
+    texts::Variant block196(DriverRun& run);
     /// Indoor WBGT on the box texts.
-    values::Variant block199(DriverRun& run);
+    texts::Variant block199(DriverRun& run);
     /// Outdoor WBGT on the box texts; its captions and entry 159 are written again at this point,
     /// so that indices from 201 on see them and earlier ones do not.
-    values::Variant block200(DriverRun& run);
+    texts::Variant block200(DriverRun& run);
     /// Wet kata cooling power. Its own dew point becomes the caption of Td, which later indices read.
-    values::Variant block208(DriverRun& run);
+    texts::Variant block208(DriverRun& run);
 
 private:
     void Indices_001to050(DriverRun& run);
@@ -99,11 +99,11 @@ private:
     void runBlock(DriverRun& run, const CatalogueRow& row);
     void runBlockAlone(DriverRun& run, const CatalogueRow& row);
     bool passes(const DriverRun& run, const CatalogueRow& row, Outcome& outcome) const;
-    values::Variant evaluate(DriverRun& run, const CatalogueRow& row)
+    texts::Variant evaluate(DriverRun& run, const CatalogueRow& row)
     {
         return evaluate(run, row, row.inputs);
     }
-    values::Variant evaluate(DriverRun& run, const CatalogueRow& row, const InputList& inputs);
+    texts::Variant evaluate(DriverRun& run, const CatalogueRow& row, const InputList& inputs);
     values::Number read(DriverRun& run, Input input);
     values::Number windAt10m(const DriverRun& run) const;
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/frm_main.h"
 
-#include "values/text.h"
+#include "texts/text.h"
 
 #include <optional>
 #include <string_view>
@@ -13,7 +13,7 @@ using controls::Answer;
 using controls::Key;
 using controls::KeyPress;
 using controls::TextBox;
-using values::lowered;
+using texts::lowered;
 
 namespace {
 

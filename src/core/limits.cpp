@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/limits.h"
 
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "values/plain_text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -14,8 +15,8 @@ constexpr std::string_view kSection = "INDICES";
 
 Bound bound(const std::string& text)
 {
-    const std::string kept = values::plainText(values::val(text));
-    return {kept, values::val(kept)};
+    const std::string kept = values::plainText(texts::val(text));
+    return {kept, texts::val(kept)};
 }
 
 } // namespace
@@ -44,7 +45,7 @@ Limits Limits::from(const IniFile& file)
             const std::string text = setting(stem);
             Bound result = bound(text);
             // The boxes would take a comma for a point; here it ends the number.
-            if (!text.empty() && values::numericValue(text) != values::val(text))
+            if (!text.empty() && texts::numericValue(text) != texts::val(text))
                 limits.m_doubts.push_back(std::string(stem).append(number) + "=" + text +
                                           " is no number and counts as " + result.text + ".");
             return result;
@@ -56,7 +57,7 @@ Limits Limits::from(const IniFile& file)
         row.Tair_max = boundOf("Tair_max_");
         row.WS_min = boundOf("WS_min_");
         row.WS_max = boundOf("WS_max_");
-        row.Active = values::val(setting("Active_"));
+        row.Active = texts::val(setting("Active_"));
         row.Categories = setting("Categories_");
     }
     return limits;

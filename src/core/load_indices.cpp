@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/load_indices.h"
 
-#include "values/text.h"
+#include "texts/text.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -13,8 +13,8 @@
 
 namespace comfortics::core {
 
-using values::lowered;
-using values::trimmed;
+using texts::lowered;
+using texts::trimmed;
 
 namespace {
 

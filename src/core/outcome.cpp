@@ -2,7 +2,8 @@
 #include "core/outcome.h"
 
 #include "core/catalogue.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "values/plain_text.h"
 
 namespace comfortics::core {
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/reading_boxes.h"
 
-#include "values/number_text.h"
-#include "values/text.h"
+#include "texts/number_text.h"
+#include "texts/text.h"
+#include "values/plain_text.h"
 
 #include <algorithm>
 #include <optional>
@@ -10,8 +11,8 @@
 namespace comfortics::core {
 
 using controls::TextBox;
-using values::isNumeric;
-using values::numericValue;
+using texts::isNumeric;
+using texts::numericValue;
 
 namespace {
 
@@ -38,7 +39,7 @@ char watchedCharacter(Reading reading)
 
 std::string nameOf(Reading reading)
 {
-    return values::lowered(kReadingInfo[static_cast<std::size_t>(reading)].heading);
+    return texts::lowered(kReadingInfo[static_cast<std::size_t>(reading)].heading);
 }
 
 std::string quoted(const std::string& text)
@@ -148,7 +149,7 @@ std::string ReadingBoxes::whatIsWrong() const
 void ReadingBoxes::dropColdGlobe()
 {
     m_loss.clear();
-    if (values::val(txt_TG.text()) >= values::val(txt_TA.text()) - kGlobeBelowAir)
+    if (texts::val(txt_TG.text()) >= texts::val(txt_TA.text()) - kGlobeBelowAir)
         return;
     const std::string globe = txt_TG.text();
     txt_TG.setText("");
@@ -177,8 +178,8 @@ void ReadingBoxes::round()
          {Reading::TA, Reading::TG, Reading::SR, Reading::RH, Reading::DP, Reading::WS}) {
         TextBox& target = box(reading);
         if (const auto number = numericValue(target.text())) {
-            const double kept = values::val(
-                values::format(*number, reading == Reading::SR ? values::kFormat0 : values::kFormat0_0));
+            const double kept = texts::val(
+                texts::format(*number, reading == Reading::SR ? values::kFormat0 : values::kFormat0_0));
             const std::string before = target.text();
             target.setText(values::plainText(kept));
             if (m_listener && kept != *number && !target.text().empty())
@@ -242,13 +243,13 @@ void ReadingBoxes::applyRules(Reading reading, Verdict& verdict)
                 empty(written + " is below 0 W/m², the lowest solar radiation");
             break;
         case Reading::DP:
-            if (*number > values::val(txt_TA.text())) {
+            if (*number > texts::val(txt_TA.text())) {
                 if (txt_TA.text().empty())
                     empty(written + " is above 0 °C, as which an empty air temperature counts",
                           " Type the air temperature first.");
                 else
                     empty(written + " is above " + txt_TA.text() + " °C, the air temperature",
-                          values::val(txt_TA.text()) < 0
+                          texts::val(txt_TA.text()) < 0
                               ? " In frost type the dew point first, or the humidity in its place."
                               : "");
             }

@@ -3,14 +3,14 @@
 
 #include "formulas/real.h"
 #include "formulas/rules.h"
+#include "texts/variant.h"
 #include "values/number.h"
-#include "values/variant.h"
 
 namespace comfortics::models {
 
 using formulas::Rules;
+using texts::Variant;
 using values::Number;
-using values::Variant;
 
 /// Passes after which the psychrometric search is taken to have no end: 20000 degrees of climb.
 inline constexpr int kLastPsychrometricPass = 100000;

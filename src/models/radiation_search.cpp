@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "models/radiation_search.h"
 
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "values/plain_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +16,7 @@ bool reaches(const Solution& globe, Number Tg)
     // The text keeps 15 digits; it is written only where they could decide.
     if (std::abs(T - wanted) > 1e-12 * std::max(std::abs(T), 1.0))
         return T >= wanted;
-    return values::val(values::plainText(T)) >= wanted;
+    return texts::val(values::plainText(T)) >= wanted;
 }
 
 namespace plain {

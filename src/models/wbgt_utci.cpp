@@ -4,7 +4,8 @@
 #include "models/psychrometric_search.h"
 #include "models/radiation_search.h"
 #include "models/utci_polynomial.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "values/plain_text.h"
 #include "values/run_failure.h"
 
 #include <utility>
@@ -12,7 +13,7 @@
 namespace comfortics::models {
 
 using formulas::Live;
-using values::format;
+using texts::format;
 using values::kFormat00_00000;
 using values::logarithm;
 using values::plainText;
@@ -38,8 +39,8 @@ std::string readsAbove(const Variant& Td, const Variant& Ta, bool asTexts)
 {
     const std::string air = Ta.text();
     std::string dew = Td.text();
-    if (values::isNumeric(dew)) {
-        const std::string rounded = plainText(values::val(format(dew, values::kFormat0_00)));
+    if (texts::isNumeric(dew)) {
+        const std::string rounded = plainText(texts::val(format(dew, values::kFormat0_00)));
         if (rounded != air)
             dew = rounded;
     }
@@ -63,7 +64,7 @@ void mustBeAboveAbsoluteZero(Live temperature, Number celsius)
                              : temperature == Live::Tg ? "the globe temperature "
                                                        : "the dew point ";
     if (celsius < kAbsoluteZero)
-        throw RunFailure(name + plainText(values::val(format(celsius, values::kFormat0_00))) +
+        throw RunFailure(name + plainText(texts::val(format(celsius, values::kFormat0_00))) +
                          " °C is below absolute zero, " + plainText(kAbsoluteZero) + " °C");
 }
 

@@ -16,7 +16,7 @@
 #include "models/desk.h"
 #include "models/solve_memory.h"
 #include "models/solvers.h"
-#include "values/variant.h"
+#include "texts/variant.h"
 
 #include <cstdint>
 #include <initializer_list>
@@ -25,7 +25,7 @@
 
 namespace comfortics::models {
 
-using values::Variant;
+using texts::Variant;
 
 /// The floor before both solvers: a wind that is a number below vmin becomes vmin, in the caller's
 /// variable too. One that is still a text stands: a number is below every text.

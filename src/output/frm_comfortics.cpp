@@ -3,8 +3,8 @@
 
 #include "controls/grid_scroll.h"
 #include "output/csv_export.h"
+#include "texts/text.h"
 #include "values/run_failure.h"
-#include "values/text.h"
 
 #include <cmath>
 #include <iterator>
@@ -13,7 +13,7 @@ namespace comfortics::output {
 
 using controls::Grid;
 using controls::MouseButton;
-using values::lowered;
+using texts::lowered;
 
 namespace {
 

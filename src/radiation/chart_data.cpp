@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "radiation/chart_data.h"
 
-#include "values/number_text.h"
+#include "texts/number_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,10 +33,10 @@ std::vector<ChartPoint> chartPoints(const controls::Grid& table)
         if (colon == std::string_view::npos)
             continue;
         ChartPoint point{.row = row,
-                         .minute = values::val(time.substr(0, colon)) * kMinutesPerHour +
-                                   values::val(time.substr(colon + 1))};
+                         .minute = texts::val(time.substr(0, colon)) * kMinutesPerHour +
+                                   texts::val(time.substr(colon + 1))};
         for (std::size_t i = 0; i < kFigureCount; ++i)
-            point.figures[i] = values::val(table.textMatrix(row, i + 1));
+            point.figures[i] = texts::val(table.textMatrix(row, i + 1));
         points.push_back(point);
     }
     return points;

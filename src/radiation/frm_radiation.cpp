@@ -2,7 +2,8 @@
 #include "radiation/frm_radiation.h"
 
 #include "output/csv_export.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "values/plain_text.h"
 #include "values/run_failure.h"
 
 #include <algorithm>
@@ -212,7 +213,7 @@ void Frm_Radiation::takePlace(std::string_view place)
 
 std::optional<GeoPoint> Frm_Radiation::place() const
 {
-    const GeoPoint point{.latitude = values::val(txt_lat.text()), .longitude = values::val(txt_Lon.text())};
+    const GeoPoint point{.latitude = texts::val(txt_lat.text()), .longitude = texts::val(txt_Lon.text())};
     constexpr double kPole = 90;
     constexpr double kDateLine = 180;
     const bool isOnGlobe = std::abs(point.latitude) <= kPole && std::abs(point.longitude) <= kDateLine;
@@ -252,10 +253,10 @@ void Frm_Radiation::cmd_Take_Offset_Click()
 
 void Frm_Radiation::cmd_Calculate_Click()
 {
-    const Site site{.lat = values::val(txt_lat.text()),
-                    .lon = values::val(txt_Lon.text()),
-                    .n = values::val(txt_Day.text()),
-                    .gmt = values::val(txt_GMT.text()),
+    const Site site{.lat = texts::val(txt_lat.text()),
+                    .lon = texts::val(txt_Lon.text()),
+                    .n = texts::val(txt_Day.text()),
+                    .gmt = texts::val(txt_GMT.text()),
                     .okta = m_okta};
     try {
         calculate(site);

@@ -9,7 +9,8 @@
 //   m, t       clock and solar minute             fg    the same of the ground, times its albedo
 #include "radiation/radiation_model.h"
 
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "values/plain_text.h"
 #include "values/run_failure.h"
 
 #include <cmath>
@@ -56,8 +57,8 @@ std::string figureText(Number x)
     const std::size_t point = text.find('.');
     const bool isHalf = point != std::string::npos && text.size() == point + 3 && text.back() == '5';
     if (isHalf && (text[point + 1] - '0') % 2 == 0)
-        return values::format(text.substr(0, point + 2), values::kFormat0_0);
-    return values::format(x.value(), values::kFormat0_0); // halves away from zero
+        return texts::format(text.substr(0, point + 2), values::kFormat0_0);
+    return texts::format(x.value(), values::kFormat0_0); // halves away from zero
 }
 
 // The quantities of the loop, which live from minute to minute.
@@ -110,7 +111,7 @@ std::string clockText(Number m)
     const Number mm = m - hh * 60;
     if (mm == 60)
         hh = hh + 1;
-    return values::format(hh.value(), kClockFormat) + ":" + values::format(mm.value(), kClockFormat);
+    return texts::format(hh.value(), kClockFormat) + ":" + texts::format(mm.value(), kClockFormat);
 }
 
 Number declination(Number n)

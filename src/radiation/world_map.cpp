@@ -12,7 +12,7 @@
 
 namespace comfortics::radiation {
 
-using values::trimmed;
+using texts::trimmed;
 
 namespace {
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "radiation/map_view.h"
-#include "values/text.h"
+#include "texts/text.h"
 
 #include <cstddef>
 #include <functional>
@@ -60,7 +60,7 @@ public:
 
     Places() = default;
     /// Reads places.tsv. Lines that are none are passed over.
-    explicit Places(std::string_view text, Fold fold = values::lowered);
+    explicit Places(std::string_view text, Fold fold = texts::lowered);
 
     const std::vector<Place>& all() const noexcept { return m_places; }
 
@@ -81,7 +81,7 @@ private:
         std::string regions; ///< province and country
     };
 
-    Fold m_fold = values::lowered;
+    Fold m_fold = texts::lowered;
     std::vector<Place> m_places;
     std::vector<Folded> m_folded; // one for each place
 };

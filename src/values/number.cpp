@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "values/number.h"
 
-#include "values/number_text.h"
+#include "values/plain_text.h"
 #include "values/run_failure.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Expected values come from an independent calculation of the same readings.
-#include "../values/comma_locale.h"
+#include "comma_locale.h"
 #include "process.h"
 #include "temporary_folder.h"
 

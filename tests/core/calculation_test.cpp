@@ -158,7 +158,7 @@ TEST(Calculation, RobustRulesAnswerEverySensibleReading)
 {
     std::mt19937 engine(20261123);
     const auto between = [&engine](double low, double high) {
-        return values::format(std::uniform_real_distribution<>(low, high)(engine), values::kFormat0_0);
+        return texts::format(std::uniform_real_distribution<>(low, high)(engine), values::kFormat0_0);
     };
     Bench classic;
     Bench robust;
@@ -176,9 +176,9 @@ TEST(Calculation, RobustRulesAnswerEverySensibleReading)
         for (std::size_t quantity = 0; quantity < formulas::kLiveCount; ++quantity)
             EXPECT_NE(robust.live(static_cast<Live>(quantity)), "") << quantity;
         EXPECT_NE(robust.value(195) + robust.value(200), "");
-        const double Tnwb = values::val(robust.live(Live::Tnwb));
-        EXPECT_NEAR(values::val(robust.value(200)),
-                    0.7 * Tnwb + 0.2 * values::val(robust.live(Live::Tg)) + 0.1 * values::val(Ta), 0.06);
+        const double Tnwb = texts::val(robust.live(Live::Tnwb));
+        EXPECT_NEAR(texts::val(robust.value(200)),
+                    0.7 * Tnwb + 0.2 * texts::val(robust.live(Live::Tg)) + 0.1 * texts::val(Ta), 0.06);
 
         classic.messages.boxes.clear();
         if (classic.run({Ta, "", SR, "", RH, WS}) != RunStatus::Ok || !classic.messages.boxes.empty())

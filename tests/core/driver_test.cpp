@@ -13,8 +13,8 @@ namespace comfortics::core {
 namespace {
 
 using formulas::Live;
+using texts::Variant;
 using values::Number;
-using values::Variant;
 
 /// A desk with prepared quantities: the driver alone, without models.
 class PreparedDesk final : public DriverDesk {

@@ -2,7 +2,7 @@
 #include "formulas/cold.h"
 
 #include "formula_cases.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
 
 namespace comfortics::tests {
 namespace {
@@ -79,13 +79,13 @@ TEST(Cold, WindChillCharts)
     const Assumptions level = unusualAssumptions(&Assumptions::Friction, 0);
     const Entry metric[] = {{5, 5, "4"}, {0, 15, "-4"}, {-10, 20, "-18"}, {-30, 40, "-48"}, {-50, 80, "-81"}};
     for (const auto& [Ta, WS, windChill] : metric)
-        EXPECT_EQ(values::format(Index_211<Number>(level, Ta, WS / 3.6).value(), values::kFormat0), windChill)
+        EXPECT_EQ(texts::format(Index_211<Number>(level, Ta, WS / 3.6).value(), values::kFormat0), windChill)
             << Ta << " °C";
     const Entry imperial[] = {
         {40, 5, "36"}, {20, 5, "13"}, {0, 15, "-19"}, {-25, 5, "-40"}, {-45, 60, "-98"}};
     for (const auto& [Ta, WS, windChill] : imperial)
         EXPECT_EQ(
-            values::format(Index_108<Number>((Ta - 32) / 1.8, WS / 2.2369362912).value(), values::kFormat0),
+            texts::format(Index_108<Number>((Ta - 32) / 1.8, WS / 2.2369362912).value(), values::kFormat0),
             windChill)
             << Ta << " °F";
 }

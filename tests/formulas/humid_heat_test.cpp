@@ -3,7 +3,7 @@
 
 #include "formula_cases.h"
 #include "formulas/primitives.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
 
 namespace comfortics::tests {
 namespace {
@@ -12,7 +12,7 @@ using namespace formulas;
 
 std::string wholeDegrees(Number value)
 {
-    return values::format(value.value(), values::kFormat0);
+    return texts::format(value.value(), values::kFormat0);
 }
 
 TEST(HumidHeat, Formulas)

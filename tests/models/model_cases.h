@@ -5,9 +5,9 @@
 
 #include "models/desk.h"
 #include "models/solvers.h"
-#include "values/number_text.h"
+#include "texts/number_text.h"
+#include "texts/variant.h"
 #include "values/run_failure.h"
-#include "values/variant.h"
 
 #include <cmath>
 #include <cstdint>
@@ -20,8 +20,8 @@
 namespace comfortics::tests {
 
 using models::Solution;
+using texts::Variant;
 using values::Number;
-using values::Variant;
 
 /// Sanitizers slow everything down; the random tests then try fewer inputs.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

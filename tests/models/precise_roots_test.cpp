@@ -69,13 +69,13 @@ TEST(PreciseRoots, AreWhereTheBalanceChangesItsSign)
             continue;
 
         const std::string iterated = shown([&] { return Globe_Temperature_Model(Ta, RH, WS, SR); });
-        if (values::isNumeric(iterated)) {
-            EXPECT_NEAR(values::val(iterated), globe.value, kTolerance);
+        if (texts::isNumeric(iterated)) {
+            EXPECT_NEAR(texts::val(iterated), globe.value, kTolerance);
         }
         const double start = Td > -90 ? Td : -90;
         const std::string wetted = shown([&] { return Natural_Wet_Bulb(Ta, start, RH, WS, SR); });
-        if (values::isNumeric(wetted)) {
-            EXPECT_NEAR(values::val(wetted), wick.value, kTolerance);
+        if (texts::isNumeric(wetted)) {
+            EXPECT_NEAR(texts::val(wetted), wick.value, kTolerance);
         }
         // The search stops a step behind the sign change, or stays at the dew point.
         const double stepped = Psychrometric_Wet_Bulb(Ta, Td, Rules::Robust).value();

@@ -2,6 +2,7 @@
 #include "models/psychrometric_search.h"
 
 #include "model_cases.h"
+#include "values/plain_text.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 
 #include "long_tests.h"
 #include "model_cases.h"
+#include "values/plain_text.h"
 
 #include <gtest/gtest.h>
 
@@ -80,7 +81,7 @@ TEST(RadiationSearch, ComparesTheNumberText)
 {
     const GlobeModel globe(27.5, 41, 1.3);
     for (int candidate = 0; candidate < 80; ++candidate) {
-        const double read = values::val(values::plainText(globe.solve(candidate).celsius));
+        const double read = texts::val(values::plainText(globe.solve(candidate).celsius));
         EXPECT_EQ(fast(27.5, 41, 1.3, read), std::to_string(candidate));
         EXPECT_NE(fast(27.5, 41, 1.3, std::nextafter(read, 100)), std::to_string(candidate));
     }
@@ -106,11 +107,11 @@ TEST(RadiationSearch, FastIsTheScan)
         const double Ta = random.between(-60, 58);
         const double RH = random.size(0.1, 300);
         // As a text can hold it.
-        const double WS = values::val(values::plainText(random.oneIn(40) ? 0 : random.size(0.1, 20)));
+        const double WS = texts::val(values::plainText(random.oneIn(40) ? 0 : random.size(0.1, 20)));
         double Tg = Ta + random.between(-12, 12);
         try {
             const int candidate = random.integer(0, random.oneIn(3) ? 1376 : 150);
-            const double T = values::val(values::plainText(GlobeModel(Ta, RH, WS).solve(candidate).celsius));
+            const double T = texts::val(values::plainText(GlobeModel(Ta, RH, WS).solve(candidate).celsius));
             const double globes[] = {Tg, T, std::nextafter(T, 1000), std::nextafter(T, -1000),
                                      T + random.between(-0.06, 0.06)};
             Tg = globes[random.integer(0, 4)];

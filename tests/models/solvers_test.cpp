@@ -183,7 +183,7 @@ TEST(RobustSolvers, GiveTheRootWhereTheIterationHasNoEnd)
                                         << RH << " WS " << WS << " SR " << SR);
         const std::string classicGlobe = globe(Ta, RH, WS, SR, Rules::Classic);
         const std::string classicWick = wick(Ta, Td, RH, WS, SR, Rules::Classic);
-        if (values::isNumeric(classicGlobe)) {
+        if (texts::isNumeric(classicGlobe)) {
             ASSERT_EQ(globe(Ta, RH, WS, SR), classicGlobe);
         } else {
             const GlobeBalance<double> air(Ta, RH, kSitePressure, WS, kDirectFraction, kZenith);
@@ -194,7 +194,7 @@ TEST(RobustSolvers, GiveTheRootWhereTheIterationHasNoEnd)
             ASSERT_GT(surplus(T - 1e-6), 0);
             ASSERT_LT(surplus(T + 1e-6), 0);
         }
-        if (values::isNumeric(classicWick)) {
+        if (texts::isNumeric(classicWick)) {
             ASSERT_EQ(wick(Ta, Td, RH, WS, SR), classicWick);
         } else {
             // Begun at its root the iteration ends in its first pass.

@@ -2,6 +2,7 @@
 #include "models/wbgt_utci.h"
 
 #include "model_cases.h"
+#include "values/plain_text.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ using formulas::Rules;
 /// A number with more than nine digits is cut to nine, anything else stands.
 std::string shortened(const std::string& text)
 {
-    return text.size() > 10 && values::isNumeric(text) ? digits(values::val(text), 9) : text;
+    return text.size() > 10 && texts::isNumeric(text) ? digits(texts::val(text), 9) : text;
 }
 
 /// Keeps what the models write and say.
@@ -95,7 +96,7 @@ Readings readingsOf(const std::string& text)
         std::string word;
         words >> word;
         if (word[0] == '~')
-            reading = values::val(word.substr(1));
+            reading = texts::val(word.substr(1));
         else
             reading = word == "." ? "" : word;
     }

@@ -4,9 +4,9 @@
 // the C library that made it.
 #pragma once
 
+#include "texts/variant.h"
 #include "values/number.h"
 #include "values/run_failure.h"
-#include "values/variant.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +50,7 @@ inline std::string written(const std::optional<values::Number>& value)
     return value ? written(*value) : "empty";
 }
 
-inline std::string written(const values::Variant& value)
+inline std::string written(const texts::Variant& value)
 {
     return value.isText() ? value.text() : value.isEmpty() ? "empty" : written(value.number());
 }

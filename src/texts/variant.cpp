@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "values/variant.h"
+#include "texts/variant.h"
 
+#include "values/plain_text.h"
 #include "values/run_failure.h"
 
-namespace comfortics::values {
+namespace comfortics::texts {
+
+using values::Format;
+using values::Number;
+using values::plainText;
+using values::RunFailure;
 
 Number Variant::number() const
 {
@@ -74,4 +80,4 @@ std::string format(const Variant& value, Format wanted)
     return value.isEmpty() ? std::string() : format(value.number().value(), wanted);
 }
 
-} // namespace comfortics::values
+} // namespace comfortics::texts

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "texts/number_text.h"
 #include "values/number.h"
-#include "values/number_text.h"
 
 #include <cstdint>
 #include <string>
 #include <utility>
 #include <variant>
 
-namespace comfortics::values {
+namespace comfortics::texts {
 
 /// The tagged value that formulas and models pass: Empty, a 16-bit integer, a double or a text.
 /// Empty counts as 0 in arithmetic and is a legal result: the index has no value there.
@@ -18,7 +18,7 @@ public:
     Variant() noexcept = default;
     Variant(std::int16_t value) noexcept : m_value(value) {}           // NOLINT: implicit
     Variant(double value) noexcept : m_value(value) {}                 // NOLINT: implicit
-    Variant(Number value) noexcept : m_value(value.value()) {}         // NOLINT: implicit
+    Variant(values::Number value) noexcept : m_value(value.value()) {} // NOLINT: implicit
     Variant(std::string value) noexcept : m_value(std::move(value)) {} // NOLINT: implicit
     Variant(const char* value) : m_value(std::string(value)) {}        // NOLINT: implicit
 
@@ -28,7 +28,7 @@ public:
 
     /// The value in arithmetic: Empty is 0, a numeric text its number. Fails (type mismatch) on
     /// any other text, the empty one included.
-    Number number() const;
+    values::Number number() const;
 
     /// The text of the value: "" for Empty, plain number text for numbers.
     std::string text() const;
@@ -58,6 +58,6 @@ private:
 bool isGreater(const Variant& left, const Variant& right);
 
 /// Formats a result: a number or numeric text by the format, anything else as its text.
-std::string format(const Variant& value, Format wanted);
+std::string format(const Variant& value, values::Format wanted);
 
-} // namespace comfortics::values
+} // namespace comfortics::texts

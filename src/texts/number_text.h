@@ -1,36 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "values/format.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace comfortics::values {
-
-/// A fixed number format: "0", "0.0", "0.00", "0.00000" or "00.00000".
-struct Format {
-    int decimals = 0;
-    int integerWidth = 1;
-};
-
-inline constexpr Format kFormat0{0, 1};
-inline constexpr Format kFormat0_0{1, 1};
-inline constexpr Format kFormat0_00{2, 1};
-inline constexpr Format kFormat0_00000{5, 1};
-inline constexpr Format kFormat00_00000{5, 2};
-
-/// Plain number text: at most 15 significant digits, no trailing zeros, exponential from 1e15 up
-/// and below 1e-4 ("1E+15", "2.5E-05"), "0" for negative zero. Locale-free.
-std::string plainText(double value);
+namespace comfortics::texts {
 
 /// The value's 15 significant decimal digits, rounded half away from zero at the wanted decimals.
 /// The integer part is padded with zeros to the format's width. Never "-0.0".
-std::string format(double value, Format wanted);
+std::string format(double value, values::Format wanted);
 
 /// Formats the number that the text holds; an empty text or one that is no number comes back
 /// unchanged.
-std::string format(std::string_view text, Format wanted);
-inline std::string format(const std::string& text, Format wanted)
+std::string format(std::string_view text, values::Format wanted);
+inline std::string format(const std::string& text, values::Format wanted)
 {
     return format(std::string_view(text), wanted);
 }
@@ -49,4 +35,4 @@ inline bool isNumeric(std::string_view text)
     return numericValue(text).has_value();
 }
 
-} // namespace comfortics::values
+} // namespace comfortics::texts

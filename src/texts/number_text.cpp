@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "values/number_text.h"
+#include "texts/number_text.h"
 
-#include "values/text.h"
+#include "texts/text.h"
+#include "values/plain_text.h"
 
 #include <algorithm>
 #include <array>
@@ -10,11 +11,13 @@
 #include <cstdint>
 #include <limits>
 
-namespace comfortics::values {
+namespace comfortics::texts {
+
+using values::Format;
+using values::kSignificantDigits;
+using values::plainText;
 
 namespace {
-
-constexpr int kSignificantDigits = 15;
 
 constexpr std::array<double, 6> kPowersOfTen{1, 10, 100, 1000, 10000, 100000};
 
@@ -170,20 +173,6 @@ std::string formatByDigits(double value, Format format)
 
 } // namespace
 
-std::string plainText(double value)
-{
-    if (value == 0)
-        return "0";
-    std::array<char, 32> buffer{};
-    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                            std::chars_format::general, kSignificantDigits);
-    (void)error;
-    for (char* c = buffer.data(); c != end; ++c)
-        if (*c == 'e')
-            *c = 'E';
-    return std::string(buffer.data(), end);
-}
-
 std::string format(double value, Format wanted)
 {
     if (!std::isfinite(value))
@@ -241,4 +230,4 @@ std::optional<double> numericValue(std::string_view text)
     return std::nullopt;
 }
 
-} // namespace comfortics::values
+} // namespace comfortics::texts

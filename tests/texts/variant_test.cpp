@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "values/variant.h"
+#include "texts/variant.h"
 
 #include "values/run_failure.h"
 
@@ -9,7 +9,12 @@
 #include <tuple>
 #include <utility>
 
-namespace comfortics::values {
+namespace comfortics::texts {
+
+using values::kFormat0_0;
+using values::Number;
+using values::RunFailure;
+
 namespace {
 
 const Variant kEmpty;
@@ -96,4 +101,4 @@ TEST(Variant, FormatsNumbersAndNumericTextsOnly)
 }
 
 } // namespace
-} // namespace comfortics::values
+} // namespace comfortics::texts

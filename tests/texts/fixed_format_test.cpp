@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "values/number_text.h"
+#include "texts/number_text.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,15 @@
 #include <string>
 #include <tuple>
 
-namespace comfortics::values {
+namespace comfortics::texts {
+
+using values::Format;
+using values::kFormat0;
+using values::kFormat00_00000;
+using values::kFormat0_0;
+using values::kFormat0_00;
+using values::kFormat0_00000;
+
 namespace {
 
 constexpr std::array kFormats{kFormat0, kFormat0_0, kFormat0_00, kFormat0_00000, kFormat00_00000};
@@ -104,4 +112,4 @@ TEST(FixedFormat, AgreesWithTheSlowWay)
 }
 
 } // namespace
-} // namespace comfortics::values
+} // namespace comfortics::texts

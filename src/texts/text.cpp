@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "values/text.h"
+#include "texts/text.h"
 
 #include <cstddef>
 
-namespace comfortics::values {
+namespace comfortics::texts {
 
 // In UTF-8 the accented letters of Latin-1 are the byte C3 and one of 80 to BE; 97 and B7 are no letters.
 std::string lowered(std::string_view text)
@@ -28,4 +28,4 @@ std::string_view trimmed(std::string_view text, std::string_view blanks)
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-} // namespace comfortics::values
+} // namespace comfortics::texts
