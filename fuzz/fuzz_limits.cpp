@@ -9,6 +9,7 @@
 #include "core/outcome.h"
 #include "texts/number_text.h"
 #include "texts/text.h"
+#include "values/plain_text.h"
 
 #include <cstdint>
 #include <string>

@@ -5,6 +5,7 @@
 
 #include "texts/number_text.h"
 #include "texts/variant.h"
+#include "values/plain_text.h"
 
 #include <array>
 #include <bit>
