@@ -2,7 +2,7 @@
 //
 // Formulas over columns: the blocks of plain doubles beside the checked formula, point by point. The
 // counter "ns_per_point" is what to read.
-#include "core/catalogue.h"
+#include "catalogue/catalogue.h"
 #include "formulas/block_runner.h"
 #include "models/utci_polynomial.h"
 
@@ -73,7 +73,7 @@ void checkedPoints(benchmark::State& state, const FormulaCall& call, const Range
 
 const FormulaCall& index(int number)
 {
-    return core::catalogueRow(number).formula;
+    return catalogue::row(number).formula;
 }
 
 const Ranges kHeat{{22, 45}, {20, 95}};

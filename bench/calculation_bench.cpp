@@ -3,7 +3,7 @@
 // One whole calculation, from the texts of the boxes to the texts of the store, and each index alone
 // on top of the models. The models' and solvers' own benchmarks stand the plain ways beside the quick
 // ones.
-#include "core/calculation.h"
+#include "classic/calculation.h"
 
 #include "controls/dialogs.h"
 
@@ -21,7 +21,7 @@ struct SilentMessages final : controls::Messages {
     controls::Answer show(const controls::MessageBox&) override { return controls::Answer::Ok; }
 };
 
-using Texts = std::array<std::string_view, core::kReadingCount>;
+using Texts = std::array<std::string_view, classic::kReadingCount>;
 
 // Two sets of readings in turn, so that no calculation finds the solves of the one before it.
 constexpr std::array<Texts, 2> kRadiationGiven{
@@ -29,23 +29,24 @@ constexpr std::array<Texts, 2> kRadiationGiven{
 constexpr std::array<Texts, 2> kGlobeGiven{
     {{"30", "38.5", "", "", "50", "2"}, {"27.5", "41.2", "", "", "61", "3.4"}}};
 
-core::Settings everything()
+classic::Settings everything()
 {
-    core::Settings settings;
+    classic::Settings settings;
     settings.ignoreLimits = true;
     settings.selection.set(196, false); // has no value where the radiation box is empty
     return settings;
 }
 
-void calculate(benchmark::State& state, const std::array<Texts, 2>& readings, const core::Settings& settings)
+void calculate(benchmark::State& state, const std::array<Texts, 2>& readings,
+               const classic::Settings& settings)
 {
-    const core::Limits limits;
+    const classic::Limits limits;
     SilentMessages messages;
-    core::Calculation calculation(limits, messages);
+    classic::Calculation calculation(limits, messages);
     std::size_t turn = 0;
     for (auto _ : state) {
         calculation.readings.write(readings[turn ^= 1]);
-        if (calculation.run(settings) != core::RunStatus::Ok)
+        if (calculation.run(settings) != classic::RunStatus::Ok)
             state.SkipWithError(calculation.failure()->sentence().c_str());
         benchmark::DoNotOptimize(calculation.results.lbl_results[222].caption().data());
     }
@@ -65,16 +66,16 @@ BENCHMARK(wholeCalculationGlobeGiven);
 
 void modelsOnlyRadiationGiven(benchmark::State& state)
 {
-    core::Settings settings;
-    settings.selection = core::Selection::none();
+    classic::Settings settings;
+    settings.selection = classic::Selection::none();
     calculate(state, kRadiationGiven, settings);
 }
 BENCHMARK(modelsOnlyRadiationGiven);
 
 void modelsOnlyGlobeGiven(benchmark::State& state)
 {
-    core::Settings settings;
-    settings.selection = core::Selection::none();
+    classic::Settings settings;
+    settings.selection = classic::Selection::none();
     calculate(state, kGlobeGiven, settings);
 }
 BENCHMARK(modelsOnlyGlobeGiven);
@@ -82,11 +83,11 @@ BENCHMARK(modelsOnlyGlobeGiven);
 // What one index costs above the models: the ten slowest among them.
 void oneIndex(benchmark::State& state)
 {
-    core::Settings settings;
-    settings.selection = core::Selection::none();
+    classic::Settings settings;
+    settings.selection = classic::Selection::none();
     settings.selection.set(static_cast<int>(state.range(0)), true);
     settings.ignoreLimits = true;
-    state.SetLabel(std::string(core::catalogueRow(static_cast<int>(state.range(0))).name));
+    state.SetLabel(std::string(catalogue::row(static_cast<int>(state.range(0))).name));
     calculate(state, kRadiationGiven, settings);
 }
 BENCHMARK(oneIndex)

@@ -2,11 +2,11 @@
 //
 // The models' fast ways beside their plain ones, and the roots of the precise rules over weather of all
 // kinds: there "ns_per_point" is what to read.
+#include "classic/radiation_search.h"
+#include "classic/wbgt_utci.h"
 #include "models/precise_roots.h"
 #include "models/psychrometric_search.h"
-#include "models/radiation_search.h"
 #include "models/utci_polynomial.h"
-#include "models/wbgt_utci.h"
 
 #include <benchmark/benchmark.h>
 
@@ -17,6 +17,7 @@ namespace {
 
 using namespace comfortics;
 using namespace comfortics::models;
+using texts::Variant;
 
 void globeFast(benchmark::State& state)
 {
@@ -58,7 +59,7 @@ void radiationSearchFast(benchmark::State& state)
 {
     const auto& [Ta, RH, WS, Tg] = kSearches[state.range(0)];
     for (auto _ : state)
-        benchmark::DoNotOptimize(searchRadiation(Ta, RH, WS, Tg, kLastCandidate, [] {}));
+        benchmark::DoNotOptimize(classic::searchRadiation(Ta, RH, WS, Tg, classic::kLastCandidate, [] {}));
 }
 BENCHMARK(radiationSearchFast)->DenseRange(0, 2);
 
@@ -67,23 +68,23 @@ void radiationSearchPlain(benchmark::State& state)
     const auto& [Ta, RH, WS, Tg] = kSearches[state.range(0)];
     for (auto _ : state)
         benchmark::DoNotOptimize(
-            plain::searchRadiation(GlobeModel(Ta, RH, WS), Tg, 0, kLastCandidate, [] {}));
+            classic::plain::searchRadiation(GlobeModel(Ta, RH, WS), Tg, 0, classic::kLastCandidate, [] {}));
 }
 BENCHMARK(radiationSearchPlain)->DenseRange(0, 2);
 
 void psychrometricFast(benchmark::State& state)
 {
-    const Variant Ta = "30";
+    const Number Ta = 30;
     for (auto _ : state)
-        benchmark::DoNotOptimize(Psychrometric_Wet_Bulb(Ta, 18.4380854946834));
+        benchmark::DoNotOptimize(Psychrometric_Wet_Bulb(Ta, false, 18.4380854946834));
 }
 BENCHMARK(psychrometricFast);
 
 void psychrometricPlain(benchmark::State& state)
 {
-    const Variant Ta = "30";
+    const Number Ta = 30;
     for (auto _ : state)
-        benchmark::DoNotOptimize(plain::Psychrometric_Wet_Bulb(Ta, 18.4380854946834));
+        benchmark::DoNotOptimize(plain::Psychrometric_Wet_Bulb(Ta, false, 18.4380854946834));
 }
 BENCHMARK(psychrometricPlain);
 
@@ -147,7 +148,7 @@ BENCHMARK_CAPTURE(precise, wetBulb, preciseWetBulb);
 BENCHMARK_CAPTURE(precise, outdoorWbgt, preciseOutdoor);
 BENCHMARK_CAPTURE(precise, psychrometric, precisePsychrometric);
 
-class SilentDesk final : public Desk {
+class SilentDesk final : public classic::Desk {
 public:
     void writeCaption(formulas::Live, std::string text) override { benchmark::DoNotOptimize(text); }
     void writeSolarRadiationResult(std::string text) override { benchmark::DoNotOptimize(text); }
@@ -160,7 +161,7 @@ void fullSet(benchmark::State& state, const char* globe, const char* radiation)
 {
     SilentDesk desk;
     for (auto _ : state) {
-        WBGT_UTCI models(desk);
+        classic::WBGT_UTCI models(desk);
         const auto ask = [&](auto model) {
             Variant Ta = "30";
             Variant Tg = globe;

@@ -7,11 +7,12 @@
 // usage: plain_rows TABLE.csv [ROWS]
 #include "batch/column_map.h"
 #include "batch/table_reader.h"
+#include "classic/radiation_search.h"
 #include "formulas/primitives.h"
 #include "models/psychrometric_search.h"
-#include "models/radiation_search.h"
 #include "models/solvers.h"
 #include "texts/number_text.h"
+#include "texts/variant.h"
 #include "values/run_failure.h"
 
 #include <chrono>
@@ -50,8 +51,8 @@ void runRow(const std::string& air, const std::string& globeText, const std::str
             globe(Ta, 60, wind, SR);
     } else {
         for (int i = 0; i < 2; ++i)
-            for (int candidate = 0; candidate <= models::kLastCandidate; ++candidate)
-                if (models::reaches(globe(Ta, RH, wind, candidate), texts::val(globeText))) {
+            for (int candidate = 0; candidate <= classic::kLastCandidate; ++candidate)
+                if (classic::reaches(globe(Ta, RH, wind, candidate), texts::val(globeText))) {
                     SR = candidate;
                     break;
                 }
@@ -59,7 +60,7 @@ void runRow(const std::string& air, const std::string& globeText, const std::str
     for (int i = 0; i < 2; ++i) {
         models::plain::Natural_Wet_Bulb(Ta, Td, RH, kSitePressure, Variant(wind).number(), SR,
                                         kDirectFraction, kZenith, kRadiationSwitch);
-        models::plain::Psychrometric_Wet_Bulb(Variant(air), Td);
+        models::plain::Psychrometric_Wet_Bulb(texts::val(air), false, Td);
     }
 }
 

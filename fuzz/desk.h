@@ -3,8 +3,8 @@
 // What forms ask of a desktop, answered without one.
 #pragma once
 
+#include "classic/limits.h"
 #include "controls/dialogs.h"
-#include "core/limits.h"
 #include "no_windows.h"
 
 #include <optional>
@@ -13,9 +13,9 @@
 
 namespace comfortics::fuzz {
 
-inline const core::Limits& projectLimits()
+inline const classic::Limits& projectLimits()
 {
-    static const core::Limits limits = core::Limits::Load_Limits(COMFORTICS_LIMITS);
+    static const classic::Limits limits = classic::Limits::Load_Limits(COMFORTICS_LIMITS);
     return limits;
 }
 

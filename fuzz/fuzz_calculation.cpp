@@ -5,7 +5,7 @@
 #include "desk.h"
 #include "input.h"
 
-#include "core/calculation.h"
+#include "classic/calculation.h"
 #include "texts/number_text.h"
 
 #include <algorithm>
@@ -17,21 +17,21 @@
 namespace comfortics::fuzz {
 namespace {
 
-using core::Calculation;
-using core::Rules;
-using core::RunStatus;
+using classic::Calculation;
+using classic::Rules;
+using classic::RunStatus;
 
-using Texts = std::array<std::string, core::kReadingCount>;
+using Texts = std::array<std::string, classic::kReadingCount>;
 
-constexpr int kIndices = core::kLastIndex;
+constexpr int kIndices = catalogue::kLastIndex;
 
 /// All that a run shows.
 struct Shown {
     RunStatus status = RunStatus::Ok;
     Texts boxes;
     std::array<std::string, formulas::kLiveCount> live;
-    std::array<std::string, core::kIndexCount + 1> values;
-    std::array<std::string, core::kIndexCount + 1> whyBlank;
+    std::array<std::string, catalogue::kIndexCount + 1> values;
+    std::array<std::string, catalogue::kIndexCount + 1> whyBlank;
     std::string failure;
     std::size_t messages = 0;
     bool operator==(const Shown&) const = default;
@@ -40,7 +40,7 @@ struct Shown {
 /// A calculation that lives through several runs.
 class Desk {
 public:
-    Desk(const core::Settings& settings, const Texts& assumptions) : m_settings(settings)
+    Desk(const classic::Settings& settings, const Texts& assumptions) : m_settings(settings)
     {
         m_calculation.assumptions.write(assumptions);
     }
@@ -48,13 +48,13 @@ public:
     Shown run(const Texts& readings)
     {
         m_messages.texts.clear();
-        core::ReadingBoxes& boxes = m_calculation.readings;
+        classic::ReadingBoxes& boxes = m_calculation.readings;
         boxes.clear();
         boxes.write({readings[0], readings[1], readings[2], readings[3], readings[4], readings[5]});
         Shown shown;
         shown.status = m_calculation.run(m_settings);
         for (std::size_t i = 0; i < shown.boxes.size(); ++i)
-            shown.boxes[i] = boxes.text(static_cast<core::Reading>(i));
+            shown.boxes[i] = boxes.text(static_cast<classic::Reading>(i));
         // A run whose readings are rejected leaves the labels as they were.
         if (shown.status != RunStatus::Rejected)
             for (std::size_t i = 0; i < shown.live.size(); ++i)
@@ -96,7 +96,7 @@ private:
     }
 
     KeptMessages m_messages;
-    core::Settings m_settings;
+    classic::Settings m_settings;
     Calculation m_calculation{projectLimits(), m_messages};
 };
 
@@ -113,7 +113,7 @@ void requireSame(const Shown& one, const Shown& other, const char* what)
 }
 
 // One calculation that goes from a row to another and back must give what new ones give.
-Shown runAll(core::Settings settings, Rules rules, const Texts& first, const Texts& second,
+Shown runAll(classic::Settings settings, Rules rules, const Texts& first, const Texts& second,
              const Texts& assumptions)
 {
     settings.rules = rules;
@@ -126,7 +126,7 @@ Shown runAll(core::Settings settings, Rules rules, const Texts& first, const Tex
 
 void check(unsigned flags, const Texts& first, const Texts& second, const Texts& assumptions)
 {
-    core::Settings settings;
+    classic::Settings settings;
     settings.ignoreLimits = flags % 2 == 1;
     if (flags / 2 % 2 == 1)
         for (int index = 1; index <= kIndices; ++index)
@@ -172,7 +172,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!input.empty())
         for (std::string& text : second)
             text = input.line();
-    Texts assumptions = comfortics::core::AssumptionBoxes().texts();
+    Texts assumptions = comfortics::classic::AssumptionBoxes().texts();
     for (std::string& text : assumptions)
         if (!input.empty())
             text = input.line();

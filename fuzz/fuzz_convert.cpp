@@ -24,7 +24,7 @@ void check(std::size_t place, const std::string& text, const std::string& unit)
 {
     static KeptMessages messages;
     static NoWindows windows;
-    static core::Frm_Main main(projectLimits(), messages, windows);
+    static classic::Frm_Main main(projectLimits(), messages, windows);
     converter::Frm_Converter form(main);
     const Conversion& conversion = kConversions[place];
     const auto number = texts::numericValue(text);

@@ -4,9 +4,9 @@
 #include "check.h"
 #include "input.h"
 
-#include "core/limits.h"
-#include "core/load_indices.h"
-#include "core/outcome.h"
+#include "classic/limits.h"
+#include "classic/load_indices.h"
+#include "classic/outcome.h"
 #include "texts/number_text.h"
 #include "texts/text.h"
 #include "values/plain_text.h"
@@ -18,7 +18,7 @@
 namespace comfortics::fuzz {
 namespace {
 
-using core::Limits;
+using classic::Limits;
 
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
@@ -63,7 +63,7 @@ std::string slowSetting(std::string_view text, std::string_view wantedSection, s
     return {};
 }
 
-void checkBound(const core::Bound& bound, std::string_view text, const std::string& key)
+void checkBound(const classic::Bound& bound, std::string_view text, const std::string& key)
 {
     const std::string kept = values::plainText(texts::val(slowSetting(text, "INDICES", key)));
     requireEqual(bound.text, kept, "the text of a bound");
@@ -81,13 +81,13 @@ std::string withCarriageReturns(std::string_view text)
 
 void requireSetting(std::string_view text, std::string_view section, std::string_view key)
 {
-    const std::string value = core::IniFile(text).Read_Index_Setting(section, key);
+    const std::string value = classic::IniFile(text).Read_Index_Setting(section, key);
     requireEqual(value, slowSetting(text, section, key), "any setting");
     if (text.starts_with(kMark))
         return;
-    const core::IniFile marked(std::string(kMark) + std::string(text));
+    const classic::IniFile marked(std::string(kMark) + std::string(text));
     requireEqual(marked.Read_Index_Setting(section, key), value, "a byte-order mark changes nothing");
-    const core::IniFile returned(withCarriageReturns(text));
+    const classic::IniFile returned(withCarriageReturns(text));
     requireEqual(returned.Read_Index_Setting(section, key), value, "the ends of lines change nothing");
 }
 
@@ -95,7 +95,7 @@ void check(std::string_view text)
 {
     const Limits limits = Limits::fromText(text);
     for (const int index : {1, 2, 9, 42, 150, 222}) {
-        const core::IndexLimits& row = limits.of(index);
+        const classic::IndexLimits& row = limits.of(index);
         const std::string number = std::to_string(index);
         requireEqual(row.Name, slowSetting(text, "INDICES", "Name_" + number), "a name");
         requireEqual(row.TA_Cat, slowSetting(text, "INDICES", "TA_Cat_" + number), "a category");
@@ -106,8 +106,8 @@ void check(std::string_view text)
         checkBound(row.WS_max, text, "WS_max_" + number);
         require(row.Name.size() <= 149 && row.Name.find('\n') == std::string::npos, "a value is one line",
                 row.Name);
-        for (const auto kind : {core::OutcomeKind::OutsideTemperature, core::OutcomeKind::OutsideWind})
-            require(!core::whyBlank(index, {.kind = kind}, limits, {}).empty(), "why an index is blank");
+        for (const auto kind : {classic::OutcomeKind::OutsideTemperature, classic::OutcomeKind::OutsideWind})
+            require(!classic::whyBlank(index, {.kind = kind}, limits, {}).empty(), "why an index is blank");
     }
     // Sections and keys of any name.
     Input names(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()); // NOLINT: bytes are bytes

@@ -20,8 +20,8 @@
 namespace comfortics::fuzz {
 namespace {
 
+using classic::kReadingCount;
 using controls::Grid;
-using core::kReadingCount;
 
 using Rows = std::vector<std::vector<std::string>>;
 
@@ -42,7 +42,7 @@ struct Sheet {
     KeptMessages messages;
     batch::MessageGate gate{messages};
     NoWindows windows;
-    core::Frm_Main main{projectLimits(), gate, windows};
+    classic::Frm_Main main{projectLimits(), gate, windows};
     HeldClipboard clipboard;
     NoFiles files;
     NoPrinting printing;
@@ -101,29 +101,29 @@ void requireRun(Sheet& sheet, const Rows& rows)
 {
     KeptMessages messages;
     NoWindows windows;
-    core::Frm_Main main(projectLimits(), messages, windows);
+    classic::Frm_Main main(projectLimits(), messages, windows);
     main.Opt_Rules.select(sheet.main.Opt_Rules.selected());
     sheet.form.cmd_Calculate.setValue(true);
     const Grid& results = sheet.form.Flex_Results;
     for (std::size_t row = 1; row <= rows.size(); ++row) {
         for (std::size_t col = 0; col < kReadingCount; ++col)
-            main.calculation.readings.box(static_cast<core::Reading>(col)).setText(rows[row - 1][col]);
+            main.calculation.readings.box(static_cast<classic::Reading>(col)).setText(rows[row - 1][col]);
         const bool complete = main.calculation.readings.complete();
         require((sheet.form.rowState(row) == batch::RowState::Skipped) != complete,
                 "rows that are calculated");
         if (!complete)
             continue;
         main.cmd_Calculate.setValue(true);
-        for (std::size_t index = 1; index <= core::kIndexCount; ++index)
+        for (std::size_t index = 1; index <= catalogue::kIndexCount; ++index)
             requireEqual(results.textMatrix(row, index - 1), main.results.lbl_results[index].caption(),
                          "a row of the sheet and the same in the main window");
-        for (const std::size_t col : {std::size_t{0}, core::kIndexCount - 1})
+        for (const std::size_t col : {std::size_t{0}, catalogue::kIndexCount - 1})
             require(results.textMatrix(row, col).empty() == !results.note(row, col).empty(),
                     "a blank figure, and no other, has a note", results.note(row, col));
     }
     for (std::size_t i = 0; i < kReadingCount; ++i)
-        requireEqual(sheet.main.calculation.readings.text(static_cast<core::Reading>(i)),
-                     main.calculation.readings.text(static_cast<core::Reading>(i)),
+        requireEqual(sheet.main.calculation.readings.text(static_cast<classic::Reading>(i)),
+                     main.calculation.readings.text(static_cast<classic::Reading>(i)),
                      "what the last row leaves in the boxes");
 
     sheet.form.Menu_copy_copy.click.raise();

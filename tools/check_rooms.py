@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Checks what neither compiler nor linker does: a room of src/ includes only rooms that its CMakeLists.txt links to,
-rooms link to lower ones only, Qt is known to ui alone, and each source carries its licence line.
+rooms link to lower ones only, some are kept apart, Qt is known to ui alone, and each source carries its licence line.
 
 usage: check_rooms.py SOURCE_DIRECTORY
 """
@@ -10,6 +10,8 @@ import pathlib
 import re
 import sys
 
+# Rooms that are to do without others, through whatever they link to.
+KEPT_APART = {"catalogue": {"controls", "texts"}, "engine": {"controls", "texts"}}
 LICENCE = "SPDX-License-Identifier: GPL-3.0-or-later"
 
 
@@ -50,6 +52,12 @@ def faults_of_includes(path, room, allowed, rooms):
             yield f"{path}:{number}: Qt is for ui alone"
 
 
+def faults_of_company(reached):
+    for room, unwanted in KEPT_APART.items():
+        for other in sorted(unwanted & reached.get(room, set())):
+            yield f"src/{room}/CMakeLists.txt: {room} reaches {other}, of which it is to know nothing"
+
+
 def files_that_need_a_licence_line(root):
     for folder in ("src", "tests", "bench", "fuzz", "cmake", "tools", "data", "packaging"):
         for path in sorted((root / folder).rglob("*")):
@@ -64,6 +72,7 @@ def faults(root):
     links = {room: linked_rooms(source, room) for room in order}
     yield from faults_of_links(links, order)
     reached = with_what_they_link_to(links, order)
+    yield from faults_of_company(reached)
     for path in sorted(source.rglob("*")):
         if path.suffix in {".h", ".cpp"}:
             room = path.relative_to(source).parts[0]

@@ -4,5 +4,5 @@
 import pathlib
 import re
 
-_HEADER = pathlib.Path(__file__).resolve().parent.parent / "src/core/catalogue.h"
+_HEADER = pathlib.Path(__file__).resolve().parent.parent / "src/catalogue/catalogue.h"
 INDEX_COUNT = int(re.search(r"kIndexCount = (\d+);", _HEADER.read_text(encoding="utf-8")).group(1))

@@ -8,7 +8,7 @@
 
 namespace comfortics::batch {
 
-using core::kReadingCount;
+using classic::kReadingCount;
 using texts::lowered;
 using texts::trimmed;
 
@@ -18,7 +18,7 @@ std::optional<std::size_t> readingOf(std::string_view header)
 {
     const std::string name = lowered(trimmed(header));
     for (std::size_t i = 0; i < kReadingCount; ++i) {
-        const core::ReadingInfo& info = core::kReadingInfo[i];
+        const classic::ReadingInfo& info = classic::kReadingInfo[i];
         if (name == lowered(info.symbol()) || name == lowered(info.key) || name == lowered(sheetHeader(info)))
             return i;
     }
@@ -39,7 +39,7 @@ std::string separatedBy(char separator)
 
 } // namespace
 
-std::string sheetHeader(const core::ReadingInfo& reading)
+std::string sheetHeader(const classic::ReadingInfo& reading)
 {
     return std::string(reading.heading) + " (" + std::string(reading.unit()) + ")";
 }
@@ -78,7 +78,7 @@ ColumnMap ColumnMap::from(const TableRow& first, char separator)
     for (std::size_t column = 0; column < first.cells.size(); ++column) {
         if (column < kReadingCount) {
             map.m_columns[column] = column;
-            map.m_names.push_back(sheetHeader(core::kReadingInfo[column]));
+            map.m_names.push_back(sheetHeader(classic::kReadingInfo[column]));
         } else {
             map.m_names.push_back("Column " + std::to_string(column + 1));
         }

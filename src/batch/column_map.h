@@ -2,7 +2,7 @@
 #pragma once
 
 #include "batch/table_reader.h"
-#include "core/reading_boxes.h"
+#include "classic/reading_boxes.h"
 
 #include <array>
 #include <cstddef>
@@ -14,7 +14,7 @@
 namespace comfortics::batch {
 
 /// The header of a reading's column in the sheet, for instance "Wind Speed (m/s)".
-std::string sheetHeader(const core::ReadingInfo& reading);
+std::string sheetHeader(const classic::ReadingInfo& reading);
 
 /// Whether a header is the name of a reading, as the sheet has it or short.
 bool isReadingName(std::string_view header);
@@ -38,12 +38,12 @@ public:
     void check(const TableRow& row) const;
 
     /// The six texts of a row that passed the check; a reading without a column is empty.
-    std::array<std::string_view, core::kReadingCount> readings(const TableRow& row) const;
+    std::array<std::string_view, classic::kReadingCount> readings(const TableRow& row) const;
 
 private:
     bool m_header = false;
     std::vector<std::string> m_names;
-    std::array<std::optional<std::size_t>, core::kReadingCount> m_columns;
+    std::array<std::optional<std::size_t>, classic::kReadingCount> m_columns;
 };
 
 } // namespace comfortics::batch

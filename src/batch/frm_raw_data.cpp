@@ -23,10 +23,10 @@
 
 namespace comfortics::batch {
 
+using classic::kReadingCount;
 using controls::Grid;
 using controls::Key;
 using controls::KeyPress;
-using core::kReadingCount;
 
 namespace {
 
@@ -60,7 +60,7 @@ std::string withCarriageReturns(const std::string& text)
     return result;
 }
 
-std::string heading(const core::Frm_Results& store, int index)
+std::string heading(const classic::Frm_Results& store, int index)
 {
     const auto place = static_cast<std::size_t>(index);
     return store.lbl_Index[place].caption() + " - [" + store.lbl_Unit[place].caption() + "]";
@@ -113,7 +113,7 @@ controls::GridCells readTable(const std::string& path)
 
 } // namespace
 
-Frm_Raw_Data::Frm_Raw_Data(core::Frm_Main& main, const core::Limits& limits, const Desktop& desktop,
+Frm_Raw_Data::Frm_Raw_Data(classic::Frm_Main& main, const classic::Limits& limits, const Desktop& desktop,
                            unsigned threads)
     : Form("Raw Data"), m_main(main), m_limits(limits), m_desktop(desktop),
       m_threads(threads > 0 ? threads : std::max(1U, std::thread::hardware_concurrency()))
@@ -169,12 +169,12 @@ void Frm_Raw_Data::MouseWheel(int /*modifierKeys*/, int rotation, int x, int y)
 void Frm_Raw_Data::open(output::Frm_Comfortics& table)
 {
     for (std::size_t col = 0; col < kReadingCount; ++col)
-        Flex_Data.setTextMatrix(0, col, sheetHeader(core::kReadingInfo[col]));
+        Flex_Data.setTextMatrix(0, col, sheetHeader(classic::kReadingInfo[col]));
     lbl_information.setCaption("Use Ctr + V to paste your values into the following table.\r\n"
                                "Report 'Globe Temperature' OR 'Solar Radiation', and 'Dew Point' OR "
                                "'Relative Humidity'");
 
-    const core::Frm_Results& store = m_main.results;
+    const classic::Frm_Results& store = m_main.results;
     Grid& catalogue = table.Flex;
     {
         // A sorted table goes back to the order of the catalogue here, so the values go with the
@@ -575,8 +575,8 @@ bool Frm_Raw_Data::headersAreOther() const
 
 void Frm_Raw_Data::tellTerms()
 {
-    const core::Settings now = m_stretches.empty() ? m_main.settings() : m_stretches.back().terms.settings;
-    std::string text = "By " + core::inForce(now) + ".";
+    const classic::Settings now = m_stretches.empty() ? m_main.settings() : m_stretches.back().terms.settings;
+    std::string text = "By " + classic::inForce(now) + ".";
     if (m_stretches.size() > 1)
         text += " Options or ticks changed under way; this holds from row " +
                 std::to_string(m_stretches.back().first) + " on.";

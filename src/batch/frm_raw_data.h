@@ -4,12 +4,12 @@
 #include "batch/message_gate.h"
 #include "batch/row_runner.h"
 #include "batch/sheet_rows.h"
+#include "classic/frm_main.h"
 #include "controls/controls.h"
 #include "controls/dialogs.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "controls/grid_cells.h"
-#include "core/frm_main.h"
 #include "output/frm_comfortics.h"
 
 #include <chrono>
@@ -36,11 +36,11 @@ public:
     };
 
     /// Main window, limits and desktop must outlive the form. `threads` 0: all cores.
-    Frm_Raw_Data(core::Frm_Main& main, const core::Limits& limits, const Desktop& desktop,
+    Frm_Raw_Data(classic::Frm_Main& main, const classic::Limits& limits, const Desktop& desktop,
                  unsigned threads = 0);
 
     controls::Frame Fra_Data;
-    controls::Grid Flex_Data{2, core::kReadingCount};
+    controls::Grid Flex_Data{2, classic::kReadingCount};
     controls::Label lbl_information;
     controls::Button cmd_Calculate{"Calculate"};
     controls::Button cmd_Open{"Open..."};
@@ -143,8 +143,8 @@ private:
     std::string resultNote(std::size_t row, std::size_t col) const;
     std::string dataNote(std::size_t row) const;
 
-    core::Frm_Main& m_main;
-    const core::Limits& m_limits;
+    classic::Frm_Main& m_main;
+    const classic::Limits& m_limits;
     Desktop m_desktop;
     unsigned m_threads;
     std::function<void()> m_processEvents;
@@ -165,7 +165,7 @@ private:
     // The last run: what became of the rows, and what each was calculated from, so that the reason
     // of a blank can be found when somebody asks for it.
     std::vector<RowState> m_states; // element 0 unused
-    controls::GridCells m_asked{1, core::kReadingCount};
+    controls::GridCells m_asked{1, classic::kReadingCount};
     std::vector<Stretch> m_stretches;
     RowCounts m_counts;
     bool m_stopped = false;

@@ -3,7 +3,7 @@
 
 #include "batch/ordered_crew.h"
 #include "batch/selected_indices.h"
-#include "core/catalogue.h"
+#include "catalogue/catalogue.h"
 #include "formulas/live_quantity.h"
 #include "output/csv_cell.h"
 
@@ -47,15 +47,15 @@ bool isStopped(const BatchOptions& options)
 // One calculation and what it takes to turn a block of rows into CSV.
 class Worker {
 public:
-    Worker(const core::Limits& limits, const BatchOptions& options, const ColumnMap& columns,
+    Worker(const classic::Limits& limits, const BatchOptions& options, const ColumnMap& columns,
            const std::vector<int>& indices)
         : m_runner(limits, options.settings), m_options(options), m_columns(columns), m_indices(indices)
     {
         if (options.provenance)
-            m_provenance = "," + std::string(core::ruleName(options.settings.rules)) + "," +
-                           std::string(core::limitsUse(options.settings));
+            m_provenance = "," + std::string(classic::ruleName(options.settings.rules)) + "," +
+                           std::string(classic::limitsUse(options.settings));
         m_runner.calculation().assumptions.write(options.assumptions);
-        m_runner.calculation().advice = core::kTerminalAdvice;
+        m_runner.calculation().advice = classic::kTerminalAdvice;
     }
 
     Done run(const Block& block)
@@ -81,7 +81,7 @@ private:
     void appendRow(std::string& csv, const TableRow& row)
     {
         const RowStatus status = m_runner.run(m_columns.readings(row));
-        const core::Calculation& calculation = m_runner.calculation();
+        const classic::Calculation& calculation = m_runner.calculation();
         for (const std::string& cell : row.cells) {
             appendCsvCell(csv, cell);
             csv += ',';
@@ -115,7 +115,7 @@ private:
     {
         std::string text;
         for (const int index : m_indices) {
-            if (m_runner.calculation().outcome(index).kind != core::OutcomeKind::RunFailed)
+            if (m_runner.calculation().outcome(index).kind != classic::OutcomeKind::RunFailed)
                 continue;
             if (!text.empty())
                 text += ' ';
@@ -163,11 +163,11 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
 
 std::string indexHeading(int index)
 {
-    const core::CatalogueRow& row = core::catalogueRow(index);
+    const catalogue::CatalogueRow& row = catalogue::row(index);
     return std::to_string(index) + " " + std::string(row.name) + " [" + std::string(row.unit) + "]";
 }
 
-BatchSummary runBatch(TableReader& reader, const core::Limits& limits, const BatchOptions& options,
+BatchSummary runBatch(TableReader& reader, const classic::Limits& limits, const BatchOptions& options,
                       const std::function<void(std::string_view)>& write,
                       const std::function<void(const RowCounts&)>& progress)
 {

@@ -14,8 +14,8 @@ namespace comfortics::batch {
 
 /// What a batch computes and writes.
 struct BatchOptions {
-    core::Settings settings;
-    core::AssumptionTexts assumptions;
+    classic::Settings settings;
+    classic::AssumptionTexts assumptions;
     bool live = false;       ///< write the eleven live quantities too
     bool reasons = false;    ///< a column that tells what failed in a row, index by index
     bool provenance = false; ///< columns that tell the rules and the use of limits
@@ -36,7 +36,7 @@ struct BatchSummary {
 /// `write` takes the output as RFC 4180 CSV: the header first, then blocks of rows. `progress`,
 /// called after each block, is told the rows done. Throws MalformedTable; what `write` throws passes
 /// through.
-BatchSummary runBatch(TableReader& reader, const core::Limits& limits, const BatchOptions& options,
+BatchSummary runBatch(TableReader& reader, const classic::Limits& limits, const BatchOptions& options,
                       const std::function<void(std::string_view)>& write,
                       const std::function<void(const RowCounts&)>& progress);
 

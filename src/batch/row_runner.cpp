@@ -26,12 +26,12 @@ void RowCounts::add(const RowCounts& other)
     lostValues += other.lostValues;
 }
 
-RowRunner::RowRunner(const core::Limits& limits, const core::Settings& settings)
+RowRunner::RowRunner(const classic::Limits& limits, const classic::Settings& settings)
     : m_settings(settings), m_calculation(limits, m_messages)
 {
 }
 
-RowStatus RowRunner::run(const std::array<std::string_view, core::kReadingCount>& readings)
+RowStatus RowRunner::run(const std::array<std::string_view, classic::kReadingCount>& readings)
 {
     m_calculation.readings.clear();
     m_calculation.readings.write(readings);
@@ -44,15 +44,15 @@ RowStatus RowRunner::runBoxes()
     RowStatus status = RowStatus::Skipped;
     if (m_calculation.readings.complete()) {
         switch (m_calculation.run(m_settings)) {
-        case core::RunStatus::Ok:
+        case classic::RunStatus::Ok:
             status = RowStatus::Calculated;
-            if (m_settings.rules != core::Rules::Classic)
+            if (m_settings.rules != classic::Rules::Classic)
                 countLostValues();
             break;
-        case core::RunStatus::Failed:
+        case classic::RunStatus::Failed:
             status = RowStatus::Failed;
             break;
-        case core::RunStatus::Rejected:
+        case classic::RunStatus::Rejected:
             break;
         }
     }
@@ -73,8 +73,8 @@ RowStatus RowRunner::runBoxes()
 
 void RowRunner::countLostValues()
 {
-    for (int index = 1; index <= core::kLastIndex; ++index)
-        if (m_calculation.outcome(index).kind == core::OutcomeKind::RunFailed)
+    for (int index = 1; index <= catalogue::kLastIndex; ++index)
+        if (m_calculation.outcome(index).kind == classic::OutcomeKind::RunFailed)
             ++m_counts.lostValues;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "classic/calculation.h"
 #include "controls/dialogs.h"
-#include "core/calculation.h"
 
 #include <array>
 #include <cstddef>
@@ -47,13 +47,13 @@ struct RowCounts {
 /// Runs the rows of a batch through a calculation of its own, one after another.
 class RowRunner {
 public:
-    RowRunner(const core::Limits& limits, const core::Settings& settings);
+    RowRunner(const classic::Limits& limits, const classic::Settings& settings);
 
     /// Assumptions may be written here before the first row.
-    core::Calculation& calculation() noexcept { return m_calculation; }
+    classic::Calculation& calculation() noexcept { return m_calculation; }
 
     /// Runs a row that starts from empty boxes, so that what it gives depends on it alone.
-    RowStatus run(const std::array<std::string_view, core::kReadingCount>& readings);
+    RowStatus run(const std::array<std::string_view, classic::kReadingCount>& readings);
 
     /// Runs what the boxes hold. A row whose boxes are not complete is not calculated.
     RowStatus runBoxes();
@@ -71,8 +71,8 @@ private:
     void countLostValues();
 
     MessageKeeper m_messages;
-    core::Settings m_settings;
-    core::Calculation m_calculation;
+    classic::Settings m_settings;
+    classic::Calculation m_calculation;
     std::string m_statusText;
     RowCounts m_counts;
 };

@@ -7,8 +7,8 @@
 
 namespace comfortics::batch {
 
-using core::kReadingCount;
-using core::Reading;
+using classic::kReadingCount;
+using classic::Reading;
 
 namespace {
 
@@ -23,7 +23,7 @@ std::array<std::string_view, kReadingCount> views(const BoxTexts& texts)
 
 } // namespace
 
-BoxTexts boxTexts(const core::ReadingBoxes& boxes)
+BoxTexts boxTexts(const classic::ReadingBoxes& boxes)
 {
     BoxTexts texts;
     for (std::size_t i = 0; i < kReadingCount; ++i)
@@ -31,7 +31,7 @@ BoxTexts boxTexts(const core::ReadingBoxes& boxes)
     return texts;
 }
 
-void restore(core::ReadingBoxes& boxes, const BoxTexts& texts)
+void restore(classic::ReadingBoxes& boxes, const BoxTexts& texts)
 {
     for (std::size_t i = 0; i < kReadingCount; ++i) {
         controls::TextBox& box = boxes.box(static_cast<Reading>(i));
@@ -45,7 +45,7 @@ void restore(core::ReadingBoxes& boxes, const BoxTexts& texts)
 /// One calculation with its boxes, which go from row to row as those of the main window do.
 class SheetRows::Worker {
 public:
-    Worker(const core::Limits& limits, const Terms& terms, std::vector<int> indices)
+    Worker(const classic::Limits& limits, const Terms& terms, std::vector<int> indices)
         : m_runner(limits, terms.settings), m_indices(std::move(indices))
     {
         m_runner.calculation().assumptions.write(terms.assumptions);
@@ -53,7 +53,7 @@ public:
 
     Done run(Block& block)
     {
-        core::ReadingBoxes& boxes = m_runner.calculation().readings;
+        classic::ReadingBoxes& boxes = m_runner.calculation().readings;
         if (block.start)
             restore(boxes, *block.start);
         else
@@ -81,7 +81,7 @@ private:
     // The box texts that a row most likely leaves; no calculation is spent on them.
     void leaveLikely(const BoxTexts& cells)
     {
-        core::ReadingBoxes& boxes = m_runner.calculation().readings;
+        classic::ReadingBoxes& boxes = m_runner.calculation().readings;
         boxes.clear();
         boxes.write(views(cells));
         if (boxes.complete() && boxes.valid())
@@ -90,7 +90,7 @@ private:
 
     void runRow(const BoxTexts& cells, Done& done)
     {
-        core::Calculation& calculation = m_runner.calculation();
+        classic::Calculation& calculation = m_runner.calculation();
         calculation.readings.write(views(cells));
         Row row{RowState::Skipped, boxTexts(calculation.readings), done.lengths.size(), 0};
         if (calculation.readings.complete()) {
@@ -124,7 +124,7 @@ private:
     const std::vector<int> m_indices;
 };
 
-SheetRows::SheetRows(const core::Limits& limits, const Terms& terms, unsigned threads, Cells cells,
+SheetRows::SheetRows(const classic::Limits& limits, const Terms& terms, unsigned threads, Cells cells,
                      std::size_t first, std::size_t last, BoxTexts before)
     : m_terms(terms), m_indices(selectedIndices(terms.settings.selection)), m_cells(std::move(cells)),
       m_ahead(first), m_last(last), m_own(std::make_shared<Worker>(limits, terms, m_indices)),

@@ -3,7 +3,7 @@
 
 #include "batch/ordered_crew.h"
 #include "batch/row_runner.h"
-#include "core/calculation.h"
+#include "classic/calculation.h"
 
 #include <array>
 #include <chrono>
@@ -20,17 +20,17 @@
 namespace comfortics::batch {
 
 /// The texts of the six boxes, or of a row's six cells, in the order of the sheet.
-using BoxTexts = std::array<std::string, core::kReadingCount>;
+using BoxTexts = std::array<std::string, classic::kReadingCount>;
 
-BoxTexts boxTexts(const core::ReadingBoxes& boxes);
+BoxTexts boxTexts(const classic::ReadingBoxes& boxes);
 
 /// Puts texts that boxes once held into boxes again, past the cleaning handlers. Views are told.
-void restore(core::ReadingBoxes& boxes, const BoxTexts& texts);
+void restore(classic::ReadingBoxes& boxes, const BoxTexts& texts);
 
 /// What a run of the sheet calculates with.
 struct Terms {
-    core::Settings settings;
-    core::AssumptionTexts assumptions;
+    classic::Settings settings;
+    classic::AssumptionTexts assumptions;
 
     friend bool operator==(const Terms&, const Terms&) = default;
 };
@@ -67,7 +67,7 @@ public:
 
     /// Rows `first` to `last`; `before` are the texts of the boxes before the first. `cells` is
     /// asked on the thread that calls.
-    SheetRows(const core::Limits& limits, const Terms& terms, unsigned threads, Cells cells,
+    SheetRows(const classic::Limits& limits, const Terms& terms, unsigned threads, Cells cells,
               std::size_t first, std::size_t last, BoxTexts before);
 
     const Terms& terms() const noexcept { return m_terms; }

@@ -165,7 +165,7 @@ void TableReader::begin()
     const FirstLine semicolons = look(';');
     const bool semicolon = semicolons.names != commas.names
                                ? semicolons.names > commas.names
-                               : semicolons.cells >= std::min(core::kReadingCount, commas.cells);
+                               : semicolons.cells >= std::min(classic::kReadingCount, commas.cells);
     m_separator = semicolon && semicolons.cells > 1 ? ';' : ',';
 }
 

@@ -155,7 +155,7 @@ public:
 
     int run() override
     {
-        const core::Limits limits = m_options.limits();
+        const classic::Limits limits = m_options.limits();
         batch::BatchOptions options;
         options.settings = m_options.settings();
         options.assumptions = m_options.assumptions();
@@ -191,7 +191,7 @@ public:
 
 private:
     // Nothing where it was interrupted. Whatever goes wrong with a file comes as a FileFailure.
-    std::optional<batch::BatchSummary> calculate(const core::Limits& limits,
+    std::optional<batch::BatchSummary> calculate(const classic::Limits& limits,
                                                  const batch::BatchOptions& options) const
     {
         InputFile input(m_input);

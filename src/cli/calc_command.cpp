@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/row_runner.h"
+#include "classic/calculation.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/reading_options.h"
 #include "cli/text_table.h"
-#include "core/calculation.h"
 #include "output/csv_cell.h"
 
 #include <CLI/CLI.hpp>
@@ -16,8 +16,8 @@ namespace comfortics::cli {
 
 namespace {
 
-using core::Calculation;
-using core::RunStatus;
+using classic::Calculation;
+using classic::RunStatus;
 using formulas::kLiveInfo;
 using formulas::Live;
 
@@ -53,13 +53,13 @@ public:
 
     int run() override
     {
-        const core::Limits limits = m_options.limits();
+        const classic::Limits limits = m_options.limits();
         batch::MessageKeeper messages;
         Calculation calculation(limits, messages);
-        calculation.advice = core::kTerminalAdvice;
+        calculation.advice = classic::kTerminalAdvice;
         calculation.assumptions.write(m_options.assumptions());
         calculation.readings.write(m_readings.texts());
-        const core::Settings settings = m_options.settings();
+        const classic::Settings settings = m_options.settings();
 
         const RunStatus status =
             calculation.readings.complete() ? calculation.run(settings) : RunStatus::Rejected;
@@ -86,7 +86,7 @@ public:
     }
 
 private:
-    std::string text(const Calculation& calculation, const core::Settings& settings) const
+    std::string text(const Calculation& calculation, const classic::Settings& settings) const
     {
         using enum TextTable::Align;
         TextTable live({"Live quantity", "", "Value", "Unit"}, {Left, Left, Right, Left});
@@ -105,7 +105,7 @@ private:
         addColumn(m_options.reasons, "Why blank");
         addColumn(m_options.provenance, "Outside");
         TextTable results(std::move(headers), std::move(alignment));
-        for (const core::CatalogueRow& row : core::catalogue()) {
+        for (const catalogue::CatalogueRow& row : catalogue::rows()) {
             if (!settings.selection.contains(row.number))
                 continue;
             std::vector<std::string> cells{std::to_string(row.number), std::string(row.name),
@@ -117,11 +117,11 @@ private:
             results.add(std::move(cells));
         }
         const std::string closing =
-            m_options.provenance ? "\nCalculated by " + core::inForce(settings) + ".\n" : "";
+            m_options.provenance ? "\nCalculated by " + classic::inForce(settings) + ".\n" : "";
         return live.text() + "\n" + results.text() + closing;
     }
 
-    std::string csv(const Calculation& calculation, const core::Settings& settings) const
+    std::string csv(const Calculation& calculation, const classic::Settings& settings) const
     {
         std::string result = "number,name,value,unit";
         if (m_options.reasons)
@@ -129,7 +129,7 @@ private:
         if (m_options.provenance)
             result += ",rules,limits,outside";
         result += "\r\n";
-        for (const core::CatalogueRow& row : core::catalogue()) {
+        for (const catalogue::CatalogueRow& row : catalogue::rows()) {
             if (!settings.selection.contains(row.number))
                 continue;
             result += std::to_string(row.number);
@@ -144,9 +144,9 @@ private:
             }
             if (m_options.provenance) {
                 result += ',';
-                result += core::ruleName(settings.rules);
+                result += classic::ruleName(settings.rules);
                 result += ',';
-                result += core::limitsUse(settings);
+                result += classic::limitsUse(settings);
                 result += ',';
                 output::appendCsvCell(result, calculation.whyDoubtful(row.number));
             }
@@ -155,7 +155,7 @@ private:
         return result;
     }
 
-    std::string json(const Calculation& calculation, RunStatus status, const core::Settings& settings,
+    std::string json(const Calculation& calculation, RunStatus status, const classic::Settings& settings,
                      const std::vector<std::string>& messages) const
     {
         nlohmann::ordered_json root;
@@ -163,13 +163,13 @@ private:
                          : status == RunStatus::Rejected ? "rejected"
                                                          : "failed";
         if (m_options.provenance) {
-            root["rules"] = core::ruleName(settings.rules);
-            root["limits"] = core::limitsUse(settings);
+            root["rules"] = classic::ruleName(settings.rules);
+            root["limits"] = classic::limitsUse(settings);
         }
         auto& boxes = root["boxes"];
-        for (std::size_t i = 0; i < core::kReadingCount; ++i)
-            boxes[std::string(core::kReadingInfo[i].key)] =
-                calculation.readings.text(static_cast<core::Reading>(i));
+        for (std::size_t i = 0; i < classic::kReadingCount; ++i)
+            boxes[std::string(classic::kReadingInfo[i].key)] =
+                calculation.readings.text(static_cast<classic::Reading>(i));
         auto& live = root["live"];
         for (std::size_t i = 0; i < kLiveInfo.size(); ++i)
             live[std::string(kLiveInfo[i].symbol)] = calculation.liveLabel(static_cast<Live>(i)).caption();
@@ -179,7 +179,7 @@ private:
         else
             root["failure"] = nullptr;
         auto& results = root["results"] = nlohmann::ordered_json::array();
-        for (const core::CatalogueRow& row : core::catalogue()) {
+        for (const catalogue::CatalogueRow& row : catalogue::rows()) {
             nlohmann::ordered_json entry{{"number", row.number},
                                          {"name", row.name},
                                          {"value", valueOf(calculation, row.number)},

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/catalogue.h"
+#include "catalogue/references.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/reading_options.h"
 #include "cli/text_table.h"
-#include "core/catalogue.h"
-#include "core/references.h"
 #include "output/csv_cell.h"
 #include "texts/text.h"
 
@@ -15,15 +15,15 @@ namespace comfortics::cli {
 
 namespace {
 
-using core::CatalogueRow;
-using core::Gate;
+using catalogue::CatalogueRow;
+using catalogue::Gate;
 using texts::lowered;
 
 std::string inputs(const CatalogueRow& row)
 {
     std::string result;
-    for (const core::Input input : row.inputs)
-        result += (result.empty() ? "" : ", ") + std::string(core::inputName(input));
+    for (const catalogue::Input input : row.inputs)
+        result += (result.empty() ? "" : ", ") + std::string(catalogue::inputName(input));
     return result;
 }
 
@@ -31,20 +31,20 @@ std::string gate(const CatalogueRow& row)
 {
     if (row.gate == Gate::None)
         return "none";
-    return std::string(core::gatedName(row.gated)) + (row.gate == Gate::Text ? " (as text)" : "");
+    return std::string(catalogue::gatedName(row.gated)) + (row.gate == Gate::Text ? " (as text)" : "");
 }
 
-std::string temperatureLimits(const CatalogueRow& row, const core::IndexLimits& limits)
+std::string temperatureLimits(const CatalogueRow& row, const classic::IndexLimits& limits)
 {
     return row.gate == Gate::None ? std::string() : limits.Tair_min.text + " to " + limits.Tair_max.text;
 }
 
-std::string windLimits(const CatalogueRow& row, const core::IndexLimits& limits)
+std::string windLimits(const CatalogueRow& row, const classic::IndexLimits& limits)
 {
     if (row.gate == Gate::None || limits.WS_max.number <= 0)
         return {};
     return limits.WS_min.text + " to " + limits.WS_max.text +
-           (row.gateWind == core::GateWind::At10m ? " at 10 m" : "");
+           (row.gateWind == catalogue::GateWind::At10m ? " at 10 m" : "");
 }
 
 class ListCommand final : public Command {
@@ -66,9 +66,9 @@ public:
 
     int run() override
     {
-        const core::Limits limits = readLimits(m_limitsFile);
+        const classic::Limits limits = readLimits(m_limitsFile);
         std::vector<const CatalogueRow*> rows;
-        for (const CatalogueRow& row : core::catalogue())
+        for (const CatalogueRow& row : catalogue::rows())
             if (lowered(row.name).find(lowered(m_search)) != std::string::npos)
                 rows.push_back(&row);
         if (m_format == "json")
@@ -79,9 +79,9 @@ public:
     }
 
 private:
-    static std::vector<std::string> cells(const CatalogueRow& row, const core::Limits& limits)
+    static std::vector<std::string> cells(const CatalogueRow& row, const classic::Limits& limits)
     {
-        const core::IndexLimits& bounds = limits.of(row.number);
+        const classic::IndexLimits& bounds = limits.of(row.number);
         return {std::to_string(row.number),
                 std::string(row.name),
                 std::string(row.unit),
@@ -94,7 +94,7 @@ private:
 
     using Lines = std::vector<std::vector<std::string>>;
 
-    std::string indexTable(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits) const
+    std::string indexTable(const std::vector<const CatalogueRow*>& rows, const classic::Limits& limits) const
     {
         Lines lines{{"No", "Thermal Index", "Unit", "Inputs", "Gate", "Temperature limits [°C]",
                      "Wind limits [m/s]", "Source"}};
@@ -107,11 +107,11 @@ private:
     {
         Lines lines{{"No", "Id", "Thermal Index", "Family", "Reference", "Note", "How sure"}};
         for (const CatalogueRow* row : rows) {
-            const core::Reference& reference = core::reference(row->number);
+            const catalogue::Reference& reference = catalogue::reference(row->number);
             lines.push_back({std::to_string(row->number), std::string(reference.id), std::string(row->name),
-                             std::string(core::familyName(reference.family)), reference.citation(),
+                             std::string(catalogue::familyName(reference.family)), reference.citation(),
                              std::string(reference.where),
-                             std::string(core::confidenceName(reference.confidence))});
+                             std::string(catalogue::confidenceName(reference.confidence))});
         }
         return table(lines);
     }
@@ -156,16 +156,16 @@ private:
         return result;
     }
 
-    std::string json(const std::vector<const CatalogueRow*>& rows, const core::Limits& limits) const
+    std::string json(const std::vector<const CatalogueRow*>& rows, const classic::Limits& limits) const
     {
         auto root = nlohmann::ordered_json::array();
         for (const CatalogueRow* row : rows) {
-            const core::IndexLimits& bounds = limits.of(row->number);
+            const classic::IndexLimits& bounds = limits.of(row->number);
             nlohmann::ordered_json entry{
                 {"number", row->number}, {"name", row->name}, {"unit", row->unit}, {"gate", gate(*row)}};
             auto& names = entry["inputs"] = nlohmann::ordered_json::array();
-            for (const core::Input input : row->inputs)
-                names.push_back(core::inputName(input));
+            for (const catalogue::Input input : row->inputs)
+                names.push_back(catalogue::inputName(input));
             if (row->gate == Gate::None)
                 entry["limits"] = nullptr;
             else
@@ -175,15 +175,15 @@ private:
                                    {"ws_max", bounds.WS_max.number}};
             entry["source"] = row->source();
             if (m_references) {
-                const core::Reference& reference = core::reference(row->number);
+                const catalogue::Reference& reference = catalogue::reference(row->number);
                 entry["id"] = reference.id;
-                entry["family"] = core::familyName(reference.family);
+                entry["family"] = catalogue::familyName(reference.family);
                 entry["reference"] = {{"authors", reference.authors},
                                       {"year", reference.year},
                                       {"title", reference.title},
                                       {"published", reference.published},
                                       {"note", reference.where},
-                                      {"confidence", core::confidenceName(reference.confidence)}};
+                                      {"confidence", catalogue::confidenceName(reference.confidence)}};
             }
             root.push_back(std::move(entry));
         }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/reading_options.h"
 
+#include "catalogue/catalogue.h"
+#include "catalogue/references.h"
 #include "cli/commands.h"
-#include "core/catalogue.h"
-#include "core/references.h"
 #include "texts/text.h"
 
 #include <CLI/CLI.hpp>
@@ -29,21 +29,22 @@ std::optional<std::filesystem::path> programFolder()
 
 int parseIndex(std::string_view text, const std::string& list)
 {
-    if (const int known = core::indexOfId(text); known != 0)
+    if (const int known = catalogue::indexOfId(text); known != 0)
         return known;
     int index = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), index);
-    if (error != std::errc() || end != text.data() + text.size() || index < 1 || index > core::kLastIndex)
+    if (error != std::errc() || end != text.data() + text.size() || index < 1 ||
+        index > catalogue::kLastIndex)
         throw std::invalid_argument("\"" + list + "\" is no list of index numbers from 1 to " +
-                                    std::to_string(core::kLastIndex) + " or ids");
+                                    std::to_string(catalogue::kLastIndex) + " or ids");
     return index;
 }
 
 } // namespace
 
-core::Selection parseSelection(const std::string& list)
+classic::Selection parseSelection(const std::string& list)
 {
-    core::Selection selection = core::Selection::none();
+    classic::Selection selection = classic::Selection::none();
     std::string_view rest = list;
     for (;;) {
         const std::size_t comma = rest.find(',');
@@ -63,8 +64,8 @@ core::Selection parseSelection(const std::string& list)
 
 void CalculationOptions::addTo(CLI::App& command)
 {
-    for (std::size_t i = 0; i < core::kAssumptionCount; ++i) {
-        const core::AssumptionInfo& info = core::kAssumptionInfo[i];
+    for (std::size_t i = 0; i < classic::kAssumptionCount; ++i) {
+        const classic::AssumptionInfo& info = classic::kAssumptionInfo[i];
         command.add_option(std::string(info.option), m_assumptions[i], std::string(info.optionHelp))
             ->group("Assumptions")
             ->capture_default_str();
@@ -102,47 +103,47 @@ CLI::Option* addLimitsOption(CLI::App& command, std::string& file)
         ->check([](const std::string& name) { return name.empty() ? "the name of the file is empty" : ""; });
 }
 
-core::Limits readLimits(const std::string& file)
+classic::Limits readLimits(const std::string& file)
 {
-    using State = core::IniFile::State;
+    using State = classic::IniFile::State;
     const std::optional<std::filesystem::path> folder = programFolder();
     const std::string path = !file.empty() ? file : folder ? (*folder / "Limits.Index").string() : "";
-    core::Limits limits = path.empty() ? core::Limits() : core::Limits::Load_Limits(path);
+    classic::Limits limits = path.empty() ? classic::Limits() : classic::Limits::Load_Limits(path);
     if (limits.fileState() == State::Unreadable || (!file.empty() && limits.fileState() == State::Missing))
         throw FileFailure("The limits file " + path + " cannot be read: " + limits.fileProblem() + ".");
-    if (const std::string warning = core::limitsWarning(limits, file); !warning.empty())
+    if (const std::string warning = classic::limitsWarning(limits, file); !warning.empty())
         std::cerr << "comfortics-cli: " << warning << "\n";
     return limits;
 }
 
-core::Limits CalculationOptions::limits() const
+classic::Limits CalculationOptions::limits() const
 {
     return readLimits(m_limitsFile);
 }
 
-core::Settings CalculationOptions::settings() const
+classic::Settings CalculationOptions::settings() const
 {
-    core::Settings settings;
+    classic::Settings settings;
     if (!m_select.empty())
         settings.selection = parseSelection(m_select);
     settings.ignoreLimits = m_ignoreLimits;
-    settings.rules = m_rules == "robust" ? core::Rules::Robust : core::Rules::Classic;
+    settings.rules = m_rules == "robust" ? classic::Rules::Robust : classic::Rules::Classic;
     return settings;
 }
 
 void ReadingOptions::addTo(CLI::App& command)
 {
-    for (std::size_t i = 0; i < core::kReadingCount; ++i) {
-        const core::ReadingInfo& info = core::kReadingInfo[i];
+    for (std::size_t i = 0; i < classic::kReadingCount; ++i) {
+        const classic::ReadingInfo& info = classic::kReadingInfo[i];
         command.add_option("--" + texts::lowered(info.symbol()), m_texts[i], std::string(info.hint))
             ->type_name("TEXT")
             ->group("Readings");
     }
 }
 
-std::array<std::string_view, core::kReadingCount> ReadingOptions::texts() const
+std::array<std::string_view, classic::kReadingCount> ReadingOptions::texts() const
 {
-    std::array<std::string_view, core::kReadingCount> texts;
+    std::array<std::string_view, classic::kReadingCount> texts;
     for (std::size_t i = 0; i < texts.size(); ++i)
         texts[i] = m_texts[i];
     return texts;

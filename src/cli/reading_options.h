@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/calculation.h"
+#include "classic/calculation.h"
 
 #include <array>
 #include <string>
@@ -19,22 +19,22 @@ CLI::Option* addLimitsOption(CLI::App& command, std::string& file);
 /// The limits of a file named on the command line or, if the name is empty, of Limits.Index beside the
 /// program, which alone may be missing. Throws FileFailure where it cannot be read; warns on standard
 /// error of what it lacks.
-core::Limits readLimits(const std::string& file);
+classic::Limits readLimits(const std::string& file);
 
 /// The options that `calc` and `batch` share: assumptions, limits, selection.
 class CalculationOptions {
 public:
     void addTo(CLI::App& command);
 
-    core::Limits limits() const; ///< see readLimits
-    core::Settings settings() const;
-    const core::AssumptionTexts& assumptions() const noexcept { return m_assumptions; }
+    classic::Limits limits() const; ///< see readLimits
+    classic::Settings settings() const;
+    const classic::AssumptionTexts& assumptions() const noexcept { return m_assumptions; }
 
     bool reasons = false;    ///< say why a value is blank
     bool provenance = false; ///< say the rules and the use of limits
 
 private:
-    core::AssumptionTexts m_assumptions = core::AssumptionBoxes().texts();
+    classic::AssumptionTexts m_assumptions = classic::AssumptionBoxes().texts();
     bool m_ignoreLimits = false;
     std::string m_rules = "classic";
     std::string m_limitsFile;
@@ -42,16 +42,16 @@ private:
 };
 
 /// Reads a list such as "1,5,10-20". Throws std::invalid_argument on anything else.
-core::Selection parseSelection(const std::string& list);
+classic::Selection parseSelection(const std::string& list);
 
 /// The six readings' options.
 class ReadingOptions {
 public:
     void addTo(CLI::App& command);
-    std::array<std::string_view, core::kReadingCount> texts() const;
+    std::array<std::string_view, classic::kReadingCount> texts() const;
 
 private:
-    std::array<std::string, core::kReadingCount> m_texts;
+    std::array<std::string, classic::kReadingCount> m_texts;
 };
 
 } // namespace comfortics::cli

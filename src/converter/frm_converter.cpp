@@ -16,7 +16,7 @@ constexpr std::size_t kFirstRadiationBox = placeOfBox("txt_Win");
 
 } // namespace
 
-Frm_Converter::Frm_Converter(core::Frm_Main& main) : Form("Conversion of Units"), m_main(main)
+Frm_Converter::Frm_Converter(classic::Frm_Main& main) : Form("Conversion of Units"), m_main(main)
 {
     Menu_Temperature.click.handle([this] { showPanel(Panel::Temperature); });
     Menu_Velocity.click.handle([this] { showPanel(Panel::AirVelocity); });
@@ -41,7 +41,7 @@ void Frm_Converter::Form_Load()
 void Frm_Converter::Form_Unload()
 {
     for (TextBox* box : mainBoxes())
-        box->setBackColor(core::kOrdinaryColor);
+        box->setBackColor(classic::kOrdinaryColor);
 }
 
 controls::Frame& Frm_Converter::frame(Panel panel)
@@ -70,7 +70,7 @@ Label& Frm_Converter::result(Panel panel)
     return lbl_SR;
 }
 
-std::array<TextBox*, core::kReadingCount> Frm_Converter::mainBoxes()
+std::array<TextBox*, classic::kReadingCount> Frm_Converter::mainBoxes()
 {
     return {&m_main.txt_TA, &m_main.txt_TG, &m_main.txt_SR, &m_main.txt_DP, &m_main.txt_RH, &m_main.txt_WS};
 }
@@ -93,7 +93,7 @@ void Frm_Converter::showPanel(Panel panel)
         return box == &m_main.txt_SR;
     };
     for (TextBox* box : mainBoxes())
-        box->setBackColor(takes(box) ? core::kTransferColor : core::kOrdinaryColor);
+        box->setBackColor(takes(box) ? classic::kTransferColor : classic::kOrdinaryColor);
 }
 
 // Clearing the neighbours runs this handler for each that held text, and that clears this box

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "classic/frm_main.h"
 #include "controls/controls.h"
 #include "controls/form.h"
 #include "converter/conversions.h"
-#include "core/frm_main.h"
 
 #include <array>
 #include <cstddef>
@@ -20,7 +20,7 @@ namespace comfortics::converter {
 class Frm_Converter : public controls::Form {
 public:
     /// Opens docked to the right side of the main window, which must outlive the form.
-    explicit Frm_Converter(core::Frm_Main& main);
+    explicit Frm_Converter(classic::Frm_Main& main);
 
     /// Takes the transfer colour off the main window's boxes.
     void Form_Unload();
@@ -77,9 +77,9 @@ private:
     void Form_Load();
     void showPanel(Panel panel);
     void boxChange(std::size_t place);
-    std::array<controls::TextBox*, core::kReadingCount> mainBoxes();
+    std::array<controls::TextBox*, classic::kReadingCount> mainBoxes();
 
-    core::Frm_Main& m_main;
+    classic::Frm_Main& m_main;
 };
 
 } // namespace comfortics::converter

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The heat balance of a wetted wick and of a black globe in moving air, and the air properties that they
-// need (Liljegren, Carhart, Lawday, Tschopp and Sharp, 2008): one text for all who solve it.
+// need (Liljegren, Carhart, Lawday, Tschopp and Sharp, 2008): one text for all who solve it. At the end the
+// balance of the psychrometric search and the radiation that a globe tells.
 //
 // Real is
 //   Number  every step is checked and stands where it is written: the plain solvers;
@@ -26,6 +27,7 @@
 
 namespace comfortics::models {
 
+using formulas::absolute;
 using formulas::cosine;
 using formulas::power;
 using formulas::tangent;
@@ -319,5 +321,32 @@ private:
     Real m_rh;
     Real m_surroundings = 0;
 };
+
+/// Vapour pressure over water [kPa] at t [°C], with a constant of its own: 0.6106.
+template <class Real>
+Real psychrometricPressure(Real t)
+{
+    return formulas::exponential((17.27 * t) / (237.3 + t)) * 0.6106;
+}
+
+/// The heat balance of a wet thermometer of Tw [°C] at 101 kPa; ed and ew are the vapour pressures [kPa] at
+/// the dew point and at Tw. It falls as Tw rises.
+template <class Real>
+Real psychrometricBalance(Real Ta, Real Tw, Real ed, Real ew)
+{
+    return (((((1556 * ed) + (101 * Ta)) - (1556 * ew)) + ((1.484 * ew) * Tw)) - ((1.484 * ed) * Tw)) -
+           (101 * Tw);
+}
+
+/// Mean radiant temperature [°C] from a globe of 150 mm: the stronger of natural and forced
+/// convection counts (ISO 7726, 1998). The way to kelvin is 273, not 273.15.
+template <class Real>
+Real MRT_From_Globe(Real Ta, Real Tg, Real WS)
+{
+    const Real hn = 0.4 * power(Real(absolute(Tg - Ta)), 0.25);
+    const Real hf = 2.5 * power(WS, 0.6);
+    const Real h = hn > hf ? hn : hf;
+    return (100 * power(Real(power(Real((Tg + 273) / 100), 4) + (h * (Tg - Ta))), 0.25)) - 273;
+}
 
 } // namespace comfortics::models

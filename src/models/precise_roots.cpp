@@ -3,7 +3,6 @@
 
 #include "formulas/bracketed_root.h"
 #include "models/heat_balance.h"
-#include "models/psychrometric_search.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "models/psychrometric_search.h"
 
+#include "models/heat_balance.h"
 #include "values/run_failure.h"
 
 namespace comfortics::models {
@@ -13,7 +14,7 @@ constexpr double kStep = 0.2; // [K]
 
 } // namespace
 
-Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
+Number plain::Psychrometric_Wet_Bulb(Number Ta, bool stopsAboveAir, Number Td, Rules rules)
 {
     Number Tw = Td;
     Number diff = 10000;
@@ -22,11 +23,11 @@ Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
     for (int pass = 1;; ++pass) {
         const Number prev = diff;
         const Number ew = psychrometricPressure(Tw);
-        diff = psychrometricBalance(Ta.number(), Tw, ed, ew);
+        diff = psychrometricBalance(Ta, Tw, ed, ew);
         if (rules != Rules::Classic && pass == 1 && diff == 0)
             return Td;
         Tw = Tw + kStep;
-        if (isGreater(Variant(Tw), Ta))
+        if (stopsAboveAir && Tw > Ta)
             break;
         // The signs are compared, not |diff| + |prev| with |diff + prev|: a small residue would
         // vanish beside the first prev.
@@ -34,7 +35,7 @@ Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
             break;
         metZero = metZero || diff == 0;
         // From 0 on the balance only falls, and nothing but Tw > Ta can end the steps.
-        if (metZero && Ta.isText())
+        if (metZero && !stopsAboveAir)
             throw RunFailure(pass == 1
                                  ? "the psychrometric wet-bulb search has no end in saturated air"
                                  : "the psychrometric wet-bulb search has no end: it meets a balance of "
@@ -47,14 +48,14 @@ Number plain::Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
     return Td;
 }
 
-Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
+Number Psychrometric_Wet_Bulb(Number Ta, bool stopsAboveAir, Number Td, Rules rules)
 {
-    const double air = Ta.number().value();
+    const double air = Ta.value();
     const double dew = Td.value();
     // In this range the balance falls by more than 101 per degree of Tw, some 20 a step: where it
     // is above 0 at one step, it was above 0 at all before, and it is below 0 at Ta.
-    if (!Ta.isText() || !(dew > -100 && dew < air && air < 100))
-        return plain::Psychrometric_Wet_Bulb(Ta, Td, rules);
+    if (stopsAboveAir || !(dew > -100 && dew < air && air < 100))
+        return plain::Psychrometric_Wet_Bulb(Ta, stopsAboveAir, Td, rules);
     const double ed = psychrometricPressure(dew);
     const auto balanceAt = [&](double Tw) {
         return psychrometricBalance(air, Tw, ed, psychrometricPressure(Tw));
@@ -74,14 +75,14 @@ Number Psychrometric_Wet_Bulb(const Variant& Ta, Number Td, Rules rules)
     for (auto steps = static_cast<int>((root - dew) / kStep) - 1; steps > 0; --steps)
         Tw = Tw + kStep;
     if (!(balanceAt(Tw) > 0))
-        return plain::Psychrometric_Wet_Bulb(Ta, Td, rules);
+        return plain::Psychrometric_Wet_Bulb(Ta, stopsAboveAir, Td, rules);
     double diff = 0;
     do {
         diff = balanceAt(Tw);
         Tw = Tw + kStep;
     } while (diff > 0);
     if (diff == 0)
-        return plain::Psychrometric_Wet_Bulb(Ta, Td, rules);
+        return plain::Psychrometric_Wet_Bulb(Ta, stopsAboveAir, Td, rules);
     return Tw > Td + 0.3 ? Tw - 0.3 : dew;
 }
 

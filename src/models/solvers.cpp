@@ -211,12 +211,4 @@ Solution Natural_Wet_Bulb(Number Ta, Number Td, Number RH, Number WS, Number SR,
                            [&] { return wickRootInWind(Ta.value(), RH.value(), WS.value(), SR.value()); });
 }
 
-Number MRT_From_Globe(Number Ta, Number Tg, Number WS)
-{
-    const Number hn = 0.4 * power(absolute(Tg - Ta), 0.25);
-    const Number hf = 2.5 * power(WS, 0.6);
-    const Number h = hn > hf ? hn : hf;
-    return (100 * power(power((Tg + 273) / 100, 4) + (h * (Tg - Ta)), 0.25)) - 273;
-}
-
 } // namespace comfortics::models

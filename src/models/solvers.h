@@ -80,8 +80,4 @@ Solution Globe_Temperature_Model(Number Ta, Number RH, Number WS, Number SR, Rul
 Solution Natural_Wet_Bulb(Number Ta, Number Td, Number RH, Number WS, Number SR,
                           Rules rules = Rules::Classic);
 
-/// Mean radiant temperature [°C] from a globe of 150 mm: the stronger of natural and forced
-/// convection counts (ISO 7726, 1998). The way to kelvin is 273, not 273.15.
-Number MRT_From_Globe(Number Ta, Number Tg, Number WS);
-
 } // namespace comfortics::models

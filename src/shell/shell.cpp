@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/shell.h"
 
-#include "core/catalogue.h"
+#include "catalogue/catalogue.h"
 #include "shell/status_line.h"
 
 #include <chrono>
@@ -54,7 +54,7 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
           return std::make_unique<Frm_Raw_Data>(
               m_main, m_limits, Frm_Raw_Data::Desktop{m_messages, m_desktop.clipboard, m_desktop.files});
       }),
-      m_limits(core::Limits::Load_Limits((programFolder / "Limits.Index").string())), m_desktop(desktop),
+      m_limits(classic::Limits::Load_Limits((programFolder / "Limits.Index").string())), m_desktop(desktop),
       m_messages(desktop.messages), m_main(m_limits, m_messages, *this)
 {
     m_main.Menu_Radiation.setEnabled(desktop.maps != nullptr);
@@ -74,7 +74,7 @@ void Shell::handOver()
 
 std::string Shell::limitsWarning() const
 {
-    return core::limitsWarning(m_limits);
+    return classic::limitsWarning(m_limits);
 }
 
 // Figures of earlier inputs stay and are said to be so.
@@ -91,14 +91,14 @@ void Shell::tableIsOfStore()
 {
     m_tableInputs = m_main.calculation.resultInputs();
     m_tableRun = m_main.calculation.runs();
-    results.get()->lbl_In_Force.setCaption(m_tableInputs ? "By " + core::inForce(m_tableInputs->settings)
+    results.get()->lbl_In_Force.setCaption(m_tableInputs ? "By " + classic::inForce(m_tableInputs->settings)
                                                          : "");
     tellStanding();
 }
 
 void Shell::showResults()
 {
-    const core::Frm_Results& store = m_main.results;
+    const classic::Frm_Results& store = m_main.results;
     results.touch().showResults(store.controlCount() / 3 - 1, [this, &store](std::size_t index) {
         return output::ResultRow{.name = store.lbl_Index[index].caption(),
                                  .value = store.lbl_results[index].caption(),

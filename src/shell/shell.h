@@ -3,11 +3,11 @@
 
 #include "batch/frm_raw_data.h"
 #include "batch/message_gate.h"
+#include "classic/frm_main.h"
+#include "classic/limits.h"
 #include "controls/controls.h"
 #include "controls/dialogs.h"
 #include "converter/frm_converter.h"
-#include "core/frm_main.h"
-#include "core/limits.h"
 #include "output/frm_comfortics.h"
 #include "radiation/frm_radiation.h"
 #include "shell/form_slot.h"
@@ -36,7 +36,7 @@ struct Desktop {
 };
 
 /// The program: builds the forms, opens one for another, and unloads all of them at the end.
-class Shell final : private core::Windows {
+class Shell final : private classic::Windows {
 public:
     /// Reads Limits.Index from the program's folder; without the file there are no limits. The
     /// desktop must outlive the shell.
@@ -46,7 +46,7 @@ public:
     void start();
 
     /// The main window; hidden until the splash screen has gone.
-    core::Frm_Main& main() noexcept { return m_main; }
+    classic::Frm_Main& main() noexcept { return m_main; }
 
     FormSlot<Frm_Splash_Screen> splash;
     FormSlot<output::Frm_Comfortics> results;
@@ -74,12 +74,12 @@ private:
     void tellStanding();
     void tableIsOfStore();
 
-    core::Limits m_limits;
+    classic::Limits m_limits;
     Desktop m_desktop;
     batch::MessageGate m_messages; // what the main window says goes through it
-    core::Frm_Main m_main;
+    classic::Frm_Main m_main;
     // Of the calculation that the results table shows.
-    std::optional<core::Inputs> m_tableInputs;
+    std::optional<classic::Inputs> m_tableInputs;
     std::size_t m_tableRun = 0;
 };
 

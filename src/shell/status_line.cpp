@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/status_line.h"
 
-#include "core/catalogue.h"
-#include "core/outcome.h"
+#include "catalogue/catalogue.h"
+#include "classic/outcome.h"
 
 #include <array>
 #include <string_view>
@@ -10,22 +10,22 @@
 
 namespace comfortics::shell {
 
-using core::kLastIndex;
-using core::OutcomeKind;
+using catalogue::kLastIndex;
+using classic::OutcomeKind;
 
 namespace {
 
 constexpr const char* kHint = "Type the readings, then press Enter. F1 shows help.";
 
 // Empty where nothing was calculated.
-std::string outcome(const core::Calculation& calculation)
+std::string outcome(const classic::Calculation& calculation)
 {
     if (calculation.failure())
         return calculation.failure()->sentence();
     std::array<int, 7> counts{};
     int shownOutside = 0; // since limits are ignored
     for (int index = 1; index <= kLastIndex; ++index) {
-        const core::Outcome& one = calculation.outcome(index);
+        const classic::Outcome& one = calculation.outcome(index);
         ++counts.at(static_cast<std::size_t>(one.kind));
         if (one.kind == OutcomeKind::Value &&
             (one.limits == OutcomeKind::OutsideTemperature || one.limits == OutcomeKind::OutsideWind))
@@ -54,7 +54,7 @@ std::string outcome(const core::Calculation& calculation)
 
 } // namespace
 
-StatusLine statusLine(const core::Frm_Main& form)
+StatusLine statusLine(const classic::Frm_Main& form)
 {
     if (!form.told().empty())
         return {form.told()};

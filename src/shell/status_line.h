@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/frm_main.h"
+#include "classic/frm_main.h"
 
 #include <string>
 
@@ -15,6 +15,6 @@ struct StatusLine {
 /// One sentence for the user on what was done last: what the main window was told of, why nothing was
 /// calculated, the failure of the last calculation, or how many indices have a value and why others
 /// have none.
-StatusLine statusLine(const core::Frm_Main& form);
+StatusLine statusLine(const classic::Frm_Main& form);
 
 } // namespace comfortics::shell

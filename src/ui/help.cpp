@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/help.h"
 
-#include "core/catalogue.h"
+#include "catalogue/catalogue.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -42,7 +42,7 @@ void showHelp(QWidget& window)
                        "sources; the Debian package has it below /usr/share/doc/comfortics.</p><p>Licence: "
                        "GPL-3.0-or-later. World map: made with Natural Earth.</p>")
             .arg(QCoreApplication::applicationVersion())
-            .arg(core::kIndexCount)
+            .arg(catalogue::kIndexCount)
             .arg(rows),
         QMessageBox::Ok, &window);
     constexpr int kIcon = 64;

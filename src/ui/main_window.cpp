@@ -26,8 +26,8 @@
 
 namespace comfortics::ui {
 
-using core::Reading;
-using core::ReadingInfo;
+using classic::Reading;
+using classic::ReadingInfo;
 
 namespace {
 
@@ -59,7 +59,7 @@ void scaleFont(QWidget& widget, double scale)
 
 } // namespace
 
-MainWindow::MainWindow(core::Frm_Main& form, const QString& warning) : FormWindow(form), m_form(form)
+MainWindow::MainWindow(classic::Frm_Main& form, const QString& warning) : FormWindow(form), m_form(form)
 {
     setMenuBar(new MenuBar);
     buildMenus();
@@ -110,7 +110,7 @@ QWidget* MainWindow::buildContent()
 
 QWidget* MainWindow::readingField(Reading reading)
 {
-    const ReadingInfo& info = core::kReadingInfo[static_cast<std::size_t>(reading)];
+    const ReadingInfo& info = classic::kReadingInfo[static_cast<std::size_t>(reading)];
     controls::TextBox& box = m_form.calculation.readings.box(reading);
 
     auto* const field = new QWidget;
@@ -265,9 +265,9 @@ QWidget* MainWindow::buildIndices()
     return new Card(QStringLiteral("Indices"), layout);
 }
 
-void MainWindow::assumptionRow(QGridLayout& grid, core::Assumption assumption, controls::Label& heading)
+void MainWindow::assumptionRow(QGridLayout& grid, classic::Assumption assumption, controls::Label& heading)
 {
-    const core::AssumptionInfo& info = core::infoOf(assumption);
+    const classic::AssumptionInfo& info = classic::infoOf(assumption);
     controls::TextBox& box = *m_form.calculation.assumptions.all()[static_cast<std::size_t>(assumption)];
     const QString hint = toQt(info.hint);
     const int row = grid.rowCount();
@@ -314,7 +314,7 @@ QWidget* MainWindow::buildOptions()
 {
     auto* const content = new QGridLayout;
     content->setHorizontalSpacing(kSpacing);
-    using core::Assumption;
+    using classic::Assumption;
     assumptionRow(*content, Assumption::ArAdu, m_form.lbl_ArAdu);
     assumptionRow(*content, Assumption::Emmisivity, m_form.lbl_Emmisivity);
     assumptionRow(*content, Assumption::Barometric, m_form.lbl_Barometric);

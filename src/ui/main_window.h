@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/frm_main.h"
+#include "classic/frm_main.h"
 #include "ui/form_window.h"
 
 #include <QString>
@@ -24,7 +24,7 @@ class MainWindow : public FormWindow {
 
 public:
     /// The warning, if any, stays in the status bar.
-    explicit MainWindow(core::Frm_Main& form, const QString& warning = {});
+    explicit MainWindow(classic::Frm_Main& form, const QString& warning = {});
 
     /// Sizes and places the window for this screen, with room for the converter at its side.
     void placeOnScreen();
@@ -41,8 +41,8 @@ private:
     QWidget* buildOptions();
     void buildMenus();
     void buildStatus(const QString& warning);
-    QWidget* readingField(core::Reading reading);
-    void assumptionRow(QGridLayout& grid, core::Assumption assumption, controls::Label& heading);
+    QWidget* readingField(classic::Reading reading);
+    void assumptionRow(QGridLayout& grid, classic::Assumption assumption, controls::Label& heading);
     void choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group,
                     const QStringList& hints);
     void setTabOrders();
@@ -50,8 +50,8 @@ private:
     void focusOptions();
     void showStanding();
 
-    core::Frm_Main& m_form;
-    std::array<QLineEdit*, core::kReadingCount> m_readings{};
+    classic::Frm_Main& m_form;
+    std::array<QLineEdit*, classic::kReadingCount> m_readings{};
     std::vector<QWidget*> m_tabOrder; // behind the readings
     ContentArea* m_area = nullptr;
     QLineEdit* m_search = nullptr;

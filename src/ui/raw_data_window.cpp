@@ -168,7 +168,7 @@ QWidget* RawDataWindow::buildData()
         QStringLiteral("Paste rows from a spreadsheet, drop a CSV or TSV file here, or open one."));
     m_data->showRowNumbers();
     // Takes what rounding leaves of the width.
-    m_data->horizontalHeader()->setSectionResizeMode(core::kReadingCount - 1, QHeaderView::Stretch);
+    m_data->horizontalHeader()->setSectionResizeMode(classic::kReadingCount - 1, QHeaderView::Stretch);
     m_data->setItemDelegate(new RowMarks(
         m_form.Flex_Data, [this](std::size_t row) { return m_form.rowState(row); }, m_data));
     m_data->onResize([this](int width, int height) {

@@ -4,7 +4,7 @@
 // of all kinds.
 #pragma once
 
-#include "../core/test_desk.h"
+#include "../classic/test_desk.h"
 #include "no_windows.h"
 
 #include "batch/sheet_rows.h"
@@ -19,16 +19,16 @@ namespace comfortics::tests {
 
 using Cells = batch::BoxTexts;
 
-inline const core::Limits& projectLimits()
+inline const classic::Limits& projectLimits()
 {
-    static const core::Limits limits = core::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    static const classic::Limits limits = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
     return limits;
 }
 
 struct MainWindow {
     RecordedMessages messages;
     NoWindows windows;
-    core::Frm_Main main{projectLimits(), messages, windows};
+    classic::Frm_Main main{projectLimits(), messages, windows};
 
     /// Writes a row into the boxes and calculates it if it passes the row test.
     bool calculate(const Cells& cells)
@@ -49,16 +49,16 @@ struct MainWindow {
 };
 
 /// The captions of the store for the selected indices, in order.
-inline std::vector<std::string> selectedResults(const core::Frm_Main& main)
+inline std::vector<std::string> selectedResults(const classic::Frm_Main& main)
 {
     std::vector<std::string> texts;
-    for (std::size_t index = 1; index <= core::kIndexCount; ++index)
+    for (std::size_t index = 1; index <= catalogue::kIndexCount; ++index)
         if (main.List_Indices.selected(index - 1))
             texts.push_back(main.calculation.results.lbl_results[index].caption());
     return texts;
 }
 
-inline std::vector<std::string> liveCaptions(const core::Calculation& calculation)
+inline std::vector<std::string> liveCaptions(const classic::Calculation& calculation)
 {
     std::vector<std::string> texts;
     for (std::size_t i = 0; i < formulas::kLiveCount; ++i)

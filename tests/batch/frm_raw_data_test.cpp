@@ -51,7 +51,7 @@ Texts textsOf(const controls::Grid& grid, std::size_t firstRow = 1)
 }
 
 /// What a main window shows of its last calculation: boxes, live quantities, results.
-Texts shownBy(const core::Frm_Main& main)
+Texts shownBy(const classic::Frm_Main& main)
 {
     const Cells boxes = boxTexts(main.calculation.readings);
     return {
@@ -82,7 +82,7 @@ struct Sheet {
     User user;
     MessageGate gate{user};
     tests::NoWindows windows;
-    core::Frm_Main main{tests::projectLimits(), gate, windows};
+    classic::Frm_Main main{tests::projectLimits(), gate, windows};
     output::Frm_Comfortics table{user, user, user, user};
     Frm_Raw_Data form;
 
@@ -199,7 +199,7 @@ TEST(FrmRawData, RunsAsOneByOneAndLeavesTheMainWindowAsTheLastRowsLeaveIt)
         SCOPED_TRACE(name);
         PlainSheet plain;
         Sheet sheet(1 + threads++ % 4);
-        for (core::Frm_Main* main : {&plain.main, &sheet.main})
+        for (classic::Frm_Main* main : {&plain.main, &sheet.main})
             main->calculation.readings.write({"9", "25", "", "8.5", "", "2"});
         plain.run(rows);
         sheet.paste(rows);
@@ -339,7 +339,7 @@ TEST(FrmRawData, AChangeDuringTheRunCountsFromTheNextRow)
     // The dew point is rounded to the text that the row at the change finds again: it stays.
     rows[5] = {"30", "", "600", "20.04", "", "2"};
     rows[6] = {"9", "", "600", "20", "", "2"};
-    const auto change = [](core::Frm_Main& main, std::size_t row) {
+    const auto change = [](classic::Frm_Main& main, std::size_t row) {
         if (row == 7 || row == 300)
             main.List_Indices.setSelected(0, row == 300);
         if (row == 120)

@@ -27,7 +27,7 @@ BatchOptions options(unsigned threads = 2, const std::vector<int>& selected = {}
     result.assumptions = {"0.77", "0.97", "1016", "75", "180", "0.20"};
     result.threads = threads;
     if (!selected.empty())
-        result.settings.selection = core::Selection::none();
+        result.settings.selection = classic::Selection::none();
     for (const int index : selected)
         result.settings.selection.set(index, true);
     return result;
@@ -102,8 +102,8 @@ TEST(RunBatch, GivesWhatTheMainWindowGivesRowByRowOnAnyNumberOfThreads)
     }
 
     tests::MainWindow window;
-    core::Calculation& calculation = window.main.calculation;
-    calculation.advice = core::kTerminalAdvice;
+    classic::Calculation& calculation = window.main.calculation;
+    calculation.advice = classic::kTerminalAdvice;
     RowCounts counted;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         window.main.calculation.readings.clear();
@@ -151,7 +151,7 @@ TEST(RunBatch, TellsWhatFailedInARowByTheRobustRules)
 {
     BatchOptions wanted = options(2, {52, 134});
     wanted.reasons = true;
-    wanted.settings.rules = core::Rules::Robust;
+    wanted.settings.rules = classic::Rules::Robust;
     const Outcome outcome = run("Ta,SR,RH,WS\n30,600,0,2\n30,600,,2\n30,600,50,2\n", wanted);
     const auto table = outcome.cells();
     EXPECT_EQ(table[0][5], "Reasons");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "converter/frm_converter.h"
 
-#include "../core/test_desk.h"
+#include "../classic/test_desk.h"
 #include "no_windows.h"
 
 #include <gtest/gtest.h>
@@ -14,10 +14,10 @@ namespace {
 using controls::TextBox;
 
 struct FrmConverter : testing::Test {
-    core::Limits limits;
+    classic::Limits limits;
     tests::RecordedMessages messages;
     tests::NoWindows windows;
-    core::Frm_Main main{limits, messages, windows};
+    classic::Frm_Main main{limits, messages, windows};
     Frm_Converter form{main};
 
     // Names of the main window's boxes that wear the transfer colour; others must be ordinary.
@@ -30,10 +30,10 @@ struct FrmConverter : testing::Test {
                                         {"DP ", &main.txt_DP},
                                         {"RH ", &main.txt_RH},
                                         {"WS ", &main.txt_WS}}) {
-            if (box->backColor() == core::kTransferColor)
+            if (box->backColor() == classic::kTransferColor)
                 names += name;
             else
-                EXPECT_EQ(box->backColor(), core::kOrdinaryColor) << name;
+                EXPECT_EQ(box->backColor(), classic::kOrdinaryColor) << name;
         }
         return names;
     }

@@ -3,10 +3,7 @@
 // How the tests of the models show what a model or solver did.
 #pragma once
 
-#include "models/desk.h"
 #include "models/solvers.h"
-#include "texts/number_text.h"
-#include "texts/variant.h"
 #include "values/run_failure.h"
 
 #include <cmath>
@@ -20,7 +17,6 @@
 namespace comfortics::tests {
 
 using models::Solution;
-using texts::Variant;
 using values::Number;
 
 /// Sanitizers slow everything down; the random tests then try fewer inputs.

@@ -4,6 +4,7 @@
 #include "model_cases.h"
 #include "models/heat_balance.h"
 #include "models/psychrometric_search.h"
+#include "texts/number_text.h"
 
 #include <gtest/gtest.h>
 
@@ -78,7 +79,7 @@ TEST(PreciseRoots, AreWhereTheBalanceChangesItsSign)
             EXPECT_NEAR(texts::val(wetted), wick.value, kTolerance);
         }
         // The search stops a step behind the sign change, or stays at the dew point.
-        const double stepped = Psychrometric_Wet_Bulb(Ta, Td, Rules::Robust).value();
+        const double stepped = Psychrometric_Wet_Bulb(Ta, true, Td, Rules::Robust).value();
         EXPECT_LE(stepped, psychrometric.value + 0.11);
         EXPECT_GE(stepped, psychrometric.value - 0.31);
         // The sun that heats a globe is found again from it, also between whole numbers.

@@ -38,7 +38,7 @@ struct Program {
     Answers user;
     Desktop::Maps maps{user, user, user};
     Shell shell;
-    core::Frm_Main& main = shell.main();
+    classic::Frm_Main& main = shell.main();
 
     explicit Program(const std::filesystem::path& folder = COMFORTICS_DATA_DIR, bool withMaps = true)
         : shell(folder, {user, user, user, user, withMaps ? &maps : nullptr})
@@ -98,7 +98,7 @@ TEST(Shell, CalculatingFillsTheResultsWithValuesAndReasons)
 TEST(Shell, FiguresOfEarlierInputsAreSaidToBeSo)
 {
     Program program;
-    core::Frm_Main& main = program.main;
+    classic::Frm_Main& main = program.main;
     program.calculate("30", "50");
     output::Frm_Comfortics& results = *program.shell.results.get();
     const std::string rounded = main.txt_TA.text();
@@ -144,7 +144,7 @@ TEST(Shell, FiguresOfEarlierInputsAreSaidToBeSo)
 TEST(Shell, TheConverterOpensBesideTheMainWindowAndLeavesItsColours)
 {
     Program program;
-    core::Frm_Main& main = program.main;
+    classic::Frm_Main& main = program.main;
     main.Menu_Converter.click.raise();
     converter::Frm_Converter* const first = program.shell.converter.get();
     ASSERT_NE(first, nullptr);
@@ -164,7 +164,7 @@ TEST(Shell, TheConverterOpensBesideTheMainWindowAndLeavesItsColours)
     main.Menu_Converter.click.raise(); // shows the one that is open
     EXPECT_EQ(program.shell.converter.get(), first);
     program.shell.converter.unload();
-    EXPECT_EQ(main.txt_SR.backColor(), core::kOrdinaryColor);
+    EXPECT_EQ(main.txt_SR.backColor(), classic::kOrdinaryColor);
     main.Menu_Converter.click.raise();
     EXPECT_EQ(program.shell.converter.get()->txt_F.text(), ""); // a fresh one
 }

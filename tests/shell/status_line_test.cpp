@@ -12,12 +12,12 @@ namespace comfortics::shell {
 namespace {
 
 struct Window {
-    explicit Window(const char* text = "") : limits(core::Limits::fromText(text)) {}
+    explicit Window(const char* text = "") : limits(classic::Limits::fromText(text)) {}
 
-    core::Limits limits;
+    classic::Limits limits;
     tests::RecordedMessages messages;
     tests::NoWindows windows;
-    core::Frm_Main main{limits, messages, windows};
+    classic::Frm_Main main{limits, messages, windows};
 
     void write(const char* Ta, const char* RH, const char* WS)
     {
@@ -33,7 +33,7 @@ TEST(StatusLine, CountsTheIndicesByWhatBecameOfThem)
         const char* RH;
         std::vector<int> selected; // 134 is the relative humidity, 52 the dew point
         std::string says;
-        core::Rules rules = core::Rules::Classic;
+        classic::Rules rules = classic::Rules::Classic;
         bool ignoreLimits = false;
     };
     const Row rows[] = {
@@ -44,18 +44,18 @@ TEST(StatusLine, CountsTheIndicesByWhatBecameOfThem)
          "0",
          {52, 134},
          "1 index has a value, 1 failed, 220 not selected.",
-         core::Rules::Robust},
+         classic::Rules::Robust},
         {"limits are ignored",
          "50",
          {5, 24, 35, 134},
          "4 indices have a value (2 of them outside the limits, which are ignored), 218 not selected.",
-         core::Rules::Classic,
+         classic::Rules::Classic,
          true},
     };
     for (const Row& row : rows) {
         Window window("[INDICES]\nTair_max_35=50\nWS_max_35=1\n");
         window.write("30", row.RH, "2");
-        window.main.Opt_Rules.select(row.rules == core::Rules::Robust ? 1 : 0);
+        window.main.Opt_Rules.select(row.rules == classic::Rules::Robust ? 1 : 0);
         window.main.Opt_Limits.select(row.ignoreLimits ? 1 : 0);
         window.main.List_Indices.selectAll(false);
         for (const int index : row.selected)
@@ -68,7 +68,7 @@ TEST(StatusLine, CountsTheIndicesByWhatBecameOfThem)
 TEST(StatusLine, TellsOfTheLastAction)
 {
     Window window;
-    core::Frm_Main& main = window.main;
+    classic::Frm_Main& main = window.main;
     EXPECT_EQ(statusLine(main).text, "Type the readings, then press Enter. F1 shows help.");
     window.write("20", "50", "2");
     main.cmd_Calculate.setValue(true);

@@ -3,13 +3,13 @@
 // A main window's surroundings without any other window.
 #pragma once
 
-#include "core/frm_main.h"
+#include "classic/frm_main.h"
 
 #include <string>
 
 namespace comfortics::tests {
 
-struct NoWindows final : core::Windows {
+struct NoWindows final : classic::Windows {
     void showResults() override {}
     void showRawData() override {}
     void showRadiation() override {}

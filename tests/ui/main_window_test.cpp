@@ -47,7 +47,7 @@ struct Opened : tests::Program {
 TEST(MainWindow, EachBoxHasItsWidgetInBothDirections)
 {
     Opened opened;
-    core::Frm_Main& form = opened.form;
+    classic::Frm_Main& form = opened.form;
     const std::pair<controls::TextBox&, const char*> rows[] = {{form.txt_TA, "txt_TA"},
                                                                {form.txt_TG, "txt_TG"},
                                                                {form.txt_SR, "txt_SR"},
@@ -109,7 +109,7 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
     QTest::keyClicks(opened.window.focusWidget(), QStringLiteral("universal"));
     const auto& list = find<IndexList>(opened.window, "List_Indices");
     EXPECT_TRUE(list.currentIndex().data().toString().contains(QStringLiteral("Universal")));
-    EXPECT_EQ(opened.form.settings().selection, core::Selection::all()); // selects nothing
+    EXPECT_EQ(opened.form.settings().selection, classic::Selection::all()); // selects nothing
 }
 
 TEST(MainWindow, EachButtonCalculatesAndTheRightOnesOpenTheResults)

@@ -32,7 +32,7 @@ struct Program {
     PreparedFiles files;
     RecordedPrinting printing;
     shell::Shell shell{COMFORTICS_DATA_DIR, {messages, clipboard, files, printing}};
-    core::Frm_Main& form = shell.main();
+    classic::Frm_Main& form = shell.main();
 
     void write(const char* Ta, const char* SR, const char* RH, const char* WS)
     {
