@@ -20,4 +20,9 @@ struct AssumptionsOf {
 
 using Assumptions = AssumptionsOf<values::Number>;
 
+constexpr Assumptions checked(const AssumptionsOf<double>& site)
+{
+    return {site.Friction, site.Height, site.Weight, site.Barometric, site.Emissivity, site.ArAdu};
+}
+
 } // namespace comfortics::formulas

@@ -53,11 +53,8 @@ public:
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): written before it is read
     Runner(const FormulaCall& formula, std::span<const InputColumn> inputs,
            const AssumptionsOf<double>& assumptions, Rules rules, std::size_t count)
-        : m_formula(formula), m_inputs(inputs),
-          m_assumptions(assumptions), m_checkedAssumptions{assumptions.Friction,   assumptions.Height,
-                                                           assumptions.Weight,     assumptions.Barometric,
-                                                           assumptions.Emissivity, assumptions.ArAdu},
-          m_rules(rules)
+        : m_formula(formula), m_inputs(inputs), m_assumptions(assumptions),
+          m_checkedAssumptions(checked(assumptions)), m_rules(rules)
     {
         assert(inputs.size() == formula.arity);
         for (const double assumption : {assumptions.Friction, assumptions.Height, assumptions.Weight,

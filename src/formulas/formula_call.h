@@ -34,6 +34,7 @@ struct FormulaCall {
     Function function = nullptr;
     BlockFunction block = nullptr;
     std::size_t arity = 0;
+    bool readsAssumptions = false;
 };
 
 namespace detail {
@@ -82,7 +83,8 @@ consteval FormulaCall wrap(Result (*)(Parameters...))
                                                             std::index_sequence_for<Parameters...>());
                 },
             .block = &calculateBlock<plain>,
-            .arity = inputCount<Parameters...>};
+            .arity = inputCount<Parameters...>,
+            .readsAssumptions = (std::is_same_v<std::remove_cvref_t<Parameters>, Assumptions> || ...)};
 }
 
 } // namespace detail

@@ -325,40 +325,67 @@ COMFORTICS_CLONES void evaluateAll(const double* Ta, const double* Tmrt, const d
         results[i] = evaluate<double>(Ta[i], va[i], Tmrt[i] - Ta[i], exponentials[i] * kUtciVapourFactor);
 }
 
+/// How the fourth input of a block becomes the exponents of the vapour pressure.
+using Exponents = void (*)(const double* Ta, const double* humidity, double* __restrict exponents,
+                           std::size_t count);
+
+void exponentsOfHumidity(const double* Ta, const double* RH, double* __restrict exponents, std::size_t count)
+{
+    divideBy100(RH, exponents, count);
+    for (std::size_t i = 0; i < count; ++i)
+        exponents[i] = formulas::logarithm(exponents[i]);
+    logarithmsToExponents(Ta, exponents, count);
+}
+
+COMFORTICS_CLONES void exponentsOfDewPoint(const double* /*Ta*/, const double* Td,
+                                           double* __restrict exponents, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        exponents[i] = UTCI_Vapour_Exponent(Td[i]);
+}
+
+template <Exponents exponents>
 void calculateUtci(const formulas::Block& block)
 {
     constexpr std::size_t kPart = 64;
     const double* const Ta = block.inputs[0];
     const double* const Tmrt = block.inputs[1];
     const double* const va = block.inputs[2];
-    const double* const RH = block.inputs[3];
+    const double* const humidity = block.inputs[3];
     std::array<double, kPart> vapour; // NOLINT: read as far as it is written
     for (std::size_t first = 0; first < block.count; first += kPart) {
         const std::size_t count = std::min(kPart, block.count - first);
-        divideBy100(RH + first, vapour.data(), count);
-        for (std::size_t i = 0; i < count; ++i)
-            vapour[i] = formulas::logarithm(vapour[i]);
-        logarithmsToExponents(Ta + first, vapour.data(), count);
+        exponents(Ta + first, humidity + first, vapour.data(), count);
         for (std::size_t i = 0; i < count; ++i)
             vapour[i] = formulas::exponential(vapour[i]);
         evaluateAll(Ta + first, Tmrt + first, va + first, vapour.data(), block.results + first, count);
     }
 }
 
-std::optional<Number> calculateUtciChecked(const formulas::FormulaContext&,
-                                           const formulas::FormulaInputs& inputs)
+Number utciOf(const formulas::FormulaInputs& inputs, Number Td)
 {
     const Number Ta = inputs[0];
     const Number Tmrt = inputs[1];
     const Number va = inputs[2];
-    const Number RH = inputs[3];
-    return UTCI_Polynomial(Ta, va, Tmrt - Ta, UTCI_Vapour_Pressure(formulas::Dew_Point_Magnus(Ta, RH)));
+    return UTCI_Polynomial(Ta, va, Tmrt - Ta, UTCI_Vapour_Pressure(Td));
+}
+
+std::optional<Number> utciOfHumidity(const formulas::FormulaContext&, const formulas::FormulaInputs& inputs)
+{
+    return utciOf(inputs, formulas::Dew_Point_Magnus(inputs[0], inputs[3]));
+}
+
+std::optional<Number> utciOfDewPoint(const formulas::FormulaContext&, const formulas::FormulaInputs& inputs)
+{
+    return utciOf(inputs, inputs[3]);
 }
 
 } // namespace
 
 constexpr formulas::FormulaCall kUtciOfHumidity{
-    .function = &calculateUtciChecked, .block = &calculateUtci, .arity = 4};
+    .function = &utciOfHumidity, .block = &calculateUtci<exponentsOfHumidity>, .arity = 4};
+constexpr formulas::FormulaCall kUtciOfDewPoint{
+    .function = &utciOfDewPoint, .block = &calculateUtci<exponentsOfDewPoint>, .arity = 4};
 
 Number UTCI_Polynomial(Number Ta, Number va, Number D, Number Pa)
 {

@@ -58,5 +58,7 @@ Real UTCI_Vapour_Pressure(Real Td)
 /// Universal Thermal Climate Index [°C] from air temperature [°C], mean radiant temperature [°C], wind
 /// speed at 10 m [m/s] and relative humidity [%], as a formula for points and blocks.
 extern const formulas::FormulaCall kUtciOfHumidity;
+/// The same from the dew point [°C] in place of the humidity.
+extern const formulas::FormulaCall kUtciOfDewPoint;
 
 } // namespace comfortics::models

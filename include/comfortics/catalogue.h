@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#pragma GCC visibility push(default)
+namespace comfortics {
+
+/// What is read or derived before any index: the inputs of the indices, and the targets of calculate() beside
+/// them.
+enum class Quantity : std::uint8_t {
+    AirTemperature,                  ///< Ta [°C]
+    GlobeTemperature,                ///< Tg, of a black globe of 50 mm [°C]
+    SolarRadiation,                  ///< SR, global, on a horizontal plane [W/m²]
+    DewPoint,                        ///< Td [°C]
+    RelativeHumidity,                ///< RH, over water [%]
+    WindSpeed,                       ///< WS, as measured, taken to stand 1.1 m above ground [m/s]
+    MeanRadiantTemperature,          ///< Tmrt [°C]
+    NaturalWetBulbTemperature,       ///< Tnwb [°C]
+    PsychrometricWetBulbTemperature, ///< Tpwb [°C]
+    SaturationVapourPressure,        ///< Es, over water at the air temperature [hPa]
+    VapourPressure,                  ///< Ea [hPa]
+    WbgtOutdoor,                     ///< 0.7 Tnwb + 0.2 Tg + 0.1 Ta [°C]
+    WindSpeedAt10m,                  ///< the wind taken to 10 m by the power law [m/s]
+};
+
+inline constexpr std::size_t kQuantityCount = 13;
+
+/// How a quantity is called.
+struct QuantityInfo {
+    std::string_view id;     ///< in lower_snake_case, for instance "mean_radiant_temperature"
+    std::string_view symbol; ///< for instance "Tmrt"
+    std::string_view name;   ///< for instance "Mean radiant temperature"
+    std::string_view unit;   ///< for instance "°C"
+};
+
+const QuantityInfo& info(Quantity quantity) noexcept;
+
+/// The quantity of an id or a symbol, whatever its case.
+std::optional<Quantity> findQuantity(std::string_view idOrSymbol) noexcept;
+
+/// What kind of index it is.
+enum class Family : std::uint8_t {
+    ApparentTemperature,
+    HumidHeat,
+    CoolingPower,
+    Cold,
+    ComfortVote,
+    Physiology,
+    Radiation,
+    Psychrometry,
+};
+
+/// For instance "Cooling power".
+std::string_view familyName(Family family) noexcept;
+
+/// What the temperature limits of an index bound [°C].
+enum class Judged : std::uint8_t {
+    AirTemperature,
+    NaturalWetBulbTemperature,
+    MeanOfRadiantAndAir, ///< (Tmrt + Ta) / 2
+    RadiantLessAir,      ///< Tmrt - Ta [K]
+    WbgtOutdoor,
+};
+
+/// The range in which an index is taken to be valid; all ends are inside.
+struct Limits {
+    bool bounded = false; ///< whether there are any
+    Judged judged = Judged::AirTemperature;
+    double temperatureLow = 0;  ///< [°C]
+    double temperatureHigh = 0; ///< [°C]
+    bool windBounded = false;
+    bool windAt10m = false; ///< the wind limits bound the wind at 10 m, not the measured one
+    double windLow = 0;     ///< [m/s]
+    double windHigh = 0;    ///< [m/s]
+};
+
+/// How well the literature of an index is known.
+enum class Confidence : std::uint8_t {
+    Sure,     ///< title and place are those of the publication
+    Likely,   ///< from memory; a detail may be off
+    NameOnly, ///< author and year as in the name of the index, nothing more
+};
+
+/// Where an index was published.
+struct Reference {
+    std::string_view authors;
+    std::string_view year;
+    std::string_view title;     ///< empty where only the name is known
+    std::string_view published; ///< journal, publisher or page
+    std::string_view where;     ///< equation, table, or what differs from the publication
+    Confidence confidence = Confidence::NameOnly;
+
+    /// Authors, year, title and place in one line.
+    std::string citation() const;
+};
+
+/// One of the 222 indices.
+struct Index {
+    int number = 0;        ///< from 1, never changed
+    std::string_view id;   ///< in lower_snake_case, for instance "humidex_masterson"; never changed
+    std::string_view name; ///< as published and as all outputs have it, author and year included
+    std::string_view unit; ///< "[-]" where there is none
+    Family family = Family::ApparentTemperature;
+    std::span<const Quantity> inputs; ///< of its formula, in order
+    bool readsAssumptions = false;    ///< its formula reads site and body, see Assumptions
+    Limits limits;
+    Reference reference;
+};
+
+inline constexpr std::size_t kIndexCount = 222;
+
+/// All indices by number: index 1 comes first.
+std::span<const Index, kIndexCount> indices() noexcept;
+
+/// The index of a number. Throws std::out_of_range unless it is from 1 to 222.
+const Index& index(int number);
+
+/// The index of an id, null where there is none.
+const Index* findIndex(std::string_view id) noexcept;
+
+} // namespace comfortics
+#pragma GCC visibility pop

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <ranges>
+#include <type_traits>
+
+namespace comfortics {
+
+/// One input of many points: an array with any stride, or one value for all points.
+///
+/// A Column owns no memory: the array must outlive the call that reads it. NaN is a missing value.
+class Column {
+public:
+    /// An input that is not given.
+    constexpr Column() noexcept = default;
+
+    /// The same value at all points.
+    constexpr Column(double value) noexcept : m_value(value), m_given(true) {} // NOLINT: implicit
+
+    /// The value of point i is at `data[i * stride]`: stride 1 for values side by side, 0 for one value for
+    /// all points; negative strides are fine. Null gives what Column() gives.
+    constexpr Column(const double* data, std::ptrdiff_t stride = 1) noexcept // NOLINT: implicit
+        : m_data(data), m_stride(stride), m_given(data != nullptr)
+    {
+    }
+
+    /// Values side by side, at least as many as there are points, of a vector, an array or a span that
+    /// outlives the call.
+    template <std::ranges::contiguous_range Range>
+    requires std::ranges::borrowed_range<Range> &&
+        std::same_as < std::remove_cv_t<std::ranges::range_value_t<Range>>,
+    double > constexpr Column(Range&& values) noexcept // NOLINT: implicit
+        : m_data(std::ranges::data(values)),
+    m_stride(1), m_given(true)
+    {
+    }
+
+    constexpr bool given() const noexcept { return m_given; }
+    /// Whether all points have the same value.
+    constexpr bool isScalar() const noexcept { return m_data == nullptr || m_stride == 0; }
+    constexpr double operator[](std::size_t point) const noexcept
+    {
+        return m_data == nullptr ? m_value : m_data[static_cast<std::ptrdiff_t>(point) * m_stride];
+    }
+    /// Null for a value that was given as such.
+    constexpr const double* data() const noexcept { return m_data; }
+    constexpr std::ptrdiff_t stride() const noexcept { return m_stride; }
+
+private:
+    const double* m_data = nullptr;
+    std::ptrdiff_t m_stride = 0;
+    double m_value = 0;
+    bool m_given = false;
+};
+
+} // namespace comfortics

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// All of the library.
+#pragma once
+
+#include <comfortics/calculation.h>
+#include <comfortics/catalogue.h>
+#include <comfortics/column.h>
+#include <comfortics/evaluate.h>
+#include <comfortics/radiation.h>
+#include <comfortics/status.h>
+#include <comfortics/units.h>
+#include <comfortics/version.h>
