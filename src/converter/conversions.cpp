@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "converter/conversions.h"
 
+#include "texts/number_text.h"
 #include "texts/text.h"
 
 #include <algorithm>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The units that can be converted into those of the readings: °C, m/s, W/m².
+// The units of formulas/units.h as the converter shows them: their boxes, texts and formats.
 #pragma once
 
-#include "texts/number_text.h"
+#include "formulas/units.h"
+#include "values/format.h"
 #include "values/number.h"
 
 #include <array>
@@ -13,9 +14,10 @@
 
 namespace comfortics::converter {
 
-enum class Panel { Temperature, AirVelocity, SolarRadiation };
+/// A panel of the form for each measure.
+using Panel = formulas::Measure;
 
-inline constexpr std::size_t kPanelCount = 3;
+inline constexpr std::size_t kPanelCount = formulas::kMeasureCount;
 
 /// What a panel is called, and the unit that its results are in.
 struct PanelInfo {
@@ -24,9 +26,9 @@ struct PanelInfo {
 };
 
 inline constexpr std::array<PanelInfo, kPanelCount> kPanelInfo{{
-    {"Temperature", "°C"},
-    {"Air Velocity", "m/s"},
-    {"Solar Radiation", "W/m²"},
+    {"Temperature", formulas::unitOfReadings(Panel::Temperature)},
+    {"Air Velocity", formulas::unitOfReadings(Panel::AirVelocity)},
+    {"Solar Radiation", formulas::unitOfReadings(Panel::SolarRadiation)},
 }};
 
 constexpr const PanelInfo& panelInfo(Panel panel)
@@ -44,39 +46,53 @@ struct Conversion {
     values::Format format = values::kFormat0_0;
 };
 
-inline constexpr std::size_t kConversionCount = 20;
+inline constexpr std::size_t kConversionCount = formulas::kUnitCount;
 
 namespace detail {
-using values::kFormat0_0;
-using values::kFormat0_00;
-using values::Number;
-} // namespace detail
+
+struct Box {
+    std::string_view name;
+    std::string_view unit;
+    values::Format format;
+};
 
 // clang-format off
-/// The factors stand as published; none is derived from another.
-inline constexpr std::array<Conversion, kConversionCount> kConversions{{
-    {Panel::Temperature, "txt_F",  "F",  "Fahrenheit", [](detail::Number x) { return (x - 32) * (detail::Number(5) / 9); }, detail::kFormat0_0},
-    {Panel::Temperature, "txt_K",  "K",  "Kelvin",     [](detail::Number x) { return x - 273.15; }, detail::kFormat0_0},
-    {Panel::Temperature, "txt_Ra", "Ra", "Rankine",    [](detail::Number x) { return (x - 491.67) * (detail::Number(5) / 9); }, detail::kFormat0_0},
-    {Panel::Temperature, "txt_D",  "D",  "Delisle",    [](detail::Number x) { return 100 - x * (detail::Number(2) / 3); }, detail::kFormat0_0},
-    {Panel::Temperature, "txt_N",  "N",  "Newton",     [](detail::Number x) { return x * (detail::Number(100) / 33); }, detail::kFormat0_0},
-    {Panel::Temperature, "txt_Re", "Re", "Reaumur",    [](detail::Number x) { return x * (detail::Number(5) / 4); }, detail::kFormat0_0},
-    {Panel::Temperature, "txt_Ro", "Ro", "Romer",      [](detail::Number x) { return (x - 7.5) * (detail::Number(40) / 21); }, detail::kFormat0_0},
-    {Panel::AirVelocity, "txt_mm",    "m/min",  "meters per minute",   [](detail::Number x) { return x / 60; }, detail::kFormat0_00},
-    {Panel::AirVelocity, "txt_kmh",   "km/h",   "kilometers per hour", [](detail::Number x) { return x / 3.6; }, detail::kFormat0_00},
-    {Panel::AirVelocity, "txt_knots", "kn",     "knots",               [](detail::Number x) { return x / 1.9438; }, detail::kFormat0_00},
-    {Panel::AirVelocity, "txt_mph",   "mph",    "miles per hour",      [](detail::Number x) { return x / 2.2369; }, detail::kFormat0_00},
-    {Panel::AirVelocity, "txt_fts",   "ft/s",   "feet per second",     [](detail::Number x) { return x / 3.2808; }, detail::kFormat0_00},
-    {Panel::AirVelocity, "txt_ftm",   "ft/min", "feet per minute",     [](detail::Number x) { return x / 196.85; }, detail::kFormat0_00},
-    {Panel::SolarRadiation, "txt_Win",    "W/in2",     "W/in",     [](detail::Number x) { return x * 1550.0031000062; }, detail::kFormat0_0},
-    {Panel::SolarRadiation, "txt_CHUhft", "CHU/h/ft2", "CHU/h/ft", [](detail::Number x) { return x * 5.6782633953555; }, detail::kFormat0_0},
-    {Panel::SolarRadiation, "txt_kcalhm", "kcal/h/m2", "kcal/h/m", [](detail::Number x) { return x * 1.1629800200033; }, detail::kFormat0_0},
-    {Panel::SolarRadiation, "txt_Jsm",    "J/s/m2",    "J/s/m",    [](detail::Number x) { return x * 1; }, detail::kFormat0_0},
-    {Panel::SolarRadiation, "txt_kWm",    "kW/m2",     "kW/m",     [](detail::Number x) { return x * 1000; }, detail::kFormat0_0},
-    {Panel::SolarRadiation, "txt_Wcm",    "W/cm2",     "W/cm",     [](detail::Number x) { return x * 10000; }, detail::kFormat0_0},
-    {Panel::SolarRadiation, "txt_Btusft", "Btu/s/ft2", "Btu/s/ft", [](detail::Number x) { return x * 11356.538527057; }, detail::kFormat0_0},
+inline constexpr std::array<Box, kConversionCount> kBoxes{{
+    {"txt_F", "F", values::kFormat0_0},
+    {"txt_K", "K", values::kFormat0_0},
+    {"txt_Ra", "Ra", values::kFormat0_0},
+    {"txt_D", "D", values::kFormat0_0},
+    {"txt_N", "N", values::kFormat0_0},
+    {"txt_Re", "Re", values::kFormat0_0},
+    {"txt_Ro", "Ro", values::kFormat0_0},
+    {"txt_mm", "m/min", values::kFormat0_00},
+    {"txt_kmh", "km/h", values::kFormat0_00},
+    {"txt_knots", "kn", values::kFormat0_00},
+    {"txt_mph", "mph", values::kFormat0_00},
+    {"txt_fts", "ft/s", values::kFormat0_00},
+    {"txt_ftm", "ft/min", values::kFormat0_00},
+    {"txt_Win", "W/in2", values::kFormat0_0},
+    {"txt_CHUhft", "CHU/h/ft2", values::kFormat0_0},
+    {"txt_kcalhm", "kcal/h/m2", values::kFormat0_0},
+    {"txt_Jsm", "J/s/m2", values::kFormat0_0},
+    {"txt_kWm", "kW/m2", values::kFormat0_0},
+    {"txt_Wcm", "W/cm2", values::kFormat0_0},
+    {"txt_Btusft", "Btu/s/ft2", values::kFormat0_0},
 }};
 // clang-format on
+
+} // namespace detail
+
+/// The conversions, in the order of the form's boxes.
+inline constexpr std::array<Conversion, kConversionCount> kConversions = [] {
+    std::array<Conversion, kConversionCount> all{};
+    for (std::size_t place = 0; place < kConversionCount; ++place) {
+        const detail::Box& box = detail::kBoxes[place];
+        const formulas::Unit& unit = *formulas::findUnit(box.unit); // one that is missing does not compile
+        all[place] = {unit.measure, box.name, unit.name, unit.unit, unit.checked, box.format};
+    }
+    return all;
+}();
 
 /// The place of a box in kConversions; kConversionCount if there is no such box.
 constexpr std::size_t placeOfBox(std::string_view box)

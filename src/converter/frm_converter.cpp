@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "converter/frm_converter.h"
 
+#include "texts/number_text.h"
 #include "values/run_failure.h"
 
 #include <string>

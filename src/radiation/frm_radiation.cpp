@@ -64,7 +64,7 @@ std::string stopText(const Site& site, const RunFailure& failure)
 {
     std::string reason = failure.why();
     try {
-        const values::Number cosine = sunsetCosine(site);
+        const values::Number cosine = models::sunsetCosine(site);
         if (absolute(cosine) > 1)
             reason = std::string(cosine < 0 ? "the sun does not set" : "the sun does not rise") +
                      " at latitude " + values::plainText(site.lat.value()) + " on day " +
@@ -269,8 +269,8 @@ void Frm_Radiation::cmd_Calculate_Click()
 // Nothing is written before all that can fail has been computed.
 void Frm_Radiation::calculate(const Site& site)
 {
-    const DayLimits day = dayLimits(site);
-    const double rows = rowCount(day);
+    const DayLimits day = models::dayLimits(site);
+    const double rows = models::rowCount(day);
     if (rows < 1)
         throw RunFailure("the day is too short for a table, which would have " + values::plainText(rows) +
                          " rows");
