@@ -124,6 +124,10 @@ RunStatus Calculation::runSequence(const Settings& settings)
     if (m_rules != Rules::Classic)
         readings.dropUnfinished();
 
+    if (m_rules == Rules::Precise) {
+        calculatePrecisely(settings);
+        return RunStatus::Ok;
+    }
     try {
         calculate(settings);
     } catch (const RunFailure& failure) {
@@ -221,6 +225,71 @@ void Calculation::calculate(const Settings& settings)
     for (int index = 1; index <= kLastIndex; ++index)
         if (!settings.selection.contains(index))
             writeResult(index, {});
+}
+
+// No box is rounded, and nothing is read back from what is written here.
+void Calculation::calculatePrecisely(const Settings& settings)
+{
+    std::vector<int> indices;
+    for (int index = 1; index <= kLastIndex; ++index)
+        if (settings.selection.contains(index))
+            indices.push_back(index);
+        else
+            m_driver.outcome(index).kind = OutcomeKind::NotSelected;
+    PreciseRows row(m_limits, settings, indices, true);
+    row.setAssumptions(assumptions.read());
+    row.add(readings);
+    row.calculate();
+
+    for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
+        const auto quantity = static_cast<Live>(i);
+        const PreciseRows::Figure figure = row.live(quantity, 0);
+        writeCaption(quantity, figure.status == Status::Value
+                                   ? texts::format(figure.value, values::kFormat0_00000)
+                                   : std::string());
+    }
+    for (std::size_t place = 0; place < indices.size(); ++place) {
+        const int index = indices[place];
+        const Outcome& outcome = m_driver.outcome(index) =
+            preciseOutcome(row, place, index, settings.ignoreLimits);
+        writeResult(index, outcome.kind == OutcomeKind::Value
+                               ? texts::format(outcome.value, catalogue::row(index).format)
+                               : std::string());
+    }
+}
+
+Outcome Calculation::preciseOutcome(PreciseRows& row, std::size_t place, int index, bool ignoreLimits)
+{
+    const auto kindOf = [](Status status) {
+        switch (status) {
+        case Status::Value:
+            return OutcomeKind::Value;
+        case Status::OutsideTemperature:
+            return OutcomeKind::OutsideTemperature;
+        case Status::OutsideWind:
+            return OutcomeKind::OutsideWind;
+        case Status::NoValue:
+            return OutcomeKind::NoValue;
+        default:
+            return OutcomeKind::RunFailed;
+        }
+    };
+    const PreciseRows::Figure figure = row.figure(place, 0);
+    Outcome outcome{.kind = kindOf(figure.status), .value = figure.value};
+    if (outcome.kind == OutcomeKind::RunFailed)
+        outcome.failure = row.whyNot(index, 0);
+    if (ignoreLimits && outcome.kind == OutcomeKind::Value) {
+        outcome.limits = kindOf(row.limitStatus(index, 0));
+        if (outcome.limits == OutcomeKind::RunFailed)
+            outcome.failure = "What its limits bound is not available.";
+    }
+    if (outcome.kind == OutcomeKind::OutsideTemperature || outcome.kind == OutcomeKind::OutsideWind ||
+        outcome.limits == OutcomeKind::OutsideTemperature || outcome.limits == OutcomeKind::OutsideWind) {
+        const auto judged = row.judged(index, 0);
+        outcome.gatedValue = judged.temperature;
+        outcome.wind = judged.wind;
+    }
+    return outcome;
 }
 
 void Calculation::deriveHumidity(Variant& Ta, Variant& Td, Variant& RH)

@@ -7,6 +7,7 @@
 #include "classic/frm_results.h"
 #include "classic/limits.h"
 #include "classic/outcome.h"
+#include "classic/precise_rows.h"
 #include "classic/reading_boxes.h"
 #include "classic/settings.h"
 #include "classic/wbgt_utci.h"
@@ -116,7 +117,8 @@ struct Failure {
     std::string sentence() const;
 };
 
-/// One calculation, from the texts of its boxes to the texts of its store.
+/// One calculation, from the texts of its boxes to the texts of its store: by the classic and robust rules
+/// along the sequence, by the precise rules through the engine.
 ///
 /// It opens no window and shares nothing: any number live side by side, one to a thread. The
 /// forms, the batch sheet and the terminal tool all calculate here.
@@ -172,6 +174,8 @@ private:
 
     RunStatus runSequence(const Settings& settings);
     void calculate(const Settings& settings);
+    void calculatePrecisely(const Settings& settings);
+    Outcome preciseOutcome(PreciseRows& row, std::size_t place, int index, bool ignoreLimits);
     template <typename Step, typename Loss>
     void attempt(const char* where, Step step, Loss lose);
     void loseImpossibleReadings();

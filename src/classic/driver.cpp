@@ -121,6 +121,7 @@ void Driver::runBlock(DriverRun& run, const CatalogueRow& row)
     }
     const Variant value = valueOf(run, row);
     result.kind = value.isEmpty() ? OutcomeKind::NoValue : OutcomeKind::Value;
+    result.value = value.isEmpty() ? 0 : value.number().value();
     m_desk.writeResult(row.number, texts::format(value, row.format));
 }
 
@@ -155,6 +156,7 @@ bool Driver::passes(const DriverRun& run, const CatalogueRow& row, Outcome& resu
         // Deliberate: 9.3 counts as above 10 here.
         const std::string text = values::plainText(X.value());
         temperaturePasses = limits.Tair_min.text <= text && limits.Tair_max.text >= text;
+        result.asTexts = true;
     } else {
         temperaturePasses = limits.Tair_min.number <= X && limits.Tair_max.number >= X;
     }

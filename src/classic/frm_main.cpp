@@ -103,7 +103,7 @@ Settings Frm_Main::settings() const
     for (std::size_t row = 0; row < List_Indices.count(); ++row)
         result.selection.set(static_cast<int>(row) + 1, List_Indices.selected(row));
     result.ignoreLimits = Opt_Limits.selected() == 1;
-    result.rules = Opt_Rules.selected() == 1 ? Rules::Robust : Rules::Classic;
+    result.rules = kAllRules.at(Opt_Rules.selected());
     return result;
 }
 

@@ -79,7 +79,7 @@ public:
     controls::Label lbl_Limits{"Calculate Comfortics without taking into account their limits:"};
     controls::OptionGroup Opt_Limits{{"No", "Yes"}};
     controls::Label lbl_Rules{"Calculation rules:"};
-    controls::OptionGroup Opt_Rules{{"Classic", "Robust"}};
+    controls::OptionGroup Opt_Rules{{"Classic", "Robust", "Precise"}};
 
     controls::ListBox List_Indices;
     controls::TextBox txt_Search_List;

@@ -39,7 +39,7 @@ std::string whyBlank(int index, const Outcome& outcome, const Limits& limits, co
         return "Outside its limits: " + std::string(catalogue::gatedName(row.gated)) + " is " +
                plainText(outcome.gatedValue) + " °C, valid from " +
                interval(bounds.Tair_min, bounds.Tair_max, "°C") +
-               (row.gate == Gate::Text ? ", compared as texts." : ".");
+               (outcome.asTexts ? ", compared as texts." : ".");
     case OutcomeKind::OutsideWind:
         return std::string("Outside its limits: the wind ") +
                (row.gateWind == GateWind::At10m ? "at 10 m is " : "is ") + plainText(outcome.wind) +

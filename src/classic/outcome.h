@@ -21,10 +21,12 @@ enum class OutcomeKind : std::uint8_t {
 /// What became of one index, with the numbers that decided it.
 struct Outcome {
     OutcomeKind kind = OutcomeKind::NotCalculated;
+    double value = 0;                        ///< the number beside the text, as it was calculated
     double gatedValue = 0;                   ///< the value that met the temperature limits [°C]
     double wind = 0;                         ///< the wind that met the wind limits [m/s]
     OutcomeKind limits = OutcomeKind::Value; ///< where they are ignored: what they would have made of it
-    std::string failure{}; ///< by the robust rules: the sentence of what this index failed on
+    bool asTexts = false;                    ///< the gated value was compared character by character
+    std::string failure{}; ///< but by the classic rules: the sentence of what this index failed on
 };
 
 /// One sentence for the user: why index 1 to kLastIndex is blank. Empty where a value stands.

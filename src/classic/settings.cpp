@@ -16,6 +16,14 @@ std::string_view ruleName(Rules rules)
     return "precise";
 }
 
+std::optional<Rules> rulesOfName(std::string_view name)
+{
+    for (const Rules rules : kAllRules)
+        if (name == ruleName(rules))
+            return rules;
+    return std::nullopt;
+}
+
 std::string_view limitsUse(const Settings& settings)
 {
     return settings.ignoreLimits ? "ignored" : "kept";

@@ -4,6 +4,8 @@
 #include "classic/selection.h"
 #include "formulas/rules.h"
 
+#include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +21,12 @@ struct Settings {
 
     friend bool operator==(const Settings&, const Settings&) = default;
 };
+
+/// The sets of rules in the order of the options.
+inline constexpr std::array kAllRules{Rules::Classic, Rules::Robust, Rules::Precise};
+
+/// The rules of a name, none for any other text.
+std::optional<Rules> rulesOfName(std::string_view name);
 
 /// The rules and the use of limits in words, alone ("classic", "kept") and together ("classic rules,
 /// limits kept").

@@ -75,8 +75,9 @@ void CalculationOptions::addTo(CLI::App& command)
     command
         .add_option(
             "--rules", m_rules,
-            "Calculation rules: classic (a failure ends the run) or robust (it costs what depends on it)")
-        ->check(CLI::IsMember({"classic", "robust"}))
+            "Calculation rules: classic (a failure ends the run), robust (it costs what depends on it) or "
+            "precise (robust, with nothing rounded on the way)")
+        ->check(CLI::IsMember({"classic", "robust", "precise"}))
         ->capture_default_str()
         ->group("Calculation");
     addLimitsOption(command, m_limitsFile)->group("Calculation");
@@ -127,7 +128,7 @@ classic::Settings CalculationOptions::settings() const
     if (!m_select.empty())
         settings.selection = parseSelection(m_select);
     settings.ignoreLimits = m_ignoreLimits;
-    settings.rules = m_rules == "robust" ? classic::Rules::Robust : classic::Rules::Classic;
+    settings.rules = classic::rulesOfName(m_rules).value();
     return settings;
 }
 

@@ -159,28 +159,37 @@ Figures BlockCalculator::figures(const Target& target)
     const int number = target.indexNumber();
     const Recipe& made = recipe(number);
     Status* const statuses = m_statuses.data();
-    const std::size_t count = m_weather->count();
     bool all = m_weather->combine(made.inputs(), statuses);
-    const auto also = [&](const Figures& figures) {
-        for (std::size_t i = 0; i < count && !figures.allValues; ++i)
-            statuses[i] = statuses[i] == Status::Value ? figures.statuses[i] : statuses[i];
-        all = all && figures.allValues;
-    };
     if (needsAir(target))
-        also(m_weather->air());
-    if (m_limits) {
-        const Limits& limits = m_limitsOf(number);
-        const std::span<const Quantity> judged = judgedQuantities(limits);
-        std::array<const double*, 3> columns{};
-        for (std::size_t i = 0; i < judged.size(); ++i) {
-            const Figures& figures = m_weather->of(judged[i]);
-            also(figures);
-            columns[i] = figures.values;
-        }
-        all = judge(limits, {columns.data(), judged.size()}, count, statuses) && all;
-    }
-    m_weather->runner().run(*made.call, m_weather->inputs(made), count, all, m_values.data(), statuses);
+        all = m_weather->alsoOf(m_weather->air(), statuses) && all;
+    if (m_limits)
+        all = judgeAll(number, statuses) && all;
+    m_weather->runner().run(*made.call, m_weather->inputs(made), m_weather->count(), all, m_values.data(),
+                            statuses);
     return {m_values.data(), statuses, false};
+}
+
+/// Leaves out the points where the limits exclude the index, or cannot be judged. Returns whether there are
+/// none.
+bool BlockCalculator::judgeAll(int number, Status* statuses)
+{
+    const Limits& limits = m_limitsOf(number);
+    const std::span<const Quantity> judged = judgedQuantities(limits);
+    std::array<const double*, 3> columns{};
+    bool all = true;
+    for (std::size_t i = 0; i < judged.size(); ++i) {
+        const Figures& figures = m_weather->of(judged[i]);
+        all = m_weather->alsoOf(figures, statuses) && all;
+        columns[i] = figures.values;
+    }
+    return judge(limits, {columns.data(), judged.size()}, m_weather->count(), statuses) && all;
+}
+
+Status BlockCalculator::limitStatus(int number)
+{
+    m_statuses[0] = Status::Value;
+    judgeAll(number, m_statuses.data());
+    return m_statuses[0];
 }
 
 namespace {

@@ -36,9 +36,15 @@ public:
 
     Figures figures(const Target& target);
 
+    /// What its limits make of an index at the first point of the block, whether or not they are kept: Value
+    /// inside of them.
+    Status limitStatus(int number);
+
     Weather& weather() noexcept { return *m_weather; }
 
 private:
+    bool judgeAll(int number, Status* statuses);
+
     std::unique_ptr<Weather> m_weather;
     bool m_limits;
     LimitsOf m_limitsOf;

@@ -136,17 +136,21 @@ const Figures& Weather::air()
     return m_air.figures;
 }
 
+bool Weather::alsoOf(const Figures& source, Status* statuses) const
+{
+    if (source.allValues)
+        return true;
+    for (std::size_t i = 0; i < m_count; ++i)
+        statuses[i] = statuses[i] == Status::Value ? source.statuses[i] : statuses[i];
+    return false;
+}
+
 bool Weather::combine(std::initializer_list<const Figures*> sources, Status* statuses) const
 {
     std::fill_n(statuses, m_count, Status::Value);
     bool all = true;
-    for (const Figures* source : sources) {
-        if (source->allValues)
-            continue;
-        for (std::size_t i = 0; i < m_count; ++i)
-            statuses[i] = statuses[i] == Status::Value ? source->statuses[i] : statuses[i];
-        all = false;
-    }
+    for (const Figures* source : sources)
+        all = alsoOf(*source, statuses) && all;
     return all;
 }
 
@@ -154,14 +158,9 @@ bool Weather::combine(std::span<const std::optional<Quantity>> sources, Status* 
 {
     std::fill_n(statuses, m_count, Status::Value);
     bool all = true;
-    for (const auto& quantity : sources) {
-        if (!quantity || of(*quantity).allValues)
-            continue;
-        const Status* own = of(*quantity).statuses;
-        for (std::size_t i = 0; i < m_count; ++i)
-            statuses[i] = statuses[i] == Status::Value ? own[i] : statuses[i];
-        all = false;
-    }
+    for (const auto& quantity : sources)
+        if (quantity)
+            all = alsoOf(of(*quantity), statuses) && all;
     return all;
 }
 

@@ -45,6 +45,9 @@ public:
     bool combine(std::initializer_list<const Figures*> sources, Status* statuses) const;
     bool combine(std::span<const std::optional<Quantity>> sources, Status* statuses);
 
+    /// Leaves out the points where one source more has no value. Returns whether it has all.
+    bool alsoOf(const Figures& source, Status* statuses) const;
+
     /// The values of a formula's inputs.
     InputPointers inputs(const Recipe& recipe);
 

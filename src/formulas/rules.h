@@ -14,9 +14,9 @@ namespace comfortics::formulas {
 /// a quantity without a value, which never counts as 0, and temperatures below absolute zero, which
 /// are none. Where both give a value it is the same text.
 ///
-/// Precise is Robust without any step or rounding on the way to a figure: what the other two look for by
-/// steps or until a tolerance is met is the root of the same balance. So far it reaches the formulas
-/// (mean vote, index 215) and models/precise_roots.h; no calculation runs by it.
+/// Precise is Robust without any rounding on the way: what the other two look for by steps or until a
+/// tolerance is met is the root of the same balance, one globe serves all indices, and no number goes through
+/// a text. The engine knows no other.
 enum class Rules : std::uint8_t {
     Classic, ///< a failure anywhere ends the run
     Robust,  ///< a failure costs what depends on it

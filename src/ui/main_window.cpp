@@ -329,7 +329,9 @@ QWidget* MainWindow::buildOptions()
                {QStringLiteral("A step without a result ends the calculation; dew point and air temperature "
                                "are compared as texts"),
                 QStringLiteral("A step without a result leaves blank only what depends on it; dew point and "
-                               "air temperature are compared as numbers")});
+                               "air temperature are compared as numbers"),
+                QStringLiteral("As robust, and no reading is rounded: globe, wet bulbs and votes are exact "
+                               "roots of their heat balances, with one globe for all indices")});
 
     auto* const close = new QPushButton(QStringLiteral("Close"));
     close->setToolTip(QStringLiteral("Hides the options; what is set here stays in force (Escape)"));
