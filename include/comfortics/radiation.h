@@ -23,7 +23,7 @@ struct PlaceAndTime {
     Column dayOfYear{};      ///< from 1 to 366
     Column minuteOfDay{};    ///< of the place's clock, from midnight [min]; fractions are fine
     Column utcOffset = 0.0;  ///< of the place's clock [h]
-    Column cloudiness = 0.0; ///< [okta], 0 to 8
+    Column cloudiness = 0.0; ///< [okta], whole numbers from 0 to 8
 };
 
 /// Estimates the radiation at `count` points: declination by Cooper (1969), geometry by Duffie and Beckman

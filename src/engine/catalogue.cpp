@@ -5,6 +5,7 @@
 #include "catalogue/references.h"
 #include "catalogue/validity.h"
 #include "engine/recipe.h"
+#include "engine/same_letters.h"
 
 #include <algorithm>
 #include <array>
@@ -112,13 +113,6 @@ private:
     std::array<Index, kIndexCount> m_all{};
 };
 
-bool sameLetters(std::string_view one, std::string_view other)
-{
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [&](char a, char b) { return lower(a) == lower(b); });
-}
-
 } // namespace
 
 const QuantityInfo& info(Quantity quantity) noexcept
@@ -129,7 +123,8 @@ const QuantityInfo& info(Quantity quantity) noexcept
 std::optional<Quantity> findQuantity(std::string_view idOrSymbol) noexcept
 {
     for (std::size_t i = 0; i < kQuantityCount; ++i)
-        if (sameLetters(kQuantities[i].id, idOrSymbol) || sameLetters(kQuantities[i].symbol, idOrSymbol))
+        if (engine::sameLetters(kQuantities[i].id, idOrSymbol) ||
+            engine::sameLetters(kQuantities[i].symbol, idOrSymbol))
             return static_cast<Quantity>(i);
     return std::nullopt;
 }

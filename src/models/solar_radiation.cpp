@@ -97,6 +97,17 @@ Number declination(Number n)
     return 23.45 * sine((360 * (n - 81) / 365) * pi / 180);
 }
 
+// Solar time less clock time [min].
+Number correction(const Site& site)
+{
+    const Number b = 360 * (site.n - 81) / 364;
+    const Number eot = 9.87 * sine(2 * b * pi / 180) - 7.53 * cosine(b * pi / 180) - 1.5 * sine(b * pi / 180);
+    const Number mer = 15 * site.gmt;
+    if (site.lon >= 0)
+        return -4 * (mer - site.lon) + eot;
+    return 4 * (mer - site.lon) + eot;
+}
+
 } // namespace
 
 Number ACOSD(Number x)
@@ -119,17 +130,27 @@ Number sunsetCosine(const Site& site)
     return -tangent(site.lat * pi / 180) * tangent(decl * pi / 180);
 }
 
+std::optional<SolarMinute> sunAt(const Site& site, Number m)
+{
+    DayLimits day;
+    day.decl = declination(site.n);
+    day.corr = correction(site);
+    const Number setting = sunsetCosine(site);
+    const bool sets = absolute(setting) < 1;
+    if (sets)
+        day.ws = ACOSD(setting);
+    Minute minute;
+    minute.compute(site, day, m);
+    if (!(minute.sa > 0))
+        return std::nullopt;
+    return SolarMinute{m, minute.th, minute.tt, minute.thc, minute.ttc, sets};
+}
+
 DayLimits dayLimits(const Site& site)
 {
     DayLimits day;
     day.decl = declination(site.n);
-    const Number b = 360 * (site.n - 81) / 364;
-    const Number eot = 9.87 * sine(2 * b * pi / 180) - 7.53 * cosine(b * pi / 180) - 1.5 * sine(b * pi / 180);
-    const Number mer = 15 * site.gmt;
-    if (site.lon >= 0)
-        day.corr = -4 * (mer - site.lon) + eot;
-    else
-        day.corr = 4 * (mer - site.lon) + eot;
+    day.corr = correction(site);
     day.ws = ACOSD(sunsetCosine(site));
     const Number rise0 = absolute((day.ws / 15 - 12) * 60);
     const Number set0 = (day.ws / 15 + 12) * 60;
@@ -155,7 +176,7 @@ void walkMinutes(const Site& site, const DayLimits& limits,
     Minute minute;
     for (Number m = first; m <= last; m = m + 1) {
         minute.compute(site, limits, m);
-        take({m, minute.th, minute.tt, minute.thc, minute.ttc});
+        take({m, minute.th, minute.tt, minute.thc, minute.ttc, true});
     }
 }
 

@@ -10,6 +10,7 @@
 #include "values/number.h"
 
 #include <functional>
+#include <optional>
 
 namespace comfortics::models {
 
@@ -60,7 +61,11 @@ struct SolarMinute {
     values::Number tt;     ///< total on the tilted surface
     values::Number thc;    ///< horizontal under clouds
     values::Number ttc;    ///< tilted under clouds
+    bool tiltKnown = true; ///< false on a day without sunset, from whose hour angle the tilt's share comes
 };
+
+/// The same for any moment of the clock; none with the sun at or below the horizon.
+std::optional<SolarMinute> sunAt(const Site& site, values::Number minute);
 
 /// Hands over all minutes of the table, in order. A step that has no defined result leaves its quantity
 /// at the value of the minute before, deliberately; with the sun below the horizon the figures stand as
