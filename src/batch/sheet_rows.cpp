@@ -2,6 +2,7 @@
 #include "batch/sheet_rows.h"
 
 #include "batch/selected_indices.h"
+#include "classic/precise_rows.h"
 
 #include <algorithm>
 
@@ -49,6 +50,10 @@ public:
         : m_runner(limits, terms.settings), m_indices(std::move(indices))
     {
         m_runner.calculation().assumptions.write(terms.assumptions);
+        if (terms.settings.rules != classic::Rules::Precise)
+            return;
+        m_together = std::make_unique<classic::PreciseRows>(limits, terms.settings, m_indices, false);
+        m_together->setAssumptions(m_runner.calculation().assumptions.read());
     }
 
     Done run(Block& block)
@@ -63,8 +68,11 @@ public:
         done.start = boxTexts(boxes);
         done.rows.reserve(done.cells.size());
         done.lengths.reserve(done.cells.size() * m_indices.size());
-        for (const BoxTexts& cells : done.cells)
-            runRow(cells, done);
+        if (m_together)
+            runTogether(done);
+        else
+            for (const BoxTexts& cells : done.cells)
+                runRow(cells, done);
         done.end = boxTexts(boxes);
         return done;
     }
@@ -84,8 +92,40 @@ private:
         classic::ReadingBoxes& boxes = m_runner.calculation().readings;
         boxes.clear();
         boxes.write(views(cells));
-        if (boxes.complete() && boxes.valid())
+        if (!m_together && boxes.complete() && boxes.valid())
             boxes.round();
+    }
+
+    // By the precise rules the boxes go from row to row as ever, and the rows that they leave are calculated
+    // together.
+    void runTogether(Done& done)
+    {
+        static_assert(kRowsPerBlock <= classic::PreciseRows::kMostRows);
+        classic::ReadingBoxes& boxes = m_runner.calculation().readings;
+        m_together->clear();
+        for (const BoxTexts& cells : done.cells) {
+            boxes.write(views(cells));
+            done.rows.push_back({RowState::Skipped, boxTexts(boxes), 0, 0});
+            if (boxes.complete())
+                done.rows.back().state = m_together->take(boxes) ? RowState::Calculated : RowState::Rejected;
+        }
+        m_together->calculate();
+        std::size_t at = 0; // of the rows that were taken
+        for (Row& row : done.rows) {
+            for (std::size_t place = 0; row.state != RowState::Skipped && place < m_indices.size(); ++place) {
+                std::string text;
+                if (row.state == RowState::Calculated) {
+                    const auto figure = m_together->figure(place, at);
+                    text = classic::resultText(catalogue::row(m_indices[place]), figure);
+                    const bool lost = classic::outcomeKind(figure.status) == classic::OutcomeKind::RunFailed;
+                    row.lostValues += lost ? 1U : 0U;
+                }
+                done.texts += text;
+                done.lengths.push_back(static_cast<std::uint16_t>(text.size()));
+            }
+            row.valuesEnd = done.lengths.size();
+            at += row.state == RowState::Calculated ? 1U : 0U;
+        }
     }
 
     void runRow(const BoxTexts& cells, Done& done)
@@ -122,6 +162,7 @@ private:
 
     RowRunner m_runner;
     const std::vector<int> m_indices;
+    std::unique_ptr<classic::PreciseRows> m_together; // by the precise rules alone
 };
 
 SheetRows::SheetRows(const classic::Limits& limits, const Terms& terms, unsigned threads, Cells cells,

@@ -117,6 +117,10 @@ RunStatus Calculation::runSequence(const Settings& settings)
     m_rules = settings.rules;
     m_models.setRules(settings.rules);
 
+    if (m_rules == Rules::Precise) {
+        blankResults();
+        return calculatePrecisely(settings) ? RunStatus::Ok : RunStatus::Rejected;
+    }
     readings.dropColdGlobe();
     blankResults();
     if (!readings.valid())
@@ -124,10 +128,6 @@ RunStatus Calculation::runSequence(const Settings& settings)
     if (m_rules != Rules::Classic)
         readings.dropUnfinished();
 
-    if (m_rules == Rules::Precise) {
-        calculatePrecisely(settings);
-        return RunStatus::Ok;
-    }
     try {
         calculate(settings);
     } catch (const RunFailure& failure) {
@@ -228,58 +228,41 @@ void Calculation::calculate(const Settings& settings)
 }
 
 // No box is rounded, and nothing is read back from what is written here.
-void Calculation::calculatePrecisely(const Settings& settings)
+bool Calculation::calculatePrecisely(const Settings& settings)
 {
     std::vector<int> indices;
     for (int index = 1; index <= kLastIndex; ++index)
         if (settings.selection.contains(index))
             indices.push_back(index);
-        else
-            m_driver.outcome(index).kind = OutcomeKind::NotSelected;
     PreciseRows row(m_limits, settings, indices, true);
     row.setAssumptions(assumptions.read());
-    row.add(readings);
+    if (!row.take(readings))
+        return false;
     row.calculate();
+    for (int index = 1; index <= kLastIndex; ++index)
+        if (!settings.selection.contains(index))
+            m_driver.outcome(index).kind = OutcomeKind::NotSelected;
 
     for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
         const auto quantity = static_cast<Live>(i);
-        const PreciseRows::Figure figure = row.live(quantity, 0);
-        writeCaption(quantity, figure.status == Status::Value
-                                   ? texts::format(figure.value, values::kFormat0_00000)
-                                   : std::string());
+        writeCaption(quantity, liveText(row.live(quantity, 0)));
     }
     for (std::size_t place = 0; place < indices.size(); ++place) {
         const int index = indices[place];
-        const Outcome& outcome = m_driver.outcome(index) =
-            preciseOutcome(row, place, index, settings.ignoreLimits);
-        writeResult(index, outcome.kind == OutcomeKind::Value
-                               ? texts::format(outcome.value, catalogue::row(index).format)
-                               : std::string());
+        m_driver.outcome(index) = preciseOutcome(row, place, index, settings.ignoreLimits);
+        writeResult(index, resultText(catalogue::row(index), row.figure(place, 0)));
     }
+    return true;
 }
 
 Outcome Calculation::preciseOutcome(PreciseRows& row, std::size_t place, int index, bool ignoreLimits)
 {
-    const auto kindOf = [](Status status) {
-        switch (status) {
-        case Status::Value:
-            return OutcomeKind::Value;
-        case Status::OutsideTemperature:
-            return OutcomeKind::OutsideTemperature;
-        case Status::OutsideWind:
-            return OutcomeKind::OutsideWind;
-        case Status::NoValue:
-            return OutcomeKind::NoValue;
-        default:
-            return OutcomeKind::RunFailed;
-        }
-    };
     const PreciseRows::Figure figure = row.figure(place, 0);
-    Outcome outcome{.kind = kindOf(figure.status), .value = figure.value};
+    Outcome outcome{.kind = outcomeKind(figure.status), .value = figure.value};
     if (outcome.kind == OutcomeKind::RunFailed)
         outcome.failure = row.whyNot(index, 0);
     if (ignoreLimits && outcome.kind == OutcomeKind::Value) {
-        outcome.limits = kindOf(row.limitStatus(index, 0));
+        outcome.limits = outcomeKind(row.limitStatus(index, 0));
         if (outcome.limits == OutcomeKind::RunFailed)
             outcome.failure = "What its limits bound is not available.";
     }

@@ -37,6 +37,36 @@ comfortics::Limits numbersOf(int index, const IndexLimits& bounds)
 
 } // namespace
 
+OutcomeKind outcomeKind(Status status)
+{
+    switch (status) {
+    case Status::Value:
+        return OutcomeKind::Value;
+    case Status::OutsideTemperature:
+        return OutcomeKind::OutsideTemperature;
+    case Status::OutsideWind:
+        return OutcomeKind::OutsideWind;
+    case Status::NoValue:
+        return OutcomeKind::NoValue;
+    case Status::Missing:
+    case Status::Undefined:
+    case Status::NoConvergence:
+        break;
+    }
+    return OutcomeKind::RunFailed;
+}
+
+std::string liveText(const PreciseRows::Figure& figure)
+{
+    return figure.status == Status::Value ? texts::format(figure.value, values::kFormat0_00000)
+                                          : std::string();
+}
+
+std::string resultText(const catalogue::CatalogueRow& row, const PreciseRows::Figure& figure)
+{
+    return figure.status == Status::Value ? texts::format(figure.value, row.format) : std::string();
+}
+
 PreciseRows::PreciseRows(const Limits& limits, const Settings& settings, const std::vector<int>& indices,
                          bool live)
     : m_indexCount(indices.size()), m_ignoreLimits(settings.ignoreLimits)
@@ -91,6 +121,16 @@ PreciseRows::Group& PreciseRows::groupOf(bool globe, bool dewPoint)
         group.statuses.resize(m_targets.size() * kMostRows);
     }
     return group;
+}
+
+bool PreciseRows::take(ReadingBoxes& boxes)
+{
+    boxes.dropColdGlobe();
+    if (!boxes.valid())
+        return false;
+    boxes.dropUnfinished();
+    add(boxes);
+    return true;
 }
 
 // A box that is empty, as an emptied pair's may be, is a missing reading.

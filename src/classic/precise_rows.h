@@ -4,6 +4,7 @@
 #pragma once
 
 #include "classic/limits.h"
+#include "classic/outcome.h"
 #include "classic/reading_boxes.h"
 #include "classic/settings.h"
 #include "engine/calculation.h"
@@ -33,8 +34,9 @@ public:
     void setAssumptions(const formulas::Assumptions& assumptions);
 
     void clear();
-    /// Adds a row, of boxes that are valid. There are fewer than kMostRows rows.
-    void add(const ReadingBoxes& boxes);
+    /// Adds a row where the boxes are valid, after the rules that come before a calculation; false where they
+    /// are not. There are fewer than kMostRows rows.
+    bool take(ReadingBoxes& boxes);
     std::size_t count() const noexcept { return m_rows.size(); }
 
     void calculate();
@@ -77,6 +79,7 @@ private:
         std::uint16_t place;
     };
 
+    void add(const ReadingBoxes& boxes);
     Figure at(std::size_t target, std::size_t row) const;
     Group& groupOf(bool globe, bool dewPoint);
     engine::BlockCalculator& alone(std::size_t row);
@@ -89,5 +92,12 @@ private:
     std::array<Group, 4> m_groups;
     std::vector<Row> m_rows;
 };
+
+/// What a status of the engine is called here; all that a quantity or a step is lacking for is a failure.
+OutcomeKind outcomeKind(Status status);
+
+/// The texts of a live quantity and of a result; empty without a value.
+std::string liveText(const PreciseRows::Figure& figure);
+std::string resultText(const catalogue::CatalogueRow& row, const PreciseRows::Figure& figure);
 
 } // namespace comfortics::classic

@@ -194,13 +194,16 @@ TEST(FrmRawData, RunsAsOneByOneAndLeavesTheMainWindowAsTheLastRowsLeaveIt)
         {"rejected at the end keeps the live quantities", {kSound, kFailing, kExtreme, kSigned}},
         {"no rows", {}},
     };
-    unsigned threads = 0;
-    for (const auto& [name, rows] : cases) {
-        SCOPED_TRACE(name);
+    for (std::size_t run = 0; run < 2 * cases.size(); ++run) {
+        const auto& [name, rows] = cases[run / 2];
+        const auto rules = run % 2 == 0 ? classic::Rules::Classic : classic::Rules::Precise;
+        SCOPED_TRACE(name + ", " + std::string(classic::ruleName(rules)));
         PlainSheet plain;
-        Sheet sheet(1 + threads++ % 4);
-        for (classic::Frm_Main* main : {&plain.main, &sheet.main})
+        Sheet sheet(static_cast<unsigned>(1 + run % 4));
+        for (classic::Frm_Main* main : {&plain.main, &sheet.main}) {
+            main->Opt_Rules.select(static_cast<std::size_t>(rules));
             main->calculation.readings.write({"9", "25", "", "8.5", "", "2"});
+        }
         plain.run(rows);
         sheet.paste(rows);
         sheet.calculate();

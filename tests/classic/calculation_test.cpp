@@ -159,7 +159,8 @@ TEST(Calculation, RobustRulesLiftWhatEndsAClassicRun)
 
 // Sensible readings of all seasons: nothing fails, all quantities stand, and where the classic rules have a
 // value without a word it is the same text.
-TEST(Calculation, RobustRulesAnswerEverySensibleReading)
+// The precise rules have values, too, and stay by them within what tolerances and steps leave open.
+TEST(Calculation, RobustAndPreciseRulesAnswerEverySensibleReading)
 {
     std::mt19937 engine(20261123);
     const auto between = [&engine](double low, double high) {
@@ -168,7 +169,9 @@ TEST(Calculation, RobustRulesAnswerEverySensibleReading)
     Bench classic;
     Bench robust;
     robust.settings.rules = Rules::Robust;
-    classic.settings.ignoreLimits = robust.settings.ignoreLimits = true;
+    Bench precise;
+    precise.settings.rules = Rules::Precise;
+    classic.settings.ignoreLimits = robust.settings.ignoreLimits = precise.settings.ignoreLimits = true;
     int compared = 0;
     for (int i = 0; i < 300; ++i) {
         const std::string Ta = between(-45, 50);
@@ -185,6 +188,19 @@ TEST(Calculation, RobustRulesAnswerEverySensibleReading)
         EXPECT_NEAR(texts::val(robust.value(200)),
                     0.7 * Tnwb + 0.2 * texts::val(robust.live(Live::Tg)) + 0.1 * texts::val(Ta), 0.06);
 
+        ASSERT_EQ(precise.run({Ta, "", SR, "", RH, WS}), RunStatus::Ok);
+        for (std::size_t quantity = 0; quantity < formulas::kLiveCount; ++quantity)
+            EXPECT_NE(precise.live(static_cast<Live>(quantity)), "") << quantity;
+        for (const Live quantity : {Live::Ta, Live::RH, Live::Es, Live::Ea, Live::Td})
+            EXPECT_NEAR(texts::val(precise.live(quantity)), texts::val(robust.live(quantity)), 2e-5);
+        for (const Live quantity : {Live::Tnwb, Live::Tpwb})
+            EXPECT_NEAR(texts::val(precise.live(quantity)), texts::val(robust.live(quantity)), 0.25);
+        EXPECT_NEAR(texts::val(precise.value(200)), texts::val(robust.value(200)), 0.3);
+        EXPECT_NEAR(texts::val(precise.value(120)), texts::val(robust.value(120)), 1.0);
+        EXPECT_EQ(precise.value(90), robust.value(90));
+        EXPECT_EQ(precise.value(200),
+                  texts::format(precise.calculation.outcome(200).value, values::kFormat0_0));
+
         classic.messages.boxes.clear();
         if (classic.run({Ta, "", SR, "", RH, WS}) != RunStatus::Ok || !classic.messages.boxes.empty())
             continue;
@@ -192,6 +208,35 @@ TEST(Calculation, RobustRulesAnswerEverySensibleReading)
         EXPECT_EQ(allTexts(classic), allTexts(robust));
     }
     EXPECT_GT(compared, 40);
+}
+
+TEST(Calculation, ByThePreciseRulesNothingIsRoundedAndEachBlankSaysWhy)
+{
+    Bench bench{classic::Limits::fromText(
+        "[INDICES]\r\nTair_min_98=9.5\r\nTair_max_98=30\r\nTair_min_90=20\r\nTair_max_90=55\r\nTair_min_195=-"
+        "50\r\nTair_max_195=50\r\nWS_min_195=0.5\r\nWS_max_195=17\r\n")};
+    bench.settings.rules = Rules::Precise;
+    ASSERT_EQ(bench.run({"23.456", "", "400.7", "", "50.25", "2.375"}), RunStatus::Ok);
+    EXPECT_EQ(bench.calculation.readings.txt_TA.text(), "23.456");
+    EXPECT_EQ(bench.live(Live::Ta), "23.45600");
+    EXPECT_EQ(bench.live(Live::SR), "400.70000");
+    EXPECT_NE(bench.value(90), "");
+    // The mean of radiant and air temperature is above 30, and as a text above "9.5".
+    EXPECT_EQ(bench.value(98), "");
+    const std::string& live = bench.live(Live::Tmrt);
+    const double mean = (texts::val(live) + 23.456) / 2;
+    EXPECT_TRUE(bench.calculation.whyBlank(98).starts_with(
+        "Outside its limits: (Tmrt + Ta) / 2 is " + texts::format(mean, values::kFormat0_00).substr(0, 4)))
+        << bench.calculation.whyBlank(98);
+    EXPECT_EQ(bench.calculation.whyBlank(98).find("texts"), std::string::npos);
+
+    bench.settings.ignoreLimits = true;
+    ASSERT_EQ(bench.run({"10", "", "0", "", "50", "40"}), RunStatus::Ok);
+    EXPECT_TRUE(bench.calculation.whyDoubtful(195).starts_with(
+        "Shown since limits are ignored. Outside its limits: the wind at 10 m is 62."))
+        << bench.calculation.whyDoubtful(195);
+    EXPECT_EQ(bench.run({"10", "", "0", "", "", "40"}), RunStatus::Rejected);
+    EXPECT_EQ(bench.value(90), "");
 }
 
 TEST(Calculation, ByTheRobustRulesNothingStandsOnAQuantityWithoutAValue)
