@@ -46,8 +46,8 @@ private:
 
     const Assumptions& m_assumptions;
     bool m_varies = false;
+    std::size_t m_first = 0; ///< before m_site, which is read at it
     Sites m_site;
-    std::size_t m_first = 0;
     // Read as far as they have been written.
     std::array<BlockValues, formulas::kMostInputs> m_together;
     BlockValues m_results;

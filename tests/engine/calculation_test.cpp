@@ -297,6 +297,28 @@ TEST(Calculate, EndsWhereProgressSaysSo)
                  std::runtime_error);
 }
 
+TEST(Evaluate, TakesASiteForEachPoint)
+{
+    const Index& outdoor = index(178);
+    ASSERT_TRUE(outdoor.readsAssumptions);
+    const std::vector<Column> inputs(outdoor.inputs.size(), 20.0);
+    const std::array masses{60.0, 180.0, kNaN, 220.0};
+    // Memory that was in use does not begin with zeros.
+    std::vector<std::vector<unsigned char>>(8, std::vector<unsigned char>(100000, 0x7f)).clear();
+    std::array<double, 4> values{};
+    std::array<Status, 4> statuses{};
+    evaluate(outdoor, inputs, 4, {values.data(), 1, statuses.data()}, {.bodyMass = masses});
+    for (std::size_t i = 0; i < 4; ++i) {
+        double value = 0;
+        Status status{};
+        evaluate(outdoor, inputs, 1, {&value, 1, &status}, {.bodyMass = masses[i]});
+        EXPECT_EQ(status, statuses[i]);
+        EXPECT_EQ(std::isnan(masses[i]), status == Status::Missing);
+        EXPECT_TRUE(status != Status::Value || value == values[i]);
+    }
+    EXPECT_NE(values[0], values[1]);
+}
+
 TEST(Evaluate, TakesTheFormulasOwnInputs)
 {
     // Bröde et al. (2012), the reference condition: what the air is, the index is.
