@@ -46,12 +46,41 @@ public:
 
     void work(std::size_t first, std::size_t count) override
     {
+        if (m_result.statuses == nullptr && m_judgedCount == 0 &&
+            m_runner.siteOf(*m_recipe.call) != nullptr) {
+            straight(first, count, *m_runner.siteOf(*m_recipe.call));
+            return;
+        }
         for (const std::size_t end = first + count; first < end; first += kBlockPoints)
             block(first, std::min(kBlockPoints, end - first));
     }
 
 private:
     static constexpr std::size_t kNoPlace = static_cast<std::size_t>(-1);
+
+    /// Without statuses, limits and varying sites nothing stands between the columns and the formula.
+    void straight(std::size_t first, std::size_t count, const PointRunner::Sites& site)
+    {
+        constexpr double kUnassigned = 0;
+        std::array<double, formulas::kMostInputs> scalars{};
+        std::array<formulas::InputColumn, formulas::kMostInputs> columns;
+        for (std::size_t i = 0; i < m_recipe.call->arity; ++i) {
+            if (m_places[i] == kNoPlace) {
+                columns[i] = {&kUnassigned, 0};
+                continue;
+            }
+            const Column& column = m_inputs[m_places[i]];
+            scalars[i] = column.isScalar() ? column[0] : 0;
+            columns[i] = column.isScalar()
+                             ? formulas::InputColumn{&scalars[i], 0}
+                             : formulas::InputColumn{
+                                   &column.data()[static_cast<std::ptrdiff_t>(first) * column.stride()],
+                                   column.stride()};
+        }
+        double* const results = m_result.values + static_cast<std::ptrdiff_t>(first) * m_result.stride;
+        formulas::calculateColumns(*m_recipe.call, {columns.data(), m_recipe.call->arity}, site,
+                                   formulas::Rules::Precise, count, {results, m_result.stride, nullptr});
+    }
 
     void block(std::size_t first, std::size_t count)
     {

@@ -58,6 +58,11 @@ PointRunner::Sites PointRunner::siteAt(std::size_t point) const
             .ArAdu = m_assumptions.effectiveRadiatingArea[i]};
 }
 
+const PointRunner::Sites* PointRunner::siteOf(const formulas::FormulaCall& call) const noexcept
+{
+    return call.readsAssumptions && (m_varies || anyMissing(m_site)) ? nullptr : &m_site;
+}
+
 void PointRunner::run(const formulas::FormulaCall& call, const InputPointers& inputs, std::size_t count,
                       bool all, double* results, Status* statuses)
 {

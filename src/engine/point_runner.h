@@ -37,6 +37,8 @@ public:
     using Sites = formulas::AssumptionsOf<double>;
     /// Site and body of a point of the block.
     Sites siteAt(std::size_t point) const;
+    /// Those of all points, for a formula to which they are the same and not missing; else null.
+    const Sites* siteOf(const formulas::FormulaCall& call) const noexcept;
 
 private:
     void runOn(const formulas::FormulaCall& call, const InputPointers& inputs, const Sites& site,

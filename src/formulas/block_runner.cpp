@@ -3,13 +3,14 @@
 
 #include "formulas/block.h"
 #include "values/clones.h"
+#include "values/float_flags.h"
 #include "values/run_failure.h"
 
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <cfenv>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace comfortics::formulas {
@@ -20,7 +21,6 @@ namespace {
 constexpr std::size_t kBlock = 512;
 /// A block of no more points whose flags stand is repeated, not halved.
 constexpr std::size_t kSmallBlock = 8;
-constexpr int kFailureFlags = FE_OVERFLOW | FE_DIVBYZERO | FE_INVALID;
 
 COMFORTICS_CLONES bool allFinite(const double* values, std::size_t count)
 {
@@ -35,18 +35,6 @@ COMFORTICS_CLONES void tellValues(const double* results, std::size_t count, Poin
     for (std::size_t i = 0; i < count; ++i)
         statuses[i] = std::isnan(results[i]) ? PointStatus::NoValue : PointStatus::Value;
 }
-
-/// Keeps the caller's floating-point flags, and no trap springs in between.
-class FlagsKept {
-public:
-    FlagsKept() noexcept { std::feholdexcept(&m_kept); }
-    ~FlagsKept() { std::fesetenv(&m_kept); }
-    FlagsKept(const FlagsKept&) = delete;
-    FlagsKept& operator=(const FlagsKept&) = delete;
-
-private:
-    std::fenv_t m_kept{};
-};
 
 class Runner {
 public:
@@ -68,16 +56,22 @@ public:
     void run(std::size_t first, std::size_t count, const ResultColumn& results)
     {
         gather(first, count);
+        m_wantsStatuses = results.statuses != nullptr;
         bool finite = true;
         for (std::size_t i = 0; i < m_inputs.size(); ++i)
             finite = finite && allFinite(m_columns[i], m_inputs[i].stride == 0 ? 1 : count);
-        if (finite && m_ordinary)
+        m_target = m_results.data();
+        if (finite && m_ordinary) {
+            if (results.stride == 1 && overlapsNoInput(results.values + first, count))
+                m_target = results.values + first;
             calculate(0, count);
-        else
+        } else {
             calculateApart(count);
-        for (std::size_t i = 0; i < count; ++i)
-            results.values[static_cast<std::ptrdiff_t>(first + i) * results.stride] = m_results[i];
-        if (results.statuses != nullptr)
+        }
+        if (m_target == m_results.data())
+            for (std::size_t i = 0; i < count; ++i)
+                results.values[static_cast<std::ptrdiff_t>(first + i) * results.stride] = m_results[i];
+        if (m_wantsStatuses)
             std::copy_n(m_statuses.begin(), count, results.statuses + first);
     }
 
@@ -102,10 +96,11 @@ private:
         std::array<const double*, kMostInputs> inputs = m_columns;
         for (const double*& column : inputs)
             column += column == nullptr ? 0 : first;
-        std::feclearexcept(kFailureFlags);
-        m_formula.block({inputs.data(), m_assumptions, m_rules, &m_results[first], count});
-        if (std::fetestexcept(kFailureFlags) == 0) {
-            tellValues(&m_results[first], count, &m_statuses[first]);
+        m_flags.clear();
+        m_formula.block({inputs.data(), m_assumptions, m_rules, m_target + first, count});
+        if (!m_flags.failed()) {
+            if (m_wantsStatuses)
+                tellValues(m_target + first, count, &m_statuses[first]);
         } else if (count > kSmallBlock) {
             calculate(first, count / 2);
             calculate(first + count / 2, count - count / 2);
@@ -177,8 +172,17 @@ private:
 
     void settle(std::size_t point, double result, PointStatus status)
     {
-        m_results[point] = result;
+        m_target[point] = result;
         m_statuses[point] = status;
+    }
+
+    bool overlapsNoInput(const double* results, std::size_t count) const
+    {
+        const std::less<const double*> isBefore; // of any two pointers
+        for (std::size_t i = 0; i < m_inputs.size(); ++i)
+            if (isBefore(m_columns[i], results + count) && isBefore(results, m_columns[i] + count))
+                return false;
+        return true;
     }
 
     static constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -189,6 +193,9 @@ private:
     const AssumptionsOf<double>& m_assumptions;
     Assumptions m_checkedAssumptions;
     Rules m_rules;
+    values::FloatFlags m_flags;
+    double* m_target = nullptr; ///< the block's results, here or where they belong
+    bool m_wantsStatuses = false;
     bool m_ordinary = true; ///< the assumptions are finite
     std::array<const double*, kMostInputs> m_columns{};
     // Not filled before they are read as far as they have been written.
@@ -204,7 +211,6 @@ void calculateColumns(const FormulaCall& formula, std::span<const InputColumn> i
                       const AssumptionsOf<double>& assumptions, Rules rules, std::size_t count,
                       const ResultColumn& results) noexcept
 {
-    const FlagsKept flags;
     Runner runner(formula, inputs, assumptions, rules, count);
     for (std::size_t first = 0; first < count; first += kBlock)
         runner.run(first, std::min(kBlock, count - first), results);

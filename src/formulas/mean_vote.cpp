@@ -53,22 +53,17 @@ bool meetsTolerance(Real t, Real Tcl)
 template <class Real>
 class HeatBalance {
 public:
-    HeatBalance(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0) : m_Ta(Ta)
+    HeatBalance(Real Ta, Real Tmrt, Real Ea, Real WS, const Metabolism<Real>& metabolism)
+        : m_Ta(Ta), m_sensation(metabolism.sensation)
     {
-        const Real met = M0 / 58.15;
+        const Real M = metabolism.M;
+        const Real W = metabolism.W;
         Real Icl = 1.691 - 0.0436 * Ta;
         if (Ta < -30)
             Icl = 3;
         if (Ta > 25)
             Icl = 0.6;
         const Real Pa = Ea * 100;
-        const Real M = met * 58.15;
-        const Real x = (0.39 * met) + (-0.6);
-        const Real rising = exponential(x);
-        const Real falling = exponential(-x);
-        Real W = M * (0.2 * ((rising - falling) / (rising + falling)));
-        if (W < 0)
-            W = 0;
         Icl = Icl * 0.155;
         m_Ts = 35.7 - 0.028 * (M - W);
         m_hf = 12.1 * power(WS, 0.5);
@@ -79,12 +74,11 @@ public:
         m_surroundings = power(Tmrt + kKelvin, 4);
         m_resistance = Icl * m_fcl;
         const Real E1 = (kTenToMinus3 * 3.05) * ((5733 - 6.99 * (M - W)) - Pa);
-        const Real E2 = met > 1 ? 0.42 * ((M - W) - 58.15) : 0;
+        const Real E2 = metabolism.met > 1 ? 0.42 * ((M - W) - 58.15) : 0;
         const Real E3 = (kTenToMinus5 * 1.7) * M * (5867 - Pa);
         const Real E4 = (0.0014 * M) * (34 - Ta);
         m_heatBeforeE5 = ((((M - W) - E1) - E2) - E3) - E4;
         m_radiantLoss = (kTenToMinus8 * 3.96) * m_fcl;
-        m_sensation = (exponential((-0.036) * M) * 0.303) + 0.028;
         m_sizeAtStart = terms(kStart, kStart).size;
     }
 
@@ -166,6 +160,7 @@ private:
     }
 
     Real m_Ta;
+    Real m_sensation; ///< vote per heat load [m²/W]
     Real m_Ts;
     Real m_hf;
     Real m_fcl;
@@ -174,7 +169,6 @@ private:
     Real m_resistance;   ///< factor of the convection in Tcl
     Real m_heatBeforeE5;
     Real m_radiantLoss; ///< factor of the fourth powers in E5
-    Real m_sensation;   ///< vote per heat load [m²/W]
     double m_sizeAtStart;
 };
 
@@ -233,7 +227,7 @@ const SteppedWalk& walkDownward()
 template <class Real>
 Real Predicted_Mean_Vote_plain(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules rules)
 {
-    const HeatBalance<Real> balance(Ta, Tmrt, Ea, WS, M0);
+    const HeatBalance<Real> balance(Ta, Tmrt, Ea, WS, Metabolism<Real>(M0));
     const Real t = kStart - kStep;
     return walkOn<Real>(balance, t, balance.pass(t), std::nullopt, rules);
 }
@@ -243,9 +237,10 @@ Real Predicted_Mean_Vote_plain(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Ru
 // so the first pass, which is always made, has the very terms that would overflow later. In such a
 // wind the walk leads towards Ta, so the first pass has the largest.
 template <class Real>
-Real Predicted_Mean_Vote(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules rules)
+Real Predicted_Mean_Vote(Real Ta, Real Tmrt, Real Ea, Real WS, const Metabolism<Real>& metabolism,
+                         Rules rules)
 {
-    const HeatBalance<Real> balance(Ta, Tmrt, Ea, WS, M0);
+    const HeatBalance<Real> balance(Ta, Tmrt, Ea, WS, metabolism);
     if (rules == Rules::Precise)
         return voteAtRoot(balance);
     Real t = kStart - kStep;
@@ -274,8 +269,8 @@ Real Predicted_Mean_Vote(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules ru
     }
 }
 
-template Number Predicted_Mean_Vote(Number, Number, Number, Number, Number, Rules);
-template double Predicted_Mean_Vote(double, double, double, double, double, Rules);
+template Number Predicted_Mean_Vote(Number, Number, Number, Number, const Metabolism<Number>&, Rules);
+template double Predicted_Mean_Vote(double, double, double, double, const Metabolism<double>&, Rules);
 template Number Predicted_Mean_Vote_plain(Number, Number, Number, Number, Number, Rules);
 
 } // namespace comfortics::formulas

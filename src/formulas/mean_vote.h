@@ -11,6 +11,26 @@
 
 namespace comfortics::formulas {
 
+/// What the vote takes from the metabolic rate M0 [W/m²] alone; a loop over points computes it once.
+template <class Real>
+struct Metabolism {
+    explicit Metabolism(Real M0) : met(M0 / 58.15), M(met * 58.15)
+    {
+        const Real x = (0.39 * met) + (-0.6);
+        const Real rising = exponential(x);
+        const Real falling = exponential(-x);
+        W = M * (0.2 * ((rising - falling) / (rising + falling)));
+        if (W < 0)
+            W = 0;
+        sensation = (exponential((-0.036) * M) * 0.303) + 0.028;
+    }
+
+    Real met;
+    Real M;
+    Real W = 0;         ///< external work [W/m²]
+    Real sensation = 0; ///< vote per heat load [m²/W]
+};
+
 /// The predicted mean vote [-] at the metabolic rate M0 [W/m²].
 ///
 /// A guess of the clothing's surface temperature walks from 33 °C in steps of 0.0001 towards the
@@ -28,15 +48,22 @@ namespace comfortics::formulas {
 /// air below; and on overflow. The walk's temperature lies within 0.001 of it, one step more where the
 /// walk turns back.
 template <class Real>
-Real Predicted_Mean_Vote(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules rules);
+Real Predicted_Mean_Vote(Real Ta, Real Tmrt, Real Ea, Real WS, const Metabolism<Real>& metabolism,
+                         Rules rules);
+
+template <class Real>
+Real Predicted_Mean_Vote(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules rules)
+{
+    return Predicted_Mean_Vote(Ta, Tmrt, Ea, WS, Metabolism<Real>(M0), rules);
+}
 
 /// The reference for Predicted_Mean_Vote: the same walk, made step by step. A thousand times slower.
 template <class Real>
 Real Predicted_Mean_Vote_plain(Real Ta, Real Tmrt, Real Ea, Real WS, Real M0, Rules rules);
 
 // In mean_vote.cpp, for both number types.
-extern template Number Predicted_Mean_Vote(Number, Number, Number, Number, Number, Rules);
-extern template double Predicted_Mean_Vote(double, double, double, double, double, Rules);
+extern template Number Predicted_Mean_Vote(Number, Number, Number, Number, const Metabolism<Number>&, Rules);
+extern template double Predicted_Mean_Vote(double, double, double, double, const Metabolism<double>&, Rules);
 extern template Number Predicted_Mean_Vote_plain(Number, Number, Number, Number, Number, Rules);
 
 /// The predicted percentage of dissatisfied [%] at a mean vote, ISO 7730 (2005). 5 % at a vote of 0.
