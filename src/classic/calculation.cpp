@@ -403,8 +403,10 @@ void Calculation::writeCaption(Live quantity, std::string text)
     m_live[place(quantity)].setCaption(std::move(text));
 }
 
+// The outdoor WBGT comes behind index 159, whose number stays that of its text.
 void Calculation::writeSolarRadiationResult(std::string text)
 {
+    m_driver.outcome(159).value = texts::val(text);
     writeResult(159, std::move(text));
 }
 

@@ -3,6 +3,8 @@
 
 #include "test_desk.h"
 
+#include "values/plain_text.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -44,6 +46,7 @@ TEST(Calculation, ATypedGlobeLeavesTheRadiationCaptionBlankUntilIndex200)
     // Entry 159 is written by the model of index 200 as a plain number, after its own block gave 0.0.
     EXPECT_EQ(bench.value(159).find('.'), std::string::npos);
     EXPECT_EQ(bench.live(Live::SR), bench.value(159));
+    EXPECT_EQ(values::plainText(bench.calculation.outcome(159).value), bench.value(159));
     EXPECT_EQ(bench.live(Live::Tg), "32.00000");
 
     bench.settings.selection.set(200, false);
