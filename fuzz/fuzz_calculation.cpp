@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The whole calculation on any texts, by both sets of rules.
+// The whole calculation on any texts, by the three sets of rules.
 #include "check.h"
 #include "desk.h"
 #include "input.h"
@@ -77,7 +77,7 @@ private:
         require((shown.status == RunStatus::Failed) == !shown.failure.empty(),
                 "a failed run, and no other, says why");
         require(shown.status != RunStatus::Failed || m_settings.rules == Rules::Classic,
-                "no run fails by the robust rules", shown.failure);
+                "no run fails but by the classic rules", shown.failure);
         const bool calculated = shown.status == RunStatus::Ok;
         for (const std::string& caption : shown.live)
             require(caption.empty() || (calculated && texts::isNumeric(caption)),
@@ -134,9 +134,13 @@ void check(unsigned flags, const Texts& first, const Texts& second, const Texts&
     const Shown classic = runAll(settings, Rules::Classic, first, second, assumptions);
     const Shown robust = runAll(settings, Rules::Robust, first, second, assumptions);
 
-    require((classic.status == RunStatus::Rejected) == (robust.status == RunStatus::Rejected),
-            "both sets of rules reject the same readings");
-    require(robust.messages == 0, "the robust rules go on with nothing that did not converge");
+    const Shown precise = runAll(settings, Rules::Precise, first, second, assumptions);
+
+    for (const Shown* other : {&robust, &precise}) {
+        require((classic.status == RunStatus::Rejected) == (other->status == RunStatus::Rejected),
+                "all sets of rules reject the same readings");
+        require(other->messages == 0, "only the classic rules go on with what did not converge");
+    }
     // What classic calculates on after a solver without convergence, or below absolute zero, has no value.
     const bool belowZero =
         std::any_of(robust.whyBlank.begin(), robust.whyBlank.end(), [](const std::string& why) {
