@@ -129,6 +129,7 @@ bool PreciseRows::take(ReadingBoxes& boxes)
     if (!boxes.valid())
         return false;
     boxes.dropUnfinished();
+    boxes.finishNumbers();
     add(boxes);
     return true;
 }

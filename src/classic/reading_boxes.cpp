@@ -170,6 +170,18 @@ void ReadingBoxes::dropUnfinished()
     }
 }
 
+void ReadingBoxes::finishNumbers()
+{
+    m_loss.clear();
+    for (const Reading reading : {Reading::SR, Reading::RH, Reading::WS}) {
+        std::string text = box(reading).text();
+        if (!isNumeric(text) || text.back() != '.')
+            continue;
+        text.pop_back();
+        box(reading).setText(std::move(text));
+    }
+}
+
 void ReadingBoxes::round()
 {
     m_loss.clear();

@@ -97,6 +97,10 @@ public:
     /// Empties what is no number, such as a sign alone, in the boxes of the two pairs; the partners stand.
     void dropUnfinished();
 
+    /// Takes away the point that a number ends with, as typed last: the rules of typing have waited for more,
+    /// and judge the box now and empty its partner.
+    void finishNumbers();
+
     /// Rounds each numeric box in place: no decimal for the solar radiation, one for the others.
     void round();
 

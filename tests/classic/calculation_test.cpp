@@ -213,6 +213,21 @@ TEST(Calculation, RobustAndPreciseRulesAnswerEverySensibleReading)
     EXPECT_GT(compared, 40);
 }
 
+TEST(Calculation, WhatIsTypedLastCountsThoughItEndsWithAPoint)
+{
+    for (const Rules rules : {Rules::Robust, Rules::Precise}) {
+        SCOPED_TRACE(ruleName(rules));
+        Bench bench;
+        bench.settings.rules = rules;
+        ASSERT_EQ(bench.run({"25", "30", "500.", "10", "50.", "0."}), RunStatus::Ok);
+        EXPECT_EQ(bench.live(Live::SR), "500.00000");
+        EXPECT_EQ(bench.live(Live::RH), "50.00000");
+        EXPECT_EQ(bench.live(Live::WS), "0.10000");
+        ASSERT_EQ(bench.run({"25", "30", "5000.", "", "50", "2"}), RunStatus::Ok);
+        EXPECT_EQ(bench.live(Live::SR), "");
+    }
+}
+
 TEST(Calculation, ByThePreciseRulesNothingIsRoundedAndEachBlankSaysWhy)
 {
     Bench bench{classic::Limits::fromText(
