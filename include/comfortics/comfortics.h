@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// All of the library.
+// All of the library. No call changes the caller's floating-point flags, and none springs a trap.
 #pragma once
 
 #include <comfortics/calculation.h>

@@ -3,6 +3,7 @@
 
 #include "engine/limit_judge.h"
 #include "models/precise_roots.h"
+#include "values/float_flags.h"
 #include "values/plain_text.h"
 #include "values/run_failure.h"
 
@@ -212,6 +213,7 @@ std::string explain(const Target& target, const Readings& readings, std::size_t 
 {
     const Output output{target};
     engine::check(readings, {&output, 1}, engine::limitsOfCatalogue, options.limits);
+    const values::FloatFlags flags;
     engine::BlockCalculator calculator(readings, assumptions, options.limits, engine::limitsOfCatalogue);
     calculator.begin(point, 1);
     const bool judged = options.limits && target.indexNumber() != 0;

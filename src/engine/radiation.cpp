@@ -2,6 +2,7 @@
 #include <comfortics/radiation.h>
 
 #include "models/solar_radiation.h"
+#include "values/float_flags.h"
 #include "values/run_failure.h"
 
 #include <cmath>
@@ -59,6 +60,7 @@ void solarRadiation(const PlaceAndTime& where, std::size_t count, const SolarRad
         if (!column->given())
             throw std::invalid_argument(
                 "comfortics: latitude, longitude, dayOfYear and minuteOfDay must be given");
+    const values::FloatFlags flags;
     for (std::size_t i = 0; i < count; ++i) {
         const Figures figures = at(where, i);
         const auto put = [i](double* column, double value) {

@@ -3,6 +3,7 @@
 
 #include "engine/same_letters.h"
 #include "formulas/units.h"
+#include "values/float_flags.h"
 
 #include <algorithm>
 #include <array>
@@ -72,6 +73,7 @@ void convert(const double* values, std::size_t count, const Unit& from, const Un
         std::copy_n(values, values == results ? 0 : count, results);
         return;
     }
+    const values::FloatFlags flags;
     const formulas::Unit* const first = wayFrom(from);
     const formulas::Unit* const second = wayFrom(to);
     for (std::size_t i = 0; i < count; ++i) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/work_sharing.h"
 
+#include "values/float_flags.h"
+
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -34,7 +36,10 @@ public:
                 if (first >= m_count)
                     break;
                 const std::size_t size = std::min(m_share, m_count - first);
-                worker->work(first, size);
+                {
+                    const values::FloatFlags flags;
+                    worker->work(first, size);
+                }
                 tell(m_done += size);
             }
         } catch (...) {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <bit>
+#include <cfenv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -272,6 +273,27 @@ TEST(Calculate, RefusesMisuseInOneSentence)
     EXPECT_EQ("", refusal(index(88), {.airTemperature = 30, .relativeHumidity = 40}));
     EXPECT_THROW(index(223), std::out_of_range);
     EXPECT_EQ(nullptr, findIndex("no_such_index"));
+}
+
+// Whoever has traps set would otherwise end at the first missing reading.
+TEST(Calculate, LeavesTheFloatingPointFlagsAlone)
+{
+    const std::array air{30.0, kNaN, -std::numeric_limits<double>::infinity(), 1e300, -273.15, 20.0};
+    const Readings readings{
+        .airTemperature = air, .solarRadiation = air, .relativeHumidity = air, .windSpeed = air};
+    Table table(air.size());
+    std::feclearexcept(FE_ALL_EXCEPT);
+    std::feraiseexcept(FE_UNDERFLOW);
+    const int before = std::fetestexcept(FE_ALL_EXCEPT);
+    calculate(readings, air.size(), table.outputs);
+    for (const Output& output : table.outputs)
+        for (std::size_t point = 0; point < air.size(); ++point)
+            explain(output.target, readings, point);
+    double sun = 0;
+    solarRadiation({.latitude = air, .longitude = air, .dayOfYear = air, .minuteOfDay = air}, 1, {&sun});
+    convert(air.data(), air.size(), *findUnit("F"), *findUnit("K"), table.values[0].data());
+    EXPECT_EQ(before, std::fetestexcept(FE_ALL_EXCEPT));
+    std::feclearexcept(FE_ALL_EXCEPT);
 }
 
 TEST(Calculate, EndsWhereProgressSaysSo)
