@@ -4,9 +4,13 @@
 #include <concepts>
 #include <cstddef>
 #include <ranges>
-#include <type_traits>
 
 namespace comfortics {
+
+/// What holds doubles side by side, and does so longer than the expression that names it.
+template <typename Range>
+concept DoublesSideBySide = std::ranges::contiguous_range<Range> && std::ranges::borrowed_range<Range> &&
+    (std::same_as<std::ranges::range_value_t<Range>, double>);
 
 /// One input of many points: an array with any stride, or one value for all points.
 ///
@@ -18,6 +22,11 @@ public:
 
     /// The same value at all points.
     constexpr Column(double value) noexcept : m_value(value), m_given(true) {} // NOLINT: implicit
+    /// The same of a whole number: 0 alone could also be a null pointer.
+    template <std::integral Integer>
+    constexpr Column(Integer value) noexcept : Column(static_cast<double>(value)) // NOLINT: implicit
+    {
+    }
 
     /// The value of point i is at `data[i * stride]`: stride 1 for values side by side, 0 for one value for
     /// all points; negative strides are fine. Null gives what Column() gives.
@@ -28,12 +37,9 @@ public:
 
     /// Values side by side, at least as many as there are points, of a vector, an array or a span that
     /// outlives the call.
-    template <std::ranges::contiguous_range Range>
-    requires std::ranges::borrowed_range<Range> &&
-        std::same_as < std::remove_cv_t<std::ranges::range_value_t<Range>>,
-    double > constexpr Column(Range&& values) noexcept // NOLINT: implicit
-        : m_data(std::ranges::data(values)),
-    m_stride(1), m_given(true)
+    template <DoublesSideBySide Range>
+    constexpr Column(Range&& values) noexcept // NOLINT: implicit
+        : m_data(std::ranges::data(values)), m_stride(1), m_given(true)
     {
     }
 

@@ -300,7 +300,7 @@ TEST(Calculate, EndsWhereProgressSaysSo)
 {
     constexpr std::size_t many = 400000;
     const Readings readings{
-        .airTemperature = 30, .solarRadiation = 500, .relativeHumidity = 40, .windSpeed = 2};
+        .airTemperature = 30, .solarRadiation = 0, .relativeHumidity = 40, .windSpeed = 2};
     std::vector<double> values(many, -1);
     const Output output{Quantity::WbgtOutdoor, values.data()};
     std::size_t told = 0;
