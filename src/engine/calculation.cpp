@@ -128,7 +128,7 @@ void check(const Readings& readings, std::span<const Output> outputs, const Limi
             require(output.target, *quantity, readings, " needs ");
             continue;
         }
-        const int number = output.target.indexNumber();
+        const int number = index(output.target.indexNumber()).number; // or throws
         for (const auto& quantity : recipe(number).inputs())
             if (quantity)
                 require(output.target, *quantity, readings, " needs ");

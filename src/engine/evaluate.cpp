@@ -151,6 +151,7 @@ private:
 std::size_t evaluate(const Index& index, std::span<const Column> inputs, std::size_t count,
                      const Result& result, const Assumptions& assumptions, const Options& options)
 {
+    comfortics::index(index.number); // or throws
     const std::string id(index.id);
     if (inputs.size() != index.inputs.size())
         throw std::invalid_argument("comfortics: " + id + " has " + std::to_string(index.inputs.size()) +

@@ -144,6 +144,8 @@ private:
 
     std::string ofAir()
     {
+        if (statusOf(DewPoint) != Status::Value)
+            return ofQuantity(DewPoint);
         return "The dew point of " + measured(DewPoint, valueOf(DewPoint)) +
                " lies above the air temperature of " + measured(AirTemperature, valueOf(AirTemperature)) +
                ".";

@@ -199,7 +199,12 @@ void Weather::derive(Quantity quantity)
     };
     switch (quantity) {
     case DewPoint:
-        reading(m_readings, RelativeHumidity) != nullptr ? derive(kDewPointOfHumidity, place) : missing();
+        if (reading(m_readings, RelativeHumidity) != nullptr) {
+            derive(kDewPointOfHumidity, place);
+            loseImpossible(place);
+        } else {
+            missing();
+        }
         break;
     case RelativeHumidity:
         reading(m_readings, DewPoint) != nullptr ? derive(kHumidityOfDewPoint, place) : missing();
@@ -266,6 +271,16 @@ void Weather::derive(const Recipe& recipe, Place& place)
                                  [](Status status) { return status == Status::Value; })};
 }
 
+// The formula has a pole at a humidity of some 1e9 %, and beyond it dew points that nothing can have.
+void Weather::loseImpossible(Place& dewPoint) const
+{
+    for (std::size_t i = 0; i < m_count; ++i)
+        if (dewPoint.statuses[i] == Status::Value && dewPoint.values[i] < kAbsoluteZero) {
+            dewPoint.statuses[i] = Status::Undefined;
+            dewPoint.figures.allValues = false;
+        }
+}
+
 template <typename Root>
 void Weather::solve(Place& place, std::initializer_list<const Figures*> inputs, Root root)
 {
@@ -299,7 +314,7 @@ void Weather::judgeAir()
                 continue;
             dewPoint = formulas::Dew_Point_Magnus(air, humidity.values[i]);
         }
-        if (!(dewPoint - air <= kDewPointTolerance)) {
+        if (!(dewPoint - air <= kDewPointTolerance && dewPoint >= kAbsoluteZero)) {
             m_air.statuses[i] = Status::Undefined;
             all = false;
         }

@@ -208,6 +208,8 @@ TEST(Calculate, TellsWhyThereIsNoValue)
         {"missing wind", index(88), sunny(30, 40, kNaN, 500), Status::Value, ""},
         {"dry", index(90), sunny(30, 0, 2, 500), Status::Undefined,
          "There is no dew point at a relative humidity of 0 %."},
+        {"beyond the pole of the dew point", Quantity::GlobeTemperature, sunny(20, 1e10, 2, 500),
+         Status::Undefined, "There is no dew point at a relative humidity of 10000000000 %."},
         {"no humidity below 0", index(85), sunny(30, -3, 2, 500), Status::Undefined,
          "Relative humidity cannot be -3 %."},
         {"below absolute zero", Quantity::SaturationVapourPressure, sunny(-300, 3, 2, 500), Status::Undefined,
@@ -272,6 +274,7 @@ TEST(Calculate, RefusesMisuseInOneSentence)
         refusal(index(195), {.airTemperature = 30, .relativeHumidity = 40, .windSpeed = 2}));
     EXPECT_EQ("", refusal(index(88), {.airTemperature = 30, .relativeHumidity = 40}));
     EXPECT_THROW(index(223), std::out_of_range);
+    EXPECT_THROW(refusal(Index(), {.airTemperature = 30}), std::out_of_range);
     EXPECT_EQ(nullptr, findIndex("no_such_index"));
 }
 
@@ -368,6 +371,7 @@ TEST(Evaluate, TakesTheFormulasOwnInputs)
     EXPECT_THROW(evaluate(heatIndex, std::array<Column, 2>{30, Column()}, 4, {air.data()}),
                  std::invalid_argument);
     EXPECT_THROW(evaluate(heatIndex, own, 4, {}), std::invalid_argument);
+    EXPECT_THROW(evaluate(Index(), {}, 4, {air.data()}), std::out_of_range);
 }
 
 } // namespace
