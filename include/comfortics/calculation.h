@@ -89,7 +89,8 @@ struct Options {
 /// call; the results of the others are not defined.
 ///
 /// Throws std::invalid_argument where both of a pair are given, an input that a target needs is not given (an
-/// index needs the inputs of its formula and, unless limits are off, what its limits judge), and
+/// index needs the inputs of its formula and, unless limits are off, what its limits judge),
+/// std::out_of_range where a target is made of an Index that has no number of the catalogue, and
 /// std::system_error where a thread cannot be started.
 std::size_t calculate(const Readings& readings, std::size_t count, std::span<const Output> outputs,
                       const Assumptions& assumptions = {}, const Options& options = {});

@@ -8,9 +8,12 @@
 namespace comfortics {
 
 /// What became of one figure at one point. All but Value stand beside NaN.
+///
+/// Readings that nothing can have are infinite ones, those below absolute zero, 0 % or 0 m/s, and for the
+/// heat balances and UTCI a dew point above the air temperature.
 enum class Status : std::uint8_t {
     Value,              ///< it has a value
-    Missing,            ///< a reading that it depends on is NaN or was not given
+    Missing,            ///< a reading or assumption that it depends on is NaN
     OutsideTemperature, ///< outside the temperature limits of the index
     OutsideWind,        ///< outside the wind limits of the index
     NoValue,            ///< the published formula is not meant for these inputs
