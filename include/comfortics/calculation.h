@@ -48,8 +48,10 @@ struct Assumptions {
 /// What calculate() is asked for: an index by its number, or a quantity.
 class Target {
 public:
+    /// An index.
     Target(const Index& index) noexcept : m_target(index.number) {} // NOLINT: implicit
-    Target(Quantity quantity) noexcept : m_target(quantity) {}      // NOLINT: implicit
+    /// A quantity.
+    Target(Quantity quantity) noexcept : m_target(quantity) {} // NOLINT: implicit
     /// The number, 0 for a quantity.
     int indexNumber() const noexcept;
     /// The quantity, none for an index.
@@ -61,7 +63,7 @@ private:
 
 /// A target, and where its figures go.
 struct Output {
-    Target target;
+    Target target;              ///< what is calculated
     double* values = nullptr;   ///< NaN where there is no value; null if only the statuses are wanted
     std::ptrdiff_t stride = 1;  ///< from one point to the next, in elements
     Status* statuses = nullptr; ///< one per point, side by side; null if they are not wanted

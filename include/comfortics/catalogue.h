@@ -29,9 +29,10 @@ enum class Quantity : std::uint8_t {
     WindSpeedAt10m,                  ///< the wind taken to 10 m by the power law [m/s]
 };
 
+/// How many quantities there are.
 inline constexpr std::size_t kQuantityCount = 13;
 
-/// How a quantity is called.
+/// The names of a quantity.
 struct QuantityInfo {
     std::string_view id;     ///< in lower_snake_case, for instance "mean_radiant_temperature"
     std::string_view symbol; ///< for instance "Tmrt"
@@ -39,6 +40,7 @@ struct QuantityInfo {
     std::string_view unit;   ///< for instance "°C"
 };
 
+/// What a quantity is called.
 const QuantityInfo& info(Quantity quantity) noexcept;
 
 /// The quantity of an id or a symbol, whatever its case.
@@ -70,14 +72,14 @@ enum class Judged : std::uint8_t {
 
 /// The range in which an index is taken to be valid; all ends are inside.
 struct Limits {
-    bool bounded = false; ///< whether there are any
-    Judged judged = Judged::AirTemperature;
-    double temperatureLow = 0;  ///< [°C]
-    double temperatureHigh = 0; ///< [°C]
-    bool windBounded = false;
-    bool windAt10m = false; ///< the wind limits bound the wind at 10 m, not the measured one
-    double windLow = 0;     ///< [m/s]
-    double windHigh = 0;    ///< [m/s]
+    bool bounded = false;                   ///< whether there are any
+    Judged judged = Judged::AirTemperature; ///< what the temperature limits bound
+    double temperatureLow = 0;              ///< [°C]
+    double temperatureHigh = 0;             ///< [°C]
+    bool windBounded = false;               ///< whether there are limits of the wind
+    bool windAt10m = false;                 ///< the wind limits bound the wind at 10 m, not the measured one
+    double windLow = 0;                     ///< [m/s]
+    double windHigh = 0;                    ///< [m/s]
 };
 
 /// How well the literature of an index is known.
@@ -89,12 +91,12 @@ enum class Confidence : std::uint8_t {
 
 /// Where an index was published.
 struct Reference {
-    std::string_view authors;
-    std::string_view year;
-    std::string_view title;     ///< empty where only the name is known
-    std::string_view published; ///< journal, publisher or page
-    std::string_view where;     ///< equation, table, or what differs from the publication
-    Confidence confidence = Confidence::NameOnly;
+    std::string_view authors;                     ///< for instance "Yaglou CP, Minard D"
+    std::string_view year;                        ///< of the publication
+    std::string_view title;                       ///< empty where only the name is known
+    std::string_view published;                   ///< journal, publisher or page
+    std::string_view where;                       ///< equation, table, or what differs from the publication
+    Confidence confidence = Confidence::NameOnly; ///< how sure all this is
 
     /// Authors, year, title and place in one line.
     std::string citation() const;
@@ -106,13 +108,14 @@ struct Index {
     std::string_view id;   ///< in lower_snake_case, for instance "humidex_masterson"; never changed
     std::string_view name; ///< as published and as all outputs have it, author and year included
     std::string_view unit; ///< "[-]" where there is none
-    Family family = Family::ApparentTemperature;
-    std::span<const Quantity> inputs; ///< of its formula, in order
-    bool readsAssumptions = false;    ///< its formula reads site and body, see Assumptions
-    Limits limits;
-    Reference reference;
+    Family family = Family::ApparentTemperature; ///< what kind it is
+    std::span<const Quantity> inputs;            ///< of its formula, in order
+    bool readsAssumptions = false;               ///< its formula reads site and body, see Assumptions
+    Limits limits;                               ///< in which it is taken to be valid
+    Reference reference;                         ///< where it was published
 };
 
+/// How many indices there are.
 inline constexpr std::size_t kIndexCount = 222;
 
 /// All indices by number: index 1 comes first.

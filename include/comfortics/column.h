@@ -43,15 +43,18 @@ public:
     {
     }
 
+    /// Whether there are values.
     constexpr bool given() const noexcept { return m_given; }
     /// Whether all points have the same value.
     constexpr bool isScalar() const noexcept { return m_data == nullptr || m_stride == 0; }
+    /// The value of a point; only of a column that is given.
     constexpr double operator[](std::size_t point) const noexcept
     {
         return m_data == nullptr ? m_value : m_data[static_cast<std::ptrdiff_t>(point) * m_stride];
     }
     /// Null for a value that was given as such.
     constexpr const double* data() const noexcept { return m_data; }
+    /// From one point to the next, in elements.
     constexpr std::ptrdiff_t stride() const noexcept { return m_stride; }
 
 private:

@@ -11,3 +11,7 @@
 #include <comfortics/status.h>
 #include <comfortics/units.h>
 #include <comfortics/version.h>
+
+/// Indices of bioclimatology and of heat and cold stress: the whole of the library.
+namespace comfortics {
+}

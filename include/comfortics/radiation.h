@@ -12,8 +12,8 @@ namespace comfortics {
 struct SolarRadiation {
     double* horizontal = nullptr;       ///< clear sky, horizontal plane
     double* tilted = nullptr;           ///< clear sky, plane tilted to the equator by the latitude
-    double* horizontalClouds = nullptr; ///< the same under clouds
-    double* tiltedClouds = nullptr;
+    double* horizontalClouds = nullptr; ///< horizontal plane under clouds
+    double* tiltedClouds = nullptr;     ///< tilted plane under clouds
 };
 
 /// Where and when: one value for all points, or one for each.

@@ -15,7 +15,7 @@ enum class Dimension : unsigned char { Temperature, Speed, Irradiance };
 struct Unit {
     std::string_view symbol; ///< for instance "km/h"
     std::string_view name;   ///< for instance "kilometers per hour"
-    Dimension dimension;
+    Dimension dimension;     ///< what it measures
 };
 
 /// All units; those that the library calculates in, °C, m/s and W/m², come first.
