@@ -22,9 +22,6 @@ if(COMFORTICS_HARDENED)
   # Nothing here touches arithmetic.
   target_compile_options(comfortics_options INTERFACE -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
   target_link_options(comfortics_options INTERFACE -Wl,-z,relro,-z,now)
-  include(CheckPIESupported)
-  check_pie_supported(LANGUAGES CXX)
-  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 endif()
 if(COMFORTICS_FUZZ)
   target_compile_options(comfortics_options INTERFACE -fsanitize=fuzzer-no-link)
@@ -35,6 +32,12 @@ if(COMFORTICS_COVERAGE)
 endif()
 
 set(CMAKE_CXX_EXTENSIONS OFF)
+# The rooms go into a shared library as well as into programs, and it gives out what its headers say, no more.
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 # comfortics_room(<room> SOURCES ... LINKS ...): one library per folder of src/. LINKS names the rooms that this
