@@ -13,7 +13,7 @@ if ! "$formatter" --version | grep -q 'version 14\.'; then
     exit 1
 fi
 
-mapfile -d '' files < <(find include src tests bench fuzz -name '*.cpp' -print0 -o -name '*.h' -print0)
+mapfile -d '' files < <(find include src tests bench fuzz examples -name '*.cpp' -print0 -o -name '*.h' -print0)
 if [ "${1:-}" = --fix ]; then
     "$formatter" -i -- "${files[@]}"
 else

@@ -59,7 +59,7 @@ def faults_of_company(reached):
 
 
 def files_that_need_a_licence_line(root):
-    for folder in ("src", "tests", "bench", "fuzz", "cmake", "tools", "data", "packaging"):
+    for folder in ("include", "src", "tests", "bench", "fuzz", "examples", "cmake", "tools", "data", "packaging"):
         for path in sorted((root / folder).rglob("*")):
             if path.suffix in {".h", ".cpp", ".py", ".sh", ".cmake"} or path.name == "CMakeLists.txt":
                 yield path

@@ -9,12 +9,12 @@ set -euo pipefail
 declare -A groups=(
     [build]="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3"
     [window]="qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libgl1-mesa-dev qt6-wayland"
-    [test]="libgtest-dev"
+    [test]="libgtest-dev pkg-config"
     [bench]="libbenchmark-dev"
-    [check]="clang-format clang-tidy git"
+    [check]="clang-format clang-tidy git doxygen"
     [coverage]="gcovr"
     [screenshots]="xvfb openbox xdotool imagemagick x11-utils xclip dbus at-spi2-core python3-gi gir1.2-atspi-2.0"
-    [package]="dpkg-dev fakeroot file lintian desktop-file-utils appstream man-db mandoc groff xvfb xdotool"
+    [package]="dpkg-dev fakeroot file lintian desktop-file-utils appstream man-db mandoc groff xvfb xdotool pkg-config"
     [clean_root]="mmdebstrap"
     [fuzz]="clang libclang-rt-dev"
 )
