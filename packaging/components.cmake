@@ -1,6 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Read by cpack: the Debian package takes its own files in place of those of an ordinary installation.
+# Read by cpack: there is one archive, of an ordinary installation, and a Debian package for each group of components,
+# which take their own files in place of those of an ordinary installation.
 if(CPACK_GENERATOR STREQUAL "DEB")
-  set(build "${CPACK_BUILD_FOLDER};Comfortics")
-  set(CPACK_INSTALL_CMAKE_PROJECTS "${build};Unspecified;/;${build};debian;/")
+  set(CPACK_DEB_COMPONENT_INSTALL ON)
+  set(CPACK_COMPONENTS_ALL Unspecified debian debian_library debian_development)
+  set(CPACK_COMPONENT_UNSPECIFIED_GROUP programs)
+  set(CPACK_COMPONENT_DEBIAN_GROUP programs)
+  set(CPACK_COMPONENT_DEBIAN_LIBRARY_GROUP library)
+  set(CPACK_COMPONENT_DEBIAN_DEVELOPMENT_GROUP development)
+  # Each description begins with its own summary.
+  unset(CPACK_PACKAGE_DESCRIPTION_SUMMARY)
 endif()

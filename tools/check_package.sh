@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Builds the packages, lets Debian's validators look at them, unpacks them into empty folders and runs both programs
-# from there. The libraries are this machine's, unless a clean root is asked for: a system of Debian's essential
-# packages in which apt installs what the package itself asks for. That needs root, the network and some minutes.
+# Builds the packages, lets Debian's validators look at them, unpacks them into empty folders, runs both programs from
+# there and builds one with the library. Other libraries are this machine's, unless a clean root is asked for: a system of Debian's essential
+# packages in which apt installs what the packages themselves ask for. That needs root, the network and some minutes.
 #
 # usage: tools/check_package.sh [--clean-root]    (--run-in FOLDER is for its own use)
 set -euo pipefail
@@ -18,9 +18,10 @@ fail() {
     exit 1
 }
 
-# validate PACKAGE FOLDER: the package, and what was unpacked from it.
+# validate FOLDER PACKAGE...: the packages, and what was unpacked from them.
 validate() {
-    local share=$2/usr/share page
+    local share=$1/usr/share page package size
+    shift
     desktop-file-validate "$share/applications/comfortics.desktop"
     appstreamcli validate --no-net --explain "$share"/metainfo/*.metainfo.xml
     for page in "$share"/man/man1/*.gz; do
@@ -29,10 +30,22 @@ validate() {
         [ ! -s "$scratch/man" ] || fail "$(cat "$scratch/man")"
     done
     # It advises against running as root, but only looks at the package here.
-    lintian --allow-root --fail-on error,warning "$1"
-    local size
-    size=$(stat --format=%s "$1")
-    [ "$size" -lt 10000000 ] || fail "$1 has $size bytes"
+    lintian --allow-root --fail-on error,warning "$@"
+    for package in "$@"; do
+        size=$(stat --format=%s "$package")
+        [ "$size" -lt 10000000 ] || fail "$package has $size bytes"
+    done
+}
+
+# build_with_library FOLDER: builds an example with the library that was unpacked there, and runs it.
+build_with_library() {
+    local pc lib flags
+    pc=$(find "$1" -name comfortics.pc)
+    lib=$(cd "$(dirname "$pc")/.." && pwd)
+    read -ra flags < <(PKG_CONFIG_PATH=$lib/pkgconfig pkg-config --cflags --libs comfortics)
+    g++ -std=c++20 examples/one_reading.cpp "${flags[@]}" -o "$scratch/one_reading"
+    LD_LIBRARY_PATH=$lib "$scratch/one_reading" 30 50 2 600 | grep 'Humidex .*: 36.3 °C' >/dev/null
+    echo "A program runs with the library in $lib"
 }
 
 # run_programs FOLDER [COMMAND...]: runs those in FOLDER by way of COMMAND.
@@ -62,17 +75,18 @@ assert 1 in shown and 8 not in shown, "the limits are not in force"
     echo "Both programs run from $bin${1:+ in a clean root}"
 }
 
-# try_clean_root PACKAGE
+# try_clean_root PACKAGE...
 try_clean_root() {
     tools/install_packages.sh clean_root
     # Where this machine's apt gets Debian from.
     local sources=()
     mapfile -t sources < <(find /etc/apt -maxdepth 2 -name '*.list' -o -name '*.sources')
-    cp "$1" "$scratch/package.deb"
+    mkdir "$scratch/packages"
+    cp "$@" "$scratch/packages"
     # The programs run as a hook, which has /proc.
     mmdebstrap --quiet --mode=root --variant=apt \
-        --customize-hook="copy-in '$scratch/package.deb' /tmp" \
-        --customize-hook='chroot "$1" apt-get --quiet --yes --no-install-recommends install /tmp/package.deb' \
+        --customize-hook="copy-in '$scratch/packages' /tmp" \
+        --customize-hook='chroot "$1" sh -c "apt-get --quiet --yes --no-install-recommends install /tmp/packages/*.deb"' \
         --customize-hook="'$PWD/tools/check_package.sh' --run-in \"\$1\"" \
         "$(. /etc/os-release && echo "$VERSION_CODENAME")" /dev/null "${sources[@]}"
 }
@@ -90,11 +104,16 @@ case "${1:-}" in
 esac
 
 tools/make_package.sh
-package=$(echo build/packages/*.deb)
-dpkg-deb --extract "$package" "$scratch/debian"
+packages=(build/packages/*.deb)
+[ ${#packages[@]} -eq 3 ] || fail "There are other packages than expected: ${packages[*]}"
+for package in "${packages[@]}"; do
+    dpkg-deb --extract "$package" "$scratch/debian"
+done
 mkdir "$scratch/archive"
 tar --extract --file="$(echo build/packages/*.tar.gz)" --directory="$scratch/archive" --strip-components=1
-validate "$package" "$scratch/debian"
+validate "$scratch/debian" "${packages[@]}"
 run_programs "$scratch/debian/usr/bin"
 run_programs "$scratch/archive/bin"
-[ "${1:-}" != --clean-root ] || try_clean_root "$package"
+build_with_library "$scratch/debian"
+build_with_library "$scratch/archive"
+[ "${1:-}" != --clean-root ] || try_clean_root "${packages[@]}"
