@@ -11,10 +11,7 @@
 #include <cerrno>
 #include <cmath>
 #include <fstream>
-#include <memory>
-#include <optional>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #ifdef __GLIBC__
@@ -35,7 +32,6 @@ constexpr const char* kNotBegun = "0%";
 constexpr const char* kFinished = "100%";
 constexpr const char* kOfEarlierRun = " (of an earlier run)";
 constexpr const char* kOpenTitle = "Open Table";
-constexpr std::chrono::milliseconds kPatience{5}; // of a wait for a row, between two looks at the interface
 
 // Places of the design [twips].
 constexpr int kGridLeft = 120;
@@ -115,8 +111,8 @@ controls::GridCells readTable(const std::string& path)
 
 Frm_Raw_Data::Frm_Raw_Data(classic::Frm_Main& main, const classic::Limits& limits, const Desktop& desktop,
                            unsigned threads)
-    : Form("Raw Data"), m_main(main), m_limits(limits), m_desktop(desktop),
-      m_threads(threads > 0 ? threads : std::max(1U, std::thread::hardware_concurrency()))
+    : Form("Raw Data"), m_main(main), m_desktop(desktop),
+      m_run(*this, main, limits, desktop.messages, threads)
 {
     Flex_Data.onKeyDown([this](KeyPress press) { Flex_Data_KeyDown(press); });
     Flex_Data.provideNotes([this](std::size_t row, std::size_t) { return dataNote(row); });
@@ -127,10 +123,7 @@ Frm_Raw_Data::Frm_Raw_Data(classic::Frm_Main& main, const classic::Limits& limit
     Flex_Results.provideNotes([this](std::size_t row, std::size_t col) { return resultNote(row, col); });
     cmd_Calculate.click.handle([this] { cmd_Calculate_Click(); });
     cmd_Open.click.handle([this] { cmd_Open_Click(); });
-    cmd_Stop.click.handle([this] {
-        m_stop = m_running;
-        m_restart = false;
-    });
+    cmd_Stop.click.handle([this] { m_run.stop(); });
     cmd_Back.click.handle([this] { Fra_Results.setVisible(false); });
     Menu_copy_copy.click.handle([this] { Menu_copy_copy_Click(); });
     Menu_Copy_Selection.click.handle([this] { Menu_Copy_Selection_Click(); });
@@ -213,7 +206,7 @@ void Frm_Raw_Data::cmd_Open_Click()
 
 void Frm_Raw_Data::openFile(const std::string& path)
 {
-    if (m_running)
+    if (running())
         return;
     try {
         const controls::GridCells table = readTable(path);
@@ -232,7 +225,7 @@ void Frm_Raw_Data::openFile(const std::string& path)
 // last line, deliberately: the rows are counted by their ends.
 void Frm_Raw_Data::Flex_Data_KeyDown(KeyPress press)
 {
-    if (press.key != Key::V || press.shift != kCtrl || m_running)
+    if (press.key != Key::V || press.shift != kCtrl || running())
         return;
     std::string text = withCarriageReturns(m_desktop.clipboard.text());
     if (text.empty())
@@ -256,13 +249,8 @@ void Frm_Raw_Data::takeRows(std::size_t count)
         Flex_Results.setRows(Flex_Results.fixedRows());
         Flex_Results.setRows(Flex_Results.fixedRows() + count);
     }
-    m_states.clear();
-    m_stretches.clear();
+    m_run.forget();
     m_oldHeaders.clear();
-    m_asked = controls::GridCells(1, kReadingCount);
-    m_explainer.reset();
-    m_counts = {};
-    m_stopped = false;
     m_progressShare = 0;
     lbl_progress_value.setCaption(kNotBegun);
     lbl_progress.appearance.raise();
@@ -276,8 +264,7 @@ void Frm_Raw_Data::takeRows(std::size_t count)
 
 void Frm_Raw_Data::keepAlive(std::function<void()> processEvents, std::chrono::milliseconds every)
 {
-    m_processEvents = std::move(processEvents);
-    m_every = every;
+    m_run.keepAlive(std::move(processEvents), every);
 }
 
 BoxTexts Frm_Raw_Data::cells(std::size_t row) const
@@ -288,162 +275,29 @@ BoxTexts Frm_Raw_Data::cells(std::size_t row) const
     return texts;
 }
 
-Terms Frm_Raw_Data::terms() const
+void Frm_Raw_Data::hold(bool running)
 {
-    return {m_main.settings(), m_main.calculation.assumptions.texts()};
+    Flex_Data.setEnabled(!running);
+    cmd_Open.setEnabled(!running);
+    cmd_Stop.setEnabled(running);
 }
 
-void Frm_Raw_Data::cmd_Calculate_Click()
+void Frm_Raw_Data::runBegins(std::size_t last)
 {
-    if (m_running) {
-        m_restart = true; // the run under way starts over from row 1
-        m_stop = false;
-        return;
-    }
-    // While it runs, the rows stay as they are; whatever ends the run gives them free again.
-    class Running {
-    public:
-        explicit Running(Frm_Raw_Data& form) : m_form(form) { set(true); }
-        ~Running() { set(false); }
-        Running(const Running&) = delete;
-        Running& operator=(const Running&) = delete;
-
-    private:
-        void set(bool running)
-        {
-            m_form.m_running = running;
-            m_form.Flex_Data.setEnabled(!running);
-            m_form.cmd_Open.setEnabled(!running);
-            m_form.cmd_Stop.setEnabled(running);
-        }
-        Frm_Raw_Data& m_form;
-    };
-    const Running running(*this);
-    m_unloaded = false;
-    m_messagesHidden = false;
-    do {
-        m_stop = false;
-        m_restart = false;
-        run();
-    } while (m_restart && !m_unloaded);
-    Fra_Results.setVisible(true);
-    if (m_unloaded)
-        freeRows();
-}
-
-void Frm_Raw_Data::run()
-{
-    const std::size_t last = lastRow();
     m_oldHeaders = calculatedHeaders();
     for (std::string& header : m_oldHeaders)
         if (!header.empty() && !header.ends_with(kOfEarlierRun))
             header += kOfEarlierRun;
-    m_states.assign(last + 1, RowState::NotRun);
-    m_asked = controls::GridCells(last + 1, kReadingCount);
-    m_stretches.clear();
-    m_counts = {};
-    m_explainer.reset();
     lbl_outcome.setCaption("");
     lbl_status.setCaption("Calculating " + std::to_string(last) + (last == 1 ? " row." : " rows."));
-
-    const std::size_t done = calculateRows(last);
-    m_stopped = done < last;
-    if (m_stopped && Flex_Results.rows() > done + 1) {
-        // What an earlier run has left there is no result of this one.
-        const Grid::Bulk bulk(Flex_Results);
-        Flex_Results.setRows(done + 1);
-        Flex_Results.setRows(last + 1);
-    }
-    leaveInMainWindow(done);
-    showOutcome(done, last);
 }
 
-// The number of rows that are done: all of them, or those before the row at which the run was
-// interrupted.
-std::size_t Frm_Raw_Data::calculateRows(std::size_t last)
+void Frm_Raw_Data::take(std::size_t row, const SheetRow& result)
 {
-    std::optional<SheetRows> rows;
-    std::unique_ptr<Grid::Bulk> bulk; // gathers what happens between two looks at the interface
-    m_lastEvents = {};
-    for (std::size_t row = 1; row <= last; ++row) {
-        const bool eventsDue = m_processEvents && std::chrono::steady_clock::now() - m_lastEvents >= m_every;
-        if (eventsDue) {
-            bulk.reset();
-            letEventsPass();
-        }
-        if (interrupted())
-            return row - 1;
-        // A change of selection or options counts from this row on.
-        if (!rows || (std::exchange(m_userHadTheWord, false) && rows->terms() != terms())) {
-            BoxTexts before = rows ? rows->standing() : boxTexts(m_main.calculation.readings);
-            m_stretches.push_back({row, terms()});
-            tellTerms();
-            rows.emplace(
-                m_limits, m_stretches.back().terms, m_threads, [this](std::size_t at) { return cells(at); },
-                row, last, std::move(before));
-        }
-        while (!rows->nextIsDone(kPatience)) {
-            bulk.reset();
-            letEventsPass();
-            if (interrupted())
-                return row - 1;
-        }
-        const SheetRow& result = rows->next();
-        if (!result.messages.empty()) {
-            bulk.reset();
-            showMessages(result);
-        }
-        if (!bulk)
-            bulk = std::make_unique<Grid::Bulk>(Flex_Results);
-        keepRow(row, result);
-        if (eventsDue || !m_processEvents || row == last)
-            updateProgress(row, last);
-    }
-    return last;
-}
-
-void Frm_Raw_Data::letEventsPass()
-{
-    if (m_processEvents)
-        m_processEvents();
-    m_userHadTheWord = true;
-    m_lastEvents = std::chrono::steady_clock::now();
-}
-
-void Frm_Raw_Data::showMessages(const SheetRow& result)
-{
-    for (const std::string_view text : result.messages) {
-        if (m_messagesHidden || m_unloaded)
-            return;
-        m_desktop.messages.show({.text = std::string(text),
-                                 .checkBox = "Do not show this again in this run",
-                                 .checked = &m_messagesHidden});
-        m_userHadTheWord = true;
-    }
-}
-
-void Frm_Raw_Data::keepRow(std::size_t row, const SheetRow& result)
-{
-    m_states[row] = result.state;
-    for (std::size_t i = 0; i < kReadingCount; ++i)
-        m_asked.setText(row, i, (*result.asked)[i]);
-    switch (result.state) {
-    case RowState::Calculated:
-        ++m_counts.calculated;
-        break;
-    case RowState::Failed:
-        ++m_counts.failed;
-        break;
-    case RowState::Skipped:
-        ++m_counts.skipped;
+    if (!m_bulk)
+        m_bulk.emplace(Flex_Results);
+    if (result.state == RowState::Skipped || result.state == RowState::NotRun)
         return; // its row of results stays as it was
-    case RowState::Rejected:
-        ++m_counts.skipped;
-        break;
-    case RowState::NotRun:
-        return;
-    }
-    m_counts.lostValues += result.lostValues;
     Flex_Results.setRows(Flex_Data.rows());
     // The columns are those of the selection of this moment; the headers stay those of the opening.
     if (result.values.size() > Flex_Results.cols())
@@ -455,7 +309,7 @@ void Frm_Raw_Data::keepRow(std::size_t row, const SheetRow& result)
 
 // Once it has come to 100 % the progress stays there, deliberately also in later runs over the same
 // rows; the status line tells of those.
-void Frm_Raw_Data::updateProgress(std::size_t row, std::size_t last)
+void Frm_Raw_Data::showProgress(std::size_t row, std::size_t last)
 {
     const double share = static_cast<double>(row) / static_cast<double>(last);
     const std::string percentage = std::to_string(static_cast<int>(std::floor(share * 100))) + "%";
@@ -469,44 +323,19 @@ void Frm_Raw_Data::updateProgress(std::size_t row, std::size_t last)
     lbl_progress_rows.setCaption(std::to_string(row) + " out of " + std::to_string(last));
 }
 
-// Brings the main window to where it would stand had the rows been written there one by one: the
-// boxes hold the last row, the results those of the last row that was calculated, and the captions
-// of the live quantities those of the last row that had a calculation at all.
-void Frm_Raw_Data::leaveInMainWindow(std::size_t row)
+void Frm_Raw_Data::runEnds(std::size_t done, std::size_t last)
 {
-    if (row == 0)
-        return;
-    const auto lastWhere = [this, row](auto holds) {
-        std::size_t found = row;
-        while (found > 0 && !holds(m_states[found]))
-            --found;
-        return found;
-    };
-    const std::size_t captions =
-        lastWhere([](RowState state) { return state == RowState::Calculated || state == RowState::Failed; });
-    const std::size_t results = lastWhere([](RowState state) { return state != RowState::Skipped; });
-    const MessageGate::Hush hush(m_desktop.messages);
-    if (captions > 0 && captions != results)
-        calculateInMainWindow(captions);
-    if (results > 0)
-        calculateInMainWindow(results);
-    if (results != row)
-        restore(m_main.calculation.readings, asked(row));
-}
-
-void Frm_Raw_Data::calculateInMainWindow(std::size_t row)
-{
-    restore(m_main.calculation.readings, asked(row));
-    m_main.calculation.run(stretch(row).terms.settings);
-}
-
-void Frm_Raw_Data::showOutcome(std::size_t done, std::size_t last)
-{
-    std::string text = std::to_string(m_counts.calculated) + " calculated, " +
-                       std::to_string(m_counts.skipped) + " skipped, " + std::to_string(m_counts.failed) +
-                       " failed.";
-    if (m_counts.lostValues > 0)
-        text += " Values blank for a failure: " + std::to_string(m_counts.lostValues) + ".";
+    if (done < last && Flex_Results.rows() > done + 1) {
+        // What an earlier run has left there is no result of this one.
+        const Grid::Bulk bulk(Flex_Results);
+        Flex_Results.setRows(done + 1);
+        Flex_Results.setRows(last + 1);
+    }
+    const RowCounts& counts = m_run.counts();
+    std::string text = std::to_string(counts.calculated) + " calculated, " + std::to_string(counts.skipped) +
+                       " skipped, " + std::to_string(counts.failed) + " failed.";
+    if (counts.lostValues > 0)
+        text += " Values blank for a failure: " + std::to_string(counts.lostValues) + ".";
     lbl_outcome.setCaption(
         (done < last ? "Stopped after row " + std::to_string(done) + " of " + std::to_string(last) + ": "
                      : "Rows: ") +
@@ -517,11 +346,18 @@ void Frm_Raw_Data::showOutcome(std::size_t done, std::size_t last)
     tellTerms();
 }
 
+void Frm_Raw_Data::runsEnded()
+{
+    Fra_Results.setVisible(true);
+    if (m_run.abandoned())
+        freeRows();
+}
+
 // --- by which terms
 
 bool Frm_Raw_Data::resultsAreEarlier() const
 {
-    return !m_stretches.empty() && m_stretches.back().terms != terms();
+    return !m_run.stretches().empty() && m_run.stretches().back().terms != m_run.terms();
 }
 
 // What the columns hold; nothing before the first run over these rows. A header of the grid is that of the
@@ -533,10 +369,10 @@ std::vector<std::string> Frm_Raw_Data::calculatedHeaders() const
         std::size_t first;
         std::size_t last;
     };
-    if (m_stretches.empty())
+    if (m_run.stretches().empty())
         return {};
     std::vector<std::vector<Part>> columns(Flex_Results.cols());
-    for (const Stretch& one : m_stretches) {
+    for (const SheetRun::Stretch& one : m_run.stretches()) {
         const std::vector<int> indices = selectedIndices(one.terms.settings.selection);
         for (std::size_t col = 0; col < columns.size(); ++col) {
             std::vector<Part>& parts = columns[col];
@@ -575,16 +411,17 @@ bool Frm_Raw_Data::headersAreOther() const
 
 void Frm_Raw_Data::tellTerms()
 {
-    const classic::Settings now = m_stretches.empty() ? m_main.settings() : m_stretches.back().terms.settings;
+    const auto& stretches = m_run.stretches();
+    const classic::Settings now = stretches.empty() ? m_main.settings() : stretches.back().terms.settings;
     std::string text = "By " + classic::inForce(now) + ".";
-    if (m_stretches.size() > 1)
+    if (stretches.size() > 1)
         text += " Options or ticks changed under way; this holds from row " +
-                std::to_string(m_stretches.back().first) + " on.";
+                std::to_string(stretches.back().first) + " on.";
     if (headersAreOther())
         text += " The columns hold other indices than the headers tell, because the ticks have changed since "
                 "the sheet was opened. An export has the right headers; opening the sheet again and "
                 "calculating gives them here, too.";
-    else if (m_stretches.empty() && selectedIndices(now.selection) != m_headed)
+    else if (stretches.empty() && selectedIndices(now.selection) != m_headed)
         text += " The ticks have changed since the sheet was opened; open it again for their headers.";
     if (resultsAreEarlier())
         text += " Options, assumptions or ticks have changed since the run.";
@@ -595,8 +432,8 @@ void Frm_Raw_Data::tellTerms()
 
 void Frm_Raw_Data::Form_Unload()
 {
-    m_unloaded = true;
-    if (!m_running)
+    m_run.abandon();
+    if (!running())
         freeRows();
 }
 
@@ -608,78 +445,24 @@ void Frm_Raw_Data::freeRows()
 
 // --- what became of a row
 
-RowState Frm_Raw_Data::rowState(std::size_t row) const
-{
-    return row < m_states.size() ? m_states[row] : RowState::NotRun;
-}
-
-BoxTexts Frm_Raw_Data::asked(std::size_t row) const
-{
-    BoxTexts texts;
-    for (std::size_t i = 0; i < kReadingCount; ++i)
-        texts[i] = m_asked.text(row, i);
-    return texts;
-}
-
-const Frm_Raw_Data::Stretch& Frm_Raw_Data::stretch(std::size_t row) const
-{
-    const auto after = std::find_if(m_stretches.begin(), m_stretches.end(),
-                                    [row](const Stretch& one) { return one.first > row; });
-    return *std::prev(after);
-}
-
-// Reasons are not kept, they are found again by calculating the row once more.
-RowRunner& Frm_Raw_Data::explainer(std::size_t row) const
-{
-    if (!m_explainer || m_explained != row) {
-        const Terms& terms = stretch(row).terms;
-        m_explainer = std::make_unique<RowRunner>(m_limits, terms.settings);
-        m_explainer->calculation().assumptions.write(terms.assumptions);
-        restore(m_explainer->calculation().readings, asked(row));
-        m_explainer->runBoxes();
-        m_explained = row;
-    }
-    return *m_explainer;
-}
-
-std::string Frm_Raw_Data::whyNoFigures(std::size_t row) const
-{
-    const std::string name = "Row " + std::to_string(row);
-    switch (rowState(row)) {
-    case RowState::Skipped:
-    case RowState::Rejected:
-        return name + " was skipped: " + explainer(row).calculation().readings.whatIsWrong() + ".";
-    case RowState::Failed:
-        return name + " failed: " + explainer(row).calculation().failure()->sentence();
-    case RowState::NotRun:
-        return m_stopped && row > 0 && row < m_states.size()
-                   ? "The run was stopped before row " + std::to_string(row) + "."
-                   : std::string();
-    case RowState::Calculated:
-        break;
-    }
-    return {};
-}
-
 std::string Frm_Raw_Data::resultNote(std::size_t row, std::size_t col) const
 {
-    if (m_running)
+    if (running())
         return {};
     const bool blank = Flex_Results.textMatrix(row, col).empty();
     if (rowState(row) != RowState::Calculated) {
-        std::string why = whyNoFigures(row);
+        std::string why = m_run.whyNoFigures(row);
         if (!why.empty() && !blank)
             why += " Its figures are those of an earlier run.";
         return why;
     }
-    const std::vector<int> indices = selectedIndices(stretch(row).terms.settings.selection);
-    return blank && col < indices.size() ? explainer(row).calculation().whyBlank(indices[col])
-                                         : std::string();
+    const std::vector<int> indices = selectedIndices(m_run.stretch(row).terms.settings.selection);
+    return blank && col < indices.size() ? m_run.whyBlank(row, indices[col]) : std::string();
 }
 
 std::string Frm_Raw_Data::dataNote(std::size_t row) const
 {
-    return m_running ? std::string() : whyNoFigures(row);
+    return running() ? std::string() : m_run.whyNoFigures(row);
 }
 
 // --- copying and export

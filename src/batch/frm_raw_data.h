@@ -2,20 +2,18 @@
 #pragma once
 
 #include "batch/message_gate.h"
-#include "batch/row_runner.h"
-#include "batch/sheet_rows.h"
+#include "batch/sheet_run.h"
 #include "classic/frm_main.h"
 #include "controls/controls.h"
 #include "controls/dialogs.h"
 #include "controls/form.h"
 #include "controls/grid.h"
-#include "controls/grid_cells.h"
 #include "output/frm_comfortics.h"
 
 #include <chrono>
 #include <cstddef>
 #include <functional>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,11 +21,9 @@ namespace comfortics::batch {
 
 /// The batch sheet: rows of readings on one grid, the selected indices of every row on another.
 ///
-/// A run has the outcome of writing row after row into the main window's boxes and pressing its
-/// `cmd_Calculate`, to the last character, but the rows are calculated on all cores by calculations
-/// of their own. The last row is left in the main window. A row that fails is blank and the run
-/// goes on.
-class Frm_Raw_Data : public controls::Form {
+/// The rows are calculated on all cores by calculations of their own (SheetRun). A row that fails is blank
+/// and the run goes on.
+class Frm_Raw_Data : public controls::Form, private Sheet {
 public:
     struct Desktop {
         MessageGate& messages; ///< the one that the main window's messages go through
@@ -81,12 +77,12 @@ public:
     void keepAlive(std::function<void()> processEvents,
                    std::chrono::milliseconds every = std::chrono::milliseconds(0));
 
-    bool running() const noexcept { return m_running; }
+    bool running() const noexcept { return m_run.running(); }
     /// The share of rows that are done, as the bar shows it: 0 to 1. Views of `lbl_progress` follow
     /// its `appearance`.
     double progressShare() const noexcept { return m_progressShare; }
     /// What became of a row of `Flex_Data` in the last run, on the same row of `Flex_Results`.
-    RowState rowState(std::size_t row) const;
+    RowState rowState(std::size_t row) const { return m_run.rowState(row); }
 
     /// Sizes both grids [twips]; the columns of the data share the width.
     void resizeGrids(int width, int height);
@@ -103,74 +99,42 @@ public:
     void Form_Unload();
 
 private:
-    // Rows from `first` on were calculated with these terms.
-    struct Stretch {
-        std::size_t first = 1;
-        Terms terms;
-    };
-
     void Form_Load();
     void takeRows(std::size_t count);
     void Flex_Data_KeyDown(controls::KeyPress press);
-    void cmd_Calculate_Click();
+    void cmd_Calculate_Click() { m_run.start(); }
     void cmd_Open_Click();
     void Menu_copy_copy_Click();
     void Menu_Copy_Selection_Click();
     void Menu_Export_Click();
 
-    std::size_t lastRow() const { return Flex_Data.rows() - Flex_Data.fixedRows(); }
-    BoxTexts cells(std::size_t row) const;
-    Terms terms() const;
-    bool interrupted() const { return m_stop || m_restart || m_unloaded; }
+    // Sheet
+    std::size_t lastRow() const override { return Flex_Data.rows() - Flex_Data.fixedRows(); }
+    BoxTexts cells(std::size_t row) const override;
+    void hold(bool running) override;
+    void runBegins(std::size_t last) override;
+    void termsBegin() override { tellTerms(); }
+    void take(std::size_t row, const SheetRow& result) override;
+    void showTaken() override { m_bulk.reset(); }
+    void showProgress(std::size_t row, std::size_t last) override;
+    void runEnds(std::size_t done, std::size_t last) override;
+    void runsEnded() override;
 
-    void run();
-    std::size_t calculateRows(std::size_t last);
-    void letEventsPass();
-    void keepRow(std::size_t row, const SheetRow& result);
-    void showMessages(const SheetRow& result);
-    void updateProgress(std::size_t row, std::size_t last);
-    void leaveInMainWindow(std::size_t row);
-    void calculateInMainWindow(std::size_t row);
-    void showOutcome(std::size_t done, std::size_t last);
     void freeRows();
 
     std::vector<std::string> calculatedHeaders() const;
     bool headersAreOther() const;
-    BoxTexts asked(std::size_t row) const;
-    const Stretch& stretch(std::size_t row) const;
-    RowRunner& explainer(std::size_t row) const;
-    std::string whyNoFigures(std::size_t row) const;
     std::string resultNote(std::size_t row, std::size_t col) const;
     std::string dataNote(std::size_t row) const;
 
     classic::Frm_Main& m_main;
-    const classic::Limits& m_limits;
     Desktop m_desktop;
-    unsigned m_threads;
-    std::function<void()> m_processEvents;
-    std::chrono::milliseconds m_every{0};
-    std::chrono::steady_clock::time_point m_lastEvents;
-
-    bool m_running = false;
-    bool m_stop = false;           // the run under way is to end
-    bool m_restart = false;        // the run under way is to start over
-    bool m_unloaded = false;       // the form goes
-    bool m_userHadTheWord = false; // settings may have changed
-    bool m_messagesHidden = false; // for the rest of a run, as the user wished
+    SheetRun m_run;
+    std::optional<controls::Grid::Bulk> m_bulk; // gathers what happens between two looks at the interface
     double m_progressShare = 0;
 
     std::vector<int> m_headed;             // the indices that the columns are headed with
     std::vector<std::string> m_oldHeaders; // of what the runs before the last have left in the columns
-
-    // The last run: what became of the rows, and what each was calculated from, so that the reason
-    // of a blank can be found when somebody asks for it.
-    std::vector<RowState> m_states; // element 0 unused
-    controls::GridCells m_asked{1, classic::kReadingCount};
-    std::vector<Stretch> m_stretches;
-    RowCounts m_counts;
-    bool m_stopped = false;
-    mutable std::unique_ptr<RowRunner> m_explainer; // holds the calculation of row m_explained
-    mutable std::size_t m_explained = 0;
 };
 
 } // namespace comfortics::batch
