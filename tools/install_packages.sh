@@ -10,6 +10,7 @@ declare -A groups=(
     [build]="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3"
     [window]="qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libgl1-mesa-dev qt6-wayland"
     [test]="libgtest-dev pkg-config"
+    [python]="python3 python3-dev python3-numpy python3-pandas python3-xarray python3-dask python3-distributed python3-netcdf4 python3-zarr python3-matplotlib python3-pytest python3-hypothesis"
     [bench]="libbenchmark-dev"
     [check]="clang-format clang-tidy git doxygen"
     [coverage]="gcovr"

@@ -1,0 +1,409 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""From readings to indices, on whatever arrays they come in."""
+
+import operator
+import re
+import sys
+from dataclasses import dataclass
+
+import numpy
+
+from comfortics import _comfortics
+from comfortics._catalogue import Index, Quantity, Status, target, targets
+from comfortics._errors import did_you_mean
+from comfortics._units import cf, conversion
+
+# The inputs of the compiled module, in its order: readings, then site and body. What each measures tells the units
+# that it may come in.
+_READINGS = {"ta": "temperature", "tg": "temperature", "sr": "radiation", "td": "temperature", "rh": "humidity",
+             "ws": "speed"}
+_ASSUMPTIONS = {"wind_exponent": "number", "barometric_pressure": "pressure", "emissivity": "number",
+                "effective_radiating_area": "number", "body_height": "length", "body_mass": "mass"}
+_INPUTS = _READINGS | _ASSUMPTIONS
+_RULES = ("precise", "classic", "robust")
+_AS_IS = (None, 1.0, 1.0)
+_NAMES_HERE = {"airTemperature": "ta", "globeTemperature": "tg", "solarRadiation": "sr", "dewPoint": "td",
+               "relativeHumidity": "rh", "windSpeed": "ws"}
+
+
+@dataclass(frozen=True)
+class _Plan:
+    """One call, but for the arrays: what Dask sends to its workers."""
+
+    names: tuple  #: of the inputs that are arrays
+    constants: tuple  #: (name, number) of the others
+    conversions: tuple  #: (unit, factor, divisor) of each input
+    targets: tuple  #: numbers of the compiled module
+    rules: int
+    limits: bool
+    threads: int
+    status: bool
+    single: bool
+
+    @property
+    def dtype(self):
+        return numpy.dtype(numpy.float32 if self.single else numpy.float64)
+
+    @property
+    def dtypes(self):
+        count = len(self.targets)
+        return [self.dtype] * count + [numpy.dtype(numpy.int8)] * (count if self.status else 0)
+
+    def __call__(self, *arrays):
+        """A tuple of the values, then of the statuses."""
+        arrays = [_numbers(array, name) for name, array in zip(self.names, arrays)]
+        try:
+            shape = numpy.broadcast_shapes(*(array.shape for array in arrays))
+        except ValueError:
+            shapes = " and ".join(f"{name} {array.shape}" for name, array in zip(self.names, arrays) if array.ndim)
+            raise ValueError(f"The shapes {shapes} do not broadcast.") from None
+        given = dict(zip(self.names, arrays)) | {name: numpy.float64(value) for name, value in self.constants}
+        inputs = tuple(None if name not in given else numpy.asarray(given[name]) for name in _INPUTS)
+        values, statuses = _said(_comfortics.calculate_arrays, inputs, self.conversions, self.targets, self.rules,
+                                 self.limits, self.threads, shape, self.single, self.status)
+        return (*values, *statuses)
+
+    def single_result(self, *arrays):
+        return self(*arrays)[0]
+
+
+def _said(function, *arguments):
+    """Calls the compiled module, which speaks of the library's names."""
+    try:
+        return function(*arguments)
+    except ValueError as error:
+        text = str(error).removeprefix("comfortics: ")
+        text = re.sub(r"\b[a-z]+[A-Z]\w+", lambda found: _NAMES_HERE.get(found[0], found[0]), text)
+        raise ValueError(text + ".") from None
+
+
+def _numbers(array, name):
+    """An array of numbers in which masked and absent ones are NaN."""
+    if isinstance(array, numpy.ma.MaskedArray):
+        array = numpy.ma.filled(array.astype(numpy.result_type(array.dtype, numpy.float32)), numpy.nan)
+    array = numpy.asarray(array)
+    if array.dtype.kind == "O":
+        try:
+            array = array.astype(float)
+        except (TypeError, ValueError):
+            raise TypeError(f"{name} holds what is no number.") from None
+    if array.dtype.kind not in "fiu":
+        raise TypeError(f"{name} is to hold numbers, not {array.dtype}.")
+    return array
+
+
+def _kind(values, module, name):
+    """Whether one of the values is of a class of a module that was imported."""
+    loaded = sys.modules.get(module)
+    return loaded is not None and any(isinstance(value, getattr(loaded, name)) for value in values)
+
+
+def _is_lazy(value):
+    array = sys.modules.get("dask.array")
+    return array is not None and isinstance(value, array.Array)
+
+
+def _is_number(value):
+    return isinstance(value, (int, float)) and not isinstance(value, bool)
+
+
+def _is_single(arrays):
+    """Figures are in single precision where all arrays are, as those of a ufunc."""
+    dtypes = [getattr(array, "dtype", None) for array in arrays if getattr(array, "ndim", 0)]
+    if not dtypes:
+        dtypes = [getattr(array, "dtype", None) for array in arrays]
+    return bool(dtypes) and all(dtype in (numpy.float32, numpy.float16) for dtype in dtypes)
+
+
+def _rules(rules):
+    if rules not in _RULES:
+        raise ValueError(f"There are no rules {rules!r}, only {', '.join(map(repr, _RULES))}."
+                         f"{did_you_mean(rules, _RULES)}")
+    return _RULES.index(rules)
+
+
+def _given(readings, assumptions, rules):
+    given = {name: value for name, value in (readings | assumptions).items() if value is not None}
+    for one, other in (("tg", "sr"), ("td", "rh")):
+        if one in given and other in given:
+            raise ValueError(f"Both {one} and {other} are given, and each is derived from the other.")
+        if rules and one not in given and other not in given:
+            raise ValueError(f"By the {_RULES[rules]} rules {one} or {other} must be given.")
+    for name in ("ta", "ws"):
+        if rules and name not in given:
+            raise ValueError(f"By the {_RULES[rules]} rules {name} must be given.")
+    if not any(name in given for name in _READINGS):
+        raise ValueError("No reading is given.")
+    return given
+
+
+def _threads(threads):
+    count = operator.index(threads)
+    if count < 0:
+        raise ValueError(f"threads is to be 0 or more, not {count}.")
+    return count
+
+
+def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="all", rules="precise", limits=True,
+              wind_exponent=None, barometric_pressure=None, emissivity=None, effective_radiating_area=None,
+              body_height=None, body_mass=None, status=False, threads=1, step=None):
+    """Calculate indices from readings.
+
+    What the indices need and was not measured is derived: globe, radiation, humidity, mean radiant temperature, wet
+    bulbs and vapour pressures.
+
+    Parameters
+    ----------
+    ta : array_like
+        Air temperature [°C].
+    tg, sr : array_like
+        Globe temperature [°C] or solar radiation [W/m²]; one of the two.
+    td, rh : array_like
+        Dew point [°C] or relative humidity [%]; one of the two.
+    ws : array_like
+        Wind speed [m/s], 1.1 m above the ground.
+    indices : str, int, ufunc, Index, Quantity or several of these
+        What is calculated: ids or numbers of indices, ids or symbols of quantities ("tmrt"), or "all" indices. A name
+        that both an index and a quantity have is the index's; `quantities` gives the other.
+    rules : {"precise", "classic", "robust"}
+        Precise calculates with the readings as they stand. Classic and robust give the numbers of the texts that
+        the batch gives for the same readings: readings are rounded, and figures have the decimals of the catalogue.
+    limits : bool
+        Whether an index has a value only inside its limits.
+    wind_exponent, barometric_pressure, emissivity, effective_radiating_area, body_height, body_mass : array_like
+        What indices assume of site and body: 0.20, 1016 hPa, 0.97, 0.77, and the two numbers that the formula of
+        DuBois reads, 0.75 and 180.
+    status : bool
+        Whether arrays of `Status` are given, too, named by the index and "_status".
+    threads : int
+        Threads that calculate, 0 for as many as the machine runs at once. No figure depends on it.
+    step : float or timedelta
+        The seconds over which radiation in J m-2 is added up.
+
+    Returns
+    -------
+    dict, pandas.DataFrame or xarray.Dataset
+        A figure of each index, by id: arrays for NumPy and Dask (lazy), a frame for Series, a dataset for DataArrays.
+        In double precision, unless all arrays are in single precision. NaN where there is no value.
+
+    Raises
+    ------
+    ValueError
+        Both of a pair are given, an index needs what is not given, shapes do not broadcast, or a unit is not known.
+    UnknownIndexError
+        A KeyError: there is no such index.
+
+    Notes
+    -----
+    Readings are in the units above, but for DataArrays with an attribute `units`, which are converted.
+
+    Examples
+    --------
+    >>> result = comfortics.calculate(ta=30.0, rh=50.0, ws=2.0, sr=600.0, indices=["utci", "humidex_masterson"])
+    >>> {name: round(float(value), 1) for name, value in result.items()}
+    {'utci': 36.6, 'humidex_masterson': 36.3}
+    """
+    number = _rules(rules)
+    wanted = targets(indices)
+    readings = dict(ta=ta, tg=tg, sr=sr, td=td, rh=rh, ws=ws)
+    assumptions = dict(wind_exponent=wind_exponent, barometric_pressure=barometric_pressure, emissivity=emissivity,
+                       effective_radiating_area=effective_radiating_area, body_height=body_height,
+                       body_mass=body_mass)
+    given = _given(readings, assumptions, number)
+    options = dict(targets=tuple(one._target for one in wanted), rules=number, limits=bool(limits),
+                   threads=_threads(threads), status=bool(status))
+    if _kind(given.values(), "xarray", "DataArray"):
+        return _with_xarray(given, wanted, options, step)
+    if _kind(given.values(), "dask.dataframe", "Series"):
+        return _with_dask_frames(given, wanted, options)
+    if _kind(given.values(), "pandas", "Series"):
+        return _with_pandas(given, wanted, options)
+    plan, arrays = _plan(given, options)
+    return _named(wanted, options, [array[()] for array in _calculated(plan, arrays)])
+
+
+def _plan(given, options, conversions=None):
+    """The plan of a call, and its arrays."""
+    arrays = {name: value for name, value in given.items() if not _is_number(value)}
+    if not arrays:  # numbers alone give numbers
+        first = next(iter(given))
+        arrays = {first: numpy.float64(given[first])}
+    for name, value in arrays.items():
+        if not hasattr(value, "dtype"):
+            arrays[name] = _numbers(value, name)
+    known = conversions or {}
+    plan = _Plan(names=tuple(arrays), single=_is_single(arrays.values()),
+                 constants=tuple((name, float(value)) for name, value in given.items() if name not in arrays),
+                 conversions=tuple(known.get(name, _AS_IS) for name in _INPUTS), **options)
+    return plan, list(arrays.values())
+
+
+def _calculated(plan, arrays):
+    """The arrays of a plan, lazy ones where some are."""
+    return _lazily(plan, arrays) if any(map(_is_lazy, arrays)) else plan(*arrays)
+
+
+def _lazily(plan, arrays):
+    """One task for each block of the results, and for several results one that parts them."""
+    import dask.array
+
+    ndim = max(numpy.ndim(array) for array in arrays)
+    block = tuple(range(ndim))[::-1]
+    parts = []
+    for name, array in zip(plan.names, arrays):
+        if not _is_lazy(array):
+            array = dask.array.from_array(_numbers(array, name), chunks=-1)
+        parts += [array, block[:array.ndim][::-1]]
+    try:
+        numpy.broadcast_shapes(*(array.shape for array in parts[::2]))
+    except ValueError:
+        if not any(numpy.isnan(length) for array in parts[::2] for length in array.shape):
+            plan(*(numpy.empty(array.shape) for array in parts[::2]))  # tells which
+    out = block[::-1]
+    dtypes = plan.dtypes
+
+    def empty(dtype):
+        return numpy.empty((0,) * ndim, dtype)
+
+    if len(dtypes) == 1:
+        return [dask.array.blockwise(plan.single_result, out, *parts, meta=empty(dtypes[0]), name=None,
+                                     token="comfortics")]
+    together = dask.array.blockwise(plan, out, *parts, meta=empty(dtypes[0]), token="comfortics")
+    return [dask.array.blockwise(operator.itemgetter(place), out, together, out, meta=empty(dtype),
+                                 token="comfortics-part") for place, dtype in enumerate(dtypes)]
+
+
+def _names(wanted, options):
+    names = [one.id for one in wanted]
+    return names + [name + "_status" for name in names] if options["status"] else names
+
+
+def _named(wanted, options, arrays):
+    return dict(zip(_names(wanted, options), arrays))
+
+
+def _as_column(series, name):
+    """The numbers of a Series, NaN where there is none."""
+    dtype = numpy.float32 if str(series.dtype).lower() == "float32" else numpy.float64
+    try:
+        return series.to_numpy(dtype=dtype, na_value=numpy.nan)
+    except (TypeError, ValueError):
+        raise TypeError(f"{name} is to hold numbers, not {series.dtype}.") from None
+
+
+def _with_pandas(given, wanted, options):
+    import pandas
+
+    index = None
+    columns = {}
+    for name, value in given.items():
+        if isinstance(value, pandas.Series):
+            if index is not None and not index.equals(value.index):
+                raise ValueError(f"The index of {name} is another than that of the readings before it.")
+            index = value.index
+            value = _as_column(value, name)
+        columns[name] = value
+    plan, arrays = _plan(columns, options)
+    for name, array in zip(plan.names, arrays):
+        if numpy.shape(array) not in ((), (1,), (len(index),)):
+            raise ValueError(f"{name} has the shape {numpy.shape(array)} beside Series of {len(index)} rows.")
+    return pandas.DataFrame(_named(wanted, options, plan(*arrays)), index=index)
+
+
+def _partition(names, constants, wanted, options, *series):
+    return _with_pandas(dict(zip(names, series)) | constants, wanted, options)
+
+
+def _with_dask_frames(given, wanted, options):
+    import dask.dataframe
+    import pandas
+
+    lazy = {name: value for name, value in given.items() if isinstance(value, dask.dataframe.Series)}
+    constants = {name: value for name, value in given.items() if name not in lazy}
+    for name, value in constants.items():
+        if not _is_number(value):
+            raise TypeError(f"{name} is to be a number or a Series of Dask beside the others.")
+    single = all(value.dtype == numpy.float32 for value in lazy.values())
+    names = _names(wanted, options)
+    figure = numpy.float32 if single else numpy.float64
+    meta = pandas.DataFrame({name: numpy.empty(0, numpy.int8 if name.endswith("_status") and place >= len(wanted)
+                                               else figure) for place, name in enumerate(names)})
+    return dask.dataframe.map_partitions(_partition, tuple(lazy), constants, wanted, options, *lazy.values(), meta=meta)
+
+
+def _with_xarray(given, wanted, options, step):
+    import xarray
+
+    conversions = {}
+    for name, value in given.items():
+        if isinstance(value, xarray.DataArray) and "units" in value.attrs:
+            conversions[name] = conversion(value.attrs["units"], name, _INPUTS[name], step)
+    plan, _ = _plan({name: getattr(value, "variable", value) for name, value in given.items()}, options, conversions)
+    results = xarray.apply_ufunc(_result_of, *(given[name] for name in plan.names), kwargs={"plan": plan},
+                                 output_core_dims=[()] * len(plan.dtypes), dask="allowed", join="exact",
+                                 keep_attrs=False)
+    if len(plan.dtypes) == 1:
+        results = (results,)
+    dataset = xarray.Dataset(_named(wanted, options, results))
+    for one in wanted:
+        dataset[one.id].attrs = _attributes(one, options)
+        if options["status"]:
+            dataset[one.id + "_status"].attrs = {
+                "long_name": f"What became of {one.name}", "flag_values": [int(value) for value in Status],
+                "flag_meanings": " ".join(value.name.lower() for value in Status)}
+    dataset.attrs = {"comfortics_version": _comfortics.version, "comfortics_rules": _rule_names(options)}
+    return dataset
+
+
+def _result_of(*arrays, plan):
+    results = tuple(_calculated(plan, arrays))
+    return results if len(results) > 1 else results[0]
+
+
+def _rule_names(options):
+    return f"{_RULES[options['rules']]}, limits {'kept' if options['limits'] else 'ignored'}"
+
+
+def _attributes(one, options):
+    attributes = {"units": cf(one.unit), "long_name": one.name}
+    if isinstance(one, Index):
+        attributes["references"] = one.reference
+    return attributes | {"comfortics_version": _comfortics.version, "comfortics_rules": _rule_names(options)}
+
+
+def explain(name, *, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, rules="precise", limits=True,
+            wind_exponent=None, barometric_pressure=None, emissivity=None, effective_radiating_area=None,
+            body_height=None, body_mass=None):
+    """Say why an index or a quantity has no value at a point.
+
+    Parameters
+    ----------
+    name : str, int, ufunc, Index or Quantity
+        The index or the quantity.
+    ta, tg, sr, td, rh, ws : float
+        The readings of the point, as `calculate` takes them.
+    rules, limits, wind_exponent, barometric_pressure, emissivity, effective_radiating_area, body_height, body_mass
+        As for `calculate`.
+
+    Returns
+    -------
+    str
+        A sentence or two; empty where there is a value.
+
+    Examples
+    --------
+    >>> comfortics.explain("heat_index_rothfusz", ta=12.0, rh=50.0)
+    'Outside its limits: the air temperature is 12 °C, valid from 26.7 to 50 °C.'
+    """
+    number = _rules(rules)
+    one = target(name)
+    readings = dict(ta=ta, tg=tg, sr=sr, td=td, rh=rh, ws=ws)
+    assumptions = dict(wind_exponent=wind_exponent, barometric_pressure=barometric_pressure, emissivity=emissivity,
+                       effective_radiating_area=effective_radiating_area, body_height=body_height,
+                       body_mass=body_mass)
+    given = _given(readings, assumptions, number)
+    for which, value in given.items():
+        if numpy.size(value) != 1:
+            raise ValueError(f"{which} is to be the reading of one point, not of {numpy.size(value)}.")
+    inputs = tuple(float(numpy.reshape(given[which], ())) if which in given else None for which in _INPUTS)
+    return _said(_comfortics.explain_point, inputs, one._target, number, bool(limits))
