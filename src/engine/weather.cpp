@@ -271,11 +271,15 @@ void Weather::derive(const Recipe& recipe, Place& place)
                                  [](Status status) { return status == Status::Value; })};
 }
 
-// The formula has a pole at a humidity of some 1e9 %, and beyond it dew points that nothing can have.
-void Weather::loseImpossible(Place& dewPoint) const
+// The formula has a pole at a humidity of some 1e9 %, and beyond it dew points far below the air.
+void Weather::loseImpossible(Place& dewPoint)
 {
+    const double* const Ta = of(AirTemperature).values;
+    const double* const RH = of(RelativeHumidity).values;
     for (std::size_t i = 0; i < m_count; ++i)
-        if (dewPoint.statuses[i] == Status::Value && dewPoint.values[i] < kAbsoluteZero) {
+        if (dewPoint.statuses[i] == Status::Value &&
+            (dewPoint.values[i] < kAbsoluteZero ||
+             (RH[i] > 100 && dewPoint.values[i] < Ta[i] - kDewPointTolerance))) {
             dewPoint.statuses[i] = Status::Undefined;
             dewPoint.figures.allValues = false;
         }
@@ -314,7 +318,8 @@ void Weather::judgeAir()
                 continue;
             dewPoint = formulas::Dew_Point_Magnus(air, humidity.values[i]);
         }
-        if (!(dewPoint - air <= kDewPointTolerance && dewPoint >= kAbsoluteZero)) {
+        if (!(humidityGiven ? std::fabs(dewPoint - air) <= kDewPointTolerance
+                            : dewPoint - air <= kDewPointTolerance)) {
             m_air.statuses[i] = Status::Undefined;
             all = false;
         }

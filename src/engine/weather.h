@@ -64,7 +64,7 @@ private:
     void derive(const Recipe& recipe, Place& place);
     template <typename Root>
     void solve(Place& place, std::initializer_list<const Figures*> inputs, Root root);
-    void loseImpossible(Place& dewPoint) const;
+    void loseImpossible(Place& dewPoint);
     void judgeAir();
     Place& at(Quantity quantity) { return m_places[place(quantity)]; }
 

@@ -210,6 +210,8 @@ TEST(Calculate, TellsWhyThereIsNoValue)
          "There is no dew point at a relative humidity of 0 %."},
         {"beyond the pole of the dew point", Quantity::GlobeTemperature, sunny(20, 1e10, 2, 500),
          Status::Undefined, "There is no dew point at a relative humidity of 10000000000 %."},
+        {"far beyond it", Quantity::GlobeTemperature, sunny(20, 1e100, 2, 500), Status::Undefined,
+         "There is no dew point at a relative humidity of 1E+100 %."},
         {"no humidity below 0", index(85), sunny(30, -3, 2, 500), Status::Undefined,
          "Relative humidity cannot be -3 %."},
         {"below absolute zero", Quantity::SaturationVapourPressure, sunny(-300, 3, 2, 500), Status::Undefined,
