@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the release and starts the program; without a display it prints the results of some readings instead.
+# COMFORTICS_PRESET chooses another preset than "release", for instance "ci", whose programs are the same.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
+preset=${COMFORTICS_PRESET:-release}
 buildOnly=false
 case "${1:-}" in
 "") ;;
@@ -26,9 +28,9 @@ if ! tools/install_packages.sh window; then
     echo "Qt cannot be installed here: building the terminal tool only." >&2
     window=OFF
 fi
-tools/build_preset.sh release -DCOMFORTICS_UI=$window
+tools/build_preset.sh "$preset" -DCOMFORTICS_UI=$window
 
-bin=$PWD/build/release/bin
+bin=$PWD/build/$preset/bin
 if $buildOnly; then
     echo "The programs are in $bin"
     exit 0

@@ -1,16 +1,18 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Builds the release and packs it: a Debian package and an archive, in build/packages.
+# Builds the release and packs it: a Debian package and an archive, in build/packages. COMFORTICS_PRESET chooses
+# another preset than "release", for instance "ci".
 #
 # usage: tools/make_package.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+preset=${COMFORTICS_PRESET:-release}
 tools/install_packages.sh build window package
-tools/build_preset.sh release
+tools/build_preset.sh "$preset"
 rm -rf build/packages
-log=build/release/cpack.log
-if ! (umask 022 && cpack --preset release >"$log" 2>&1); then
+log=build/$preset/cpack.log
+if ! (umask 022 && cpack --preset "$preset" >"$log" 2>&1); then
     cat "$log" >&2
     exit 1
 fi
