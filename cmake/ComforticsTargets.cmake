@@ -60,6 +60,12 @@ function(comfortics_vectorise)
   endif()
 endfunction()
 
+# comfortics_unity(<target>): compiled as one source where COMFORTICS_UNITY asks for it, for targets whose sources all
+# read the same large headers. Their nameless namespaces then are one, too.
+function(comfortics_unity target)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ${COMFORTICS_UNITY} UNITY_BUILD_BATCH_SIZE 0)
+endfunction()
+
 # comfortics_install_program(<target>): a program and Limits.Index lie in one folder. That is bin/, except in a Debian
 # package, whose bin/ takes programs only: there it is lib/comfortics, and bin/ links to it.
 function(comfortics_install_program target)
