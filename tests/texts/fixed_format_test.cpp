@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "texts/number_text.h"
 
+#include "long_tests.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -96,7 +98,7 @@ TEST(FixedFormat, AgreesWithTheSlowWay)
     std::mt19937_64 random(kSeed);
     SCOPED_TRACE(kSeed);
     std::uniform_real_distribution<double> readings(-2000, 2000);
-    for (int i = 0; i < 40000; ++i) {
+    for (int i = 0; i < tests::points(40000, 40); ++i) {
         expectSameAsSlowly(readings(random));
         const double anyBits = std::bit_cast<double>(random());
         if (std::isfinite(anyBits) && std::abs(anyBits) < 1e60)
