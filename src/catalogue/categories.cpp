@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/categories.h"
+
+#include "catalogue/catalogue.h"
+#include "formulas/primitives.h"
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+namespace comfortics::catalogue {
+
+namespace {
+
+constexpr double kUnbounded = std::numeric_limits<double>::infinity();
+
+struct ScaleRow {
+    std::size_t first = 0;
+    std::size_t count = 0;
+    std::string_view source{};
+    bool known = false;
+};
+
+// clang-format off
+#include "catalogue/categories.inc"
+// clang-format on
+
+constexpr auto kAllScales = [] {
+    static_assert(std::size(kScales) == kIndexCount);
+    std::array<Scale, kIndexCount> all{};
+    for (std::size_t i = 0; i < kIndexCount; ++i)
+        all[i] = {std::span(kCategories).subspan(kScales[i].first, kScales[i].count), kScales[i].source,
+                  kScales[i].known};
+    return all;
+}();
+
+constexpr int kFirstDissatisfied = 123;
+constexpr int kLastDissatisfied = 127;
+constexpr int kFirstVote = 118;
+
+/// Below this air the numerators of the poles' indices are negative themselves [°C].
+constexpr double kPoleFrom = 21;
+
+} // namespace
+
+const Category* Scale::of(double value) const noexcept
+{
+    for (const Category& category : categories)
+        if (value >= category.lower && (value < category.upper || category.upper == kUnbounded))
+            return &category;
+    return nullptr;
+}
+
+const Scale& scale(int index)
+{
+    return kAllScales.at(static_cast<std::size_t>(index - 1));
+}
+
+int voteBeside(int index)
+{
+    return index >= kFirstDissatisfied && index <= kLastDissatisfied
+               ? index - kFirstDissatisfied + kFirstVote
+               : 0;
+}
+
+bool isBeyondPole(int index, double Ta, double Ea)
+{
+    if (!(Ta > kPoleFrom))
+        return false;
+    switch (index) {
+    case 19:
+        return Ea * formulas::HPA_TO_MMHG >= 42;
+    case 136:
+        return Ea >= 58;
+    case 137:
+        return Ea * formulas::HPA_TO_MMHG >= 44;
+    default:
+        return false;
+    }
+}
+
+std::optional<Meaning> meaning(int index, double value, const Surroundings& surroundings)
+{
+    const Category* const category = scale(index).of(value);
+    if (category == nullptr || isBeyondPole(index, surroundings.Ta, surroundings.Ea))
+        return std::nullopt;
+    Meaning meaning{category, category->severity};
+    if (const int voteIndex = voteBeside(index); voteIndex != 0 && meaning.severity != 0) {
+        const std::optional<double> vote = surroundings.vote(voteIndex);
+        if (!vote)
+            return std::nullopt;
+        meaning.severity = *vote < 0 ? -meaning.severity : meaning.severity;
+    }
+    return meaning;
+}
+
+} // namespace comfortics::catalogue
