@@ -13,6 +13,7 @@
 #include <comfortics/status.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -61,12 +62,20 @@ private:
     std::variant<int, Quantity> m_target;
 };
 
+inline constexpr std::int8_t kNoCategory = -1;   ///< see Output::categories
+inline constexpr std::int8_t kNoSeverity = -128; ///< see Output::severities
+
 /// A target, and where its figures go.
 struct Output {
     Target target;              ///< what is calculated
     double* values = nullptr;   ///< NaN where there is no value; null if only the statuses are wanted
     std::ptrdiff_t stride = 1;  ///< from one point to the next, in elements
     Status* statuses = nullptr; ///< one per point, side by side; null if they are not wanted
+    /// The place of the value's class among Index::categories, and its severity with the sign, one per point,
+    /// side by side; null if they are not wanted. kNoCategory and kNoSeverity outside the limits (kept or
+    /// not), without a value or a published scale, and beyond the poles of indices 19, 136 and 137.
+    std::int8_t* categories = nullptr;
+    std::int8_t* severities = nullptr; ///< the same for the severity
 };
 
 /// How a long call is made.

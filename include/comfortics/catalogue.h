@@ -102,6 +102,18 @@ struct Reference {
     std::string citation() const;
 };
 
+/// A class of values of an index, as published: from `lower` up to but without `upper`, in the index's unit.
+struct Category {
+    double lower = 0;       ///< minus infinity for the first
+    double upper = 0;       ///< infinity for the last
+    std::string_view label; ///< in words
+    /// 0 no thermal stress, 1 slight, 2 moderate, 3 strong, 4 extreme; minus for cold. A judgement made for
+    /// all indices together, not that of the source. Of the percentages of dissatisfied (123 to 127) it is a
+    /// magnitude, whose sign is that of the vote with the same activity (118 to 122).
+    int severity = 0;
+    std::string_view note; ///< what to do or to know; often empty
+};
+
 /// One of the 222 indices.
 struct Index {
     int number = 0;        ///< from 1, never changed
@@ -113,6 +125,8 @@ struct Index {
     bool readsAssumptions = false;               ///< its formula reads site and body, see Assumptions
     Limits limits;                               ///< in which it is taken to be valid
     Reference reference;                         ///< where it was published
+    std::span<const Category> categories; ///< ascending, without gaps; empty where no scale is published
+    std::string_view categorySource;      ///< where the classes are from
 };
 
 /// How many indices there are.
@@ -126,6 +140,12 @@ const Index& index(int number);
 
 /// The index of an id, null where there is none.
 const Index* findIndex(std::string_view id) noexcept;
+
+/// The class of a value; null for NaN and where no scale is published.
+///
+/// A class means something only inside the limits of the index, and for 19, 136 and 137 only below the vapour
+/// pressure where their sign turns: calculate() heeds both.
+const Category* categoryOf(const Index& index, double value) noexcept;
 
 } // namespace comfortics
 #pragma GCC visibility pop

@@ -4,6 +4,7 @@
 #include "batch/ordered_crew.h"
 #include "batch/selected_indices.h"
 #include "catalogue/catalogue.h"
+#include "catalogue/categories.h"
 #include "classic/precise_rows.h"
 #include "formulas/live_quantity.h"
 #include "output/csv_cell.h"
@@ -86,9 +87,9 @@ protected:
 
     // The cells behind the status; `liveText` and `resultText` of a place are only asked for rows with
     // values.
-    template <typename Reasons, typename LiveText, typename ResultText>
+    template <typename Reasons, typename LiveText, typename ResultText, typename MeaningOf>
     void appendCalculated(std::string& csv, bool values, Reasons reasons, LiveText liveText,
-                          ResultText resultText) const
+                          ResultText resultText, MeaningOf meaningOf) const
     {
         if (m_options.reasons) {
             csv += ',';
@@ -105,6 +106,15 @@ protected:
             csv += ',';
             if (values)
                 appendCsvCell(csv, resultText(place));
+            if (!m_options.categories || catalogue::scale(m_indices[place]).categories.empty())
+                continue;
+            csv += ',';
+            const auto meaning = values ? meaningOf(place) : std::nullopt;
+            if (meaning)
+                appendCsvCell(csv, meaning->category->label);
+            csv += ',';
+            if (meaning)
+                csv += std::to_string(meaning->severity);
         }
         csv += "\r\n";
     }
@@ -177,7 +187,8 @@ private:
             },
             [&](std::size_t place) -> const std::string& {
                 return calculation.results.lbl_results[static_cast<std::size_t>(indices()[place])].caption();
-            });
+            },
+            [&](std::size_t place) { return calculation.meaning(indices()[place]); });
     }
 
     RowRunner m_runner;
@@ -188,7 +199,8 @@ class PreciseWorker final : public Worker {
 public:
     PreciseWorker(const classic::Limits& limits, const BatchOptions& options, const ColumnMap& columns,
                   const std::vector<int>& indices)
-        : Worker(options, columns, indices), m_rows(limits, options.settings, indices, options.live)
+        : Worker(options, columns, indices),
+          m_rows(limits, options.settings, indices, {.live = options.live, .meanings = options.categories})
     {
         static_assert(kRowsPerBlock <= classic::PreciseRows::kMostRows);
         classic::AssumptionBoxes assumptions;
@@ -233,7 +245,8 @@ private:
             [&](formulas::Live quantity) { return classic::liveText(m_rows.live(quantity, at)); },
             [&](std::size_t place) {
                 return classic::resultText(catalogue::row(indices()[place]), m_rows.figure(place, at));
-            });
+            },
+            [&](std::size_t place) { return m_rows.meaning(place, at); });
     }
 
     classic::ReadingBoxes m_boxes;
@@ -270,6 +283,8 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
     for (const int index : indices) {
         line += ',';
         appendCsvCell(line, indexHeading(index));
+        if (options.categories && !catalogue::scale(index).categories.empty())
+            line += "," + std::to_string(index) + " category," + std::to_string(index) + " severity";
     }
     return line + "\r\n";
 }

@@ -18,6 +18,7 @@ struct BatchOptions {
     classic::AssumptionTexts assumptions;
     bool live = false;       ///< write the eleven live quantities too
     bool reasons = false;    ///< a column that tells what failed in a row, index by index
+    bool categories = false; ///< columns behind each index with a scale: its class in words, and the severity
     bool provenance = false; ///< columns that tell the rules and the use of limits
     unsigned threads = 1;
     std::function<bool()> stopped; ///< asked before each row, on any thread: true ends the batch

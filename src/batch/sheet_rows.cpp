@@ -52,7 +52,8 @@ public:
         m_runner.calculation().assumptions.write(terms.assumptions);
         if (terms.settings.rules != classic::Rules::Precise)
             return;
-        m_together = std::make_unique<classic::PreciseRows>(limits, terms.settings, m_indices, false);
+        m_together = std::make_unique<classic::PreciseRows>(limits, terms.settings, m_indices,
+                                                            classic::PreciseRows::Wanted{});
         m_together->setAssumptions(m_runner.calculation().assumptions.read());
     }
 

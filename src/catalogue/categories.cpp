@@ -59,9 +59,13 @@ const Scale& scale(int index)
 
 int voteBeside(int index)
 {
-    return index >= kFirstDissatisfied && index <= kLastDissatisfied
-               ? index - kFirstDissatisfied + kFirstVote
-               : 0;
+    return index >= kFirstDissatisfied && index <= kLastDissatisfied ? index - kFirstDissatisfied + kFirstVote
+                                                                     : 0;
+}
+
+bool hasPole(int index)
+{
+    return index == 19 || index == 136 || index == 137;
 }
 
 bool isBeyondPole(int index, double Ta, double Ea)
@@ -86,11 +90,10 @@ std::optional<Meaning> meaning(int index, double value, const Surroundings& surr
     if (category == nullptr || isBeyondPole(index, surroundings.Ta, surroundings.Ea))
         return std::nullopt;
     Meaning meaning{category, category->severity};
-    if (const int voteIndex = voteBeside(index); voteIndex != 0 && meaning.severity != 0) {
-        const std::optional<double> vote = surroundings.vote(voteIndex);
-        if (!vote)
+    if (voteBeside(index) != 0 && meaning.severity != 0) {
+        if (!surroundings.vote)
             return std::nullopt;
-        meaning.severity = *vote < 0 ? -meaning.severity : meaning.severity;
+        meaning.severity = *surroundings.vote < 0 ? -meaning.severity : meaning.severity;
     }
     return meaning;
 }

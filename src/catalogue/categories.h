@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -16,8 +15,8 @@ struct Category {
     double lower; ///< minus infinity for the first
     double upper; ///< infinity for the last
     std::string_view label;
-    /// From -4 to 4: no thermal stress, slight, moderate, strong, extreme; minus for cold. A judgement made for
-    /// all indices together, not that of the source.
+    /// From -4 to 4: no thermal stress, slight, moderate, strong, extreme; minus for cold. A judgement made
+    /// for all indices together, not that of the source.
     int severity;
     std::string_view note; ///< what to do or to know; often empty
 };
@@ -45,19 +44,23 @@ struct Meaning {
 struct Surroundings {
     double Ta; ///< air temperature [°C]
     double Ea; ///< vapour pressure [hPa]
-    /// A mean vote, asked for where a scale tells how many are dissatisfied and not why.
-    std::function<std::optional<double>(int index)> vote;
+    /// The mean vote of voteBeside(), for a scale that tells how many are dissatisfied and not why.
+    std::optional<double> vote{};
 };
 
-/// What a value inside its limits means. None where no scale is published, beyond the poles of indices 19, 136 and
-/// 137, where damp heat turns their sign, and where the sign of a percentage of dissatisfied is not known.
+/// What a value inside its limits means. None where no scale is published, beyond the poles of indices 19,
+/// 136 and 137, where damp heat turns their sign, and where the sign of a percentage of dissatisfied is not
+/// known.
 std::optional<Meaning> meaning(int index, double value, const Surroundings& surroundings);
 
-/// The mean vote with the same activity as a percentage of dissatisfied (118 for 123 to 122 for 127); 0 for any
-/// other index.
+/// The mean vote with the same activity as a percentage of dissatisfied (118 for 123 to 122 for 127); 0 for
+/// any other index.
 int voteBeside(int index);
 
-/// Whether damp heat has brought an index beyond the pole where its sign turns. Ta in °C, Ea in hPa.
+/// Whether damp heat can turn the sign of an index.
+bool hasPole(int index);
+
+/// Whether it has. Ta in °C, Ea in hPa.
 bool isBeyondPole(int index, double Ta, double Ea);
 
 } // namespace comfortics::catalogue

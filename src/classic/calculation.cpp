@@ -234,7 +234,7 @@ bool Calculation::calculatePrecisely(const Settings& settings)
     for (int index = 1; index <= kLastIndex; ++index)
         if (settings.selection.contains(index))
             indices.push_back(index);
-    PreciseRows row(m_limits, settings, indices, true);
+    PreciseRows row(m_limits, settings, indices, {.live = true});
     row.setAssumptions(assumptions.read());
     if (!row.take(readings))
         return false;
@@ -369,6 +369,24 @@ std::string Calculation::whyBlank(int index) const
 {
     return classic::whyBlank(index, m_driver.outcome(index), m_limits,
                              m_failure ? m_failure->sentence() : std::string());
+}
+
+std::optional<catalogue::Meaning> Calculation::meaning(int index) const
+{
+    const Outcome& outcome = m_driver.outcome(index);
+    if (outcome.kind != OutcomeKind::Value || outcome.limits != OutcomeKind::Value)
+        return std::nullopt;
+    catalogue::Surroundings surroundings{live(Live::Ta).value(), live(Live::Ea).value()};
+    if (const int vote = catalogue::voteBeside(index); vote != 0) {
+        try {
+            const auto value = catalogue::row(vote).formula.function(
+                {{}, m_rules}, {live(Live::Ta), live(Live::Tmrt), live(Live::Ea), live(Live::WS)});
+            if (value)
+                surroundings.vote = value->value();
+        } catch (const RunFailure&) { // then the percentage has no value either
+        }
+    }
+    return catalogue::meaning(index, outcome.value, surroundings);
 }
 
 std::string Calculation::whyDoubtful(int index) const

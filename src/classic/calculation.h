@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/categories.h"
 #include "classic/availability.h"
 #include "classic/desk.h"
 #include "classic/driver.h"
@@ -160,6 +161,10 @@ public:
 
     /// Why the value of index 1 to kLastIndex is blank; empty where a value stands.
     std::string whyBlank(int index) const;
+
+    /// What the value of index 1 to kLastIndex means; none where it has no published scale or lies outside
+    /// its limits. Of the number before it was rounded to its text.
+    std::optional<catalogue::Meaning> meaning(int index) const;
 
     /// Which limit the value lies outside of that is shown since limits are ignored; else empty.
     std::string whyDoubtful(int index) const;

@@ -68,12 +68,12 @@ std::string resultText(const catalogue::CatalogueRow& row, const PreciseRows::Fi
 }
 
 PreciseRows::PreciseRows(const Limits& limits, const Settings& settings, const std::vector<int>& indices,
-                         bool live)
-    : m_indexCount(indices.size()), m_ignoreLimits(settings.ignoreLimits)
+                         Wanted wanted)
+    : m_indexCount(indices.size()), m_ignoreLimits(settings.ignoreLimits), m_meanings(wanted.meanings)
 {
     for (const int index : indices)
         m_targets.emplace_back(comfortics::index(index));
-    for (std::size_t i = 0; live && i < formulas::kLiveCount; ++i)
+    for (std::size_t i = 0; wanted.live && i < formulas::kLiveCount; ++i)
         m_targets.emplace_back(quantityOf(static_cast<Live>(i)));
     for (std::size_t i = 0; i < m_limits.size(); ++i)
         m_limits[i] = numbersOf(static_cast<int>(i) + 1, limits.of(static_cast<int>(i) + 1));
@@ -119,6 +119,10 @@ PreciseRows::Group& PreciseRows::groupOf(bool globe, bool dewPoint)
             });
         group.values.resize(m_targets.size() * kMostRows);
         group.statuses.resize(m_targets.size() * kMostRows);
+        if (m_meanings) {
+            group.categories.resize(m_indexCount * kMostRows);
+            group.severities.resize(m_indexCount * kMostRows);
+        }
     }
     return group;
 }
@@ -159,6 +163,10 @@ void PreciseRows::calculate()
                 group.statuses[target * kMostRows + i] = status;
                 group.values[target * kMostRows + i] = status == Status::Value ? figures.values[i] : kNaN;
             }
+            if (m_meanings && target < m_indexCount)
+                group.calculator->meanings(m_targets[target].indexNumber(), figures,
+                                           &group.categories[target * kMostRows],
+                                           &group.severities[target * kMostRows]);
         }
     }
 }
@@ -173,6 +181,17 @@ PreciseRows::Figure PreciseRows::at(std::size_t target, std::size_t row) const
 PreciseRows::Figure PreciseRows::figure(std::size_t place, std::size_t row) const
 {
     return at(place, row);
+}
+
+std::optional<catalogue::Meaning> PreciseRows::meaning(std::size_t place, std::size_t row) const
+{
+    const Group& group = m_groups[m_rows[row].group];
+    const std::size_t at = place * kMostRows + m_rows[row].place;
+    if (group.categories[at] == kNoCategory)
+        return std::nullopt;
+    const auto categories = catalogue::scale(m_targets[place].indexNumber()).categories;
+    return catalogue::Meaning{&categories[static_cast<std::size_t>(group.categories[at])],
+                              group.severities[at]};
 }
 
 PreciseRows::Figure PreciseRows::live(Live quantity, std::size_t row) const

@@ -3,6 +3,7 @@
 // The precise rules behind the boxes: their numbers go to the engine as they stand, and come back as numbers.
 #pragma once
 
+#include "catalogue/categories.h"
 #include "classic/limits.h"
 #include "classic/outcome.h"
 #include "classic/reading_boxes.h"
@@ -15,6 +16,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,9 +27,15 @@ class PreciseRows {
 public:
     static constexpr std::size_t kMostRows = engine::kBlockPoints;
 
-    /// `indices` are those to be calculated; `live` tells whether the live quantities are, too. Limits must
-    /// outlive the rows.
-    PreciseRows(const Limits& limits, const Settings& settings, const std::vector<int>& indices, bool live);
+    /// What is wanted besides the figures of the indices.
+    struct Wanted {
+        bool live = false;     ///< the live quantities
+        bool meanings = false; ///< the classes of the figures
+    };
+
+    /// `indices` are those to be calculated. Limits must outlive the rows.
+    PreciseRows(const Limits& limits, const Settings& settings, const std::vector<int>& indices,
+                Wanted wanted);
     PreciseRows(const PreciseRows&) = delete;
     PreciseRows& operator=(const PreciseRows&) = delete;
 
@@ -47,7 +55,9 @@ public:
     };
     /// Of `indices[place]`.
     Figure figure(std::size_t place, std::size_t row) const;
-    /// Only where live quantities were asked for.
+    /// Only where meanings are wanted.
+    std::optional<catalogue::Meaning> meaning(std::size_t place, std::size_t row) const;
+    /// Only where live quantities are wanted.
     Figure live(formulas::Live quantity, std::size_t row) const;
 
     // One by one, for the rows that ask.
@@ -72,6 +82,8 @@ private:
         std::unique_ptr<engine::BlockCalculator> calculator;
         std::vector<double> values; // by target, then by row
         std::vector<Status> statuses;
+        std::vector<std::int8_t> categories; // likewise, of the indices
+        std::vector<std::int8_t> severities;
         std::size_t count = 0;
     };
     struct Row {
@@ -87,6 +99,7 @@ private:
     std::vector<Target> m_targets; // the indices, then the live quantities
     std::size_t m_indexCount;
     bool m_ignoreLimits;
+    bool m_meanings;
     std::array<comfortics::Limits, catalogue::kIndexCount> m_limits;
     Assumptions m_assumptions;
     std::array<Group, 4> m_groups;

@@ -140,6 +140,8 @@ public:
         command->add_flag("--live", m_live, "Write the eleven live quantities too");
         command->add_flag("--reasons", m_options.reasons,
                           "Write a column that tells which indices of a row failed, and why");
+        command->add_flag("--categories", m_options.categories,
+                          "Write the published class of each value, in words and as a severity from -4 to 4");
         command->add_flag("--provenance", m_options.provenance,
                           "Write two columns that tell the rules, and whether limits were kept or ignored");
         command->add_option("--threads", m_threads, "Number of threads; default: all cores")
@@ -162,6 +164,7 @@ public:
         options.live = m_live;
         options.reasons = m_options.reasons;
         options.provenance = m_options.provenance;
+        options.categories = m_options.categories;
         options.threads = m_threads > 0 ? m_threads : std::max(1U, std::thread::hardware_concurrency());
         options.stopped = Interruption::requested;
 

@@ -26,6 +26,15 @@ const std::string& valueOf(const Calculation& calculation, int index)
     return calculation.results.lbl_results[static_cast<std::size_t>(index)].caption();
 }
 
+// "strong heat stress (+2)"
+std::string inWords(const std::optional<catalogue::Meaning>& meaning)
+{
+    if (!meaning)
+        return {};
+    const std::string sign = meaning->severity > 0 ? "+" : "";
+    return std::string(meaning->category->label) + " (" + sign + std::to_string(meaning->severity) + ")";
+}
+
 class CalcCommand final : public Command {
 public:
     CLI::App* addTo(CLI::App& tool) override
@@ -38,6 +47,12 @@ public:
             ->capture_default_str()
             ->group("Output");
         command->add_flag("--reasons", m_options.reasons, "Say why a value is blank")->group("Output");
+        command
+            ->add_flag(
+                "--categories", m_options.categories,
+                "Say the published class of each value, in words and as a severity: 0 no thermal stress, 1 "
+                "slight, 2 moderate, 3 strong, 4 extreme, minus for cold")
+            ->group("Output");
         command
             ->add_flag("--provenance", m_options.provenance,
                        "Say by which rules the values are, whether limits were kept or ignored, and which "
@@ -102,6 +117,7 @@ private:
             headers.emplace_back(header);
             alignment.push_back(Left);
         };
+        addColumn(m_options.categories, "Class");
         addColumn(m_options.reasons, "Why blank");
         addColumn(m_options.provenance, "Outside");
         TextTable results(std::move(headers), std::move(alignment));
@@ -110,6 +126,8 @@ private:
                 continue;
             std::vector<std::string> cells{std::to_string(row.number), std::string(row.name),
                                            valueOf(calculation, row.number), std::string(row.unit)};
+            if (m_options.categories)
+                cells.push_back(inWords(calculation.meaning(row.number)));
             if (m_options.reasons)
                 cells.push_back(calculation.whyBlank(row.number));
             if (m_options.provenance)
@@ -124,6 +142,8 @@ private:
     std::string csv(const Calculation& calculation, const classic::Settings& settings) const
     {
         std::string result = "number,name,value,unit";
+        if (m_options.categories)
+            result += ",category,severity";
         if (m_options.reasons)
             result += ",reason";
         if (m_options.provenance)
@@ -137,6 +157,12 @@ private:
                  {row.name, std::string_view(valueOf(calculation, row.number)), row.unit}) {
                 result += ',';
                 output::appendCsvCell(result, cell);
+            }
+            if (m_options.categories) {
+                const auto meaning = calculation.meaning(row.number);
+                result += ',';
+                output::appendCsvCell(result, meaning ? meaning->category->label : "");
+                result += "," + (meaning ? std::to_string(meaning->severity) : "");
             }
             if (m_options.reasons) {
                 result += ',';
@@ -184,6 +210,15 @@ private:
                                          {"name", row.name},
                                          {"value", valueOf(calculation, row.number)},
                                          {"unit", row.unit}};
+            if (m_options.categories) {
+                const auto meaning = calculation.meaning(row.number);
+                entry["category"] = nullptr;
+                entry["severity"] = nullptr;
+                if (meaning) {
+                    entry["category"] = meaning->category->label;
+                    entry["severity"] = meaning->severity;
+                }
+            }
             if (m_options.reasons)
                 entry["reason"] = calculation.whyBlank(row.number);
             if (m_options.provenance)

@@ -31,6 +31,7 @@ public:
     const classic::AssumptionTexts& assumptions() const noexcept { return m_assumptions; }
 
     bool reasons = false;    ///< say why a value is blank
+    bool categories = false; ///< say what a value means
     bool provenance = false; ///< say the rules and the use of limits
 
 private:

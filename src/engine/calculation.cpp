@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/calculation.h"
 
+#include "catalogue/categories.h"
 #include "engine/limit_judge.h"
 #include "engine/recipe.h"
 #include "engine/weather.h"
@@ -192,6 +193,52 @@ Status BlockCalculator::limitStatus(int number)
     return m_statuses[0];
 }
 
+void BlockCalculator::meanings(int number, const Figures& figures, std::int8_t* categories,
+                               std::int8_t* severities)
+{
+    const std::size_t count = m_weather->count();
+    if (categories != nullptr)
+        std::fill_n(categories, count, kNoCategory);
+    if (severities != nullptr)
+        std::fill_n(severities, count, kNoSeverity);
+    const catalogue::Scale& scale = catalogue::scale(number);
+    if (scale.categories.empty())
+        return;
+    if (figures.allValues)
+        std::fill_n(m_judged.data(), count, Status::Value);
+    else
+        std::copy_n(figures.statuses, count, m_judged.data());
+    if (!m_limits)
+        judgeAll(number, m_judged.data());
+
+    // The votes take the place of nothing that is still read: they are calculated on their own.
+    const int vote = catalogue::voteBeside(number);
+    if (vote != 0) {
+        const Recipe& made = recipe(vote);
+        const bool all = m_weather->combine(made.inputs(), m_voteStatuses.data());
+        m_weather->runner().run(*made.call, m_weather->inputs(made), count, all, m_votes.data(),
+                                m_voteStatuses.data());
+    }
+    const bool polar = catalogue::hasPole(number); // such an index reads both
+    for (std::size_t i = 0; i < count; ++i) {
+        if (m_judged[i] != Status::Value)
+            continue;
+        catalogue::Surroundings surroundings{};
+        if (polar)
+            surroundings = {m_weather->of(Quantity::AirTemperature).values[i],
+                            m_weather->of(Quantity::VapourPressure).values[i]};
+        if (vote != 0 && m_voteStatuses[i] == Status::Value)
+            surroundings.vote = m_votes[i];
+        const auto meaning = catalogue::meaning(number, figures.values[i], surroundings);
+        if (!meaning)
+            continue;
+        if (categories != nullptr)
+            categories[i] = static_cast<std::int8_t>(meaning->category - scale.categories.data());
+        if (severities != nullptr)
+            severities[i] = static_cast<std::int8_t>(meaning->severity);
+    }
+}
+
 namespace {
 
 class OutputWorker final : public Worker {
@@ -207,8 +254,11 @@ public:
         for (const std::size_t end = first + count; first < end; first += kBlockPoints) {
             const std::size_t size = std::min(kBlockPoints, end - first);
             m_calculator.begin(first, size);
-            for (const Output& output : m_outputs)
-                write(m_calculator.figures(output.target), output, first, size);
+            for (const Output& output : m_outputs) {
+                const Figures figures = m_calculator.figures(output.target);
+                write(figures, output, first, size);
+                tellMeanings(figures, output, first, size);
+            }
         }
     }
 
@@ -225,6 +275,23 @@ private:
             std::fill_n(output.statuses + first, count, Status::Value);
         else
             std::copy_n(figures.statuses, count, output.statuses + first);
+    }
+
+    void tellMeanings(const Figures& figures, const Output& output, std::size_t first, std::size_t count)
+    {
+        if (output.categories == nullptr && output.severities == nullptr)
+            return;
+        const auto place = [first](std::int8_t* column) {
+            return column == nullptr ? nullptr : column + first;
+        };
+        if (const int number = output.target.indexNumber(); number != 0) {
+            m_calculator.meanings(number, figures, place(output.categories), place(output.severities));
+            return;
+        }
+        if (output.categories != nullptr)
+            std::fill_n(output.categories + first, count, kNoCategory);
+        if (output.severities != nullptr)
+            std::fill_n(output.severities + first, count, kNoSeverity);
     }
 
     BlockCalculator m_calculator;

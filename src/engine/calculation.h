@@ -9,6 +9,7 @@
 #include <comfortics/calculation.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <span>
@@ -40,6 +41,10 @@ public:
     /// inside of them.
     Status limitStatus(int number);
 
+    /// What the figures of an index mean, as Output tells; `figures` are those that were given for it last.
+    /// Either array can be null.
+    void meanings(int number, const Figures& figures, std::int8_t* categories, std::int8_t* severities);
+
     Weather& weather() noexcept { return *m_weather; }
 
 private:
@@ -48,8 +53,11 @@ private:
     std::unique_ptr<Weather> m_weather;
     bool m_limits;
     LimitsOf m_limitsOf;
-    BlockValues m_values;     // NOLINT: written before they are read
-    BlockStatuses m_statuses; // NOLINT: likewise
+    BlockValues m_values;         // NOLINT: written before they are read
+    BlockStatuses m_statuses;     // NOLINT: likewise
+    BlockStatuses m_judged;       // NOLINT: likewise
+    BlockValues m_votes;          // NOLINT: likewise
+    BlockStatuses m_voteStatuses; // NOLINT: likewise
 };
 
 /// Why a target has no value at the first point of the block; empty where it has one. `limits` are those that

@@ -2,6 +2,7 @@
 #include <comfortics/catalogue.h>
 
 #include "catalogue/catalogue.h"
+#include "catalogue/categories.h"
 #include "catalogue/references.h"
 #include "catalogue/validity.h"
 #include "engine/recipe.h"
@@ -88,6 +89,10 @@ public:
                 if (quantity)
                     m_inputs[at][inputs++] = *quantity;
             const catalogue::Reference& reference = catalogue::reference(row.number);
+            const catalogue::Scale& scale = catalogue::scale(row.number);
+            for (const catalogue::Category& category : scale.categories)
+                m_categories.push_back(
+                    {category.lower, category.upper, category.label, category.severity, category.note});
             m_all[at] = {.number = row.number,
                          .id = reference.id,
                          .name = row.name,
@@ -96,7 +101,15 @@ public:
                          .inputs = {m_inputs[at].data(), inputs},
                          .readsAssumptions = recipe.call->readsAssumptions,
                          .limits = limitsOf(row),
-                         .reference = referenceOf(reference)};
+                         .reference = referenceOf(reference),
+                         .categories = {},
+                         .categorySource = scale.source};
+        }
+        const Category* next = m_categories.data();
+        for (Index& index : m_all) {
+            const std::size_t count = catalogue::scale(index.number).categories.size();
+            index.categories = {next, count};
+            next += count;
         }
     }
 
@@ -110,6 +123,7 @@ public:
 
 private:
     std::array<std::array<Quantity, formulas::kMostInputs>, kIndexCount> m_inputs{};
+    std::vector<Category> m_categories;
     std::array<Index, kIndexCount> m_all{};
 };
 
@@ -157,6 +171,14 @@ const Index& index(int number)
     if (number < 1 || number > static_cast<int>(kIndexCount))
         throw std::out_of_range("comfortics: there is no index " + std::to_string(number));
     return indices()[static_cast<std::size_t>(number - 1)];
+}
+
+const Category* categoryOf(const Index& index, double value) noexcept
+{
+    const catalogue::Scale& scale = catalogue::scale(index.number);
+    const catalogue::Category* const found = scale.of(value);
+    return found == nullptr ? nullptr
+                            : &index.categories[static_cast<std::size_t>(found - scale.categories.data())];
 }
 
 const Index* findIndex(std::string_view id) noexcept

@@ -157,6 +157,31 @@ TEST(RunBatch, ReachesTheCalculationWithItsSettings)
     EXPECT_EQ(values(), (std::vector<std::string>{"30.3", "0.3", "-0.4"}));
 }
 
+TEST(RunBatch, WritesWhatValuesMeanBehindThem)
+{
+    BatchOptions wanted = options(2, {53, 120, 195});
+    wanted.categories = true;
+    const auto rowsBy = [&](classic::Rules rules, bool ignoreLimits) {
+        wanted.settings.rules = rules;
+        wanted.settings.ignoreLimits = ignoreLimits;
+        return run("Ta,SR,RH,WS\n36,700,40,1\n-45,0,80,9\n", wanted).cells();
+    };
+    const auto table = rowsBy(classic::Rules::Robust, false);
+    ASSERT_EQ(table[0].size(), 12U);
+    EXPECT_EQ(table[0][7], "120 category");
+    EXPECT_EQ(table[0][11], "195 severity");
+    const auto words = [&](const std::vector<std::string>& row) { return row[10] + " " + row[11]; };
+    EXPECT_EQ(words(table[1]), "very strong heat stress 3");
+    EXPECT_EQ(words(table[2]), "extreme cold stress -4");
+    for (const bool ignoreLimits : {false, true}) {
+        const auto precise = rowsBy(classic::Rules::Precise, ignoreLimits);
+        const auto robust = rowsBy(classic::Rules::Robust, ignoreLimits);
+        for (const std::size_t row : {1U, 2U})
+            for (const std::size_t cell : {7U, 8U, 10U, 11U})
+                EXPECT_EQ(precise[row][cell], robust[row][cell]) << row << " " << cell;
+    }
+}
+
 TEST(RunBatch, TellsWhatFailedInARowWhereNoRunFails)
 {
     BatchOptions wanted = options(2, {52, 134});

@@ -346,6 +346,45 @@ TEST(Evaluate, TakesASiteForEachPoint)
     EXPECT_NE(values[0], values[1]);
 }
 
+TEST(Calculate, TellsWhatValuesMean)
+{
+    const std::array air{35.0, 51.0, -5.0, kNaN};
+    const Readings readings{
+        .airTemperature = air, .solarRadiation = 700, .relativeHumidity = 45, .windSpeed = 1};
+    struct Figures {
+        std::array<double, 4> values{};
+        std::array<std::int8_t, 4> categories{};
+        std::array<std::int8_t, 4> severities{};
+    };
+    const auto of = [&](int number, bool limits) {
+        Figures figures;
+        const Output output{index(number), figures.values.data(),     1,
+                            nullptr,       figures.categories.data(), figures.severities.data()};
+        calculate(readings, 4, {&output, 1}, {}, {.limits = limits});
+        return figures;
+    };
+    for (const bool limits : {true, false}) {
+        const Figures utci = of(195, limits);
+        const Index& index = comfortics::index(195);
+        const auto place = static_cast<std::size_t>(utci.categories[0]);
+        EXPECT_EQ(&index.categories[place], categoryOf(index, utci.values[0]));
+        EXPECT_EQ(utci.severities[0], index.categories[place].severity);
+        for (const std::size_t without :
+             {1U, 3U}) { // outside its limits, whether or not they are kept; missing
+            EXPECT_EQ(kNoCategory, utci.categories[without]);
+            EXPECT_EQ(kNoSeverity, utci.severities[without]);
+        }
+    }
+    // A percentage of dissatisfied has the sign of its vote.
+    const Figures dissatisfied = of(124, true);
+    const Figures vote = of(119, true);
+    EXPECT_GT(vote.values[0], 2);
+    EXPECT_EQ(3, dissatisfied.severities[0]);
+    EXPECT_LT(vote.values[2], -0.5);
+    EXPECT_LT(dissatisfied.severities[2], 0);
+    EXPECT_EQ(nullptr, categoryOf(index(5), 20));
+}
+
 TEST(Evaluate, TakesTheFormulasOwnInputs)
 {
     // Bröde et al. (2012), the reference condition: what the air is, the index is.
