@@ -4,8 +4,9 @@
 //
 // The rules are "precise": no reading is rounded; globe, wet bulbs, the clothing of the mean vote and the
 // equivalent temperature of index 215 are roots of the published heat balances to 1e-9 K, found by a bounded
-// number of steps; one globe, derived from the given humidity and the measured wind, serves all indices; and
-// no figure depends on which others are asked for, on their order or on the number of threads.
+// number of steps; one globe, derived from the given humidity and the measured wind, serves all indices,
+// UTCI's mean radiant temperature included (the wind of UTCI itself is that at 10 m); and no figure depends
+// on which others are asked for, on their order or on the number of threads.
 #pragma once
 
 #include <comfortics/catalogue.h>

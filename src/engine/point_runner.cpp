@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/point_runner.h"
 
+#include "values/run_failure.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -122,10 +124,29 @@ void PointRunner::runEachAtItsSite(const formulas::FormulaCall& call, const Inpu
             results[point] = kNaN;
             continue;
         }
-        InputPointers own = inputs;
-        for (const double*& input : own)
-            input += input == nullptr ? 0 : point;
-        runOn(call, own, siteAt(point), 1, results + point, statuses + point);
+        const Sites site = siteAt(point);
+        results[point] = kNaN;
+        if (anyMissing(site)) {
+            statuses[point] = Status::Missing;
+            continue;
+        }
+        // A block of one would cost more than its point.
+        formulas::FormulaInputs numbers;
+        for (std::size_t i = 0; i < call.arity; ++i)
+            numbers[i] = inputs[i] == nullptr ? kUnassigned : inputs[i][point];
+        for (std::size_t i = 0; i < call.arity && statuses[point] == Status::Value; ++i)
+            statuses[point] = std::isnan(numbers[i].value()) ? Status::Missing : Status::Value;
+        if (statuses[point] != Status::Value)
+            continue;
+        try {
+            const auto value = call.function({formulas::checked(site), formulas::Rules::Precise}, numbers);
+            if (value)
+                results[point] = value->value();
+            else
+                statuses[point] = Status::NoValue;
+        } catch (const values::RunFailure&) {
+            statuses[point] = Status::Undefined;
+        }
     }
 }
 

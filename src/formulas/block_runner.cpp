@@ -47,7 +47,7 @@ public:
         assert(inputs.size() == formula.arity);
         for (const double assumption : {assumptions.Friction, assumptions.Height, assumptions.Weight,
                                         assumptions.Barometric, assumptions.Emissivity, assumptions.ArAdu})
-            m_ordinary = m_ordinary && std::isfinite(assumption);
+            m_ordinary = m_ordinary && (!formula.readsAssumptions || std::isfinite(assumption));
         for (std::size_t i = 0; i < inputs.size(); ++i)
             if (inputs[i].stride == 0)
                 std::fill_n(m_gathered[i].begin(), std::min(count, kBlock), *inputs[i].values);
