@@ -33,6 +33,15 @@ const Reference& reference(int index)
     return kReferences.at(static_cast<std::size_t>(index - 1));
 }
 
+std::string literatureNote(int index)
+{
+    const Reference& literature = reference(index);
+    std::string note = literature.citation();
+    if (literature.confidence != Confidence::Sure)
+        note.append(" [").append(confidenceName(literature.confidence)).append("]");
+    return note.append("; id ").append(literature.id);
+}
+
 int indexOfId(std::string_view id)
 {
     const auto* const found =

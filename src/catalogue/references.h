@@ -45,6 +45,9 @@ struct Reference {
 /// Of index 1 to kLastIndex.
 const Reference& reference(int index);
 
+/// Citation, how sure it is where it is less than that, and id, in one line for the windows.
+std::string literatureNote(int index);
+
 /// The index of an id; 0 where there is none.
 int indexOfId(std::string_view id);
 

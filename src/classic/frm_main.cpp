@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "classic/frm_main.h"
 
+#include "catalogue/references.h"
 #include "texts/text.h"
 
 #include <optional>
@@ -67,6 +68,9 @@ Frm_Main::Frm_Main(const Limits& limits, controls::Messages& messages, Windows& 
     Opt_Limits.click.handle([this] { tellStanding(); });
     Opt_Rules.click.handle([this] { tellStanding(); });
     List_Indices.change.handle([this] { tellStanding(); });
+    List_Indices.provideNotes([this](std::size_t row) {
+        return List_Indices.item(row) + "\n" + catalogue::literatureNote(static_cast<int>(row) + 1);
+    });
     Menu_Options.click.handle([this] { Menu_Options_Click(); });
     Menu_Raw_Data.click.handle([this] { m_windows.showRawData(); });
     Menu_Radiation.click.handle([this] { m_windows.showRadiation(); });

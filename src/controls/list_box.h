@@ -3,8 +3,10 @@
 
 #include "controls/controls.h"
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics::controls {
@@ -25,6 +27,10 @@ public:
     std::optional<std::size_t> currentRow() const noexcept { return m_currentRow; }
     void setCurrentRow(std::size_t row);
 
+    /// What there is to say of a row, for whoever hovers over it; empty where nothing is.
+    std::string note(std::size_t row) const { return m_notes ? m_notes(row) : std::string(); }
+    void provideNotes(std::function<std::string(std::size_t row)> provider) { m_notes = std::move(provider); }
+
     Event change;  ///< rows or selection changed
     Event current; ///< the current row moved
     Event sight;   ///< a row was made current, perhaps anew: a view scrolls to it
@@ -35,6 +41,7 @@ private:
         bool selected = false;
     };
     std::vector<Row> m_rows;
+    std::function<std::string(std::size_t)> m_notes;
     std::optional<std::size_t> m_currentRow;
 };
 

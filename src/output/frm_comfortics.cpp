@@ -214,12 +214,29 @@ void Frm_Comfortics::MouseWheel(int /*modifierKeys*/, int rotation, int x, int y
 
 std::string Frm_Comfortics::note(const Grid& grid, std::size_t row, std::size_t col) const
 {
-    if (row < grid.fixedRows() || col != kValueCol)
+    if (row < grid.fixedRows())
         return {};
+    if (col != kValueCol) {
+        const std::string where = literature(grid, row);
+        return where.empty() ? where
+                             : std::string(grid.textMatrix(row, 0)) + "\n" + where; // a long name may be cut
+    }
     if (!grid.textMatrix(row, col).empty())
         return std::string(doubt(grid, row));
     const std::int32_t index = grid.rowKey(row);
     return index > 0 && m_reason ? m_reason(index) : std::string();
+}
+
+std::string Frm_Comfortics::rowNote(const Grid& grid, std::size_t row) const
+{
+    const std::string ofValue = note(grid, row, kValueCol);
+    return ofValue.empty() ? literature(grid, row) : ofValue;
+}
+
+std::string Frm_Comfortics::literature(const Grid& grid, std::size_t row) const
+{
+    const std::int32_t index = row < grid.fixedRows() ? 0 : grid.rowKey(row);
+    return index > 0 && m_literature ? m_literature(index) : std::string();
 }
 
 std::string_view Frm_Comfortics::doubt(const Grid& grid, std::size_t row) const

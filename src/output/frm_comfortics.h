@@ -63,6 +63,15 @@ public:
     /// for blank values only, in whichever row sorting and searching have brought them.
     void provideReasons(std::function<std::string(int index)> reason) { m_reason = std::move(reason); }
 
+    /// Says in one line where an index was published: the notes of its name and unit, behind the name.
+    void provideLiterature(std::function<std::string(int index)> literature)
+    {
+        m_literature = std::move(literature);
+    }
+
+    /// What there is to say of a row, for those who use no mouse: of its value, else its literature.
+    std::string rowNote(const controls::Grid& grid, std::size_t row) const;
+
     /// The value of the row lies outside of its limits, which were ignored; its note says which.
     bool isDoubtful(const controls::Grid& grid, std::size_t row) const { return !doubt(grid, row).empty(); }
 
@@ -87,6 +96,7 @@ private:
     static void shareWidth(controls::Grid& grid);
     std::string note(const controls::Grid& grid, std::size_t row, std::size_t col) const;
     std::string_view doubt(const controls::Grid& grid, std::size_t row) const;
+    std::string literature(const controls::Grid& grid, std::size_t row) const;
 
     controls::Clipboard& m_clipboard;
     controls::Messages& m_messages;
@@ -94,6 +104,7 @@ private:
     PrintDialog& m_printing;
     mdlTPHelper m_helper;
     std::function<std::string(int)> m_reason;
+    std::function<std::string(int)> m_literature;
     std::vector<std::string> m_doubts; // by index, from 1
     // Whether the next click on a header sorts downwards: one flag for each grid, not for each
     // column.

@@ -2,6 +2,7 @@
 #include "shell/shell.h"
 
 #include "catalogue/catalogue.h"
+#include "catalogue/references.h"
 #include "shell/status_line.h"
 
 #include <chrono>
@@ -41,6 +42,7 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
               return m_tableRun == m_main.calculation.runs() ? m_main.calculation.whyBlank(index)
                                                              : std::string(kForgotten);
           });
+          form->provideLiterature(catalogue::literatureNote);
           return form;
       }),
       converter([this] { return std::make_unique<Frm_Converter>(m_main); }), radiation([this] {

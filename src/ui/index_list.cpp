@@ -64,8 +64,13 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return {};
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole: // a long name may be cut
         return toQt(m_list.item(place(index.row())));
+    case Qt::ToolTipRole: {
+        const std::string note = m_list.note(place(index.row()));
+        return tip(note.empty() ? m_list.item(place(index.row())) : note); // a long name may be cut
+    }
+    case Qt::AccessibleDescriptionRole:
+        return toQt(m_list.note(place(index.row())));
     case Qt::CheckStateRole:
         return m_list.selected(place(index.row())) ? Qt::Checked : Qt::Unchecked;
     default:

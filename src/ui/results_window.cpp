@@ -153,14 +153,11 @@ void ResultsWindow::buildKeys()
     add(QKeySequence(Qt::Key_Escape), [this] { m_search->clear(); });
 }
 
-// The reason of a blank in the current row, for those who use no mouse.
+// The reason of a blank in the current row or its literature, for those who use no mouse.
 void ResultsWindow::showReason()
 {
     const controls::Grid& grid = m_form.visibleGrid();
-    std::string reason;
-    for (std::size_t col = 0; col < grid.cols() && reason.empty(); ++col)
-        reason = grid.note(grid.row(), col);
-    m_reason->showText(toQt(reason));
+    m_reason->showText(toQt(m_form.rowNote(grid, grid.row())));
 }
 
 // Leaves the readings of the main window in sight.

@@ -3,6 +3,15 @@
 
 namespace comfortics::ui {
 
+QString tip(std::string_view note)
+{
+    const QString text = toQt(note);
+    if (!text.contains(QLatin1Char('\n')))
+        return text;
+    return QStringLiteral("<qt>%1</qt>")
+        .arg(text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br/>")));
+}
+
 QString withMnemonic(std::string_view caption, char mnemonic)
 {
     QString text;

@@ -69,6 +69,10 @@ TEST(References, BelongToTheIndexOfTheirNumber)
               "Masterton JM, Richardson FA (1979) Humidex: a method of quantifying human discomfort due to "
               "excessive heat and humidity. CLI 1-79, Environment Canada, Atmospheric Environment Service, "
               "Downsview");
+    EXPECT_EQ(literatureNote(90), reference(90).citation() + "; id humidex_masterson");
+    // Less sure is said to be so.
+    EXPECT_EQ(literatureNote(1), "Błażejczyk K (2010) [name only]; id physical_activity_level_blazejczyk");
+    EXPECT_NE(literatureNote(154).find("275-283 [likely]; id utci_simplified"), std::string::npos);
 }
 
 } // namespace

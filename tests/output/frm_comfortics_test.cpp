@@ -177,6 +177,16 @@ TEST_F(Results, AValueOutsideItsLimitsSaysSoWhereverItIsSorted)
     EXPECT_EQ(Flex.note(row, 0), "");
     EXPECT_TRUE(form.isDoubtful(Flex, row));
     EXPECT_FALSE(form.isDoubtful(Flex, row + 1) || form.isDoubtful(Flex, 0));
+
+    // The literature goes with its index, too, and what there is to say of the value comes first.
+    form.provideLiterature([](int index) { return "source of " + std::to_string(index); });
+    EXPECT_EQ(Flex.note(row, 2), std::string(Flex.textMatrix(row, 0)) + "\nsource of 2");
+    EXPECT_EQ(Flex.note(row, 1) + Flex.note(0, 0), "too hot");
+    EXPECT_EQ(form.rowNote(Flex, row), "too hot");
+    const std::size_t other = order(Flex).find('4');
+    EXPECT_EQ(form.rowNote(Flex, other), "source of 4");
+    EXPECT_EQ(form.rowNote(Flex, 0), "");
+    form.provideLiterature({});
     show();
     EXPECT_FALSE(form.isDoubtful(Flex, 2));
 }
