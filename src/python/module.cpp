@@ -245,6 +245,9 @@ PyMODINIT_FUNC PyInit__comfortics()
         addUfuncs(module.get());
         if (PyModule_AddObjectRef(module.get(), "version", text(comfortics::version()).get()) < 0)
             throw PythonError();
+        const Reference exponent = number(comfortics::Assumptions().windExponent[0]);
+        if (PyModule_AddObjectRef(module.get(), "wind_exponent", exponent.get()) < 0)
+            throw PythonError();
         return module;
     });
 }

@@ -22,6 +22,7 @@ _ASSUMPTIONS = {"wind_exponent": "number", "barometric_pressure": "pressure", "e
 _INPUTS = _READINGS | _ASSUMPTIONS
 _RULES = ("precise", "classic", "robust")
 _AS_IS = (None, 1.0, 1.0)
+_WIND_EXPONENT = _comfortics.wind_exponent  # where none is given
 _NAMES_HERE = {"airTemperature": "ta", "globeTemperature": "tg", "solarRadiation": "sr", "dewPoint": "td",
                "relativeHumidity": "rh", "windSpeed": "ws"}
 
@@ -146,7 +147,7 @@ def _threads(threads):
 
 def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="all", rules="precise", limits=True,
               wind_exponent=None, barometric_pressure=None, emissivity=None, effective_radiating_area=None,
-              body_height=None, body_mass=None, status=False, threads=1, step=None):
+              body_height=None, body_mass=None, status=False, threads=1, step=None, wind_height=None):
     """Calculate indices from readings.
 
     What the indices need and was not measured is derived: globe, radiation, humidity, mean radiant temperature, wet
@@ -179,6 +180,9 @@ def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="
         Threads that calculate, 0 for as many as the machine runs at once. No figure depends on it.
     step : float or timedelta
         The seconds over which radiation in J m-2 is added up.
+    wind_height : float
+        Height above the ground at which the wind is given [m], such as 10 for reanalyses. The wind is taken to 1.1 m by
+        the power law with `wind_exponent`.
 
     Returns
     -------
@@ -212,17 +216,38 @@ def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="
     given = _given(readings, assumptions, number)
     options = dict(targets=tuple(one._target for one in wanted), rules=number, limits=bool(limits),
                    threads=_threads(threads), status=bool(status))
+    divisor = _height_divisor(wind_height, wind_exponent)
     if _kind(given.values(), "xarray", "DataArray"):
-        return _with_xarray(given, wanted, options, step)
+        return _with_xarray(given, wanted, options, step, divisor)
+    conversions = _lowered({}, divisor)
     if _kind(given.values(), "dask.dataframe", "Series"):
-        return _with_dask_frames(given, wanted, options)
+        return _with_dask_frames(given, wanted, options, conversions)
     if _kind(given.values(), "pandas", "Series"):
-        return _with_pandas(given, wanted, options)
-    plan, arrays = _plan(given, options)
+        return _with_pandas(given, wanted, options, conversions)
+    plan, arrays = _plan(given, options, conversions)
     return _named(wanted, options, [array[()] for array in _calculated(plan, arrays)])
 
 
-def _plan(given, options, conversions=None):
+def _height_divisor(height, exponent):
+    """By what wind of a height is divided to be that of 1.1 m."""
+    if height is None:
+        return 1.0
+    if not 0 < height < numpy.inf:
+        raise ValueError(f"wind_height is to be more than 0 m, not {height}.")
+    if exponent is not None and not _is_number(exponent):
+        raise TypeError("With wind_height the wind_exponent is to be one number.")
+    return (height / 1.1) ** (_WIND_EXPONENT if exponent is None else exponent)
+
+
+def _lowered(conversions, divisor):
+    """The conversions, with that of the wind to 1.1 m."""
+    if divisor == 1:
+        return conversions
+    unit, factor, other = conversions.get("ws", _AS_IS)
+    return conversions | {"ws": (unit, factor, other * divisor)}
+
+
+def _plan(given, options, conversions):
     """The plan of a call, and its arrays."""
     arrays = {name: value for name, value in given.items() if not _is_number(value)}
     if not arrays:  # numbers alone give numbers
@@ -231,10 +256,9 @@ def _plan(given, options, conversions=None):
     for name, value in arrays.items():
         if not hasattr(value, "dtype"):
             arrays[name] = _numbers(value, name)
-    known = conversions or {}
     plan = _Plan(names=tuple(arrays), single=_is_single(arrays.values()),
                  constants=tuple((name, float(value)) for name, value in given.items() if name not in arrays),
-                 conversions=tuple(known.get(name, _AS_IS) for name in _INPUTS), **options)
+                 conversions=tuple(conversions.get(name, _AS_IS) for name in _INPUTS), **options)
     return plan, list(arrays.values())
 
 
@@ -291,7 +315,7 @@ def _as_column(series, name):
         raise TypeError(f"{name} is to hold numbers, not {series.dtype}.") from None
 
 
-def _with_pandas(given, wanted, options):
+def _with_pandas(given, wanted, options, conversions):
     import pandas
 
     index = None
@@ -303,18 +327,18 @@ def _with_pandas(given, wanted, options):
             index = value.index
             value = _as_column(value, name)
         columns[name] = value
-    plan, arrays = _plan(columns, options)
+    plan, arrays = _plan(columns, options, conversions)
     for name, array in zip(plan.names, arrays):
         if numpy.shape(array) not in ((), (1,), (len(index),)):
             raise ValueError(f"{name} has the shape {numpy.shape(array)} beside Series of {len(index)} rows.")
     return pandas.DataFrame(_named(wanted, options, plan(*arrays)), index=index)
 
 
-def _partition(names, constants, wanted, options, *series):
-    return _with_pandas(dict(zip(names, series)) | constants, wanted, options)
+def _partition(names, constants, wanted, options, conversions, *series):
+    return _with_pandas(dict(zip(names, series)) | constants, wanted, options, conversions)
 
 
-def _with_dask_frames(given, wanted, options):
+def _with_dask_frames(given, wanted, options, conversions):
     import dask.dataframe
     import pandas
 
@@ -328,17 +352,19 @@ def _with_dask_frames(given, wanted, options):
     figure = numpy.float32 if single else numpy.float64
     meta = pandas.DataFrame({name: numpy.empty(0, numpy.int8 if name.endswith("_status") and place >= len(wanted)
                                                else figure) for place, name in enumerate(names)})
-    return dask.dataframe.map_partitions(_partition, tuple(lazy), constants, wanted, options, *lazy.values(), meta=meta)
+    return dask.dataframe.map_partitions(_partition, tuple(lazy), constants, wanted, options, conversions, *lazy.values(),
+                                         meta=meta)
 
 
-def _with_xarray(given, wanted, options, step):
+def _with_xarray(given, wanted, options, step, divisor):
     import xarray
 
     conversions = {}
     for name, value in given.items():
         if isinstance(value, xarray.DataArray) and "units" in value.attrs:
             conversions[name] = conversion(value.attrs["units"], name, _INPUTS[name], step)
-    plan, _ = _plan({name: getattr(value, "variable", value) for name, value in given.items()}, options, conversions)
+    variables = {name: getattr(value, "variable", value) for name, value in given.items()}
+    plan, _ = _plan(variables, options, _lowered(conversions, divisor))
     results = xarray.apply_ufunc(_result_of, *(given[name] for name in plan.names), kwargs={"plan": plan},
                                  output_core_dims=[()] * len(plan.dtypes), dask="allowed", join="exact",
                                  keep_attrs=False)
