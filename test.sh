@@ -8,6 +8,6 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 preset=${COMFORTICS_PRESET:-dev}
 export QT_QPA_PLATFORM=offscreen # also while building: tests are listed by starting their programs
 
-tools/install_packages.sh build window test python
+tools/install_packages.sh build window test python python_test
 tools/build_preset.sh "$preset"
 exec ctest --preset "$preset" --parallel "$(nproc)" "$@"

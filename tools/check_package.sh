@@ -75,6 +75,19 @@ assert 1 in shown and 8 not in shown, "the limits are not in force"
     echo "Both programs run from $bin${1:+ in a clean root}"
 }
 
+# run_python FOLDER [COMMAND...]: calculates with the Python package in FOLDER of Python's path, by way of COMMAND.
+run_python() {
+    local folder=$1
+    shift
+    "$@" env PYTHONPATH="$folder" PYTHONDONTWRITEBYTECODE=1 /usr/bin/python3 -c '
+import comfortics
+found = comfortics.calculate(ta=30.0, rh=50.0, ws=2.0, sr=600.0, rules="classic", indices=[90, 211])
+assert found["humidex_masterson"] == 36.3, found
+assert found["wind_chill_noaa"] != found["wind_chill_noaa"], "the limits are not in force"
+'
+    echo "The Python package runs from $folder${1:+ in a clean root}"
+}
+
 # try_clean_root PACKAGE...
 try_clean_root() {
     tools/install_packages.sh clean_root
@@ -94,6 +107,7 @@ try_clean_root() {
 case "${1:-}" in
 --run-in) # called by the hook
     run_programs /usr/bin chroot "$2"
+    run_python /usr/lib/python3/dist-packages chroot "$2"
     exit 0
     ;;
 "" | --clean-root) ;;
@@ -105,7 +119,7 @@ esac
 
 tools/make_package.sh
 packages=(build/packages/*.deb)
-[ ${#packages[@]} -eq 3 ] || fail "There are other packages than expected: ${packages[*]}"
+[ ${#packages[@]} -eq 4 ] || fail "There are other packages than expected: ${packages[*]}"
 for package in "${packages[@]}"; do
     dpkg-deb --extract "$package" "$scratch/debian"
 done
@@ -116,4 +130,6 @@ run_programs "$scratch/debian/usr/bin"
 run_programs "$scratch/archive/bin"
 build_with_library "$scratch/debian"
 build_with_library "$scratch/archive"
+run_python "$scratch/debian/usr/lib/python3/dist-packages"
+run_python "$(echo "$scratch"/archive/lib/python3.*/site-packages)"
 [ "${1:-}" != --clean-root ] || try_clean_root "${packages[@]}"

@@ -8,7 +8,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 preset=${COMFORTICS_PRESET:-release}
-tools/install_packages.sh build window package
+tools/install_packages.sh build window python package
 tools/build_preset.sh "$preset"
 rm -rf build/packages
 log=build/$preset/cpack.log

@@ -1,0 +1,29 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What type checkers are told is what there is."""
+import ast
+import inspect
+import pathlib
+
+import comfortics
+
+FOLDER = pathlib.Path(comfortics.__file__).parent
+
+
+def test_the_stub_has_each_name_with_its_parameters():
+    tree = ast.parse((FOLDER / "__init__.pyi").read_text(encoding="utf-8"))
+    functions = {}
+    told = {"ufuncs", *comfortics.ufuncs.__all__}
+    for node in tree.body:
+        if isinstance(node, (ast.FunctionDef, ast.ClassDef)):
+            told.add(node.name)
+        elif isinstance(node, ast.AnnAssign):
+            told.add(node.target.id)
+        if isinstance(node, ast.FunctionDef):
+            functions[node.name] = [argument.arg for argument in node.args.args + node.args.kwonlyargs]
+    assert set(comfortics.__all__) <= told
+    for name, parameters in functions.items():
+        assert list(inspect.signature(getattr(comfortics, name)).parameters) == parameters, name
+    assert [status.name for status in comfortics.Status] == [
+        line.split(" = ")[0].strip() for line in ast.unparse(tree).splitlines() if line.strip()[-1:].isdigit()
+        and line.strip().split(" = ")[0].isupper()]
+    assert (FOLDER / "py.typed").exists()
