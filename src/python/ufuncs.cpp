@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <deque>
 #include <span>
@@ -143,6 +144,14 @@ std::string limitsText(const Limits& limits)
     return said + ". The ufunc calculates outside of these limits, too; `calculate` keeps them.";
 }
 
+std::string rangeText(const Category& category)
+{
+    if (std::isinf(category.upper))
+        return std::isinf(category.lower) ? "any" : "from " + values::plainText(category.lower);
+    const std::string below = "below " + values::plainText(category.upper);
+    return std::isinf(category.lower) ? below : values::plainText(category.lower) + " to " + below;
+}
+
 std::string docstring(const Index& index)
 {
     std::string doc(index.name);
@@ -160,6 +169,11 @@ std::string docstring(const Index& index)
            limitsText(index.limits) + "\n";
     if (index.readsAssumptions)
         doc += "Site and body are those that `calculate` assumes.\n";
+    if (!index.categories.empty()) {
+        doc += "\nClasses of values:\n\n";
+        for (const Category& category : index.categories)
+            doc += "- " + rangeText(category) + ": " + std::string(category.label) + "\n";
+    }
     doc += "\nReferences\n----------\n" + index.reference.citation() + "\n";
     return doc;
 }

@@ -13,7 +13,7 @@ wind speed) to any of them, and keeps the limits in which they are valid. `indic
 
 from comfortics import _hook, ufuncs
 from comfortics._calculate import calculate, explain
-from comfortics._catalogue import Index, Indices, Limits, Quantity, Status, index, indices, quantities
+from comfortics._catalogue import Category, Index, Indices, Limits, Quantity, Status, index, indices, quantities
 from comfortics._comfortics import version as __version__
 from comfortics._errors import UnknownIndexError
 from comfortics._radiation import solar_radiation
@@ -26,6 +26,7 @@ from comfortics._radiation import solar_radiation  # noqa: F811  pylint: disable
 _hook.when_imported("xarray", "comfortics._accessor")
 
 __all__ = [
+    "Category",
     "Index",
     "Indices",
     "Limits",

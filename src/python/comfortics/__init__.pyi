@@ -37,6 +37,14 @@ class Limits:
     wind_at_10m: bool
 
 @dataclass(frozen=True)
+class Category:
+    lower: float
+    upper: float
+    label: str
+    severity: int
+    note: str
+
+@dataclass(frozen=True)
 class Quantity:
     id: str
     symbol: str
@@ -59,6 +67,7 @@ class Index:
     reference: str
     confidence: str
     decimals: int
+    categories: tuple[Category, ...]
     @property
     def ufunc(self) -> numpy.ufunc: ...
     def format(self, value: float) -> str: ...

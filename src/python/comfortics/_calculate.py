@@ -205,7 +205,7 @@ def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="
     --------
     >>> result = comfortics.calculate(ta=30.0, rh=50.0, ws=2.0, sr=600.0, indices=["utci", "humidex_masterson"])
     >>> {name: round(float(value), 1) for name, value in result.items()}
-    {'utci': 36.6, 'humidex_masterson': 36.3}
+    {'utci': 36.7, 'humidex_masterson': 36.3}
     """
     number = _rules(rules)
     wanted = targets(indices)

@@ -36,6 +36,17 @@ class Limits:
 
 
 @dataclass(frozen=True)
+class Category:
+    """A class of values of an index, as published: from `lower` up to but without `upper`."""
+
+    lower: float
+    upper: float
+    label: str
+    severity: int  #: 0 no thermal stress to 4 extreme, minus for cold
+    note: str
+
+
+@dataclass(frozen=True)
 class Quantity:
     """What is read or derived before any index."""
 
@@ -66,6 +77,7 @@ class Index:
     reference: str
     confidence: str  #: how sure the reference is: "sure", "likely" or "name only"
     decimals: int  #: of its text
+    categories: tuple[Category, ...]  #: ascending; empty where no scale is published
 
     @property
     def ufunc(self):
@@ -91,9 +103,10 @@ def _limits(bounded, judged, low, high, wind_bounded, wind_at_10m, wind_low, win
 
 
 def _row(row):
-    number, name, title, unit, family, inputs, assumes, limits, authors, year, reference, confidence, decimals = row
+    (number, name, title, unit, family, inputs, assumes, limits, authors, year, reference, confidence, decimals,
+     categories) = row
     return Index(number, name, title, unit, family, tuple(inputs), bool(assumes), _limits(*limits), authors, year,
-                 reference, _CONFIDENCE[confidence], decimals)
+                 reference, _CONFIDENCE[confidence], decimals, tuple(Category(*category) for category in categories))
 
 
 class Indices:
