@@ -81,7 +81,8 @@ Reference indexOf(const Index& index)
                  truth(index.readsAssumptions), limitsOf(index.limits), text(index.reference.authors),
                  text(index.reference.year), text(index.reference.citation()),
                  number(static_cast<long>(index.reference.confidence)),
-                 number(static_cast<long>(format.decimals)), list(index.categories, [](const Category& category) {
+                 number(static_cast<long>(format.decimals)),
+                 list(index.categories, [](const Category& category) {
                      return tuple(number(category.lower), number(category.upper), text(category.label),
                                   number(static_cast<long>(category.severity)), text(category.note));
                  }));
