@@ -406,7 +406,7 @@ void GridView::showNote(const QPoint& position, const QPoint& onScreen)
     const QModelIndex index = indexAt(position);
     QString note;
     if (index.isValid()) {
-        note = tip(m_grid.note(m_model->gridRow(index.row()), place(index.column())));
+        note = tip(toQt(m_grid.note(m_model->gridRow(index.row()), place(index.column()))));
         if (note.isEmpty() && sizeHintForIndex(index).width() > columnWidth(index.column()))
             note = index.data().toString();
     }

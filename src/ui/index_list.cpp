@@ -67,7 +67,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return toQt(m_list.item(place(index.row())));
     case Qt::ToolTipRole: {
         const std::string note = m_list.note(place(index.row()));
-        return tip(note.empty() ? m_list.item(place(index.row())) : note); // a long name may be cut
+        return tip(toQt(note.empty() ? m_list.item(place(index.row())) : note)); // a long name may be cut
     }
     case Qt::AccessibleDescriptionRole:
         return toQt(m_list.note(place(index.row())));

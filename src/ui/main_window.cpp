@@ -47,7 +47,8 @@ void name(QWidget& widget, const QString& objectName, const QString& accessibleN
 {
     widget.setObjectName(objectName);
     widget.setAccessibleName(accessibleName);
-    widget.setToolTip(hint);
+    widget.setToolTip(tip(hint));
+    widget.setAccessibleDescription(hint); // else the tooltip would stand for it, wrapped as it is
 }
 
 void scaleFont(QWidget& widget, double scale)

@@ -3,13 +3,13 @@
 
 namespace comfortics::ui {
 
-QString tip(std::string_view note)
+QString tip(const QString& note)
 {
-    const QString text = toQt(note);
-    if (!text.contains(QLatin1Char('\n')))
-        return text;
+    constexpr qsizetype kShort = 60; // characters
+    if (note.size() <= kShort && !note.contains(QLatin1Char('\n')))
+        return note;
     return QStringLiteral("<qt>%1</qt>")
-        .arg(text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br/>")));
+        .arg(note.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br/>")));
 }
 
 QString withMnemonic(std::string_view caption, char mnemonic)

@@ -20,8 +20,8 @@ inline std::string fromQt(const QString& text)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-/// A note for a tooltip: one of several lines wraps where it is wide.
-QString tip(std::string_view note);
+/// A note for a tooltip: a long one wraps, as a small or scaled screen would cut it.
+QString tip(const QString& note);
 
 /// For widgets that take '&' as the mark of a mnemonic: the caption letter for letter, with the
 /// first `mnemonic` in it, if any, as the mnemonic.
