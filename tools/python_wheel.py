@@ -18,7 +18,7 @@ def installed_tree(folder):
     """Where the package lies in a folder that it was installed into."""
     build = folder / "build"
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DCOMFORTICS_UI=OFF", "-DCOMFORTICS_TESTS=OFF", "-DCOMFORTICS_HARDENED=ON",
-               "-DCOMFORTICS_UNITY=ON",                f"-DPython3_EXECUTABLE={sys.executable}"]
+               "-DCOMFORTICS_UNITY=ON", f"-DPython3_EXECUTABLE={sys.executable}"]
     subprocess.run(["cmake", "-G", "Ninja", "-S", SOURCE, "-B", build, *options], check=True)
     cache = (build / "build.ninja").read_text(encoding="utf-8")
     if "python_package" not in cache:
