@@ -4,6 +4,7 @@ compiler, CMake and the headers of Python and NumPy have to be there (tools/inst
 
 import base64
 import hashlib
+import os
 import pathlib
 import subprocess
 import sys
@@ -19,7 +20,9 @@ def installed_tree(folder):
     build = folder / "build"
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DCOMFORTICS_UI=OFF", "-DCOMFORTICS_TESTS=OFF", "-DCOMFORTICS_HARDENED=ON",
                "-DCOMFORTICS_UNITY=ON", f"-DPython3_EXECUTABLE={sys.executable}"]
-    subprocess.run(["cmake", "-G", "Ninja", "-S", SOURCE, "-B", build, *options], check=True)
+    # pip hides what the environment sees, and so NumPy, by a path of its own.
+    environment = {name: value for name, value in os.environ.items() if name != "PYTHONPATH"}
+    subprocess.run(["cmake", "-G", "Ninja", "-S", SOURCE, "-B", build, *options], check=True, env=environment)
     cache = (build / "build.ninja").read_text(encoding="utf-8")
     if "python_package" not in cache:
         sys.exit(f"{sys.executable} lacks NumPy or the headers of Python, which the package comfortics is built with.")
