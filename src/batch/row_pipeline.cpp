@@ -76,7 +76,7 @@ protected:
     const ColumnMap& columns() const { return m_columns; }
     const std::vector<int>& indices() const { return m_indices; }
 
-    void appendGiven(std::string& csv, const TableRow& row, const std::string& status) const
+    static void appendGiven(std::string& csv, const TableRow& row, const std::string& status)
     {
         for (const std::string& cell : row.cells) {
             appendCsvCell(csv, cell);

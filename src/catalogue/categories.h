@@ -42,8 +42,8 @@ struct Meaning {
 
 /// What the meaning of a value depends on besides.
 struct Surroundings {
-    double Ta; ///< air temperature [°C]
-    double Ea; ///< vapour pressure [hPa]
+    double Ta = 0; ///< air temperature [°C]
+    double Ea = 0; ///< vapour pressure [hPa]
     /// The mean vote of voteBeside(), for a scale that tells how many are dissatisfied and not why.
     std::optional<double> vote{};
 };

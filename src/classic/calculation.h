@@ -180,7 +180,7 @@ private:
     RunStatus runSequence(const Settings& settings);
     void calculate(const Settings& settings);
     bool calculatePrecisely(const Settings& settings);
-    Outcome preciseOutcome(PreciseRows& row, std::size_t place, int index, bool ignoreLimits);
+    static Outcome preciseOutcome(PreciseRows& row, std::size_t place, int index, bool ignoreLimits);
     template <typename Step, typename Loss>
     void attempt(const char* where, Step step, Loss lose);
     void loseImpossibleReadings();

@@ -8,7 +8,6 @@
 namespace comfortics::classic {
 
 using catalogue::CatalogueRow;
-using catalogue::Gate;
 using catalogue::GateWind;
 
 namespace {

@@ -13,7 +13,6 @@
 namespace comfortics::classic {
 
 using formulas::Live;
-using models::kKelvin;
 using models::kMinimumWind;
 using models::MRT_From_Globe;
 using models::UTCI_Polynomial;

@@ -12,6 +12,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics {
@@ -139,9 +140,11 @@ void check(const Readings& readings, std::span<const Output> outputs, const Limi
     }
 }
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): written before they are read
 BlockCalculator::BlockCalculator(const Readings& readings, const Assumptions& assumptions, bool limits,
                                  LimitsOf limitsOf)
-    : m_weather(std::make_unique<Weather>(readings, assumptions)), m_limits(limits), m_limitsOf(limitsOf)
+    : m_weather(std::make_unique<Weather>(readings, assumptions)), m_limits(limits),
+      m_limitsOf(std::move(limitsOf))
 {
 }
 

@@ -122,7 +122,6 @@ private:
         case DewPoint:
             return {AirTemperature, RelativeHumidity};
         case RelativeHumidity:
-            return {AirTemperature, DewPoint};
         case PsychrometricWetBulbTemperature:
             return {AirTemperature, DewPoint};
         case GlobeTemperature:

@@ -52,7 +52,7 @@ public:
     InputPointers inputs(const Recipe& recipe);
 
 private:
-    struct Place {
+    struct Place { // NOLINT(cppcoreguidelines-pro-type-member-init): written before it is read
         BlockValues values;
         BlockStatuses statuses;
         Figures figures;

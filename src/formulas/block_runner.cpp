@@ -98,7 +98,7 @@ private:
             column += column == nullptr ? 0 : first;
         m_flags.clear();
         m_formula.block({inputs.data(), m_assumptions, m_rules, m_target + first, count});
-        if (!m_flags.failed()) {
+        if (!values::FloatFlags::failed()) {
             if (m_wantsStatuses)
                 tellValues(m_target + first, count, &m_statuses[first]);
         } else if (count > kSmallBlock) {
@@ -178,7 +178,7 @@ private:
 
     bool overlapsNoInput(const double* results, std::size_t count) const
     {
-        const std::less<const double*> isBefore; // of any two pointers
+        const std::less<> isBefore; // of any two pointers
         for (std::size_t i = 0; i < m_inputs.size(); ++i)
             if (isBefore(m_columns[i], results + count) && isBefore(results, m_columns[i] + count))
                 return false;

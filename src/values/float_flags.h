@@ -28,7 +28,7 @@ public:
     {
         _mm_setcsr((m_kept | _MM_MASK_MASK) & ~static_cast<unsigned>(_MM_EXCEPT_MASK));
     }
-    bool failed() const noexcept
+    static bool failed() noexcept
     {
         return (_mm_getcsr() & (_MM_EXCEPT_OVERFLOW | _MM_EXCEPT_DIV_ZERO | _MM_EXCEPT_INVALID)) != 0;
     }
