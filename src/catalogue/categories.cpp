@@ -3,6 +3,7 @@
 
 #include "catalogue/catalogue.h"
 #include "formulas/primitives.h"
+#include "values/plain_text.h"
 
 #include <array>
 #include <cmath>
@@ -96,6 +97,32 @@ std::optional<Meaning> meaning(int index, double value, const Surroundings& surr
         meaning.severity = *surroundings.vote < 0 ? -meaning.severity : meaning.severity;
     }
     return meaning;
+}
+
+std::string inWords(const Meaning& meaning)
+{
+    return std::string(meaning.category->label) + " (" + (meaning.severity > 0 ? "+" : "") +
+           std::to_string(meaning.severity) + ")";
+}
+
+std::string meaningNote(int index, const Meaning& meaning)
+{
+    const Category& category = *meaning.category;
+    const std::string_view unit = row(index).unit;
+    std::string text = inWords(meaning) + ": ";
+    if (category.lower == -kUnbounded)
+        text += "below " + values::plainText(category.upper);
+    else if (category.upper == kUnbounded)
+        text += "from " + values::plainText(category.lower);
+    else
+        text +=
+            "from " + values::plainText(category.lower) + " to below " + values::plainText(category.upper);
+    if (unit != "[-]")
+        text += " " + std::string(unit);
+    text += ".";
+    if (!category.note.empty())
+        text += "\n" + std::string(category.note) + ".";
+    return text + "\nClasses: " + std::string(scale(index).source) + ".";
 }
 
 } // namespace comfortics::catalogue

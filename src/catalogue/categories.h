@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace comfortics::catalogue {
@@ -52,6 +53,12 @@ struct Surroundings {
 /// 136 and 137, where damp heat turns their sign, and where the sign of a percentage of dissatisfied is not
 /// known.
 std::optional<Meaning> meaning(int index, double value, const Surroundings& surroundings);
+
+/// "danger (+3)": the class and its severity with the sign.
+std::string inWords(const Meaning& meaning);
+
+/// What a value means in a few lines: class, severity and bounds, what to do, and where the classes are from.
+std::string meaningNote(int index, const Meaning& meaning);
 
 /// The mean vote with the same activity as a percentage of dissatisfied (118 for 123 to 122 for 127); 0 for
 /// any other index.

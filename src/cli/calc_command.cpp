@@ -26,15 +26,6 @@ const std::string& valueOf(const Calculation& calculation, int index)
     return calculation.results.lbl_results[static_cast<std::size_t>(index)].caption();
 }
 
-// "strong heat stress (+2)"
-std::string inWords(const std::optional<catalogue::Meaning>& meaning)
-{
-    if (!meaning)
-        return {};
-    const std::string sign = meaning->severity > 0 ? "+" : "";
-    return std::string(meaning->category->label) + " (" + sign + std::to_string(meaning->severity) + ")";
-}
-
 class CalcCommand final : public Command {
 public:
     CLI::App* addTo(CLI::App& tool) override
@@ -126,8 +117,10 @@ private:
                 continue;
             std::vector<std::string> cells{std::to_string(row.number), std::string(row.name),
                                            valueOf(calculation, row.number), std::string(row.unit)};
-            if (m_options.categories)
-                cells.push_back(inWords(calculation.meaning(row.number)));
+            if (m_options.categories) {
+                const auto meaning = calculation.meaning(row.number);
+                cells.push_back(meaning ? catalogue::inWords(*meaning) : std::string());
+            }
             if (m_options.reasons)
                 cells.push_back(calculation.whyBlank(row.number));
             if (m_options.provenance)

@@ -103,9 +103,11 @@ void Frm_Comfortics::showResults(std::size_t count, const std::function<ResultRo
         Flex.setTextMatrix(0, kValueCol, "Value");
         Flex.setTextMatrix(0, kUnitCol, "Unit");
         m_doubts.assign(count + 1, {});
+        m_meanings.assign(count + 1, {});
         for (std::size_t index = 1; index <= count; ++index) {
             const ResultRow row = entry(index);
             m_doubts[index] = row.doubt;
+            m_meanings[index] = row.meaning;
             Flex.setTextMatrix(index, kNameCol, row.name);
             Flex.setTextMatrix(index, kValueCol, row.value);
             Flex.setTextMatrix(index, kUnitCol, row.unit);
@@ -222,7 +224,7 @@ std::string Frm_Comfortics::note(const Grid& grid, std::size_t row, std::size_t 
                              : std::string(grid.textMatrix(row, 0)) + "\n" + where; // a long name may be cut
     }
     if (!grid.textMatrix(row, col).empty())
-        return std::string(doubt(grid, row));
+        return std::string(doubt(grid, row).empty() ? meaning(grid, row) : doubt(grid, row));
     const std::int32_t index = grid.rowKey(row);
     return index > 0 && m_reason ? m_reason(index) : std::string();
 }
@@ -239,10 +241,25 @@ std::string Frm_Comfortics::literature(const Grid& grid, std::size_t row) const
     return index > 0 && m_literature ? m_literature(index) : std::string();
 }
 
+namespace {
+
+// Of the index in a row: 0 in a row of none.
+std::string_view textOf(const std::vector<std::string>& texts, const Grid& grid, std::size_t row)
+{
+    const auto index = static_cast<std::size_t>(grid.rowKey(row));
+    return index < texts.size() ? std::string_view(texts[index]) : std::string_view();
+}
+
+} // namespace
+
 std::string_view Frm_Comfortics::doubt(const Grid& grid, std::size_t row) const
 {
-    const auto index = static_cast<std::size_t>(grid.rowKey(row)); // 0 in a row of no index
-    return index < m_doubts.size() ? std::string_view(m_doubts[index]) : std::string_view();
+    return textOf(m_doubts, grid, row);
+}
+
+std::string_view Frm_Comfortics::meaning(const Grid& grid, std::size_t row) const
+{
+    return textOf(m_meanings, grid, row);
 }
 
 } // namespace comfortics::output

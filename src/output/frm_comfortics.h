@@ -22,7 +22,8 @@ struct ResultRow {
     std::string_view name;
     std::string_view value;
     std::string_view unit;
-    std::string doubt{}; ///< which limit the value lies outside of; else empty
+    std::string doubt{};   ///< which limit the value lies outside of; else empty
+    std::string meaning{}; ///< of the value: its published class, with bounds and source; else empty
 };
 
 /// The results window: the table of all entries, and in its place, while something is searched for,
@@ -96,6 +97,7 @@ private:
     static void shareWidth(controls::Grid& grid);
     std::string note(const controls::Grid& grid, std::size_t row, std::size_t col) const;
     std::string_view doubt(const controls::Grid& grid, std::size_t row) const;
+    std::string_view meaning(const controls::Grid& grid, std::size_t row) const;
     std::string literature(const controls::Grid& grid, std::size_t row) const;
 
     controls::Clipboard& m_clipboard;
@@ -106,6 +108,7 @@ private:
     std::function<std::string(int)> m_reason;
     std::function<std::string(int)> m_literature;
     std::vector<std::string> m_doubts; // by index, from 1
+    std::vector<std::string> m_meanings;
     // Whether the next click on a header sorts downwards: one flag for each grid, not for each
     // column.
     bool m_flexSortedUp = false;

@@ -77,6 +77,12 @@ TEST(Categories, AreWithheldBeyondThePolesAndSignedByTheVote)
     EXPECT_TRUE(meaning(137, -5.7, {.Ta = 37, .Ea = 58.6}));
     EXPECT_TRUE(meaning(88, 45, {.Ta = 37, .Ea = 61.5}));
 
+    const Category* const danger = scale(88).of(40);
+    EXPECT_TRUE(meaningNote(88, {danger, danger->severity})
+                    .starts_with(
+                        "danger (+3): from 39.4 to below 51.7 °C.\nHeat exhaustion is likely and heat stroke "
+                        "possible; stop hard work.\nClasses: US National Weather Service"));
+
     EXPECT_EQ(voteBeside(123), 118);
     EXPECT_EQ(voteBeside(127), 122);
     EXPECT_EQ(voteBeside(128), 0);
