@@ -232,7 +232,8 @@ std::string Frm_Comfortics::note(const Grid& grid, std::size_t row, std::size_t 
 std::string Frm_Comfortics::rowNote(const Grid& grid, std::size_t row) const
 {
     const std::string ofValue = note(grid, row, kValueCol);
-    return ofValue.empty() ? literature(grid, row) : ofValue;
+    return ofValue.empty() ? literature(grid, row)
+                           : ofValue.substr(0, ofValue.find('\n')); // one line is its room
 }
 
 std::string Frm_Comfortics::literature(const Grid& grid, std::size_t row) const

@@ -171,7 +171,7 @@ TEST_F(Results, AValueOutsideItsLimitsSaysSoWhereverItIsSorted)
     std::vector<ResultRow> entries = kEntries;
     entries[1].doubt = "too hot";
     entries[1].meaning = "hidden by the doubt";
-    entries[3].meaning = "danger (+3)";
+    entries[3].meaning = "danger (+3)\nStop hard work.";
     show(entries);
     click(Flex, 0, 1);
     const std::size_t row = order(Flex).find('2');
@@ -187,6 +187,7 @@ TEST_F(Results, AValueOutsideItsLimitsSaysSoWhereverItIsSorted)
     EXPECT_EQ(form.rowNote(Flex, row), "too hot");
     const std::size_t other = order(Flex).find('4');
     EXPECT_EQ(form.rowNote(Flex, other), "danger (+3)");
+    EXPECT_EQ(Flex.note(other, 1), "danger (+3)\nStop hard work.");
     EXPECT_EQ(form.rowNote(Flex, order(Flex).find('5')), "source of 5");
     EXPECT_EQ(form.rowNote(Flex, 0), "");
     form.provideLiterature({});
