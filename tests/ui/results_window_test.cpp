@@ -198,7 +198,7 @@ TEST(ResultsWindow, SearchSortCopyExportAndPrint)
     EXPECT_EQ(opened.printing.shown, 1);
 
     std::size_t blank = 1;
-    while (grid.note(blank, 1).empty())
+    while (!grid.textMatrix(blank, 1).empty())
         ++blank;
     grid.select(blank, 0, blank, 0);
     EXPECT_TRUE(tests::says(*opened.window, toQt(grid.note(blank, 1))));
