@@ -124,20 +124,20 @@ void PointRunner::runEachAtItsSite(const formulas::FormulaCall& call, const Inpu
             results[point] = kNaN;
             continue;
         }
+        // The inputs first: a result may take the place of one. A block of one would cost more than its
+        // point.
         const Sites site = siteAt(point);
+        bool missing = anyMissing(site);
+        formulas::FormulaInputs numbers;
+        for (std::size_t i = 0; i < call.arity; ++i) {
+            numbers[i] = inputs[i] == nullptr ? kUnassigned : inputs[i][point];
+            missing = missing || std::isnan(numbers[i].value());
+        }
         results[point] = kNaN;
-        if (anyMissing(site)) {
+        if (missing) {
             statuses[point] = Status::Missing;
             continue;
         }
-        // A block of one would cost more than its point.
-        formulas::FormulaInputs numbers;
-        for (std::size_t i = 0; i < call.arity; ++i)
-            numbers[i] = inputs[i] == nullptr ? kUnassigned : inputs[i][point];
-        for (std::size_t i = 0; i < call.arity && statuses[point] == Status::Value; ++i)
-            statuses[point] = std::isnan(numbers[i].value()) ? Status::Missing : Status::Value;
-        if (statuses[point] != Status::Value)
-            continue;
         try {
             const auto value = call.function({formulas::checked(site), formulas::Rules::Precise}, numbers);
             if (value)

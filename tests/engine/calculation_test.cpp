@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cfenv>
@@ -407,6 +408,23 @@ TEST(Evaluate, TakesTheFormulasOwnInputs)
     for (std::size_t i = 0; i < 4; ++i)
         EXPECT_EQ(std::bit_cast<std::uint64_t>(expected[i]), std::bit_cast<std::uint64_t>(air[i]));
     EXPECT_TRUE(std::isnan(expected[3]));
+    // Also where each point has a site of its own.
+    const std::array exponents{0.1, 0.2, 0.3};
+    std::array winds{2.0, 3.0, 4.0};
+    const auto reader = std::find_if(indices().begin(), indices().end(), [](const Index& index) {
+        return index.readsAssumptions && index.inputs.size() == 2 &&
+               index.inputs[0] == Quantity::AirTemperature && index.inputs[1] == Quantity::WindSpeed;
+    });
+    ASSERT_NE(reader, indices().end());
+    const std::array<Column, 2> siteInputs{20, winds};
+    const Assumptions sites{.windExponent = exponents, .bodyHeight = 1.75, .bodyMass = 70};
+    std::array<double, 3> apart{};
+    evaluate(*reader, siteInputs, 3, {apart.data()}, sites);
+    evaluate(*reader, siteInputs, 3, {winds.data()}, sites);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_FALSE(std::isnan(apart[i])) << reader->id;
+        EXPECT_EQ(apart[i], winds[i]);
+    }
 
     EXPECT_THROW(evaluate(heatIndex, {own.data(), 1}, 4, {air.data()}), std::invalid_argument);
     EXPECT_THROW(evaluate(heatIndex, std::array<Column, 2>{30, Column()}, 4, {air.data()}),
