@@ -202,7 +202,9 @@ PreciseRows::Figure PreciseRows::live(Live quantity, std::size_t row) const
 engine::BlockCalculator& PreciseRows::alone(std::size_t row)
 {
     engine::BlockCalculator& calculator = *m_groups[m_rows[row].group].calculator;
-    calculator.begin(m_rows[row].place, 1);
+    const engine::Weather& weather = calculator.weather();
+    if (weather.first() != m_rows[row].place || weather.count() != 1) // else what was derived still stands
+        calculator.begin(m_rows[row].place, 1);
     return calculator;
 }
 
@@ -211,12 +213,6 @@ std::string PreciseRows::whyNot(int index, std::size_t row)
     const auto& limits = m_limits[static_cast<std::size_t>(index - 1)];
     return engine::explainPoint(alone(row), m_groups[m_rows[row].group].readings, comfortics::index(index),
                                 m_ignoreLimits ? nullptr : &limits);
-}
-
-std::string PreciseRows::whyNotLive(Live quantity, std::size_t row)
-{
-    return engine::explainPoint(alone(row), m_groups[m_rows[row].group].readings, quantityOf(quantity),
-                                nullptr);
 }
 
 Status PreciseRows::limitStatus(int index, std::size_t row)

@@ -45,7 +45,6 @@ public:
     /// Adds a row where the boxes are valid, after the rules that come before a calculation; false where they
     /// are not. There are fewer than kMostRows rows.
     bool take(ReadingBoxes& boxes);
-    std::size_t count() const noexcept { return m_rows.size(); }
 
     void calculate();
 
@@ -64,7 +63,6 @@ public:
 
     /// Why an index has no value; empty where it has one.
     std::string whyNot(int index, std::size_t row);
-    std::string whyNotLive(formulas::Live quantity, std::size_t row);
     /// What its limits make of an index, whether or not they are kept: Value inside of them.
     Status limitStatus(int index, std::size_t row);
     /// What its limits judge, of an index that has any.

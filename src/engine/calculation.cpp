@@ -24,7 +24,6 @@ namespace engine {
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr int kUtciNumber = 195;
 /// Blocks that a thread takes at a time.
 constexpr std::size_t kShare = 8 * kBlockPoints;
 
@@ -111,12 +110,6 @@ void require(const Target& target, Quantity quantity, const Readings& readings, 
                      std::string(whatGives(quantity, readings)) + " must be given");
 }
 
-/// Whether an index is one of the heat balances' air: UTCI reads the vapour pressure of an air that can be.
-bool needsAir(const Target& target)
-{
-    return target.indexNumber() == kUtciNumber;
-}
-
 } // namespace
 
 void check(const Readings& readings, std::span<const Output> outputs, const LimitsOf& limitsOf, bool limits)
@@ -164,7 +157,7 @@ Figures BlockCalculator::figures(const Target& target)
     const Recipe& made = recipe(number);
     Status* const statuses = m_statuses.data();
     bool all = m_weather->combine(made.inputs(), statuses);
-    if (needsAir(target))
+    if (made.needsAir)
         all = m_weather->alsoOf(m_weather->air(), statuses) && all;
     if (m_limits)
         all = judgeAll(number, statuses) && all;

@@ -46,9 +46,9 @@ public:
 
     void work(std::size_t first, std::size_t count) override
     {
-        if (m_result.statuses == nullptr && m_judgedCount == 0 &&
-            m_runner.siteOf(*m_recipe.call) != nullptr) {
-            straight(first, count, *m_runner.siteOf(*m_recipe.call));
+        const PointRunner::Sites* const site = m_runner.siteOf(*m_recipe.call);
+        if (m_result.statuses == nullptr && m_judgedCount == 0 && site != nullptr) {
+            straight(first, count, *site);
             return;
         }
         for (const std::size_t end = first + count; first < end; first += kBlockPoints)

@@ -55,7 +55,7 @@ public:
         for (const auto& source : made.inputs())
             if (source && statusOf(*source) != Status::Value)
                 return ofQuantity(*source);
-        if (status == Status::Undefined && target.indexNumber() == kUtciNumber && !hasAir())
+        if (status == Status::Undefined && made.needsAir && !hasAir())
             return ofAir();
         if (limits != nullptr) {
             for (const Quantity judged : judgedQuantities(*limits))
@@ -98,8 +98,6 @@ public:
     }
 
 private:
-    static constexpr int kUtciNumber = 195;
-
     Status statusOf(Quantity quantity)
     {
         const Figures& figures = m_calculator.weather().of(quantity);

@@ -62,8 +62,8 @@ constexpr Recipe kOutdoorWbgt{&models::kWbgtOutdoor,
                               {NaturalWetBulbTemperature, GlobeTemperature, AirTemperature}};
 constexpr Recipe kIndoorWbgt{&models::kWbgtIndoor,
                              {AirTemperature, PsychrometricWetBulbTemperature, WindSpeed}};
-constexpr Recipe kUtci{&models::kUtciOfDewPoint,
-                       {AirTemperature, MeanRadiantTemperature, WindSpeedAt10m, DewPoint}};
+constexpr Recipe kUtci{
+    &models::kUtciOfDewPoint, {AirTemperature, MeanRadiantTemperature, WindSpeedAt10m, DewPoint}, true};
 constexpr Recipe kPublishedUtci{&models::kUtciOfHumidity,
                                 {AirTemperature, MeanRadiantTemperature, WindSpeedAt10m, RelativeHumidity}};
 constexpr Recipe kSaturation{&models::kSaturationPressure, {AirTemperature}};

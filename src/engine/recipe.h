@@ -37,6 +37,8 @@ struct Recipe {
     /// In the formula's order, call->arity of them. None is a variable that the published formula has and
     /// nothing assigns: it counts as 0.
     std::array<std::optional<Quantity>, formulas::kMostInputs> sources{};
+    /// It has a value only in an air whose dew point lies not above its temperature, whatever it reads.
+    bool needsAir = false;
 
     std::span<const std::optional<Quantity>> inputs() const { return {sources.data(), call->arity}; }
 };
