@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "python/ufuncs.h"
 
+#include "texts/text.h"
 #include "values/plain_text.h"
 
 #include <comfortics/comfortics.h>
@@ -14,6 +15,8 @@
 #include <string>
 
 namespace comfortics::python {
+
+using texts::lowered;
 
 namespace {
 
@@ -120,15 +123,6 @@ std::string_view judgedText(Judged judged)
         return "outdoor wet-bulb globe temperature";
     }
     return "air temperature";
-}
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return result;
 }
 
 std::string limitsText(const Limits& limits)
