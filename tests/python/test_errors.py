@@ -3,6 +3,7 @@ import re
 
 import comfortics
 import numpy
+import pandas
 import pytest
 
 
@@ -21,6 +22,7 @@ import pytest
     (ValueError, "There are no rules 'clasic', only 'precise', 'classic', 'robust'. Did you mean 'classic'",
      dict(ta=1, rules="clasic")),
     (ValueError, "threads is to be 0 or more, not -1", dict(ta=1, threads=-1)),
+    (TypeError, "ta is a table; give one of its columns", dict(ta=pandas.DataFrame({"ta": [1.0]}), rh=1, indices=90)),
     (TypeError, "ta holds what is no number", dict(ta=["warm", None], rh=1, indices=90)),
     (TypeError, "ta is to hold numbers, not complex128", dict(ta=numpy.array([1j]), rh=1, indices=90)),
     (TypeError, "ta is to hold numbers, not datetime64", dict(ta=numpy.array(["2024"], "M8[s]"), rh=1, indices=90)),

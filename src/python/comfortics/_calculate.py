@@ -133,6 +133,9 @@ def _given(readings, assumptions, rules):
     for name in ("ta", "ws"):
         if rules and name not in given:
             raise ValueError(f"By the {_RULES[rules]} rules {name} must be given.")
+    for name, value in given.items():
+        if getattr(value, "ndim", 0) == 2 and hasattr(value, "columns"):
+            raise TypeError(f"{name} is a table; give one of its columns, for instance {name}=table[{name!r}].")
     if not any(name in given for name in _READINGS):
         raise ValueError("No reading is given.")
     return given
@@ -142,7 +145,7 @@ def _threads(threads):
     count = operator.index(threads)
     if count < 0:
         raise ValueError(f"threads is to be 0 or more, not {count}.")
-    return count
+    return min(count, 1024)
 
 
 def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="all", rules="precise", limits=True,
@@ -432,4 +435,5 @@ def explain(name, *, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, rules
         if numpy.size(value) != 1:
             raise ValueError(f"{which} is to be the reading of one point, not of {numpy.size(value)}.")
     inputs = tuple(float(numpy.reshape(given[which], ())) if which in given else None for which in _INPUTS)
-    return _said(_comfortics.explain_point, inputs, one._target, number, bool(limits))
+    text = _said(_comfortics.explain_point, inputs, one._target, number, bool(limits))
+    return text[:1].upper() + text[1:] + ("" if text.endswith(".") or not text else ".")
