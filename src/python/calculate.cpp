@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -95,6 +96,17 @@ Target targetOf(PyObject* number)
     return static_cast<Quantity>(place);
 }
 
+std::vector<std::size_t> placesOf(PyObject* numbers)
+{
+    std::vector<std::size_t> places;
+    for (Py_ssize_t i = 0; i < PyTuple_Size(numbers); ++i) {
+        places.push_back(PyLong_AsSize_t(PyTuple_GetItem(numbers, i)));
+        if (PyErr_Occurred() != nullptr)
+            throw PythonError();
+    }
+    return places;
+}
+
 std::vector<Target> targetsOf(PyObject* numbers)
 {
     std::vector<Target> targets;
@@ -149,10 +161,16 @@ bool interrupted()
     return result;
 }
 
-/// The arrays of figures and statuses of the targets.
+/// What a call gives besides the figures.
+struct Wanted {
+    bool statuses = false;
+    std::vector<std::size_t> classes{}; ///< the places of the targets whose classes are wanted
+};
+
+/// The arrays of the targets: figures, statuses, classes and severities.
 class Results {
 public:
-    Results(std::size_t targets, PyObject* shape, bool single, bool statuses) : m_single(single)
+    Results(std::size_t targets, PyObject* shape, bool single, const Wanted& wanted) : m_single(single)
     {
         std::array<npy_intp, NPY_MAXDIMS> lengths{};
         const Py_ssize_t dimensions = PyTuple_Size(shape);
@@ -163,30 +181,49 @@ public:
         const auto make = [&](int type) {
             return Reference(PyArray_SimpleNew(static_cast<int>(dimensions), lengths.data(), type));
         };
-        for (std::size_t i = 0; i < targets; ++i) {
-            m_values.push_back(make(single ? NPY_FLOAT : NPY_DOUBLE));
-            if (statuses)
-                m_statuses.push_back(make(NPY_INT8));
+        m_outputs.resize(targets);
+        for (Arrays& output : m_outputs) {
+            output.values = data(m_values.emplace_back(make(single ? NPY_FLOAT : NPY_DOUBLE)));
+            if (wanted.statuses)
+                output.statuses = static_cast<Status*>(data(m_statuses.emplace_back(make(NPY_INT8))));
         }
-        for (const Reference& array : m_values)
-            m_places.push_back(data(array));
-        for (const Reference& array : m_statuses)
-            m_statusPlaces.push_back(static_cast<Status*>(data(array)));
+        for (const std::size_t place : wanted.classes) {
+            Arrays& output = m_outputs.at(place);
+            output.categories = static_cast<std::int8_t*>(data(m_categories.emplace_back(make(NPY_INT8))));
+            output.severities = static_cast<std::int8_t*>(data(m_severities.emplace_back(make(NPY_INT8))));
+        }
     }
 
     bool single() const { return m_single; }
-    double* doubles(std::size_t target) const { return static_cast<double*>(m_places[target]); }
-    float* floats(std::size_t target) const { return static_cast<float*>(m_places[target]); }
-    /// Null where statuses are not wanted.
-    Status* statuses(std::size_t target) const
+    float* floats(std::size_t target) const { return static_cast<float*>(m_outputs[target].values); }
+
+    /// Where the points from `first` on go. There is no place for values in single precision.
+    Output output(const Target& target, std::size_t place, std::size_t first) const
     {
-        return m_statusPlaces.empty() ? nullptr : m_statusPlaces[target];
+        const Arrays& arrays = m_outputs[place];
+        const auto from = [first](auto* data) { return data == nullptr ? nullptr : data + first; };
+        return {.target = target,
+                .values = m_single ? nullptr : static_cast<double*>(arrays.values) + first,
+                .statuses = from(arrays.statuses),
+                .categories = from(arrays.categories),
+                .severities = from(arrays.severities)};
     }
 
-    Reference release() { return tuple(list(m_values), list(m_statuses)); }
+    Reference release()
+    {
+        return tuple(list(m_values), list(m_statuses), list(m_categories), list(m_severities));
+    }
 
 private:
     static_assert(sizeof(Status) == sizeof(npy_int8));
+
+    /// The elements of a target's arrays; null where one is not wanted.
+    struct Arrays {
+        void* values = nullptr;
+        Status* statuses = nullptr;
+        std::int8_t* categories = nullptr;
+        std::int8_t* severities = nullptr;
+    };
 
     static void* data(const Reference& array)
     {
@@ -203,8 +240,9 @@ private:
     bool m_single;
     std::vector<Reference> m_values;
     std::vector<Reference> m_statuses;
-    std::vector<void*> m_places;
-    std::vector<Status*> m_statusPlaces;
+    std::vector<Reference> m_categories;
+    std::vector<Reference> m_severities;
+    std::vector<Arrays> m_outputs;
 };
 
 /// Calculates runs of points one after the other, without the interpreter's lock.
@@ -255,11 +293,9 @@ private:
         }
         std::vector<Output> outputs;
         for (std::size_t i = 0; i < m_call.targets.size(); ++i) {
-            Status* const statuses = m_results.statuses(i);
-            outputs.push_back({.target = m_call.targets[i],
-                               .values = m_results.single() ? m_values.data() + i * kScratch
-                                                            : m_results.doubles(i) + m_done,
-                               .statuses = statuses == nullptr ? nullptr : statuses + m_done});
+            outputs.push_back(m_results.output(m_call.targets[i], i, m_done));
+            if (m_results.single())
+                outputs.back().values = m_values.data() + i * kScratch;
         }
         if (m_call.rules == RuleSet::Precise)
             calculate(readings, count, outputs, assumptions, m_options);
@@ -348,10 +384,11 @@ void runAll(const Call& call, Runs& runs)
 
 } // namespace
 
-/// (inputs, conversions, targets, rules, limits, threads, shape, single, statuses): the readings and the
-/// assumptions as arrays or None; for each the unit that it comes in or None, a factor and a divisor;
-/// the targets; rules 0 precise, 1 classic, 2 robust; the shape that the arrays broadcast to. Gives a list of
-/// arrays and one of their statuses, which is empty where they are not wanted.
+/// (inputs, conversions, targets, rules, limits, threads, shape, single, statuses, classes): the readings and
+/// the assumptions as arrays or None; for each the unit that it comes in or None, a factor and a divisor;
+/// the targets; rules 0 precise, 1 classic, 2 robust; the shape that the arrays broadcast to; the places of
+/// the targets whose classes are wanted. Gives lists of arrays: the figures, their statuses, which is empty
+/// where they are not wanted, and the classes and severities.
 PyObject* calculateArrays(PyObject* /*module*/, PyObject* arguments)
 {
     return answer([&] {
@@ -363,10 +400,11 @@ PyObject* calculateArrays(PyObject* /*module*/, PyObject* arguments)
         PyObject* shape = nullptr;
         int single = 0;
         int statuses = 0;
+        PyObject* classes = nullptr;
         Call call;
-        if (PyArg_ParseTuple(arguments, "O!O!O!ipIO!pp", &PyTuple_Type, &inputs, &PyTuple_Type, &conversions,
-                             &PyTuple_Type, &targets, &rules, &limits, &call.threads, &PyTuple_Type, &shape,
-                             &single, &statuses) == 0)
+        if (PyArg_ParseTuple(arguments, "O!O!O!ipIO!ppO!", &PyTuple_Type, &inputs, &PyTuple_Type,
+                             &conversions, &PyTuple_Type, &targets, &rules, &limits, &call.threads,
+                             &PyTuple_Type, &shape, &single, &statuses, &PyTuple_Type, &classes) == 0)
             throw PythonError();
         takeInputs(call, inputs);
         for (std::size_t i = 0; i < kInputs; ++i)
@@ -374,7 +412,8 @@ PyObject* calculateArrays(PyObject* /*module*/, PyObject* arguments)
         call.targets = targetsOf(targets);
         call.rules = static_cast<RuleSet>(rules);
         call.limits = limits != 0;
-        Results results(call.targets.size(), shape, single != 0, statuses != 0);
+        Results results(call.targets.size(), shape, single != 0,
+                        {.statuses = statuses != 0, .classes = placesOf(classes)});
         Runs runs(call, results);
         runAll(call, runs);
         if (runs.wasInterrupted())

@@ -2,6 +2,7 @@
 #include "python/sheet.h"
 
 #include "batch/row_runner.h"
+#include "catalogue/categories.h"
 #include "engine/work_sharing.h"
 #include "python/limits_index.h"
 #include "texts/number_text.h"
@@ -9,8 +10,10 @@
 
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
@@ -78,6 +81,7 @@ Status statusOf(classic::OutcomeKind kind)
 struct Figure {
     double value = kNaN;
     Status status = Status::Missing;
+    std::optional<catalogue::Meaning> meaning{};
 };
 
 /// The rows of one thread.
@@ -95,8 +99,13 @@ public:
     {
         for (std::size_t point = first; point < first + count; ++point) {
             const batch::RowStatus status = run(point);
-            for (const Output& output : m_outputs)
-                write(output, point, figure(output.target, status));
+            for (const Output& output : m_outputs) {
+                Figure found = figure(output.target, status);
+                if (found.status == Status::Value && output.target.indexNumber() != 0 &&
+                    (output.categories != nullptr || output.severities != nullptr))
+                    found.meaning = m_runner.calculation().meaning(output.target.indexNumber());
+                write(output, point, found);
+            }
         }
     }
 
@@ -161,12 +170,23 @@ private:
         return {kNaN, status == Status::Value ? Status::Undefined : status};
     }
 
+    static std::int8_t placeOf(const Target& target, const catalogue::Meaning& meaning)
+    {
+        const auto& scale = catalogue::scale(target.indexNumber());
+        return static_cast<std::int8_t>(meaning.category - scale.categories.data());
+    }
+
     static void write(const Output& output, std::size_t point, const Figure& figure)
     {
         if (output.values != nullptr)
             output.values[static_cast<std::ptrdiff_t>(point) * output.stride] = figure.value;
         if (output.statuses != nullptr)
             output.statuses[point] = figure.status;
+        const auto& meaning = figure.meaning;
+        if (output.categories != nullptr)
+            output.categories[point] = meaning ? placeOf(output.target, *meaning) : kNoCategory;
+        if (output.severities != nullptr)
+            output.severities[point] = meaning ? static_cast<std::int8_t>(meaning->severity) : kNoSeverity;
     }
 
     const Readings& m_readings;

@@ -106,6 +106,7 @@ def calculate(
     body_height: _Readings = None,
     body_mass: _Readings = None,
     status: bool = False,
+    categories: bool = False,
     threads: int = 1,
     step: _Step | None = None,
     wind_height: float | None = None,

@@ -23,6 +23,7 @@ def _parser():
     parser.add_argument("--rules", default="precise", choices=("precise", "classic", "robust"))
     parser.add_argument("--ignore-limits", action="store_true", help="calculate outside the limits of an index, too")
     parser.add_argument("--status", action="store_true", help="write what became of each figure, too")
+    parser.add_argument("--categories", action="store_true", help="write the published class of each figure, too")
     parser.add_argument("--step", type=float, metavar="SECONDS", help="over which radiation in J m-2 is added up")
     parser.add_argument("--wind-height", type=float, metavar="METRES",
                         help="of the wind above the ground; 10 in a dataset, 1.1 in a CSV")
@@ -123,7 +124,7 @@ def main(arguments=None):
     options = _parser().parse_args(arguments)
     named = {reading: getattr(options, reading) for reading in _READINGS if getattr(options, reading)}
     choices = {"indices": _indices(options.indices), "rules": options.rules, "limits": not options.ignore_limits,
-               "status": options.status, "wind_height": options.wind_height}
+               "status": options.status, "categories": options.categories, "wind_height": options.wind_height}
     folder = None
     try:
         kinds = {_kind(options.input) == ".csv", _kind(options.output) == ".csv"}

@@ -23,6 +23,7 @@ _INPUTS = _READINGS | _ASSUMPTIONS
 _RULES = ("precise", "classic", "robust")
 _AS_IS = (None, 1.0, 1.0)
 _WIND_EXPONENT = _comfortics.wind_exponent  # where none is given
+_NO_SEVERITY = -128  # of the library
 _NAMES_HERE = {"airTemperature": "ta", "globeTemperature": "tg", "solarRadiation": "sr", "dewPoint": "td",
                "relativeHumidity": "rh", "windSpeed": "ws"}
 
@@ -39,6 +40,7 @@ class _Plan:
     limits: bool
     threads: int
     status: bool
+    classes: tuple  #: places of the targets whose classes are wanted
     single: bool
 
     @property
@@ -47,11 +49,12 @@ class _Plan:
 
     @property
     def dtypes(self):
-        count = len(self.targets)
-        return [self.dtype] * count + [numpy.dtype(numpy.int8)] * (count if self.status else 0)
+        count, classes = len(self.targets), len(self.classes)
+        return ([self.dtype] * count + [numpy.dtype(numpy.int8)] * ((count if self.status else 0) + classes)
+                + [numpy.dtype(numpy.float32)] * classes)
 
     def __call__(self, *arrays):
-        """A tuple of the values, then of the statuses."""
+        """A tuple of the values, then of the statuses, the classes and the severities."""
         arrays = [_numbers(array, name) for name, array in zip(self.names, arrays)]
         try:
             shape = numpy.broadcast_shapes(*(array.shape for array in arrays))
@@ -60,12 +63,20 @@ class _Plan:
             raise ValueError(f"The shapes {shapes} do not broadcast.") from None
         given = dict(zip(self.names, arrays)) | {name: numpy.float64(value) for name, value in self.constants}
         inputs = tuple(None if name not in given else numpy.asarray(given[name]) for name in _INPUTS)
-        values, statuses = _said(_comfortics.calculate_arrays, inputs, self.conversions, self.targets, self.rules,
-                                 self.limits, self.threads, shape, self.single, self.status)
-        return (*values, *statuses)
+        values, statuses, categories, severities = _said(
+            _comfortics.calculate_arrays, inputs, self.conversions, self.targets, self.rules, self.limits, self.threads,
+            shape, self.single, self.status, self.classes)
+        return (*values, *statuses, *categories, *map(_with_gaps, severities))
 
     def single_result(self, *arrays):
         return self(*arrays)[0]
+
+
+def _with_gaps(severities):
+    """NaN, which is neither mild nor severe, where there is none."""
+    numbers = severities.astype(numpy.float32)
+    numbers[severities == _NO_SEVERITY] = numpy.nan
+    return numbers
 
 
 def _said(function, *arguments):
@@ -150,7 +161,8 @@ def _threads(threads):
 
 def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="all", rules="precise", limits=True,
               wind_exponent=None, barometric_pressure=None, emissivity=None, effective_radiating_area=None,
-              body_height=None, body_mass=None, status=False, threads=1, step=None, wind_height=None):
+              body_height=None, body_mass=None, status=False, categories=False, threads=1, step=None,
+              wind_height=None):
     """Calculate indices from readings.
 
     What the indices need and was not measured is derived: globe, radiation, humidity, mean radiant temperature, wet
@@ -179,6 +191,11 @@ def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="
         DuBois reads, 0.75 and 180.
     status : bool
         Whether arrays of `Status` are given, too, named by the index and "_status".
+    categories : bool
+        Whether the classes of the values are given, too, for each index that has published ones: named by the index and
+        "_category" their places among `Index.categories`, -1 for none (for Series a categorical of their labels), and
+        by the index and "_severity" numbers from -4, extreme cold, over 0 to 4, extreme heat. There is no class without
+        a value and outside the limits, which is so with `limits=False`, too.
     threads : int
         Threads that calculate, 0 for as many as the machine runs at once. No figure depends on it.
     step : float or timedelta
@@ -218,7 +235,8 @@ def calculate(*, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, indices="
                        body_mass=body_mass)
     given = _given(readings, assumptions, number)
     options = dict(targets=tuple(one._target for one in wanted), rules=number, limits=bool(limits),
-                   threads=_threads(threads), status=bool(status))
+                   threads=_threads(threads), status=bool(status),
+                   classes=tuple(place for place, one in enumerate(wanted) if categories and _has_classes(one)))
     divisor = _height_divisor(wind_height, wind_exponent)
     if _kind(given.values(), "xarray", "DataArray"):
         return _with_xarray(given, wanted, options, step, divisor)
@@ -300,9 +318,15 @@ def _lazily(plan, arrays):
                                  token="comfortics-part") for place, dtype in enumerate(dtypes)]
 
 
+def _has_classes(one):
+    return isinstance(one, Index) and bool(one.categories)
+
+
 def _names(wanted, options):
     names = [one.id for one in wanted]
-    return names + [name + "_status" for name in names] if options["status"] else names
+    classes = [names[place] for place in options["classes"]]
+    return (names + [name + "_status" for name in names if options["status"]]
+            + [name + "_category" for name in classes] + [name + "_severity" for name in classes])
 
 
 def _named(wanted, options, arrays):
@@ -334,7 +358,12 @@ def _with_pandas(given, wanted, options, conversions):
     for name, array in zip(plan.names, arrays):
         if numpy.shape(array) not in ((), (1,), (len(index),)):
             raise ValueError(f"{name} has the shape {numpy.shape(array)} beside Series of {len(index)} rows.")
-    return pandas.DataFrame(_named(wanted, options, plan(*arrays)), index=index)
+    columns = _named(wanted, options, plan(*arrays))
+    for place in options["classes"]:
+        name = wanted[place].id + "_category"
+        labels = [category.label for category in wanted[place].categories]
+        columns[name] = pandas.Categorical.from_codes(numpy.atleast_1d(columns[name]), labels, ordered=True)
+    return pandas.DataFrame(columns, index=index)
 
 
 def _partition(names, constants, wanted, options, conversions, *series):
@@ -343,20 +372,15 @@ def _partition(names, constants, wanted, options, conversions, *series):
 
 def _with_dask_frames(given, wanted, options, conversions):
     import dask.dataframe
-    import pandas
 
     lazy = {name: value for name, value in given.items() if isinstance(value, dask.dataframe.Series)}
     constants = {name: value for name, value in given.items() if name not in lazy}
     for name, value in constants.items():
         if not _is_number(value):
             raise TypeError(f"{name} is to be a number or a Series of Dask beside the others.")
-    single = all(value.dtype == numpy.float32 for value in lazy.values())
-    names = _names(wanted, options)
-    figure = numpy.float32 if single else numpy.float64
-    meta = pandas.DataFrame({name: numpy.empty(0, numpy.int8 if name.endswith("_status") and place >= len(wanted)
-                                               else figure) for place, name in enumerate(names)})
-    return dask.dataframe.map_partitions(_partition, tuple(lazy), constants, wanted, options, conversions, *lazy.values(),
-                                         meta=meta)
+    how = tuple(lazy), constants, wanted, options, conversions
+    meta = _partition(*how, *(value._meta for value in lazy.values()))
+    return dask.dataframe.map_partitions(_partition, *how, *lazy.values(), meta=meta)
 
 
 def _with_xarray(given, wanted, options, step, divisor):
@@ -378,10 +402,22 @@ def _with_xarray(given, wanted, options, step, divisor):
         dataset[one.id].attrs = _attributes(one, options)
         if options["status"]:
             dataset[one.id + "_status"].attrs = {
-                "long_name": f"What became of {one.name}", "flag_values": [int(value) for value in Status],
+                "long_name": f"What became of {one.name}", "flag_values": numpy.array(list(Status), numpy.int8),
                 "flag_meanings": " ".join(value.name.lower() for value in Status)}
+    for place in options["classes"]:
+        _describe_classes(dataset, wanted[place])
     dataset.attrs = {"comfortics_version": _comfortics.version, "comfortics_rules": _rule_names(options)}
     return dataset
+
+
+def _describe_classes(dataset, one):
+    places = range(-1, len(one.categories))
+    meanings = ["none", *(re.sub(r"[^\w.+-]+", "_", category.label).strip("_") for category in one.categories)]
+    dataset[one.id + "_category"].attrs = {"long_name": f"Class of {one.name}", "flag_values": numpy.array(places, numpy.int8),
+                                           "flag_meanings": " ".join(meanings)}
+    dataset[one.id + "_severity"].attrs = {
+        "units": "1", "long_name": f"Severity of {one.name}",
+        "comment": "0 no thermal stress, 1 slight, 2 moderate, 3 strong, 4 extreme; minus for cold"}
 
 
 def _result_of(*arrays, plan):
