@@ -1,9 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/controls.h"
 
+#include <algorithm>
 #include <cassert>
 
 namespace comfortics::controls {
+
+Event::Watch Event::watch(std::function<void()> view)
+{
+    m_views.push_back({++m_last, std::move(view)});
+    return m_last;
+}
+
+void Event::unwatch(Watch watch)
+{
+    std::erase_if(m_views, [watch](const View& view) { return view.watch == watch; });
+}
+
+void Event::raise() const
+{
+    // By number, and a copy of each: a view may come or go while it is told.
+    const Watch last = m_last;
+    Watch told = 0;
+    while (true) {
+        const auto next = std::find_if(m_views.begin(), m_views.end(),
+                                       [told](const View& view) { return view.watch > told; });
+        if (next == m_views.end() || next->watch > last)
+            break;
+        told = next->watch;
+        const std::function<void()> tell = next->tell;
+        tell();
+    }
+    m_handler.tell();
+}
 
 void Control::setVisible(bool visible)
 {

@@ -5,6 +5,7 @@
 // handler writes again; a write that changes nothing raises none.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
@@ -39,22 +40,30 @@ private:
     std::function<void(Told...)> m_listener;
 };
 
-/// Two listeners: the form's own handler of an event, and the view that repeats the control on the
-/// screen. At most one of each.
+/// What a control tells: first the views that repeat it on the screen, in the order in which they came,
+/// then the form's own handler, of which there is at most one.
 class Event {
 public:
+    /// Names a view that watches, to let it go.
+    using Watch = std::size_t;
+
     void handle(std::function<void()> handler) { m_handler.set(std::move(handler)); }
-    void watch(std::function<void()> view) { m_view.set(std::move(view)); }
-    /// The view first, so that whatever the handler writes is shown after what raised it.
-    void raise() const
-    {
-        m_view.tell();
-        m_handler.tell();
-    }
+    Watch watch(std::function<void()> view);
+    /// What does not watch any more is let be.
+    void unwatch(Watch watch);
+    /// The views first, so that whatever the handler writes is shown after what raised it. A view that is
+    /// let go meanwhile is not told any more; one that comes meanwhile is told from the next time on.
+    void raise() const;
 
 private:
+    struct View {
+        Watch watch;
+        std::function<void()> tell;
+    };
+
     Ear<> m_handler;
-    Ear<> m_view;
+    std::vector<View> m_views;
+    Watch m_last = 0;
 };
 
 /// What every control has: it can be hidden, greyed and moved.

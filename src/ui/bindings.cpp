@@ -29,15 +29,15 @@ namespace {
 class Listener : public QObject {
 public:
     Listener(QObject& owner, controls::Event& event, std::function<void()> act)
-        : QObject(&owner), m_event(event)
+        : QObject(&owner), m_event(event), m_watch(event.watch(std::move(act)))
     {
-        m_event.watch(std::move(act));
     }
-    ~Listener() override { m_event.watch({}); }
+    ~Listener() override { m_event.unwatch(m_watch); }
     Q_DISABLE_COPY_MOVE(Listener)
 
 private:
     controls::Event& m_event;
+    controls::Event::Watch m_watch;
 };
 
 // An Enter on a button presses it, as a click would.
