@@ -153,6 +153,9 @@ public:
     controls::Label& liveLabel(formulas::Live quantity) { return m_live[place(quantity)]; }
     const controls::Label& liveLabel(formulas::Live quantity) const { return m_live[place(quantity)]; }
 
+    /// The number of a live quantity's caption; 0 where there is none.
+    double liveNumber(formulas::Live quantity) const { return m_liveValues[place(quantity)].value(); }
+
     /// Why the last run failed; empty unless it did.
     const std::optional<Failure>& failure() const noexcept { return m_failure; }
 

@@ -57,7 +57,8 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
               m_main, m_limits, Frm_Raw_Data::Desktop{m_messages, m_desktop.clipboard, m_desktop.files});
       }),
       m_limits(classic::Limits::Load_Limits((programFolder / "Limits.Index").string())), m_desktop(desktop),
-      m_messages(desktop.messages), m_main(m_limits, m_messages, *this)
+      m_messages(desktop.messages), m_main(m_limits, m_messages, *this),
+      m_workspace(m_limits, m_main, desktop.preferences ? *desktop.preferences : m_transient)
 {
     m_main.Menu_Radiation.setEnabled(desktop.maps != nullptr);
     m_main.standing.handle([this] { tellStanding(); });

@@ -12,6 +12,8 @@
 #include "radiation/frm_radiation.h"
 #include "shell/form_slot.h"
 #include "shell/frm_splash_screen.h"
+#include "workspace/preferences.h"
+#include "workspace/workspace.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -33,6 +35,8 @@ struct Desktop {
         radiation::TimeZones& timeZones;
     };
     const Maps* maps = nullptr;
+    /// Without them nothing is kept between sessions.
+    workspace::Preferences* preferences = nullptr;
 };
 
 /// The program: builds the forms, opens one for another, and unloads all of them at the end.
@@ -47,6 +51,9 @@ public:
 
     /// The main window; hidden until the splash screen has gone.
     classic::Frm_Main& main() noexcept { return m_main; }
+
+    /// What stands beside the forms.
+    workspace::Workspace& workspace() noexcept { return m_workspace; }
 
     FormSlot<Frm_Splash_Screen> splash;
     FormSlot<output::Frm_Comfortics> results;
@@ -78,6 +85,8 @@ private:
     Desktop m_desktop;
     batch::MessageGate m_messages; // what the main window says goes through it
     classic::Frm_Main m_main;
+    workspace::TransientPreferences m_transient; // where the desktop keeps none
+    workspace::Workspace m_workspace;
     // Of the calculation that the results table shows.
     std::optional<classic::Inputs> m_tableInputs;
     std::size_t m_tableRun = 0;

@@ -65,8 +65,8 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event)
 }
 
 Application::Application(const std::filesystem::path& programFolder)
-    : m_shell(programFolder, {m_messages, m_clipboard, m_files, m_printing, &m_maps}),
-      m_main(m_shell.main(), toQt(m_shell.limitsWarning()))
+    : m_shell(programFolder, {m_messages, m_clipboard, m_files, m_printing, &m_maps, &m_preferences}),
+      m_main(m_shell.workspace(), toQt(m_shell.limitsWarning()))
 {
     m_main.placeOnScreen();
     pair<shell::Frm_Splash_Screen, SplashWindow>(

@@ -6,6 +6,7 @@
 #include "ui/desktop.h"
 #include "ui/main_window.h"
 #include "ui/map_services.h"
+#include "ui/platform_preferences.h"
 #include "ui/print_dialog.h"
 #include "ui/radiation_window.h"
 #include "ui/raw_data_window.h"
@@ -57,6 +58,7 @@ private:
     TileSource m_tiles{TileSettings::read()};
     TilePlaces m_tilePlaces{m_tiles};
     shell::Desktop::Maps m_maps{m_connection, m_tilePlaces, m_timeZones};
+    PlatformPreferences m_preferences;
     shell::Shell m_shell;
     MainWindow m_main;
     std::unique_ptr<SplashWindow> m_splash;

@@ -3,20 +3,17 @@
 
 #include "classic/frm_main.h"
 #include "ui/form_window.h"
+#include "workspace/workspace.h"
 
 #include <QString>
-
-#include <array>
-#include <vector>
-
-class QGridLayout;
-class QLabel;
-class QLineEdit;
 
 namespace comfortics::ui {
 
 class ContentArea;
 class CutLabel;
+class IndexPanel;
+class OptionsPage;
+class ReadingsPanel;
 
 /// The view of the main window.
 class MainWindow : public FormWindow {
@@ -24,7 +21,7 @@ class MainWindow : public FormWindow {
 
 public:
     /// The warning, if any, stays in the status bar.
-    explicit MainWindow(classic::Frm_Main& form, const QString& warning = {});
+    explicit MainWindow(workspace::Workspace& workspace, const QString& warning = {});
 
     /// Sizes and places the window for this screen, with room for the converter at its side.
     void placeOnScreen();
@@ -34,29 +31,19 @@ protected:
 
 private:
     QWidget* buildContent();
-    QWidget* buildReadings();
-    QWidget* buildActions();
-    QWidget* buildLive();
-    QWidget* buildIndices();
-    QWidget* buildOptions();
     void buildMenus();
     void buildStatus(const QString& warning);
-    QWidget* readingField(classic::Reading reading);
-    void assumptionRow(QGridLayout& grid, classic::Assumption assumption, controls::Label& heading);
-    void choiceRows(QGridLayout& grid, controls::Label& heading, controls::OptionGroup& group,
-                    const QStringList& hints);
     void setTabOrders();
     void turnOptions();
     void focusOptions();
     void showStanding();
 
+    workspace::Workspace& m_workspace;
     classic::Frm_Main& m_form;
-    std::array<QLineEdit*, classic::kReadingCount> m_readings{};
-    std::vector<QWidget*> m_tabOrder; // behind the readings
     ContentArea* m_area = nullptr;
-    QLineEdit* m_search = nullptr;
-    QWidget* m_firstOption = nullptr;
-    std::vector<QLabel*> m_live;
+    ReadingsPanel* m_readings = nullptr;
+    OptionsPage* m_options = nullptr;
+    IndexPanel* m_indices = nullptr;
     CutLabel* m_status = nullptr;
 };
 

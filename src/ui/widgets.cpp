@@ -2,6 +2,7 @@
 #include "ui/widgets.h"
 
 #include "ui/colors.h"
+#include "ui/text.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -19,6 +20,15 @@ constexpr int kPadding = 12;
 constexpr double kHeadingScale = 1.1;
 
 } // namespace
+
+void nameWidget(QWidget& widget, const QString& objectName, const QString& accessibleName,
+                const QString& hint)
+{
+    widget.setObjectName(objectName);
+    widget.setAccessibleName(accessibleName);
+    widget.setToolTip(tip(hint));
+    widget.setAccessibleDescription(hint); // else the tooltip would stand for it, wrapped as it is
+}
 
 Card::Card(const QString& heading, QLayout* content, QWidget* parent)
     : QFrame(parent), m_heading(new QLabel(heading))

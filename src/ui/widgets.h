@@ -11,6 +11,14 @@
 
 namespace comfortics::ui {
 
+/// The spaces between the parts of a window, and between what belongs together [pixel].
+inline constexpr int kGap = 12;
+inline constexpr int kSmallGap = 6;
+
+/// Names a widget for tests, screen readers and hovering; the object name is that of the form's control.
+void nameWidget(QWidget& widget, const QString& objectName, const QString& accessibleName,
+                const QString& hint);
+
 /// A panel with a heading, its content below.
 class Card : public QFrame {
     Q_OBJECT

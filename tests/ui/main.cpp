@@ -2,6 +2,9 @@
 #include "ui/application.h"
 #include "ui/guarded_application.h"
 
+#include <QSettings>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -26,5 +29,8 @@ int main(int argc, char** argv)
     const auto tell = [](const std::string& sentence) { std::cerr << "told: " << sentence << "\n"; };
     const comfortics::ui::GuardedApplication qt(argc, argv, tell);
     const comfortics::ui::Appearance appearance;
+    // What the tester keeps stays as it is.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     return RUN_ALL_TESTS();
 }

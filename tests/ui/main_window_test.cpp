@@ -27,7 +27,7 @@ namespace {
 using tests::find;
 
 struct Opened : tests::Program {
-    MainWindow window{form};
+    MainWindow window{shell.workspace()};
 
     Opened()
     {

@@ -157,7 +157,7 @@ TEST(GridView, EachNotchIsAPageAndSmallTurnsAddUp)
 }
 
 struct OpenedResults : tests::Program {
-    MainWindow main{form};
+    MainWindow main{shell.workspace()};
     std::unique_ptr<ResultsWindow> window;
     bool closed = false;
 

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/readings_panel.h"
+
+#include "ui/bindings.h"
+#include "ui/text.h"
+#include "ui/widgets.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace comfortics::ui {
+
+using classic::Reading;
+using classic::ReadingInfo;
+
+namespace {
+
+constexpr double kReadingScale = 1.25;
+constexpr int kReadingCharacters = 7;
+constexpr int kCalculateIcon = 40;
+
+void scaleFont(QWidget& widget, double scale)
+{
+    QFont font = widget.font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    widget.setFont(font);
+}
+
+} // namespace
+
+ReadingsPanel::ReadingsPanel(classic::Frm_Main& form, QWidget* parent) : QWidget(parent), m_form(form)
+{
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kGap);
+    column->addWidget(buildReadings());
+    column->addWidget(buildActions());
+    column->addStretch();
+}
+
+std::vector<QWidget*> ReadingsPanel::tabOrder() const
+{
+    std::vector<QWidget*> order(m_readings.begin(), m_readings.end());
+    order.insert(order.end(), m_buttons.begin(), m_buttons.end());
+    return order;
+}
+
+QWidget* ReadingsPanel::readingField(Reading reading)
+{
+    const ReadingInfo& info = classic::kReadingInfo[static_cast<std::size_t>(reading)];
+    controls::TextBox& box = m_form.calculation.readings.box(reading);
+
+    auto* const field = new QWidget;
+    auto* const layout = new QGridLayout(field);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setVerticalSpacing(2);
+    auto* const heading = new QLabel(toQt(info.heading));
+    auto* const line = new QLineEdit;
+    auto* const unit = new QLabel(toQt(info.unit()));
+    if (reading == Reading::SR)
+        bind(*unit, m_form.lbl_SR_unit);
+    scaleFont(*line, kReadingScale);
+    line->setMinimumWidth(line->fontMetrics().averageCharWidth() * kReadingCharacters);
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as there is room
+    unit->setMinimumWidth(unit->fontMetrics().horizontalAdvance(QStringLiteral("W/m²")));
+    nameWidget(*line, QStringLiteral("txt_") + toQt(info.key),
+               toQt(info.heading) + QStringLiteral(", ") + unit->text(),
+               toQt(info.hint) +
+                   (info.typing.empty() ? QString() : QStringLiteral("; ") + toQt(info.typing)));
+    heading->setToolTip(line->toolTip());
+    layout->addWidget(heading, 0, 0, 1, 2);
+    layout->addWidget(line, 1, 0);
+    layout->addWidget(unit, 1, 1);
+    layout->setColumnStretch(0, 1);
+
+    new TextBoxBinding(*line, box);
+    m_readings[static_cast<std::size_t>(reading)] = line;
+    return field;
+}
+
+// The arrow keys follow this arrangement.
+QWidget* ReadingsPanel::buildReadings()
+{
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(kSmallGap);
+    grid->setVerticalSpacing(kGap);
+    const auto pair = [this, grid](int row, Reading left, Reading right) {
+        grid->addWidget(readingField(left), row, 0);
+        grid->addWidget(readingField(right), row, 2);
+        QLabel* const either = quietLabel(QStringLiteral("or"));
+        either->setFixedHeight(m_readings.front()->sizeHint().height()); // beside the boxes
+        grid->addWidget(either, row, 1, Qt::AlignBottom);
+    };
+    grid->addWidget(readingField(Reading::TA), 0, 0, 1, 3);
+    pair(1, Reading::TG, Reading::SR);
+    pair(2, Reading::DP, Reading::RH);
+    grid->addWidget(readingField(Reading::WS), 3, 0, 1, 3);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(2, 1);
+    return new Card(QStringLiteral("Readings"), grid);
+}
+
+QWidget* ReadingsPanel::buildActions()
+{
+    auto* const picture =
+        new QPushButton(QIcon(QStringLiteral(":/calculate.svg")), QStringLiteral("Calculate"));
+    picture->setIconSize({kCalculateIcon, kCalculateIcon});
+    scaleFont(*picture, kReadingScale);
+    bind(*picture, m_form.Img_Calculate);
+    nameWidget(*picture, QStringLiteral("Img_Calculate"), QStringLiteral("Calculate"),
+               QStringLiteral("Calculates the indices and shows the results table (Enter in a reading)"));
+
+    auto* const first = new QPushButton;
+    bind(*first, m_form.cmd_Show_Results);
+    nameWidget(*first, QStringLiteral("cmd_Show_Results"), first->text(),
+               QStringLiteral("Calculates the indices and shows the results table"));
+    auto* const second = new QPushButton;
+    bind(*second, m_form.cmd_Calculate);
+    nameWidget(*second, QStringLiteral("cmd_Calculate"), second->text(),
+               QStringLiteral("Calculates the indices without showing the results table"));
+
+    auto* const actions = new QWidget;
+    auto* const grid = new QGridLayout(actions);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(kSmallGap);
+    grid->addWidget(picture, 0, 0, 1, 2);
+    grid->addWidget(first, 1, 0);
+    grid->addWidget(second, 1, 1);
+    auto* const hint = quietLabel(first->text() + QStringLiteral(" shows the results table, ") +
+                                  second->text() + QStringLiteral(" only the live quantities."));
+    hint->setWordWrap(true);
+    grid->addWidget(hint, 2, 0, 1, 2);
+    m_buttons = {picture, first, second};
+    return actions;
+}
+
+} // namespace comfortics::ui

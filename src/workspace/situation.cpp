@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/situation.h"
+
+#include "controls/dialogs.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace comfortics::workspace {
+
+namespace {
+
+// What a model would tell the user at once stands in the figures as their reason.
+class NoMessages final : public controls::Messages {
+public:
+    controls::Answer show(const controls::MessageBox&) override { return controls::Answer::Ok; }
+};
+
+Figure figureOf(const classic::Calculation& calculation, int index)
+{
+    Figure figure;
+    figure.text = calculation.results.lbl_results[static_cast<std::size_t>(index)].caption();
+    figure.reason = calculation.whyBlank(index);
+    const classic::Outcome& outcome = calculation.outcome(index);
+    if (outcome.kind != classic::OutcomeKind::Value || figure.text.empty())
+        return figure;
+    figure.number = outcome.value;
+    figure.meaning = calculation.meaning(index);
+    figure.doubt = calculation.whyDoubtful(index);
+    return figure;
+}
+
+} // namespace
+
+Situation evaluate(const classic::Limits& limits, const classic::Inputs& inputs)
+{
+    NoMessages messages;
+    classic::Calculation calculation(limits, messages);
+    std::array<std::string_view, classic::kReadingCount> readings;
+    std::copy(inputs.readings.begin(), inputs.readings.end(), readings.begin());
+    calculation.readings.write(readings);
+    calculation.assumptions.write(inputs.assumptions);
+
+    Situation situation;
+    situation.inputs = inputs;
+    situation.inputs.settings.selection = classic::Selection::all();
+    const std::string incomplete = calculation.readings.whatIsWrong();
+    situation.status = calculation.run(situation.inputs.settings);
+    if (situation.status == classic::RunStatus::Rejected) {
+        // What a rule of the run has emptied is missing only now.
+        const std::string wrong = incomplete.empty() ? calculation.readings.whatIsWrong() : incomplete;
+        situation.problem = "Nothing is calculated: " + wrong + ".";
+        for (Figure& figure : situation.figures)
+            figure.reason = situation.problem;
+        return situation;
+    }
+    if (calculation.failure())
+        situation.problem = calculation.failure()->sentence();
+    for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
+        LiveFigure& live = situation.live[i];
+        live.text = calculation.liveLabel(static_cast<formulas::Live>(i)).caption();
+        if (!live.text.empty())
+            live.number = calculation.liveNumber(static_cast<formulas::Live>(i));
+    }
+    for (int index = 1; index <= catalogue::kLastIndex; ++index)
+        situation.figures[static_cast<std::size_t>(index)] = figureOf(calculation, index);
+    return situation;
+}
+
+} // namespace comfortics::workspace

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/workspace.h"
+
+namespace comfortics::workspace {
+
+Workspace::Workspace(const classic::Limits& limits, classic::Frm_Main& form, Preferences& preferences)
+    : m_limits(limits), m_form(form), m_preferences(preferences)
+{
+    m_form.standing.watch([this] { changed.raise(); });
+}
+
+const Situation& Workspace::present()
+{
+    classic::Inputs inputs = m_form.inputs();
+    inputs.settings.selection = classic::Selection::all();
+    if (!m_present || m_present->inputs != inputs)
+        m_present = std::make_unique<Situation>(evaluate(m_limits, inputs));
+    return *m_present;
+}
+
+} // namespace comfortics::workspace

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/situation.h"
+
+#include "workspace/workspace.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+namespace comfortics::workspace {
+namespace {
+
+struct NoUser final : controls::Messages {
+    controls::Answer show(const controls::MessageBox&) override { return controls::Answer::Ok; }
+};
+
+struct NoWindows final : classic::Windows {
+    void showResults() override {}
+    void showRawData() override {}
+    void showRadiation() override {}
+    void showConverter() override {}
+    std::string converter_lbl_C() override { return {}; }
+    std::string converter_lbl_WS() override { return {}; }
+    std::string converter_lbl_SR() override { return {}; }
+    void unloadAll() override {}
+};
+
+struct Program {
+    classic::Limits limits = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    NoUser user;
+    NoWindows windows;
+    classic::Frm_Main main{limits, user, windows};
+    TransientPreferences preferences;
+    Workspace workspace{limits, main, preferences};
+
+    void type(const char* Ta, const char* SR, const char* RH, const char* WS)
+    {
+        main.txt_TA.setText(Ta);
+        main.txt_SR.setText(SR);
+        main.txt_RH.setText(RH);
+        main.txt_WS.setText(WS);
+    }
+};
+
+TEST(Situation, HasTheTextsOfTheResultsTableWithoutTouchingTheForm)
+{
+    for (std::size_t rules = 0; rules < 3; ++rules) {
+        Program program;
+        program.main.Opt_Rules.select(rules);
+        program.type("33.37", "712.4", "48", "1.25");
+        const Situation situation = program.workspace.present();
+        EXPECT_EQ(program.main.txt_TA.text(), "33.37")
+            << "nothing is rounded before the calculation is wanted";
+        EXPECT_EQ(program.main.results.lbl_results[195].caption(), "");
+
+        program.main.cmd_Calculate.click.raise();
+        int classes = 0;
+        for (int index = 1; index <= catalogue::kLastIndex; ++index) {
+            const Figure& figure = situation.figure(index);
+            EXPECT_EQ(figure.text,
+                      program.main.results.lbl_results[static_cast<std::size_t>(index)].caption());
+            EXPECT_EQ(figure.reason, program.main.calculation.whyBlank(index));
+            EXPECT_EQ(figure.number.has_value(), !figure.text.empty()) << index;
+            if (figure.number) {
+                EXPECT_NEAR(*figure.number, std::stod(figure.text), 0.5001) << index;
+            }
+            classes += figure.meaning ? 1 : 0;
+        }
+        EXPECT_GT(classes, 40);
+        for (std::size_t i = 0; i < formulas::kLiveCount; ++i)
+            EXPECT_EQ(situation.live[i].text,
+                      program.main.calculation.liveLabel(static_cast<formulas::Live>(i)).caption());
+    }
+}
+
+TEST(Situation, SaysWhatIsMissingOrFailedAndShowsNoFigureThen)
+{
+    Program program;
+    program.type("33", "", "48", "1");
+    const Situation incomplete = program.workspace.present();
+    EXPECT_NE(incomplete.problem.find("globe temperature"), std::string::npos) << incomplete.problem;
+    EXPECT_FALSE(incomplete.figure(90).number);
+    EXPECT_EQ(incomplete.figure(90).reason, incomplete.problem);
+
+    // By the classic rules the dew point and the air temperature are compared as texts.
+    program.type("20", "600", "", "1");
+    program.main.txt_DP.setText("9.3");
+    const Situation failed = program.workspace.present();
+    EXPECT_EQ(failed.status, classic::RunStatus::Failed);
+    EXPECT_NE(failed.problem.find("9.3"), std::string::npos) << failed.problem;
+    EXPECT_FALSE(failed.figure(90).number);
+    EXPECT_FALSE(failed.liveFigure(formulas::Live::Ta).number);
+
+    program.main.Opt_Rules.select(1);
+    EXPECT_TRUE(program.workspace.present().figure(90).number) << "other options, another situation";
+}
+
+} // namespace
+} // namespace comfortics::workspace
