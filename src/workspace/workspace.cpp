@@ -18,4 +18,10 @@ const Situation& Workspace::present()
     return *m_present;
 }
 
+void Workspace::lookAt(std::string_view id)
+{
+    m_lookedAt = id;
+    looked.raise();
+}
+
 } // namespace comfortics::workspace

@@ -6,6 +6,8 @@
 #include "workspace/situation.h"
 
 #include <memory>
+#include <string>
+#include <string_view>
 
 namespace comfortics::workspace {
 
@@ -29,11 +31,19 @@ public:
     /// The readings, assumptions or options may have changed.
     controls::Event changed;
 
+    /// Looks at one index, whose sheet opens; from a card, the list or the results.
+    void lookAt(std::string_view id);
+    /// The id of the index that is looked at; empty before the first.
+    const std::string& lookedAt() const noexcept { return m_lookedAt; }
+    /// An index is wanted in view, be it the one that is looked at already.
+    controls::Event looked;
+
 private:
     const classic::Limits& m_limits;
     classic::Frm_Main& m_form;
     Preferences& m_preferences;
     std::unique_ptr<Situation> m_present;
+    std::string m_lookedAt;
 };
 
 } // namespace comfortics::workspace
