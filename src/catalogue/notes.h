@@ -11,7 +11,7 @@ namespace comfortics::catalogue {
 /// Of one index.
 struct Note {
     std::span<const std::string_view> abbreviations; ///< by which people ask for it, for instance "WBGT"
-    std::string_view description;                    ///< two sentences: what it tells, and how its value reads
+    std::string_view description; ///< two sentences: what it tells, and how its value reads
     /// What misleads who does not know it: its unit, what it does not read, what it needs besides. Short
     /// phrases, without a full stop; often none.
     std::span<const std::string_view> warnings;
