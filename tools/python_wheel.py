@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Builds the Python package for pip, as pyproject.toml asks for it: a wheel of what CMake installs. Nothing is fetched, so
-compiler, CMake and the headers of Python and NumPy have to be there (tools/install_packages.sh build python)."""
+compiler, CMake and the headers of Python and NumPy have to be there (tools/install_packages.sh build python).
+
+--config-settings build-dir=build/release takes what a build has left there, as it stands, instead of building anew."""
 
 import base64
 import hashlib
@@ -15,9 +17,8 @@ import zipfile
 SOURCE = pathlib.Path(__file__).resolve().parents[1]
 
 
-def installed_tree(folder):
-    """Where the package lies in a folder that it was installed into."""
-    build = folder / "build"
+def built(build):
+    """Builds the package in a folder."""
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DCOMFORTICS_UI=OFF", "-DCOMFORTICS_TESTS=OFF", "-DCOMFORTICS_HARDENED=ON",
                "-DCOMFORTICS_UNITY=ON", f"-DPython3_EXECUTABLE={sys.executable}"]
     # pip hides what the environment sees, and so NumPy, by a path of its own.
@@ -27,14 +28,24 @@ def installed_tree(folder):
     if "python_package" not in cache:
         sys.exit(f"{sys.executable} lacks NumPy or the headers of Python, which the package comfortics is built with.")
     subprocess.run(["cmake", "--build", build, "--target", "python_package"], check=True)
-    subprocess.run(["cmake", "--install", build, "--prefix", folder / "tree", "--component", "python"], check=True)
-    return next((folder / "tree").rglob("site-packages"))
+
+
+def installed_tree(build, folder):
+    """Where the package of a build lies in a folder that it was installed into."""
+    if not (build / "cmake_install.cmake").is_file():
+        sys.exit(f"{build} is no folder of a build.")
+    subprocess.run(["cmake", "--install", build, "--prefix", folder, "--component", "python"], check=True)
+    return next(folder.rglob("site-packages"))
 
 
 def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
     """The hook of pip; gives the name of the wheel."""
     with tempfile.TemporaryDirectory() as folder:
-        tree = installed_tree(pathlib.Path(folder))
+        build = (config_settings or {}).get("build-dir")
+        if build is None:
+            build = pathlib.Path(folder) / "build"
+            built(build)
+        tree = installed_tree(pathlib.Path(build), pathlib.Path(folder) / "tree")
         information = next(tree.glob("*.dist-info"))
         python = f"cp{sys.version_info.major}{sys.version_info.minor}"
         machine = sysconfig.get_platform().replace("-", "_").replace(".", "_")

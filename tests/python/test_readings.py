@@ -92,6 +92,11 @@ def test_assumptions_of_each_point_are_read():
     assert list(both) == one and one[0] != one[1]
 
 
+def test_numbers_of_numpy_name_an_index():
+    for name in (numpy.int64(90), [numpy.int16(90)], numpy.array([90])):
+        assert list(comfortics.calculate(ta=30.0, td=20.0, indices=name)) == ["humidex_masterson"]
+
+
 def test_a_missing_value_is_explained():
     cold = dict(ta=12.0, rh=50.0)
     assert comfortics.explain("heat_index_rothfusz", **cold) == (

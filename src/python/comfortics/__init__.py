@@ -20,9 +20,6 @@ from comfortics._radiation import solar_radiation
 from comfortics._units import convert
 from comfortics.ufuncs import *  # noqa: F403
 
-# An index has this id, too: it is ufuncs.solar_radiation and index(9).
-from comfortics._radiation import solar_radiation  # noqa: F811  pylint: disable=reimported,ungrouped-imports
-
 _hook.when_imported("xarray", "comfortics._accessor")
 
 __all__ = [
@@ -41,5 +38,5 @@ __all__ = [
     "quantities",
     "solar_radiation",
     "ufuncs",
-    *(name for name in ufuncs.__all__ if name != "solar_radiation"),
+    *ufuncs.__all__,
 ]

@@ -17,7 +17,8 @@ def _parser():
     parser = argparse.ArgumentParser(prog="python3 -m comfortics", description=(
         "Calculates indices of a NetCDF file, a Zarr store (.zarr) or a CSV, and writes them to one of the same kinds. "
         "Variables are found by CF standard name or usual name, columns of a CSV by the names ta, tg, sr, td, rh, ws."))
-    parser.add_argument("input")
+    parser.add_argument("--version", action="version", version=f"comfortics {comfortics.__version__}")
+    parser.add_argument("input", help="the readings: .nc, .nc4, .zarr or .csv")
     parser.add_argument("output", help="it is replaced as a whole, when all is done")
     parser.add_argument("--indices", default="all", help='ids or numbers, for instance "utci,wbgt_outdoor"')
     parser.add_argument("--rules", default="precise", choices=("precise", "classic", "robust"))

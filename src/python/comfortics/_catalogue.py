@@ -2,6 +2,7 @@
 """The catalogue: what there is to calculate."""
 
 import enum
+import numbers
 import operator
 from dataclasses import dataclass
 
@@ -231,7 +232,7 @@ def targets(names):
     """The targets that `calculate` is asked for: one name, several, or "all" indices."""
     if names is None or (isinstance(names, str) and names == "all"):
         return tuple(indices)
-    if isinstance(names, (str, int, Index, Quantity)) or hasattr(names, "nin"):
+    if isinstance(names, (str, numbers.Integral, Index, Quantity)) or hasattr(names, "nin"):
         names = (names,)
     wanted = tuple(dict.fromkeys(target(name) for name in names))
     if not wanted:

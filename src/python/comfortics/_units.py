@@ -28,9 +28,9 @@ _NUMBERS = {"1": (1, 1), "": (1, 1), "-": (1, 1)}
 _ENERGIES = ("j.m-2", "j/m2", "j.m**-2", "j.m^-2", "j/m^2", "j/m**2", "j/m²")
 
 _SYMBOLS = {symbol.lower(): (symbol, dimension) for symbol, _, dimension in _comfortics.units()}
-for _symbol, _spelled in _SPELLINGS.items():
+for _one, _spelled in _SPELLINGS.items():
     for _other in _spelled.split():
-        _SYMBOLS[_other] = _SYMBOLS[_symbol.lower()]
+        _SYMBOLS[_other] = _SYMBOLS[_one.lower()]
 _BASES = tuple(symbol for symbol, _, _ in _comfortics.units()[:3])
 _DIMENSIONS = ("temperature", "speed", "radiation")
 
