@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "classic/load_indices.h"
 
+#include "texts/bounded_file.h"
 #include "texts/text.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <memory>
-#include <system_error>
 #include <unordered_set>
 #include <utility>
 
@@ -34,23 +31,13 @@ std::string_view unquoted(std::string_view value)
 
 IniFile IniFile::read(const std::string& path)
 {
-    const auto failed = [](State state, std::string problem) {
-        IniFile none("");
-        none.m_state = state;
-        none.m_problem = std::move(problem);
-        return none;
-    };
-    const auto reason = [] { return std::generic_category().message(errno); };
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
-    if (!file)
-        return failed(errno == ENOENT || errno == ENOTDIR ? State::Missing : State::Unreadable, reason());
-    std::string text(kLargest + 1, '\0');
-    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-    if (std::ferror(file.get()) != 0) // a folder opens, too
-        return failed(State::Unreadable, reason());
-    if (text.size() > kLargest)
-        return failed(State::Unreadable, "it is larger than 1 MiB");
-    return IniFile(text);
+    texts::FileText file = texts::readFile(path, kLargest);
+    if (file.state == texts::FileText::State::Read)
+        return IniFile(file.text);
+    IniFile none("");
+    none.m_state = file.state == texts::FileText::State::Missing ? State::Missing : State::Unreadable;
+    none.m_problem = std::move(file.problem);
+    return none;
 }
 
 IniFile::IniFile(std::string_view text)

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/session_desk.h"
+
+#include "output/whole_file.h"
+#include "texts/bounded_file.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+
+namespace comfortics::workspace {
+
+namespace {
+
+constexpr const char* kTitle = "Comfortics Session";
+constexpr const char* kFilter = "Comfortics sessions (*.comfortics)|*.comfortics";
+constexpr const char* kEnding = ".comfortics";
+constexpr const char* kRecent = "session/recent";
+constexpr const char* kLast = "session/last";
+constexpr std::size_t kMostRecent = 8;
+
+std::string withEnding(const std::string& path)
+{
+    return std::filesystem::path(path).has_extension() ? path : path + kEnding;
+}
+
+std::string nameOf(const std::string& path)
+{
+    return std::filesystem::path(path).filename().string();
+}
+
+} // namespace
+
+SessionDesk::SessionDesk(Workspace& workspace, controls::FileDialogs& files, controls::Messages& messages)
+    : m_workspace(workspace), m_files(files), m_messages(messages), m_start(collect()), m_saved(m_start),
+      m_last(workspace.preferences().read(kLast).value_or(std::string()))
+{
+}
+
+Session SessionDesk::collect() const
+{
+    Session session;
+    session.inputs = m_workspace.form().inputs();
+    session.heading = heading;
+    session.notes = notes;
+    for (const SessionPart* const part : m_parts)
+        part->save(session);
+    return session;
+}
+
+// Judged whole before anything is taken.
+std::string SessionDesk::take(const Session& session)
+{
+    for (const SessionPart* const part : m_parts)
+        if (std::string fault = part->fault(session); !fault.empty())
+            return fault;
+    write(session.inputs, m_workspace.form());
+    heading = session.heading;
+    notes = session.notes;
+    for (SessionPart* const part : m_parts)
+        part->open(session);
+    return {};
+}
+
+void SessionDesk::complain(const std::string& sentence)
+{
+    m_messages.show({.text = sentence, .title = kTitle});
+}
+
+void SessionDesk::open()
+{
+    if (const auto path = m_files.askOpen({.title = "Open Session", .filter = kFilter});
+        path && !path->empty())
+        openFile(*path);
+}
+
+void SessionDesk::openFile(const std::string& path)
+{
+    const texts::FileText file = texts::readFile(path, kLargestSession);
+    if (file.state != texts::FileText::State::Read) {
+        complain(nameOf(path) + " cannot be opened: " + file.problem + ".");
+        return;
+    }
+    SessionRead read = readSession(file.text);
+    if (read.session)
+        read.fault = take(*read.session);
+    if (!read.fault.empty()) {
+        complain(nameOf(path) + " cannot be opened: " + read.fault + ".");
+        return;
+    }
+    m_path = path;
+    m_saved = collect();
+    remember(path);
+    m_workspace.form().tell(nameOf(path) + " was opened.");
+}
+
+void SessionDesk::save()
+{
+    if (m_path.empty())
+        saveAs();
+    else
+        saveTo(m_path);
+}
+
+void SessionDesk::saveAs()
+{
+    const auto path = m_files.askSave({.title = "Save Session",
+                                       .filter = kFilter,
+                                       .fileName = m_path.empty() ? std::string("session") : m_path,
+                                       .overwritePrompt = true,
+                                       .written = withEnding});
+    if (path && !path->empty())
+        saveTo(withEnding(*path));
+}
+
+void SessionDesk::saveTo(const std::string& path)
+{
+    const Session session = collect();
+    output::WholeFile file(path);
+    file.write(sessionText(session));
+    if (const output::WriteResult result = file.commit(); !result.succeeded()) {
+        complain(result.error);
+        return;
+    }
+    m_path = path;
+    m_saved = session;
+    remember(path);
+    m_workspace.form().tell(nameOf(path) + " was saved.");
+}
+
+bool SessionDesk::modified() const
+{
+    return collect() != m_saved;
+}
+
+std::vector<std::string> SessionDesk::recent() const
+{
+    std::vector<std::string> paths;
+    const auto kept = m_workspace.preferences().read(kRecent);
+    const auto list = nlohmann::json::parse(kept.value_or("[]"), nullptr, false);
+    if (list.is_array())
+        for (const auto& path : list)
+            if (path.is_string() && paths.size() < kMostRecent)
+                paths.push_back(path.get<std::string>());
+    return paths;
+}
+
+void SessionDesk::remember(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(path, error);
+    const std::string name = error ? path : whole.lexically_normal().string();
+    std::vector<std::string> paths = recent();
+    std::erase(paths, name);
+    paths.insert(paths.begin(), name);
+    paths.resize(std::min(paths.size(), kMostRecent));
+    // A name that is no UTF-8 is not worth a failure.
+    m_workspace.preferences().write(
+        kRecent, nlohmann::json(paths).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+    changed.raise();
+}
+
+void SessionDesk::forgetRecent()
+{
+    m_workspace.preferences().remove(kRecent);
+    changed.raise();
+}
+
+void SessionDesk::keepLast()
+{
+    const Session session = collect();
+    if (session != m_start)
+        m_workspace.preferences().write(kLast, sessionText(session));
+}
+
+bool SessionDesk::hasLast() const
+{
+    const SessionRead read = readSession(m_last);
+    return read.session && *read.session != collect();
+}
+
+void SessionDesk::restoreLast()
+{
+    const SessionRead read = readSession(m_last);
+    if (read.session && take(*read.session).empty())
+        m_workspace.form().tell("The last readings are back.");
+}
+
+} // namespace comfortics::workspace
