@@ -31,6 +31,8 @@ def load(path):
         for name in ('abbreviations', 'warnings'):
             if '' in row[name] or len(set(row[name])) != len(row[name]):
                 raise ValueError(f'{who}: an empty or repeated entry among its {name}')
+        if not row['description'].endswith('.') or row['description'].count('. ') != 1:
+            raise ValueError(f'{who}: two sentences are needed')
     return rows
 
 
