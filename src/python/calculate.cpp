@@ -267,10 +267,10 @@ public:
 
     bool wasInterrupted() const { return m_interrupted; }
 
-    /// The next `count` points, whose inputs are at `columns`.
+    /// The next `count` points, whose inputs are at `columns`. None at all are checked, too.
     void run(const std::array<Column, kInputs>& columns, std::size_t count)
     {
-        if (!m_inBlocks) {
+        if (!m_inBlocks || count == 0) {
             runBlock(columns, 0, count);
             return;
         }
@@ -363,8 +363,14 @@ void runAll(const Call& call, Runs& runs)
         NPY_SAME_KIND_CASTING, flags.data(), types.data(), -1, nullptr, nullptr, kBuffered));
     if (!iterator)
         throw PythonError();
-    if (NpyIter_GetIterSize(iterator.get()) == 0)
+    if (NpyIter_GetIterSize(iterator.get()) == 0) { // there is nothing to point to
+        static constexpr double kAny = 0;
+        std::array<Column, kInputs> columns;
+        for (std::size_t i = 0; i < used; ++i)
+            columns[places[i]] = Column(&kAny, 0);
+        runs.run(columns, 0);
         return;
+    }
     auto* const next = NpyIter_GetIterNext(iterator.get(), nullptr);
     if (next == nullptr)
         throw PythonError();

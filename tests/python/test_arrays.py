@@ -129,6 +129,44 @@ def test_units_of_arrays_are_converted_where_they_are(grid):
     assert isinstance(comfortics.convert(pandas.Series([32.0]), "degF", "degC"), pandas.Series)
 
 
+@pytest.mark.parametrize("reading, spellings, value, expected", [
+    ("ta", ["℃", "deg C", "ºC", "degrees Celsius", "degree_C", "Celsius "], 30.0, 30.0),
+    ("ta", ["K", "kelvin", "deg K"], 303.15, 30.0),
+    ("ws", ["m s⁻¹", "m·s-1", "m.s^-1", "meters per second", "metre/second", "m*s**-1"], 3.0, 3.0),
+    ("sr", ["Wm-2", "W m⁻²", "W/m**2", "W.m-2", "Watt/m^2"], 300.0, 300.0),
+    ("sr", ["kJ m-2", "kJ/m²"], 1080.0, 300.0),
+    ("sr", ["MJ m-2"], 1.08, 300.0),
+    ("rh", ["fraction", "(0 - 1)", "dimensionless"], 0.5, 50.0),
+])
+def test_units_are_spelled_in_many_ways(reading, spellings, value, expected):
+    for units in spellings:
+        array = xarray.DataArray([value], dims="x", attrs={"units": units})
+        given = {"ta": 30.0, "rh": 50.0, "ws": 3.0, "sr": 300.0} | {reading: array}
+        quantity = next(one for one in comfortics.quantities.values() if one.symbol.lower() == reading)
+        found = comfortics.calculate(**given, indices=quantity, step=3600)
+        assert abs(found[quantity.id].item() - expected) < 1e-9, units
+    with pytest.raises(ValueError, match="sr has the unit 'mJ m-2', which is not known"):
+        comfortics.calculate(sr=xarray.DataArray([1.0], attrs={"units": "mJ m-2"}), indices="sr", step=1)
+
+
+def test_gaps_of_all_kinds_are_gaps():
+    holed = [numpy.ma.array([30.0, 1.0], mask=[False, True]), [30.0, pandas.NA], pandas.array([30, None], "Int64"),
+             pandas.Series([30, None], dtype=object), pandas.Series([30.0, None], dtype="Sparse")]
+    for ta in holed:
+        found = comfortics.calculate(ta=ta, td=15.0, indices=90, status=True)
+        assert list(found["humidex_masterson_status"]) == [comfortics.Status.VALUE, comfortics.Status.MISSING]
+    for kelvin in holed:
+        converted = comfortics.convert(kelvin, "K", "degC")
+        assert converted[0] == 30 - 273.15 and (numpy.ma.is_masked(converted[1]) or numpy.isnan(converted[1]))
+
+
+def test_chunks_of_unknown_lengths_go_along():
+    ta = dask.array.from_array(numpy.array([25.0, 30.0, 35.0, 20.0]), chunks=3)
+    warm = ta[ta > 24]
+    found = comfortics.calculate(ta=warm, td=warm - 10, indices=90)["humidex_masterson"].compute()
+    assert found.tolist() == [comfortics.humidex_masterson(value, value - 10) for value in (25.0, 30.0, 35.0)]
+
+
 def test_the_sun_of_a_cube():
     times = pandas.date_range("2024-06-21", periods=24, freq="h")
     lat = xarray.DataArray([48.2, -35.0], dims="place")
@@ -137,5 +175,9 @@ def test_the_sun_of_a_cube():
     frame = comfortics.solar_radiation(48.2, 16.4, times)
     assert found["horizontal"].dims == ("place", "time")
     numpy.testing.assert_array_equal(found["horizontal"][0], frame["horizontal"])
-    own = comfortics.solar_radiation(48.2, 16.4, times.tz_localize("UTC").tz_convert("Europe/Vienna"))
-    numpy.testing.assert_array_equal(own["horizontal"], frame["horizontal"])
+    own = times.tz_localize("UTC").tz_convert("Europe/Vienna")
+    numpy.testing.assert_array_equal(comfortics.solar_radiation(48.2, 16.4, own)["horizontal"], frame["horizontal"])
+    assert comfortics.solar_radiation(48.2, 16.4, own[11])["horizontal"] == frame["horizontal"][11]
+    lazy = comfortics.solar_radiation(dask.array.from_array(numpy.array([48.2]), chunks=1), 16.4, times)["horizontal"]
+    assert isinstance(lazy, dask.array.Array)
+    numpy.testing.assert_array_equal(lazy.compute(), frame["horizontal"])

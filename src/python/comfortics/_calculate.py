@@ -9,6 +9,7 @@ from dataclasses import dataclass
 import numpy
 
 from comfortics import _comfortics
+from comfortics._arrays import is_lazy, numbers
 from comfortics._catalogue import Index, Quantity, Status, target, targets
 from comfortics._errors import did_you_mean
 from comfortics._units import cf, conversion
@@ -55,12 +56,8 @@ class _Plan:
 
     def __call__(self, *arrays):
         """A tuple of the values, then of the statuses, the classes and the severities."""
-        arrays = [_numbers(array, name) for name, array in zip(self.names, arrays)]
-        try:
-            shape = numpy.broadcast_shapes(*(array.shape for array in arrays))
-        except ValueError:
-            shapes = " and ".join(f"{name} {array.shape}" for name, array in zip(self.names, arrays) if array.ndim)
-            raise ValueError(f"The shapes {shapes} do not broadcast.") from None
+        arrays = [numbers(array, name) for name, array in zip(self.names, arrays)]
+        shape = _common_shape(self.names, arrays)
         given = dict(zip(self.names, arrays)) | {name: numpy.float64(value) for name, value in self.constants}
         inputs = tuple(None if name not in given else numpy.asarray(given[name]) for name in _INPUTS)
         values, statuses, categories, severities = _said(
@@ -89,30 +86,19 @@ def _said(function, *arguments):
         raise ValueError(text + ".") from None
 
 
-def _numbers(array, name):
-    """An array of numbers in which masked and absent ones are NaN."""
-    if isinstance(array, numpy.ma.MaskedArray):
-        array = numpy.ma.filled(array.astype(numpy.result_type(array.dtype, numpy.float32)), numpy.nan)
-    array = numpy.asarray(array)
-    if array.dtype.kind == "O":
-        try:
-            array = array.astype(float)
-        except (TypeError, ValueError):
-            raise TypeError(f"{name} holds what is no number.") from None
-    if array.dtype.kind not in "fiu":
-        raise TypeError(f"{name} is to hold numbers, not {array.dtype}.")
-    return array
+def _common_shape(names, arrays):
+    """What the shapes broadcast to."""
+    try:
+        return numpy.broadcast_shapes(*(array.shape for array in arrays))
+    except ValueError:
+        shapes = " and ".join(f"{name} {array.shape}" for name, array in zip(names, arrays) if array.ndim)
+        raise ValueError(f"The shapes {shapes} do not broadcast.") from None
 
 
 def _kind(values, module, name):
     """Whether one of the values is of a class of a module that was imported."""
     loaded = sys.modules.get(module)
     return loaded is not None and any(isinstance(value, getattr(loaded, name)) for value in values)
-
-
-def _is_lazy(value):
-    array = sys.modules.get("dask.array")
-    return array is not None and isinstance(value, array.Array)
 
 
 def _is_number(value):
@@ -145,11 +131,20 @@ def _given(readings, assumptions, rules):
         if rules and name not in given:
             raise ValueError(f"By the {_RULES[rules]} rules {name} must be given.")
     for name, value in given.items():
-        if getattr(value, "ndim", 0) == 2 and hasattr(value, "columns"):
-            raise TypeError(f"{name} is a table; give one of its columns, for instance {name}=table[{name!r}].")
+        _refuse_several(name, value)
     if not any(name in given for name in _READINGS):
         raise ValueError("No reading is given.")
     return given
+
+
+def _refuse_several(name, value):
+    """Refuses what holds several arrays, or tells only later what it holds."""
+    if hasattr(type(value), "data_vars"):
+        raise TypeError(f"{name} is a dataset; give one of its variables, for instance {name}=dataset[{name!r}].")
+    if hasattr(type(value), "columns"):
+        raise TypeError(f"{name} is a table; give one of its columns, for instance {name}=table[{name!r}].")
+    if hasattr(type(value), "__dask_graph__") and not hasattr(type(value), "dtype"):
+        raise TypeError(f"{name} is a {type(value).__name__} of Dask, which is no array.")
 
 
 def _threads(threads):
@@ -253,11 +248,22 @@ def _height_divisor(height, exponent):
     """By what wind of a height is divided to be that of 1.1 m."""
     if height is None:
         return 1.0
+    height = _one_number(height, "wind_height is to be one number.")
     if not 0 < height < numpy.inf:
-        raise ValueError(f"wind_height is to be more than 0 m, not {height}.")
-    if exponent is not None and not _is_number(exponent):
-        raise TypeError("With wind_height the wind_exponent is to be one number.")
+        raise ValueError(f"wind_height is to be more than 0 m, not {height:g}.")
+    if exponent is not None:
+        exponent = _one_number(exponent, "With wind_height the wind_exponent is to be one number.")
     return (height / 1.1) ** (_WIND_EXPONENT if exponent is None else exponent)
+
+
+def _one_number(value, otherwise):
+    try:
+        array = numbers(value, "")
+    except TypeError:
+        array = None
+    if array is None or array.size != 1:
+        raise TypeError(otherwise)
+    return float(array.reshape(())[()])
 
 
 def _lowered(conversions, divisor):
@@ -275,8 +281,8 @@ def _plan(given, options, conversions):
         first = next(iter(given))
         arrays = {first: numpy.float64(given[first])}
     for name, value in arrays.items():
-        if not hasattr(value, "dtype"):
-            arrays[name] = _numbers(value, name)
+        if not isinstance(getattr(value, "dtype", None), numpy.dtype):
+            arrays[name] = numbers(value, name)
     plan = _Plan(names=tuple(arrays), single=_is_single(arrays.values()),
                  constants=tuple((name, float(value)) for name, value in given.items() if name not in arrays),
                  conversions=tuple(conversions.get(name, _AS_IS) for name in _INPUTS), **options)
@@ -285,7 +291,12 @@ def _plan(given, options, conversions):
 
 def _calculated(plan, arrays):
     """The arrays of a plan, lazy ones where some are."""
-    return _lazily(plan, arrays) if any(map(_is_lazy, arrays)) else plan(*arrays)
+    return _lazily(plan, arrays) if any(map(is_lazy, arrays)) else plan(*arrays)
+
+
+def _unknown_lengths(array):
+    """Whether an array of Dask is of as many points as its making will tell."""
+    return bool(numpy.isnan(array.shape).any())
 
 
 def _lazily(plan, arrays):
@@ -296,14 +307,15 @@ def _lazily(plan, arrays):
     block = tuple(range(ndim))[::-1]
     parts = []
     for name, array in zip(plan.names, arrays):
-        if not _is_lazy(array):
-            array = dask.array.from_array(_numbers(array, name), chunks=-1)
+        if not is_lazy(array):
+            array = dask.array.from_array(numbers(array, name), chunks=-1)
         parts += [array, block[:array.ndim][::-1]]
-    try:
-        numpy.broadcast_shapes(*(array.shape for array in parts[::2]))
-    except ValueError:
-        if not any(numpy.isnan(length) for array in parts[::2] for length in array.shape):
-            plan(*(numpy.empty(array.shape) for array in parts[::2]))  # tells which
+    if not any(map(_unknown_lengths, parts[::2])):
+        _common_shape(plan.names, parts[::2])
+    elif len({array.numblocks for array in parts[::2] if array.ndim}) > 1 or not all(
+            _unknown_lengths(array) for array in parts[::2] if array.ndim):
+        raise ValueError("Some arrays have chunks of unknown lengths, which their compute_chunk_sizes() would tell.")
+    plan(*(numpy.empty(0, array.dtype) for array in parts[::2]))  # what is wrong is told now and not by a worker
     out = block[::-1]
     dtypes = plan.dtypes
 
@@ -333,15 +345,6 @@ def _named(wanted, options, arrays):
     return dict(zip(_names(wanted, options), arrays))
 
 
-def _as_column(series, name):
-    """The numbers of a Series, NaN where there is none."""
-    dtype = numpy.float32 if str(series.dtype).lower() == "float32" else numpy.float64
-    try:
-        return series.to_numpy(dtype=dtype, na_value=numpy.nan)
-    except (TypeError, ValueError):
-        raise TypeError(f"{name} is to hold numbers, not {series.dtype}.") from None
-
-
 def _with_pandas(given, wanted, options, conversions):
     import pandas
 
@@ -352,7 +355,7 @@ def _with_pandas(given, wanted, options, conversions):
             if index is not None and not index.equals(value.index):
                 raise ValueError(f"The index of {name} is another than that of the readings before it.")
             index = value.index
-            value = _as_column(value, name)
+            value = numbers(value, name)
         columns[name] = value
     plan, arrays = _plan(columns, options, conversions)
     for name, array in zip(plan.names, arrays):
@@ -386,6 +389,10 @@ def _with_dask_frames(given, wanted, options, conversions):
 def _with_xarray(given, wanted, options, step, divisor):
     import xarray
 
+    _refuse_other_coordinates({name: value for name, value in given.items() if isinstance(value, xarray.DataArray)})
+    for name, value in given.items():
+        if hasattr(value, "index") and hasattr(value, "to_xarray"):
+            raise TypeError(f"{name} is a Series beside DataArrays; give {name}=….to_xarray().")
     conversions = {}
     for name, value in given.items():
         if isinstance(value, xarray.DataArray) and "units" in value.attrs:
@@ -418,6 +425,23 @@ def _describe_classes(dataset, one):
     dataset[one.id + "_severity"].attrs = {
         "units": "1", "long_name": f"Severity of {one.name}",
         "comment": "0 no thermal stress, 1 slight, 2 moderate, 3 strong, 4 extreme; minus for cold"}
+
+
+def _refuse_other_coordinates(given):
+    """One reading at each point: nothing is dropped or filled in where the points differ."""
+    known = {}
+    for name, value in given.items():
+        for dimension, length in zip(value.dims, value.shape):
+            index = value.indexes.get(dimension)
+            other, other_length, other_index = known.setdefault(dimension, (name, length, index))
+            if numpy.isnan(length):
+                raise ValueError(f"{name} has chunks of unknown lengths, which its compute_chunk_sizes() would tell.")
+            if length != other_length:
+                raise ValueError(f"{other} has {other_length} points along {dimension!r}, and {name} has {length}.")
+            if index is not None and other_index is not None and not index.equals(other_index):
+                raise ValueError(f"{other} and {name} have different coordinates along {dimension!r}.")
+            if other_index is None:
+                known[dimension] = (name, length, index)
 
 
 def _result_of(*arrays, plan):
@@ -466,10 +490,10 @@ def explain(name, *, ta=None, tg=None, sr=None, td=None, rh=None, ws=None, rules
     assumptions = dict(wind_exponent=wind_exponent, barometric_pressure=barometric_pressure, emissivity=emissivity,
                        effective_radiating_area=effective_radiating_area, body_height=body_height,
                        body_mass=body_mass)
-    given = _given(readings, assumptions, number)
+    given = {which: numbers(value, which) for which, value in _given(readings, assumptions, number).items()}
     for which, value in given.items():
-        if numpy.size(value) != 1:
-            raise ValueError(f"{which} is to be the reading of one point, not of {numpy.size(value)}.")
+        if value.size != 1:
+            raise ValueError(f"{which} is to be the reading of one point, not of {value.size}.")
     inputs = tuple(float(numpy.reshape(given[which], ())) if which in given else None for which in _INPUTS)
     text = _said(_comfortics.explain_point, inputs, one._target, number, bool(limits))
     return text[:1].upper() + text[1:] + ("" if text.endswith(".") or not text else ".")

@@ -147,6 +147,8 @@ class Indices:
                 raise UnknownIndexError(f"{key!r} is the ufunc of no index.")
             return self._by_id[key.__name__]
         try:
+            if isinstance(key, bool):
+                raise TypeError
             number = operator.index(key)
         except TypeError:
             raise TypeError(f"An index is named by its id, its number or its ufunc, not by {key!r}.") from None
@@ -232,7 +234,7 @@ def targets(names):
     """The targets that `calculate` is asked for: one name, several, or "all" indices."""
     if names is None or (isinstance(names, str) and names == "all"):
         return tuple(indices)
-    if isinstance(names, (str, numbers.Integral, Index, Quantity)) or hasattr(names, "nin"):
+    if isinstance(names, (str, bytes, numbers.Number, Index, Quantity)) or hasattr(names, "nin"):
         names = (names,)
     wanted = tuple(dict.fromkeys(target(name) for name in names))
     if not wanted:

@@ -1,22 +1,48 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The sun of a place and a time."""
 
+import datetime
 import sys
 
 import numpy
 
 from comfortics import _comfortics
+from comfortics._arrays import is_lazy, numbers
 
 _NAMES = ("horizontal", "tilted", "horizontal_clouds", "tilted_clouds")
+_NO_USE = "time has a time zone, so there is no use for utc_offset."
 _MINUTE = numpy.timedelta64(60, "s")
+
+
+def _moments(time, offset):
+    """Times as NumPy has them; those that know their zone in UTC."""
+    array = numpy.asarray(time)
+    if array.dtype.kind in "OU":
+        items = [_moment(item, offset) for item in array.ravel()]
+        try:
+            array = numpy.array(items, "datetime64[ns]").reshape(array.shape)
+        except ValueError as error:
+            raise ValueError(f"time holds what is no time: {error}.") from None
+    if array.dtype.kind != "M":
+        raise TypeError(f"time is to hold times, not {array.dtype}.")
+    return array
+
+
+def _moment(item, offset):
+    if getattr(item, "tzinfo", None) is not None:
+        if not numpy.isnan(offset).all():
+            raise ValueError(_NO_USE)
+        return item.astimezone(datetime.timezone.utc).replace(tzinfo=None)
+    if item is None or isinstance(item, (str, numpy.datetime64)):
+        return item
+    if not hasattr(item, "isoformat"):
+        raise TypeError(f"time is to hold times, not {item!r}.")
+    return item.isoformat()
 
 
 def _figures(latitude, longitude, time, offset, cloudiness):
     """The four arrays; `offset` is that of the clock that `time` tells, NaN for UTC."""
-    time = numpy.asarray(time)
-    if time.dtype.kind != "M":
-        time = time.astype("datetime64[ns]")
-    arrays = numpy.broadcast_arrays(latitude, longitude, time, offset, cloudiness)
+    arrays = numpy.broadcast_arrays(latitude, longitude, _moments(time, offset), offset, cloudiness)
     latitude, longitude, time, offset, cloudiness = arrays
     # Around noon, where the formulas are at home, the place's own hour is the clock.
     own = numpy.where(numpy.isnan(offset), numpy.clip(numpy.round(longitude / 15), -12, 12), offset)
@@ -28,6 +54,12 @@ def _figures(latitude, longitude, time, offset, cloudiness):
     minute = (clock - day.astype("datetime64[ns]")) / _MINUTE
     day_of_year, minute = (numpy.where(unknown, numpy.nan, part) for part in (of_year, minute))
     return _comfortics.solar_radiation_arrays(latitude, longitude, day_of_year, minute, own, cloudiness)
+
+
+def _lazily(*inputs):
+    import dask.array
+
+    return dask.array.apply_gufunc(_figures, "(),(),(),(),()->(),(),(),()", *inputs, output_dtypes=[float] * 4)
 
 
 def solar_radiation(lat, lon, time, *, utc_offset=None, cloudiness=0):
@@ -62,6 +94,8 @@ def solar_radiation(lat, lon, time, *, utc_offset=None, cloudiness=0):
     """
     offset = numpy.nan if utc_offset is None else utc_offset
     inputs = (lat, lon, time, offset, cloudiness)
+    if any(map(is_lazy, inputs)):
+        return dict(zip(_NAMES, _lazily(lat, lon, _moments(time, offset) if not is_lazy(time) else time, offset, cloudiness)))
     xarray = sys.modules.get("xarray")
     if xarray is not None and any(isinstance(value, xarray.DataArray) for value in inputs):
         results = xarray.apply_ufunc(_figures, *inputs, output_core_dims=[()] * 4, dask="parallelized",
@@ -75,7 +109,7 @@ def solar_radiation(lat, lon, time, *, utc_offset=None, cloudiness=0):
         moments = pandas.DatetimeIndex(time)
         if moments.tz is not None:
             if utc_offset is not None:
-                raise ValueError("time has a time zone, so there is no use for utc_offset.")
+                raise ValueError(_NO_USE)
             moments = moments.tz_convert("UTC").tz_localize(None)
         others = (numpy.asarray(value) for value in (lat, lon))
         results = _figures(*others, moments.to_numpy(), numpy.asarray(offset), numpy.asarray(cloudiness))

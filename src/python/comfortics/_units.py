@@ -2,35 +2,49 @@
 """Units, in the catalogue's spelling and in that of data files."""
 
 import sys
+import unicodedata
 
 import numpy
 
 from comfortics import _comfortics
+from comfortics._arrays import is_lazy, numbers
 from comfortics._errors import did_you_mean
 
-# Other spellings, without regard to case, of the symbols that the library knows.
+# Other spellings, as _folded writes them, of the symbols that the library knows.
 _SPELLINGS = {
-    "°C": "degc c celsius degree_celsius degrees_celsius deg_c degreec degreesc",
-    "K": "kelvin degk deg_k degree_kelvin degrees_kelvin",
-    "F": "degf °f fahrenheit degree_fahrenheit degrees_fahrenheit deg_f",
-    "m/s": "m.s-1 m.s**-1 m.s^-1 m*s-1 ms-1 meter.second-1 meters.second-1 meters/second mps",
-    "km/h": "km.h-1 km.h**-1 km.h^-1 km.hr-1 km/hr kmh kph km.hour-1",
+    "°C": "degc c celsius degree_celsius degrees_celsius deg_c deg.c degreec degreesc degree.c degrees.c degree.celsius "
+          "degrees.celsius degree_c degrees_c",
+    "K": "kelvin kelvins degk deg_k deg.k degree_kelvin degrees_kelvin",
+    "F": "degf °f fahrenheit degree_fahrenheit degrees_fahrenheit deg_f deg.f degree.f "
+         "degrees.f degree_f degrees_f",
+    "m/s": "m.s-1 ms-1 meter.second-1 meters.second-1 meter/second meters/second meter.per.second meters.per.second mps "
+           "m/sec m.sec-1",
+    "km/h": "km.h-1 km.hr-1 km/hr kmh kmph kph km.hour-1 km/hour",
     "kn": "knot knots kt kts",
-    "mph": "mi.h-1 mile.h-1 miles.h-1 mile.hour-1",
-    "W/m²": "w.m-2 w/m2 w.m**-2 w.m^-2 w/m^2 w/m**2 w*m-2 watt.m-2 watts.m-2 watt/m2",
-    "kW/m2": "kw.m-2 kw/m² kw.m**-2",
+    "mph": "mi.h-1 mile.h-1 miles.h-1 mile.hour-1 miles.per.hour mi/h",
+    "W/m²": "w.m-2 w/m2 wm-2 watt.m-2 watts.m-2 watt/m2 watts/m2",
+    "kW/m2": "kw.m-2",
     "J/s/m2": "j.s-1.m-2 j.m-2.s-1",
 }
 # Beside those: what a dimension is divided or multiplied by. A reading is value * factor / divisor.
 _PRESSURES = {"hpa": (1, 1), "mbar": (1, 1), "mb": (1, 1), "millibar": (1, 1), "pa": (1, 100), "kpa": (10, 1)}
-_SHARES = {"%": (1, 1), "percent": (1, 1), "1": (100, 1)}
-_NUMBERS = {"1": (1, 1), "": (1, 1), "-": (1, 1)}
-_ENERGIES = ("j.m-2", "j/m2", "j.m**-2", "j.m^-2", "j/m^2", "j/m**2", "j/m²")
+_SHARES = {"%": (1, 1), "percent": (1, 1), "pct": (1, 1), "1": (100, 1), "fraction": (100, 1), "0-1": (100, 1), "(0.-.1)": (100, 1),
+           "dimensionless": (100, 1)}
+_NUMBERS = {"1": (1, 1), "": (1, 1), "-": (1, 1), "dimensionless": (1, 1)}
+_ENERGIES = {"j.m-2": 1.0, "j/m2": 1.0, "kj.m-2": 1e3, "kj/m2": 1e3, "mj.m-2": 1e6, "mj/m2": 1e6}
 
-_SYMBOLS = {symbol.lower(): (symbol, dimension) for symbol, _, dimension in _comfortics.units()}
+
+def _folded(unit):
+    """A unit without regard to case and to how powers, products and degrees are written."""
+    text = unicodedata.normalize("NFKC", str(unit).replace("º", "°").replace("·", " ").replace("⋅", " "))
+    text = text.lower().replace("**", "").replace("^", "").replace("−", "-").replace("metre", "meter")
+    return ".".join(text.replace("*", " ").replace(".", " ").split())
+
+
+_SYMBOLS = {_folded(symbol): (symbol, dimension) for symbol, _, dimension in _comfortics.units()}
 for _one, _spelled in _SPELLINGS.items():
     for _other in _spelled.split():
-        _SYMBOLS[_other] = _SYMBOLS[_one.lower()]
+        _SYMBOLS[_other] = _SYMBOLS[_folded(_one)]
 _BASES = tuple(symbol for symbol, _, _ in _comfortics.units()[:3])
 _DIMENSIONS = ("temperature", "speed", "radiation")
 
@@ -43,13 +57,9 @@ def cf(unit):
     return _CF.get(unit, unit)
 
 
-def _folded(unit):
-    return ".".join(str(unit).strip().lower().split())
-
-
 def _refuse(unit, name, dimension):
     known = {"temperature": "degC, K or degF", "speed": "m s-1, km h-1, kn or mph",
-             "radiation": "W m-2, kW m-2 or J m-2", "humidity": "% or 1", "pressure": "hPa, Pa or kPa"}
+             "radiation": "W m-2, kW m-2, or with step J m-2, kJ m-2 or MJ m-2", "humidity": "% or 1", "pressure": "hPa, Pa or kPa"}
     raise ValueError(f"{name} has the unit {str(unit)!r}, which is not known for it; it can be in "
                      f"{known.get(dimension, '1')}.")
 
@@ -63,10 +73,10 @@ def conversion(unit, name, dimension, step=None):
         if folded not in tables[dimension]:
             _refuse(unit, name, dimension)
         return (None, *map(float, tables[dimension][folded]))
-    if dimension == "radiation" and folded in _ENERGIES:
+    if dimension == "radiation" and folded in _ENERGIES and not str(unit).strip().startswith("m"):  # no mJ
         if step is None:
             raise ValueError(f"{name} has the unit {str(unit)!r}: step must tell over how many seconds it is added up.")
-        return (None, 1.0, seconds(step))
+        return (None, _ENERGIES[folded], seconds(step))
     symbol, which = _SYMBOLS.get(folded, (None, None))
     if symbol is None or _DIMENSIONS[which] != dimension:
         _refuse(unit, name, dimension)
@@ -79,7 +89,10 @@ def seconds(step):
         step = step.total_seconds()
     elif isinstance(step, numpy.timedelta64):
         step = step / numpy.timedelta64(1, "s")
-    step = float(step)
+    try:
+        step = float(step)
+    except (TypeError, ValueError):
+        raise TypeError(f"step is to be seconds or a timedelta, not {step!r}.") from None
     if not 0 < step < float("inf"):
         raise ValueError(f"step must be longer than nothing, not {step:g} s.")
     return step
@@ -93,7 +106,8 @@ def _symbol(unit):
 
 
 def _block(values, source, wanted):
-    return _comfortics.convert_array(values, source, wanted)
+    converted = _comfortics.convert_array(numbers(values, "The array"), source, wanted)
+    return numpy.ma.array(converted, mask=values.mask) if isinstance(values, numpy.ma.MaskedArray) else converted
 
 
 def convert(values, source, wanted):
@@ -122,7 +136,7 @@ def convert(values, source, wanted):
     100.0
     """
     source, wanted = _symbol(source), _symbol(wanted)
-    first, second = (_SYMBOLS[symbol.lower()][1] for symbol in (source, wanted))
+    first, second = (_SYMBOLS[_folded(symbol)][1] for symbol in (source, wanted))
     if first != second:
         raise ValueError(f"{source} is a unit of {_DIMENSIONS[first]} and {wanted} one of {_DIMENSIONS[second]}.")
     xarray = sys.modules.get("xarray")
@@ -131,12 +145,14 @@ def convert(values, source, wanted):
                                     output_dtypes=[float], keep_attrs=True)
         result.attrs["units"] = cf(wanted)
         return result
-    array = sys.modules.get("dask.array")
-    if array is not None and isinstance(values, array.Array):
+    if is_lazy(values):
         return values.map_blocks(_block, source, wanted, dtype=float)
+    frames = sys.modules.get("dask.dataframe")
+    if frames is not None and isinstance(values, (frames.Series, frames.DataFrame)):
+        return values.map_partitions(convert, source, wanted)
     pandas = sys.modules.get("pandas")
-    if pandas is not None and isinstance(values, (pandas.Series, pandas.DataFrame)):
-        converted = _block(values.to_numpy(dtype=float), source, wanted)
-        return values._constructor(converted, index=values.index).__finalize__(values) if values.ndim == 1 else (
-            values._constructor(converted, index=values.index, columns=values.columns))
+    if pandas is not None and isinstance(values, pandas.DataFrame):
+        return values.apply(convert, args=(source, wanted))
+    if pandas is not None and isinstance(values, pandas.Series):
+        return values._constructor(_block(values, source, wanted), index=values.index).__finalize__(values)
     return _block(values, source, wanted)[()]
