@@ -29,6 +29,10 @@ enum class Reason : std::uint8_t {
     BeyondPhysics, ///< an input that no air, body or cloth has
     NoRoot,        ///< the balance has no root where it was looked for
     Undefined,     ///< a step has no result, such as the root of a negative number
+    HeatToSpare,   ///< no clothing is required
+    Unlimited,     ///< no limit within the time that the model looks at
+    NoRestHere,    ///< even rest is beyond the limit
+    BelowHorizon,  ///< a beam of a sun that is not up
 };
 
 /// What becomes of a value beyond the range of its model.

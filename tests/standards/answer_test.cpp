@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "standards/answer.h"
 
+#include "shown_value.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
