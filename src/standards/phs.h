@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Predicted heat strain, minute by minute: ISO 7933:2004 and ISO 7933:2023 (Malchaire, Piette, Kampmann,
+// Mehnert, Gebhardt, Havenith, den Hartog, Holmer, Parsons, Alfano and Griefahn, 2001).
+//
+// A body of one core and one skin sweats what the balance asks for, with delays of 10 minutes for core and
+// sweat and of 3 minutes for the skin. The result is the strain at the end and the minute in which the rectal
+// temperature or the loss of water reaches its limit.
+//
+// Traps: the metabolic rate is in W/m² in the edition of 2004 and in W for the whole body in that of 2023;
+// the loss of water counts the sweat produced, not only what evaporates; the rectal temperature goes on to
+// rise beyond what a body survives, so beyond kPhsFormal it is a formal value and no prediction. The printed
+// program of 2004 takes the limit without drink from the wrong loss; here both are 3 % of the weight.
+#pragma once
+
+#include "standards/answer.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+namespace comfortics::standards {
+
+enum class PhsPosture : std::uint8_t { Sitting, Standing, Crouching };
+
+struct PhsInputs {
+    double ta = kNaN;  ///< air temperature [°C], 15..50
+    double tr = kNaN;  ///< mean radiant temperature [°C], 0..60 K above ta
+    double v = kNaN;   ///< air speed [m/s], 0..3
+    double pa = kNaN;  ///< vapour pressure [kPa], 0..4.5, in the edition of 2023 0.5..4.5
+    double M = kNaN;   ///< metabolic rate: 2004 [W/m²], 100..450; 2023 [W], 56..250 W/m²
+    double work = 0;   ///< effective mechanical power [W/m²]
+    double clo = kNaN; ///< static insulation of the clothing [clo], 0.1..1
+    PhsPosture posture = PhsPosture::Standing;
+    bool acclimatised = true;
+    bool drink = true; ///< whether water can be drunk freely
+    /// Walking [m/s] and its angle to the wind [degrees]. Without a speed the body moves as its metabolic
+    /// rate tells; without an angle the wind counts as that of the faster of the two.
+    std::optional<double> walking{};
+    std::optional<double> angle{};
+    double duration = 480; ///< whole minutes, 1..480; up to kPhsMostMinutes beyond the range
+    double weight = 75;    ///< [kg]
+    double height = 1.8;   ///< [m]
+    double imst = 0.38;    ///< static moisture permeability index [-]
+    /// Share of the clothed surface that reflects, and 2004 its emissivity, 2023 its reflectance [-], 0..1.
+    /// Without: 0.54 and 0.97 in the edition of 2004, 0 and 0 in that of 2023.
+    std::optional<double> Ap{};
+    std::optional<double> Fr{};
+};
+
+/// How long a course is followed at most.
+inline constexpr int kPhsMostMinutes = 1440;
+
+/// The rectal temperature that ends an exposure [°C], and that from which on it is a formal value.
+inline constexpr double kPhsLimit = 38;
+inline constexpr double kPhsFormal = 39;
+
+/// The end of one minute. Heat flows in W/m², positive where the body loses heat, storage where it gains.
+struct PhsMinute {
+    double tCore = kNaN;      ///< [°C]
+    double tSkin = kNaN;      ///< [°C]
+    double tRectal = kNaN;    ///< [°C]
+    double sweat = kNaN;      ///< SWp, predicted sweat rate [W/m²]
+    double waterLoss = kNaN;  ///< since the start [g]
+    double required = kNaN;   ///< Ereq, evaporation that keeps the balance
+    double evaporated = kNaN; ///< Ep, evaporation that is reached
+    double dry = kNaN;        ///< convection and radiation of the skin through the clothing
+    double breath = kNaN;     ///< of the breathing, dry and wet
+    double adaptation = kNaN; ///< dSeq, storage that goes with the metabolic rate
+    double storage = kNaN;    ///< dS, all of it
+};
+
+/// When a limit is reached.
+struct PhsTime {
+    double minutes = kNaN; ///< the first minute at or above the limit, or the duration
+    bool reached = false;  ///< false: not within the duration
+};
+
+struct PhsResult {
+    Verdict verdict{};
+    /// Behind the temperatures alone: as `verdict`, and marked from kPhsFormal on.
+    Verdict temperatures{};
+    double t_re = kNaN;       ///< rectal temperature at the end [°C]
+    double t_cr = kNaN;       ///< core [°C]
+    double t_sk = kNaN;       ///< skin [°C]
+    double water_loss = kNaN; ///< [g]
+    PhsTime d_lim_tre{};      ///< rectal temperature at kPhsLimit
+    /// Water loss of 5 % of the weight, or of 3 % without drink. In the edition of 2004 the limit for 95 % of
+    /// the workers.
+    PhsTime d_lim_loss{};
+    /// 2004 alone: water loss of 7.5 %, the limit for the mean worker; without drink as d_lim_loss.
+    PhsTime d_lim_loss_mean{};
+    PhsTime d_lim{};    ///< the first of them
+    int formalFrom = 0; ///< first minute with t_re above kPhsFormal, 0 without
+};
+
+/// Vapour pressure [kPa] of an air of ta [°C] and RH [%], as the standard has it.
+double phsVapourPressure(double ta, double RH) noexcept;
+
+/// The strain by the edition. The minutes go to `course` as far as it has room, NaN from the first that has
+/// no value; by Limits::Blank they stand beyond kPhsFormal, too.
+PhsResult phs2004(const PhsInputs& inputs, Limits limits = Limits::Mark,
+                  std::span<PhsMinute> course = {}) noexcept;
+PhsResult phs2023(const PhsInputs& inputs, Limits limits = Limits::Mark,
+                  std::span<PhsMinute> course = {}) noexcept;
+
+} // namespace comfortics::standards
