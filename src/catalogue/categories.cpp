@@ -99,10 +99,14 @@ std::optional<Meaning> meaning(int index, double value, const Surroundings& surr
     return meaning;
 }
 
+std::string signedSeverity(int severity)
+{
+    return (severity > 0 ? "+" : "") + std::to_string(severity);
+}
+
 std::string inWords(const Meaning& meaning)
 {
-    return std::string(meaning.category->label) + " (" + (meaning.severity > 0 ? "+" : "") +
-           std::to_string(meaning.severity) + ")";
+    return std::string(meaning.category->label) + " (" + signedSeverity(meaning.severity) + ")";
 }
 
 std::string meaningNote(int index, const Meaning& meaning)

@@ -54,6 +54,9 @@ struct Surroundings {
 /// known.
 std::optional<Meaning> meaning(int index, double value, const Surroundings& surroundings);
 
+/// "+3", "0", "-2".
+std::string signedSeverity(int severity);
+
 /// "danger (+3)": the class and its severity with the sign.
 std::string inWords(const Meaning& meaning);
 

@@ -224,8 +224,8 @@ std::string Frm_Comfortics::note(const Grid& grid, std::size_t row, std::size_t 
                              : std::string(grid.textMatrix(row, 0)) + "\n" + where; // a long name may be cut
     }
     if (!grid.textMatrix(row, col).empty())
-        return std::string(doubt(grid, row).empty() ? meaning(grid, row) : doubt(grid, row));
-    const std::int32_t index = grid.rowKey(row);
+        return std::string(doubt(grid, row).empty() ? meaningNoteOf(grid, row) : doubt(grid, row));
+    const int index = indexOf(grid, row);
     return index > 0 && m_reason ? m_reason(index) : std::string();
 }
 
@@ -238,29 +238,31 @@ std::string Frm_Comfortics::rowNote(const Grid& grid, std::size_t row) const
 
 std::string Frm_Comfortics::literature(const Grid& grid, std::size_t row) const
 {
-    const std::int32_t index = row < grid.fixedRows() ? 0 : grid.rowKey(row);
+    const int index = indexOf(grid, row);
     return index > 0 && m_literature ? m_literature(index) : std::string();
 }
 
-namespace {
-
-// Of the index in a row: 0 in a row of none.
-std::string_view textOf(const std::vector<std::string>& texts, const Grid& grid, std::size_t row)
+int Frm_Comfortics::indexOf(const Grid& grid, std::size_t row)
 {
-    const auto index = static_cast<std::size_t>(grid.rowKey(row));
-    return index < texts.size() ? std::string_view(texts[index]) : std::string_view();
+    return row < grid.fixedRows() || row >= grid.rows() ? 0 : grid.rowKey(row);
 }
-
-} // namespace
 
 std::string_view Frm_Comfortics::doubt(const Grid& grid, std::size_t row) const
 {
-    return textOf(m_doubts, grid, row);
+    const auto index = static_cast<std::size_t>(indexOf(grid, row));
+    return index < m_doubts.size() ? std::string_view(m_doubts[index]) : std::string_view();
 }
 
-std::string_view Frm_Comfortics::meaning(const Grid& grid, std::size_t row) const
+std::optional<catalogue::Meaning> Frm_Comfortics::meaning(const Grid& grid, std::size_t row) const
 {
-    return textOf(m_meanings, grid, row);
+    const auto index = static_cast<std::size_t>(indexOf(grid, row));
+    return index < m_meanings.size() ? m_meanings[index] : std::nullopt;
+}
+
+std::string Frm_Comfortics::meaningNoteOf(const Grid& grid, std::size_t row) const
+{
+    const auto of = meaning(grid, row);
+    return of ? catalogue::meaningNote(indexOf(grid, row), *of) : std::string();
 }
 
 } // namespace comfortics::output

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/categories.h"
 #include "controls/controls.h"
 #include "controls/dialogs.h"
 #include "controls/form.h"
@@ -11,6 +12,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,8 +24,9 @@ struct ResultRow {
     std::string_view name;
     std::string_view value;
     std::string_view unit;
-    std::string doubt{};   ///< which limit the value lies outside of; else empty
-    std::string meaning{}; ///< of the value: its published class, with bounds and source; else empty
+    std::string doubt{}; ///< which limit the value lies outside of; else empty
+    /// Of the value: its published class; none where there is no scale or no value.
+    std::optional<catalogue::Meaning> meaning{};
 };
 
 /// The results window: the table of all entries, and in its place, while something is searched for,
@@ -76,6 +79,12 @@ public:
     /// The value of the row lies outside of its limits, which were ignored; its note says which.
     bool isDoubtful(const controls::Grid& grid, std::size_t row) const { return !doubt(grid, row).empty(); }
 
+    /// What the value of the row means; none for a blank and where no scale is published.
+    std::optional<catalogue::Meaning> meaning(const controls::Grid& grid, std::size_t row) const;
+
+    /// The index of a row; 0 in one of none.
+    static int indexOf(const controls::Grid& grid, std::size_t row);
+
     /// Sizes both grids [twips] and shares the width among their columns.
     void resizeGrids(int width, int height);
 
@@ -97,7 +106,7 @@ private:
     static void shareWidth(controls::Grid& grid);
     std::string note(const controls::Grid& grid, std::size_t row, std::size_t col) const;
     std::string_view doubt(const controls::Grid& grid, std::size_t row) const;
-    std::string_view meaning(const controls::Grid& grid, std::size_t row) const;
+    std::string meaningNoteOf(const controls::Grid& grid, std::size_t row) const;
     std::string literature(const controls::Grid& grid, std::size_t row) const;
 
     controls::Clipboard& m_clipboard;
@@ -108,7 +117,7 @@ private:
     std::function<std::string(int)> m_reason;
     std::function<std::string(int)> m_literature;
     std::vector<std::string> m_doubts; // by index, from 1
-    std::vector<std::string> m_meanings;
+    std::vector<std::optional<catalogue::Meaning>> m_meanings;
     // Whether the next click on a header sorts downwards: one flag for each grid, not for each
     // column.
     bool m_flexSortedUp = false;

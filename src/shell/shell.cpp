@@ -104,13 +104,11 @@ void Shell::showResults()
     const classic::Frm_Results& store = m_main.results;
     results.touch().showResults(store.controlCount() / 3 - 1, [this, &store](std::size_t index) {
         const int number = static_cast<int>(index);
-        const auto meaning = m_main.calculation.meaning(number);
         return output::ResultRow{.name = store.lbl_Index[index].caption(),
                                  .value = store.lbl_results[index].caption(),
                                  .unit = store.lbl_Unit[index].caption(),
                                  .doubt = m_main.calculation.whyDoubtful(number),
-                                 .meaning =
-                                     meaning ? catalogue::meaningNote(number, *meaning) : std::string()};
+                                 .meaning = m_main.calculation.meaning(number)};
     });
     tableIsOfStore();
 }

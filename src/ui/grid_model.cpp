@@ -9,6 +9,7 @@
 #include <QPalette>
 
 #include <algorithm>
+#include <utility>
 
 namespace comfortics::ui {
 
@@ -45,7 +46,15 @@ int GridModel::rowCount(const QModelIndex& parent) const
 
 int GridModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_cols;
+    return parent.isValid() ? 0 : m_cols + (m_beside ? 1 : 0);
+}
+
+void GridModel::showBeside(const QString& heading, std::function<QString(std::size_t)> text)
+{
+    beginResetModel();
+    m_besideHeading = heading;
+    m_beside = std::move(text);
+    endResetModel();
 }
 
 QFont GridModel::font(const controls::Font& own) const
@@ -81,6 +90,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
 {
     if (role == Qt::ForegroundRole && m_quiet)
         return QApplication::palette().brush(QPalette::PlaceholderText);
+    if (index.isValid() && isBeside(index.column()))
+        return role == Qt::DisplayRole ? m_beside(gridRow(index.row())) : QVariant();
     return index.isValid() ? cell(gridRow(index.row()), static_cast<std::size_t>(index.column()), role)
                            : QVariant();
 }
@@ -91,6 +102,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
         return QAbstractTableModel::headerData(section, orientation, role);
     if (m_grid.fixedRows() == 0)
         return {};
+    if (isBeside(section))
+        return role == Qt::DisplayRole ? QVariant(m_besideHeading) : QVariant();
     QVariant whole = cell(m_grid.fixedRows() - 1, static_cast<std::size_t>(section), role);
     if (role == Qt::TextAlignmentRole && m_wrapsHeaders)
         return QVariant::fromValue(int(whole.value<Qt::Alignment>()) | int(Qt::TextWordWrap));
@@ -115,11 +128,12 @@ void GridModel::repeat(const controls::GridChange& change)
     if (change.cells->firstRow < fixed)
         emit headerDataChanged(Qt::Horizontal, static_cast<int>(change.cells->firstCol),
                                static_cast<int>(change.cells->lastCol));
-    if (change.cells->lastRow >= fixed)
-        emit dataChanged(
-            index(static_cast<int>(std::max(change.cells->firstRow, fixed) - fixed),
-                  static_cast<int>(change.cells->firstCol)),
-            index(static_cast<int>(change.cells->lastRow - fixed), static_cast<int>(change.cells->lastCol)));
+    if (change.cells->lastRow >= fixed) {
+        const int lastCol = m_beside ? m_cols : static_cast<int>(change.cells->lastCol);
+        emit dataChanged(index(static_cast<int>(std::max(change.cells->firstRow, fixed) - fixed),
+                               static_cast<int>(change.cells->firstCol)),
+                         index(static_cast<int>(change.cells->lastRow - fixed), lastCol));
+    }
 }
 
 } // namespace comfortics::ui

@@ -6,6 +6,8 @@
 #include <QAbstractTableModel>
 #include <QFont>
 
+#include <functional>
+
 namespace comfortics::ui {
 
 /// The body of a grid as rows numbered from 1, its last fixed row as header. Holds no cells: the view asks
@@ -23,6 +25,10 @@ public:
 
     /// Where a cell of the body stands in the grid.
     std::size_t gridRow(int row) const { return static_cast<std::size_t>(row) + m_grid.fixedRows(); }
+
+    /// A column of the view alone, right of the grid's: what it reads for a row of the grid.
+    void showBeside(const QString& heading, std::function<QString(std::size_t gridRow)> text);
+    bool isBeside(int col) const { return m_beside && col == m_cols; }
 
     /// Tells the views of a change of the grid.
     void repeat(const controls::GridChange& change);
@@ -46,6 +52,8 @@ private:
     double m_leastPoints = 0;
     bool m_wrapsHeaders = false;
     bool m_quiet = false;
+    QString m_besideHeading;
+    std::function<QString(std::size_t)> m_beside;
 };
 
 } // namespace comfortics::ui

@@ -165,6 +165,23 @@ void GridView::wrapHeaders()
     repeatLayout();
 }
 
+void GridView::showBeside(const QString& heading, std::size_t ofCol, double share,
+                          std::function<QString(std::size_t)> text)
+{
+    m_besideOf = ofCol;
+    m_besideShare = share;
+    m_model->showBeside(heading, std::move(text));
+    horizontalHeader()->setStretchLastSection(true);
+    repeatLayout();
+    repeatSelection();
+    tellSize();
+}
+
+std::size_t GridView::gridCol(const QModelIndex& index) const
+{
+    return m_model->isBeside(index.column()) ? m_besideOf : place(index.column());
+}
+
 void GridView::setEmptyHint(const QString& hint)
 {
     m_emptyHint = hint;
@@ -222,7 +239,7 @@ void GridView::repeatScroll()
 
 void GridView::tellSize()
 {
-    const int width = twips(viewport()->width());
+    const int width = twips(static_cast<int>(viewport()->width() * (1 - m_besideShare)));
     // The form knows of one header row, however high it stands here.
     const int height = twips(viewport()->height()) + (m_grid.fixedRows() > 0 ? m_grid.rowHeight(0) : 0);
     if (m_resized)
@@ -254,7 +271,7 @@ void GridView::mousePressEvent(QMouseEvent* event)
     if (!button)
         return;
     if (index.isValid())
-        m_grid.mouseDown(*button, m_model->gridRow(index.row()), place(index.column()),
+        m_grid.mouseDown(*button, m_model->gridRow(index.row()), gridCol(index),
                          event->modifiers().testFlag(Qt::ShiftModifier));
     else if (button == MouseButton::Right) // below the last row
         m_grid.mouseDown(*button, m_grid.rows() - 1, m_grid.cols() - 1);
@@ -269,12 +286,12 @@ void GridView::mouseMoveEvent(QMouseEvent* event)
     if (!index.isValid())
         return;
     if (event->buttons().testFlag(Qt::LeftButton)) {
-        m_grid.drag(m_model->gridRow(index.row()), place(index.column()));
+        m_grid.drag(m_model->gridRow(index.row()), gridCol(index));
         if (!inside.contains(position)) // pulls the hidden rows in
             scrollTo(index.siblingAtRow(
                 std::clamp(index.row() + (position.y() < 0 ? -1 : 1), 0, m_model->rowCount() - 1)));
     } else {
-        m_grid.moveMouse(m_model->gridRow(index.row()), place(index.column()));
+        m_grid.moveMouse(m_model->gridRow(index.row()), gridCol(index));
     }
 }
 
@@ -291,7 +308,7 @@ bool GridView::headerPress(QMouseEvent& event)
 {
     const auto button = formButton(event.button());
     const int section = horizontalHeader()->logicalIndexAt(event.position().toPoint());
-    if (!button || section < 0)
+    if (!button || section < 0 || m_model->isBeside(section))
         return false;
     setFocus(Qt::MouseFocusReason);
     m_grid.mouseDown(*button, 0, place(section), event.modifiers().testFlag(Qt::ShiftModifier));
@@ -317,7 +334,7 @@ void GridView::moveTo(const QModelIndex& index, bool extend)
     if (!index.isValid())
         return;
     const std::size_t row = m_model->gridRow(index.row());
-    const std::size_t col = place(index.column());
+    const std::size_t col = std::min(place(index.column()), m_grid.cols() - 1); // the keys stay in the grid
     if (extend)
         m_grid.select(m_grid.row(), m_grid.col(), row, col);
     else
@@ -406,7 +423,7 @@ void GridView::showNote(const QPoint& position, const QPoint& onScreen)
     const QModelIndex index = indexAt(position);
     QString note;
     if (index.isValid()) {
-        note = tip(toQt(m_grid.note(m_model->gridRow(index.row()), place(index.column()))));
+        note = tip(toQt(m_grid.note(m_model->gridRow(index.row()), gridCol(index))));
         if (note.isEmpty() && sizeHintForIndex(index).width() > columnWidth(index.column()))
             note = index.data().toString();
     }

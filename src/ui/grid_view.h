@@ -40,6 +40,10 @@ public:
     void showRowNumbers();
     /// Breaks long headers into lines; the first column takes what the others leave of the width.
     void wrapHeaders();
+    /// Shows a column of its own right of the grid's, with a share of the width: a text that belongs to one
+    /// of the grid's columns, which a click there selects and whose note it has.
+    void showBeside(const QString& heading, std::size_t ofCol, double share,
+                    std::function<QString(std::size_t gridRow)> text);
     /// What stands in the table for as long as all of its cells are empty.
     void setEmptyHint(const QString& hint);
 
@@ -74,6 +78,7 @@ private:
     void tellSize();
     bool headerPress(QMouseEvent& event);
     void moveTo(const QModelIndex& index, bool extend);
+    std::size_t gridCol(const QModelIndex& index) const;
     void showNote(const QPoint& position, const QPoint& onScreen);
 
     controls::Grid& m_grid;
@@ -82,6 +87,8 @@ private:
     std::function<void(int, int, int, int)> m_wheel;
     std::function<void()> m_moved;
     QString m_emptyHint;
+    std::size_t m_besideOf = 0;
+    double m_besideShare = 0;
     double m_pixelsPerTwip = 1;
     int m_turned = 0; // of the wheel, less than a notch
     bool m_telling = false;

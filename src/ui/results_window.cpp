@@ -2,6 +2,7 @@
 #include "ui/results_window.h"
 
 #include "ui/bindings.h"
+#include "ui/chip.h"
 #include "ui/grid_view.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
@@ -25,13 +27,35 @@ namespace comfortics::ui {
 namespace {
 
 constexpr int kSpacing = 8;
-constexpr QSize kSize(780, 680);
-// Values outside of limits that were ignored.
-class DoubtMarks : public QStyledItemDelegate {
+constexpr QSize kSize(940, 680);
+constexpr int kMeaningCol = 3;         // of the view, right of the table's columns
+constexpr double kMeaningShare = 0.24; // of the table's width
+constexpr int kChipMargin = 4;
+
+// Values outside of limits that were ignored, and what the others mean.
+class ValueMarks : public QStyledItemDelegate {
 public:
-    DoubtMarks(const output::Frm_Comfortics& form, const controls::Grid& grid, QObject* parent)
-        : QStyledItemDelegate(parent), m_form(form), m_grid(grid)
+    ValueMarks(const output::Frm_Comfortics& form, const controls::Grid& grid, GridView* view)
+        : QStyledItemDelegate(view), m_form(form), m_grid(grid), m_view(*view)
     {
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        if (index.column() != kMeaningCol) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
+        QStyleOptionViewItem ground = option;
+        initStyleOption(&ground, index);
+        ground.text.clear();
+        m_view.style()->drawControl(QStyle::CE_ItemViewItem, &ground, painter, &m_view);
+        if (const auto meaning = m_form.meaning(m_grid, gridRow(index))) {
+            painter->setFont(option.font);
+            paintChip(*painter, option.rect.marginsRemoved({kChipMargin, 1, kChipMargin, 1}),
+                      Qt::AlignLeft | Qt::AlignVCenter, *meaning, m_view.palette(),
+                      !m_form.lbl_Earlier.caption().empty());
+        }
     }
 
 protected:
@@ -39,15 +63,21 @@ protected:
     {
         QStyledItemDelegate::initStyleOption(option, index);
         if (index.column() != static_cast<int>(output::Frm_Comfortics::kValueCol) ||
-            !m_form.isDoubtful(m_grid, static_cast<std::size_t>(index.row()) + m_grid.fixedRows()))
+            !m_form.isDoubtful(m_grid, gridRow(index)))
             return;
         option->font.setItalic(true);
         option->palette.setBrush(QPalette::Text, option->palette.placeholderText());
     }
 
 private:
+    std::size_t gridRow(const QModelIndex& index) const
+    {
+        return static_cast<std::size_t>(index.row()) + m_grid.fixedRows();
+    }
+
     const output::Frm_Comfortics& m_form;
     const controls::Grid& m_grid;
+    const GridView& m_view;
 };
 
 constexpr double kMainShown = 0.36; // of the main window's width, with the readings
@@ -91,7 +121,13 @@ GridView* ResultsWindow::buildTable(controls::Grid& grid, const QString& objectN
         m_form.MouseWheel(modifierKeys, rotation, grid.left() + x, grid.top() + y);
     });
     table->onSelection([this] { showReason(); });
-    table->setItemDelegate(new DoubtMarks(m_form, grid, table));
+    // Words of classes are long, and the width of the value's column is given.
+    table->showBeside(QStringLiteral("Meaning"), output::Frm_Comfortics::kValueCol, kMeaningShare,
+                      [this, &grid](std::size_t row) {
+                          const auto meaning = m_form.meaning(grid, row);
+                          return meaning ? toQt(catalogue::inWords(*meaning)) : QString();
+                      });
+    table->setItemDelegate(new ValueMarks(m_form, grid, table));
     bindAppearance(*table, grid);
     return table;
 }

@@ -170,8 +170,7 @@ TEST_F(Results, AValueOutsideItsLimitsSaysSoWhereverItIsSorted)
 {
     std::vector<ResultRow> entries = kEntries;
     entries[1].doubt = "too hot";
-    entries[1].meaning = "hidden by the doubt";
-    entries[3].meaning = "danger (+3)\nStop hard work.";
+    entries[3].meaning = catalogue::meaning(4, 0.7, {});
     show(entries);
     click(Flex, 0, 1);
     const std::size_t row = order(Flex).find('2');
@@ -186,8 +185,10 @@ TEST_F(Results, AValueOutsideItsLimitsSaysSoWhereverItIsSorted)
     EXPECT_EQ(Flex.note(row, 1) + Flex.note(0, 0), "too hot");
     EXPECT_EQ(form.rowNote(Flex, row), "too hot");
     const std::size_t other = order(Flex).find('4');
-    EXPECT_EQ(form.rowNote(Flex, other), "danger (+3)");
-    EXPECT_EQ(Flex.note(other, 1), "danger (+3)\nStop hard work.");
+    EXPECT_EQ(form.rowNote(Flex, other), "warm (+1): from 0.5 to below 1.5.");
+    EXPECT_NE(Flex.note(other, 1).find("\nClasses: "), std::string::npos) << Flex.note(other, 1);
+    EXPECT_TRUE(form.meaning(Flex, other));
+    EXPECT_FALSE(form.meaning(Flex, row) || form.meaning(Flex, 0));
     EXPECT_EQ(form.rowNote(Flex, order(Flex).find('5')), "source of 5");
     EXPECT_EQ(form.rowNote(Flex, 0), "");
     form.provideLiterature({});
