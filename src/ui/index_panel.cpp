@@ -28,16 +28,13 @@ IndexPanel::IndexPanel(classic::Frm_Main& form, QWidget* parent) : QWidget(paren
     nameWidget(*all, QStringLiteral("Check_All_Indices"), QStringLiteral("All indices"),
                QStringLiteral("Ticks all indices of the list or none"));
 
-    auto* const layout = new QVBoxLayout;
+    auto* const layout = new QVBoxLayout(this);
     auto* const top = new QHBoxLayout;
     top->addWidget(search, 1);
     top->addWidget(all);
     layout->addLayout(top);
     layout->addWidget(list, 1);
     m_tabOrder = {search, list, all};
-    auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new Card(QStringLiteral("Indices"), layout));
 }
 
 void IndexPanel::search()

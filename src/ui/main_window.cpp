@@ -6,6 +6,7 @@
 #include "ui/index_panel.h"
 #include "ui/live_panel.h"
 #include "ui/options_page.h"
+#include "ui/panels.h"
 #include "ui/readings_panel.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
@@ -18,8 +19,8 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QStatusBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <vector>
@@ -29,8 +30,11 @@ namespace comfortics::ui {
 namespace {
 
 constexpr int kConverterWidth = 280; // what placing leaves free at the side
-constexpr int kLeastWidth = 960;
+constexpr int kLeastWidth = 1100;
 constexpr double kScreenShare = 0.92;
+constexpr double kContentShare = 0.75;
+constexpr int kReadingsInCharacters = 68; // at most, so that on a wide screen units stay beside their boxes
+const QString kIndices = QStringLiteral("indices");
 
 } // namespace
 
@@ -42,9 +46,14 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
     buildStatus(warning);
 
     m_area = new ContentArea(buildContent());
+    m_area->claimWidth(kContentShare);
     setCentralWidget(m_area);
+    buildPanels();
 
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, m_indices, &IndexPanel::search);
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+        showPanel(kIndices);
+        m_indices->search();
+    });
     // Wherever the focus is: a click beside the boxes leaves it in the list.
     connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, [this] {
         if (m_form.Fra_Options.visible())
@@ -63,23 +72,38 @@ QWidget* MainWindow::buildContent()
     columns->setContentsMargins(kGap, kGap, kGap, kGap);
     columns->setSpacing(kGap);
     // A page of its own in place of the readings: what cannot be seen cannot be reached.
-    auto* const pages = new QWidget;
-    auto* const left = new QVBoxLayout(pages);
-    left->setContentsMargins(0, 0, 0, 0);
+    auto* const pages = new QStackedWidget;
     m_readings = new ReadingsPanel(m_form);
-    left->addWidget(m_readings);
     m_options = new OptionsPage(m_form);
-    left->addWidget(m_options);
-    follow(*m_options, m_form.Fra_Options.appearance, [this] {
-        const bool visible = m_form.Fra_Options.visible();
-        (visible ? static_cast<QWidget*>(m_readings) : m_options)->hide();
-        (visible ? static_cast<QWidget*>(m_options) : m_readings)->show();
+    pages->addWidget(m_readings);
+    pages->addWidget(m_options);
+    follow(*m_options, m_form.Fra_Options.appearance, [this, pages] {
+        pages->setCurrentWidget(m_form.Fra_Options.visible() ? static_cast<QWidget*>(m_options) : m_readings);
     });
-    m_indices = new IndexPanel(m_form);
+    pages->setMaximumWidth(fontMetrics().averageCharWidth() * kReadingsInCharacters);
+    auto* const live = new LivePanel(m_form);
+    live->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     columns->addWidget(pages, 2);
-    columns->addWidget(new LivePanel(m_form), 1);
-    columns->addWidget(m_indices, 3);
+    columns->addWidget(live);
+    columns->addStretch(1);
     return content;
+}
+
+void MainWindow::buildPanels()
+{
+    m_indices = new IndexPanel(m_form);
+    m_panels->add(kIndices, QStringLiteral("Indices"), m_indices, PanelPlace::Right, true);
+}
+
+QDockWidget& MainWindow::addPanel(const QString& name, const QString& title, QWidget* content,
+                                  PanelPlace place)
+{
+    return m_panels->add(name, title, content, place);
+}
+
+void MainWindow::showPanel(const QString& name)
+{
+    m_panels->show(name);
 }
 
 void MainWindow::buildMenus()
@@ -93,6 +117,9 @@ void MainWindow::buildMenus()
         return action;
     };
     QMenuBar& bar = *menuBar();
+    auto* const view = bar.addMenu(QStringLiteral("&View"));
+    m_panels = new Panels(*this, *view, nullptr);
+
     add(bar, m_form.Menu_Raw_Data, 'R', QStringLiteral("Calculates many rows of readings"));
     add(bar, m_form.Menu_Radiation, 'S', QStringLiteral("Estimates solar radiation for a day and a place"));
     add(bar, m_form.Menu_Converter, 'C', QStringLiteral("Converts other units into those of the readings"));

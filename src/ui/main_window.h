@@ -3,6 +3,7 @@
 
 #include "classic/frm_main.h"
 #include "ui/form_window.h"
+#include "ui/panels.h"
 #include "workspace/workspace.h"
 
 #include <QString>
@@ -26,11 +27,19 @@ public:
     /// Sizes and places the window for this screen, with room for the converter at its side.
     void placeOnScreen();
 
+    /// Adds a panel beside the readings, which can be closed, moved, put behind a tab and floated; it waits
+    /// closed. The name keeps its place between sessions.
+    QDockWidget& addPanel(const QString& name, const QString& title, QWidget* content,
+                          PanelPlace place = PanelPlace::Right);
+    /// Opens a panel and brings it to the front.
+    void showPanel(const QString& name);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
     QWidget* buildContent();
+    void buildPanels();
     void buildMenus();
     void buildStatus(const QString& warning);
     void setTabOrders();
@@ -44,6 +53,7 @@ private:
     ReadingsPanel* m_readings = nullptr;
     OptionsPage* m_options = nullptr;
     IndexPanel* m_indices = nullptr;
+    Panels* m_panels = nullptr;
     CutLabel* m_status = nullptr;
 };
 

@@ -38,7 +38,7 @@ ReadingsPanel::ReadingsPanel(classic::Frm_Main& form, QWidget* parent) : QWidget
     column->setSpacing(kGap);
     column->addWidget(buildReadings());
     column->addWidget(buildActions());
-    column->addStretch();
+    column->addStretch(1);
 }
 
 std::vector<QWidget*> ReadingsPanel::tabOrder() const

@@ -8,8 +8,11 @@
 #include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
+#include <QScreen>
 #include <QToolTip>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace comfortics::ui {
 
@@ -102,6 +105,20 @@ ContentArea::ContentArea(QWidget* content, QWidget* parent) : QScrollArea(parent
 QSize ContentArea::sizeHint() const
 {
     return widget()->sizeHint() + QSize(2 * frameWidth(), 2 * frameWidth());
+}
+
+QSize ContentArea::minimumSizeHint() const
+{
+    const QSize least = QScrollArea::minimumSizeHint();
+    const int most = static_cast<int>(screen()->availableGeometry().width() * m_share);
+    return {std::max(least.width(), std::min(widget()->minimumSizeHint().width(), most)), least.height()};
+}
+
+bool ContentArea::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == widget() && event->type() == QEvent::LayoutRequest)
+        updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
 }
 
 QLineEdit* searchLine(const QString& hint)

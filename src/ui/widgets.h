@@ -68,7 +68,18 @@ class ContentArea : public QScrollArea {
 public:
     explicit ContentArea(QWidget* content, QWidget* parent = nullptr);
 
+    /// What stands beside it gives way before it scrolls, as long as it takes no more than this share of the
+    /// screen's width.
+    void claimWidth(double share) { m_share = share; }
+
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    double m_share = 0;
 };
 
 /// A line with the picture of a search and a button that clears it.

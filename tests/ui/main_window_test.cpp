@@ -26,6 +26,14 @@ namespace {
 
 using tests::find;
 
+QAction& entry(const MainWindow& window, const char* text)
+{
+    for (QAction* const action : window.menuBar()->actions())
+        if (action->text().remove(QLatin1Char('&')) == QLatin1String(text))
+            return *action;
+    throw std::runtime_error(std::string("there is no menu ") + text);
+}
+
 struct Opened : tests::Program {
     MainWindow window{shell.workspace()};
 
@@ -41,7 +49,7 @@ struct Opened : tests::Program {
         const QWidget* const widget = window.focusWidget();
         return widget ? fromQt(widget->objectName()) : std::string();
     }
-    void menu(int place) { window.menuBar()->actions().at(place)->trigger(); }
+    void menu(const char* text) { entry(window, text).trigger(); }
 };
 
 TEST(MainWindow, EachBoxHasItsWidgetInBothDirections)
@@ -91,7 +99,7 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
     QTest::keyClick(&opened.line("txt_TA"), Qt::Key_Left);
     EXPECT_EQ(opened.line("txt_TA").cursorPosition(), 1);
 
-    opened.menu(4);                           // the options
+    opened.menu("Options");
     EXPECT_EQ(opened.focused(), "txt_ArAdu"); // typing goes to what is in sight
     EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 12),
               "txt_ArAdu txt_Emmisivity txt_Barometric txt_Height txt_Weight txt_Friction No Classic "
@@ -141,8 +149,8 @@ TEST(MainWindow, MenusReadLetterForLetterAndClosingAsks)
         return result;
     };
     EXPECT_EQ(texts(opened.window.menuBar()->actions()),
-              "Raw Data| Solar Radiation|Conversion of Units|Hotkeys|Options|");
-    EXPECT_EQ(texts(opened.window.menuBar()->actions().at(3)->menu()->actions()),
+              "View|Raw Data| Solar Radiation|Conversion of Units|Hotkeys|Options|");
+    EXPECT_EQ(texts(entry(opened.window, "Hotkeys").menu()->actions()),
               "Enter -----------------> Calculate|Backspace -----------> Delete previous number|"
               "Delete ----------------> Delete value|Arrow keys ----------> Move between text boxes|");
     for (const auto answer : {controls::Answer::No, controls::Answer::Yes}) {
@@ -155,7 +163,7 @@ TEST(MainWindow, MenusReadLetterForLetterAndClosingAsks)
 TEST(ConverterWindow, EachBoxConvertsOnItsPanelAndADoubleClickTakesTheResult)
 {
     Opened opened;
-    opened.menu(2);
+    opened.menu("Conversion of Units");
     converter::Frm_Converter& form = *opened.shell.converter.get();
     ConverterWindow window(form, opened.window, [] {});
     form.show();
@@ -206,7 +214,7 @@ TEST(Application, WindowsComeAndGoWithTheirForms)
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    main.menuBar()->actions().at(0)->trigger();
+    entry(main, "Raw Data").trigger();
     ASSERT_NE(program.rawDataWindow(), nullptr);
     EXPECT_TRUE(program.rawDataWindow()->close());
     EXPECT_EQ(program.shell().rawData.get(), nullptr);

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/panels.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QMenu>
+#include <QTabBar>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace comfortics::ui {
+
+namespace {
+
+constexpr int kStateVersion = 1; // of the arrangement that is kept
+
+Qt::DockWidgetArea areaOf(PanelPlace place)
+{
+    return place == PanelPlace::Right ? Qt::RightDockWidgetArea : Qt::BottomDockWidgetArea;
+}
+
+QString objectNameOf(const QString& name)
+{
+    return QStringLiteral("panel_") + name;
+}
+
+} // namespace
+
+Panels::Panels(QMainWindow& window, QMenu& menu, QAction* before)
+    : QObject(&window), m_window(window), m_menu(menu), m_before(before)
+{
+    window.setDockNestingEnabled(true);
+    window.setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    window.setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+}
+
+QDockWidget& Panels::add(const QString& name, const QString& title, QWidget* content, PanelPlace place,
+                         bool open)
+{
+    auto* const dock = new QDockWidget(title, &m_window);
+    dock->setObjectName(objectNameOf(name));
+    dock->setWidget(content);
+    m_panels.push_back({dock, place, open});
+    put(m_panels.back());
+    m_menu.insertAction(m_before, dock->toggleViewAction());
+    connect(dock, &QDockWidget::visibilityChanged, this, &Panels::nameTabs);
+    connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool shown) {
+        if (shown)
+            dock->raise(); // it may stand behind a tab
+    });
+    return *dock;
+}
+
+// Behind the tab of the first of its place.
+void Panels::put(const Panel& panel)
+{
+    panel.dock->setFloating(false);
+    m_window.addDockWidget(areaOf(panel.place), panel.dock);
+    const auto first = std::find_if(m_panels.begin(), m_panels.end(),
+                                    [&panel](const Panel& other) { return other.place == panel.place; });
+    if (first->dock != panel.dock)
+        m_window.tabifyDockWidget(first->dock, panel.dock);
+    panel.dock->setVisible(panel.open);
+}
+
+QDockWidget& Panels::panel(const QString& name) const
+{
+    const auto found = std::find_if(m_panels.begin(), m_panels.end(), [&name](const Panel& one) {
+        return one.dock->objectName() == objectNameOf(name);
+    });
+    if (found == m_panels.end())
+        throw std::out_of_range("there is no panel " + name.toStdString());
+    return *found->dock;
+}
+
+void Panels::show(const QString& name)
+{
+    QDockWidget& dock = panel(name);
+    dock.show();
+    dock.raise();
+    if (dock.isFloating())
+        dock.activateWindow();
+}
+
+QByteArray Panels::state() const
+{
+    return m_window.saveState(kStateVersion);
+}
+
+bool Panels::restore(const QByteArray& state)
+{
+    const QByteArray before = this->state();
+    if (m_window.restoreState(state, kStateVersion))
+        return true;
+    m_window.restoreState(before, kStateVersion);
+    return false;
+}
+
+void Panels::reset()
+{
+    for (const Panel& one : m_panels)
+        m_window.removeDockWidget(one.dock);
+    for (const Panel& one : m_panels)
+        put(one);
+    for (const Panel& one : m_panels)
+        if (one.open)
+            one.dock->raise();
+}
+
+// Qt makes the tabs by itself and says nothing of them to those who hear the window.
+void Panels::nameTabs()
+{
+    for (QTabBar* const tabs : m_window.findChildren<QTabBar*>(QString(), Qt::FindDirectChildrenOnly))
+        tabs->setAccessibleName(QStringLiteral("Panels"));
+}
+
+} // namespace comfortics::ui
