@@ -109,21 +109,25 @@ std::string inWords(const Meaning& meaning)
     return std::string(meaning.category->label) + " (" + signedSeverity(meaning.severity) + ")";
 }
 
+std::string boundsInWords(int index, const Category& category)
+{
+    std::string text;
+    if (category.lower == -kUnbounded)
+        text = "below " + values::plainText(category.upper);
+    else if (category.upper == kUnbounded)
+        text = "from " + values::plainText(category.lower);
+    else
+        text = "from " + values::plainText(category.lower) + " to below " + values::plainText(category.upper);
+    const std::string_view unit = row(index).unit;
+    if (unit != "[-]")
+        text += " " + std::string(unit);
+    return text;
+}
+
 std::string meaningNote(int index, const Meaning& meaning)
 {
     const Category& category = *meaning.category;
-    const std::string_view unit = row(index).unit;
-    std::string text = inWords(meaning) + ": ";
-    if (category.lower == -kUnbounded)
-        text += "below " + values::plainText(category.upper);
-    else if (category.upper == kUnbounded)
-        text += "from " + values::plainText(category.lower);
-    else
-        text +=
-            "from " + values::plainText(category.lower) + " to below " + values::plainText(category.upper);
-    if (unit != "[-]")
-        text += " " + std::string(unit);
-    text += ".";
+    std::string text = inWords(meaning) + ": " + boundsInWords(index, category) + ".";
     if (!category.note.empty())
         text += "\n" + std::string(category.note) + ".";
     return text + "\nClasses: " + std::string(scale(index).source) + ".";

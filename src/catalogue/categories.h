@@ -60,6 +60,9 @@ std::string signedSeverity(int severity);
 /// "danger (+3)": the class and its severity with the sign.
 std::string inWords(const Meaning& meaning);
 
+/// The values of a class of an index: "from 27.8 to below 29.4 °C", "below 0" for a number without a unit.
+std::string boundsInWords(int index, const Category& category);
+
 /// What a value means in a few lines: class, severity and bounds, what to do, and where the classes are from.
 std::string meaningNote(int index, const Meaning& meaning);
 

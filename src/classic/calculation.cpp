@@ -266,8 +266,7 @@ Outcome Calculation::preciseOutcome(PreciseRows& row, std::size_t place, int ind
         if (outcome.limits == OutcomeKind::RunFailed)
             outcome.failure = "What its limits bound is not available.";
     }
-    if (outcome.kind == OutcomeKind::OutsideTemperature || outcome.kind == OutcomeKind::OutsideWind ||
-        outcome.limits == OutcomeKind::OutsideTemperature || outcome.limits == OutcomeKind::OutsideWind) {
+    if (catalogue::row(index).gate != catalogue::Gate::None && outcome.kind != OutcomeKind::RunFailed) {
         const auto judged = row.judged(index, 0);
         outcome.gatedValue = judged.temperature;
         outcome.wind = judged.wind;

@@ -4,6 +4,7 @@
 #include "controls/dialogs.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace comfortics::workspace {
@@ -22,6 +23,16 @@ Figure figureOf(const classic::Calculation& calculation, int index)
     figure.text = calculation.results.lbl_results[static_cast<std::size_t>(index)].caption();
     figure.reason = calculation.whyBlank(index);
     const classic::Outcome& outcome = calculation.outcome(index);
+    figure.kind = outcome.kind;
+    figure.limits = outcome.limits;
+    if (catalogue::row(index).gate != catalogue::Gate::None &&
+        outcome.kind != classic::OutcomeKind::RunFailed &&
+        outcome.limits != classic::OutcomeKind::RunFailed) {
+        if (std::isfinite(outcome.gatedValue))
+            figure.judged = outcome.gatedValue;
+        if (std::isfinite(outcome.wind))
+            figure.wind = outcome.wind;
+    }
     if (outcome.kind != classic::OutcomeKind::Value || figure.text.empty())
         return figure;
     figure.number = outcome.value;

@@ -24,6 +24,10 @@ struct Figure {
     std::optional<catalogue::Meaning> meaning; ///< its class; none where no scale is published
     std::string reason;                        ///< why there is no value; empty where there is one
     std::string doubt;                         ///< the limit that is ignored, where it lies outside of it
+    classic::OutcomeKind kind = classic::OutcomeKind::NotCalculated;
+    classic::OutcomeKind limits = classic::OutcomeKind::Value; ///< what ignored limits would have made of it
+    std::optional<double> judged; ///< what its temperature limits bound [°C]; none where it has no limits
+    std::optional<double> wind;   ///< what its wind limits bound [m/s]
 };
 
 /// A live quantity in a situation; empty and without a number where there is none.

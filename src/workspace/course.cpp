@@ -1,0 +1,334 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/course.h"
+
+#include "texts/number_text.h"
+#include "texts/text.h"
+#include "values/plain_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <set>
+#include <string_view>
+
+namespace comfortics::workspace {
+
+using classic::OutcomeKind;
+using classic::Reading;
+using values::plainText;
+
+namespace {
+
+constexpr std::array kSteps{0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0};
+constexpr double kMostSteps = 120;
+
+// What the boxes take at most, and what is seldom left on earth.
+constexpr double kHighestAir = 58;           // [°C]
+constexpr double kLowestAir = -50;           // [°C]
+constexpr double kAirAround = 25;            // to each side of the present, where no limits tell [K]
+constexpr double kAirBeyondLimits = 3;       // so that they are seen to end [K]
+constexpr double kDewPointBelowAir = 30;     // [K]
+constexpr double kLowestHumidity = 5;        // [%]; without any moisture there is no dew point
+constexpr double kHighestHumidity = 100;     // [%]
+constexpr double kLowestWind = 0.1;          // [m/s]
+constexpr double kUsualWind = 10;            // [m/s]
+constexpr double kStormyWind = 30;           // [m/s]
+constexpr double kGlobeBelowAir = 10;        // a colder globe is emptied [K]
+constexpr double kGlobeAboveAir = 30;        // [K]
+constexpr double kHighestRadiation = 1200.0; // [W/m²]
+
+struct Range {
+    double from;
+    double to;
+};
+
+const std::string& textOf(const classic::Inputs& inputs, Reading reading)
+{
+    return inputs.readings[static_cast<std::size_t>(reading)];
+}
+
+std::optional<double> numberOf(const classic::Inputs& inputs, Reading reading)
+{
+    return texts::numericValue(textOf(inputs, reading));
+}
+
+const classic::ReadingInfo& infoOf(Reading reading)
+{
+    return classic::kReadingInfo[static_cast<std::size_t>(reading)];
+}
+
+std::string nameOf(Reading reading)
+{
+    return texts::lowered(infoOf(reading).heading);
+}
+
+std::string withUnit(const std::string& number, Reading reading)
+{
+    return number + " " + std::string(infoOf(reading).unit());
+}
+
+Range airRange(const classic::Inputs& inputs, const classic::IndexLimits& bounds, int index, double Ta)
+{
+    Range range{Ta - kAirAround, Ta + kAirAround};
+    const catalogue::CatalogueRow& row = catalogue::row(index);
+    const bool limited = row.gate != catalogue::Gate::None && row.gated == catalogue::Gated::Ta &&
+                         bounds.given() && bounds.Tair_min.number < bounds.Tair_max.number;
+    if (limited) {
+        const double low = std::max(bounds.Tair_min.number, kLowestAir);
+        const double high = std::min(bounds.Tair_max.number, kHighestAir);
+        range = {std::min(low - kAirBeyondLimits, Ta), std::max(high + kAirBeyondLimits, Ta)};
+    }
+    range = {std::max(range.from, std::min(kLowestAir, Ta)), std::min(range.to, kHighestAir)};
+    if (const auto Td = numberOf(inputs, Reading::DP))
+        range.from = std::max(range.from, *Td);
+    if (const auto Tg = numberOf(inputs, Reading::TG))
+        range.to = std::min(range.to, *Tg + kGlobeBelowAir);
+    return range;
+}
+
+double highestWind(const classic::IndexLimits& bounds, int index)
+{
+    const bool limited = catalogue::row(index).gate != catalogue::Gate::None && bounds.WS_max.number > 0;
+    return limited ? std::clamp(bounds.WS_max.number * 1.1, kUsualWind, kStormyWind) : kUsualWind;
+}
+
+Range rangeOf(const classic::Limits& limits, const CourseRequest& request, Reading moved)
+{
+    const classic::IndexLimits& bounds = limits.of(request.index);
+    const double Ta = numberOf(request.inputs, Reading::TA).value_or(0);
+    const double now = numberOf(request.inputs, moved).value_or(Ta);
+    switch (moved) {
+    case Reading::TA:
+        return airRange(request.inputs, bounds, request.index, Ta);
+    case Reading::DP:
+        return {std::min(Ta - kDewPointBelowAir, now), Ta};
+    case Reading::RH:
+        return {std::min(kLowestHumidity, now), kHighestHumidity};
+    case Reading::WS:
+        return {kLowestWind, std::max(highestWind(bounds, request.index), now)};
+    case Reading::TG:
+        return {Ta - kGlobeBelowAir, std::max(Ta + kGlobeAboveAir, now)};
+    case Reading::SR:
+        break;
+    }
+    return {0, std::max(kHighestRadiation, now)};
+}
+
+// By the classic and robust rules a reading has one decimal, radiation none.
+std::string typed(double reading, Reading moved)
+{
+    return plainText(
+        texts::val(texts::format(reading, moved == Reading::SR ? values::kFormat0 : values::kFormat0_0)));
+}
+
+CoursePoint pointAt(double reading, std::string text)
+{
+    CoursePoint point;
+    point.reading = reading;
+    point.readingText = std::move(text);
+    return point;
+}
+
+std::vector<CoursePoint> placesOf(Range range, Reading moved, const std::string& present)
+{
+    const double finest = moved == Reading::SR ? 1 : kSteps.front();
+    const auto reaches = [&](double step) {
+        return step >= finest && (range.to - range.from) / step <= kMostSteps;
+    };
+    const auto* const found = std::find_if(kSteps.begin(), kSteps.end(), reaches);
+    const double step = found == kSteps.end() ? (range.to - range.from) / kMostSteps : *found;
+
+    std::vector<CoursePoint> points;
+    const auto add = [&](const std::string& text) { points.push_back(pointAt(texts::val(text), text)); };
+    add(typed(std::ceil(range.from / finest - 1e-6) * finest, moved));
+    for (double count = std::ceil(range.from / step); count * step <= range.to; ++count)
+        add(typed(count * step, moved));
+    add(typed(std::floor(range.to / finest + 1e-6) * finest, moved));
+    if (texts::isNumeric(present)) // before others of the same number
+        points.insert(points.begin(), pointAt(*texts::numericValue(present), present));
+    const auto before = [](const CoursePoint& a, const CoursePoint& b) { return a.reading < b.reading; };
+    std::stable_sort(points.begin(), points.end(), before);
+    const auto same = [](const CoursePoint& a, const CoursePoint& b) { return a.reading == b.reading; };
+    points.erase(std::unique(points.begin(), points.end(), same), points.end());
+    return points;
+}
+
+void fill(CoursePoint& point, const Situation& situation, int index)
+{
+    if (situation.status == classic::RunStatus::Rejected) {
+        point.reason = situation.problem;
+        return;
+    }
+    const Figure& figure = situation.figure(index);
+    point.kind = figure.kind;
+    point.reason = figure.reason;
+    if (figure.number && !std::isfinite(*figure.number)) {
+        point.kind = OutcomeKind::NoValue;
+        point.reason = "The formula has no finite value for these readings.";
+        return;
+    }
+    point.value = figure.number;
+    point.text = figure.text;
+    point.inside = figure.limits == OutcomeKind::Value;
+}
+
+std::string intervalOf(const classic::Bound& low, const classic::Bound& high, const char* unit)
+{
+    return low.text + " to " + high.text + " " + unit;
+}
+
+std::string clauseOf(std::string sentence)
+{
+    while (!sentence.empty() && sentence.back() == '.')
+        sentence.pop_back();
+    return sentence;
+}
+
+std::string gapReason(std::span<const CoursePoint> points, const classic::Limits& limits, int index,
+                      Reading moved)
+{
+    const catalogue::CatalogueRow& row = catalogue::row(index);
+    const classic::IndexLimits& bounds = limits.of(index);
+    const CoursePoint& first = points.front();
+    if (first.kind == OutcomeKind::OutsideTemperature && bounds.given())
+        return "outside its limits, " + std::string(catalogue::gatedName(row.gated)) + " from " +
+               intervalOf(bounds.Tair_min, bounds.Tair_max, "°C") +
+               (row.gate == catalogue::Gate::Text ? " or compared as texts" : "");
+    if (first.kind == OutcomeKind::OutsideWind)
+        return std::string("outside its limits, the wind ") +
+               (row.gateWind == catalogue::GateWind::At10m ? "at 10 m " : "") + "from " +
+               intervalOf(bounds.WS_min, bounds.WS_max, "m/s");
+    const bool allSay = std::all_of(points.begin(), points.end(), [&first](const CoursePoint& point) {
+        return point.reason == first.reason;
+    });
+    return (allSay ? std::string() : "for instance at " + withUnit(first.readingText, moved) + ": ") +
+           clauseOf(first.reason);
+}
+
+std::vector<CourseGap> gapsOf(const Course& course, const classic::Limits& limits)
+{
+    std::vector<CourseGap> gaps;
+    const std::span points(course.points);
+    for (std::size_t i = 0; i < points.size();) {
+        std::size_t end = i + 1;
+        if (!points[i].value) {
+            while (end < points.size() && !points[end].value && points[end].kind == points[i].kind)
+                ++end;
+            gaps.push_back(
+                {points[i].reading, points[end - 1].reading,
+                 gapReason(points.subspan(i, end - i), limits, course.request.index, course.moved)});
+        }
+        i = end;
+    }
+    return gaps;
+}
+
+std::string heldOf(const Course& course)
+{
+    const classic::Inputs& inputs = course.request.inputs;
+    std::string held = "Held:";
+    const char* separator = " ";
+    for (const Reading reading :
+         {Reading::TA, Reading::TG, Reading::SR, Reading::DP, Reading::RH, Reading::WS}) {
+        if (reading == course.moved || textOf(inputs, reading).empty())
+            continue;
+        held += separator + nameOf(reading) + " " + withUnit(textOf(inputs, reading), reading);
+        separator = ", ";
+    }
+    held += ".";
+    if (course.moved == Reading::TA && !textOf(inputs, Reading::RH).empty())
+        held += " With the humidity held, the dew point moves with the air.";
+    if (course.moved == Reading::TA && !textOf(inputs, Reading::DP).empty())
+        held += " The air is never colder than the dew point.";
+    if (course.moved == Reading::TA && !textOf(inputs, Reading::TG).empty())
+        held += " The globe is never more than 10 °C colder than the air.";
+    if (course.moved == Reading::DP)
+        held += " The dew point is never above the air.";
+    return held + " By " + classic::inForce(inputs.settings) + ".";
+}
+
+} // namespace
+
+Reading movedReading(const classic::Inputs& inputs, CourseAxis axis)
+{
+    switch (axis) {
+    case CourseAxis::AirTemperature:
+        break;
+    case CourseAxis::Humidity:
+        return textOf(inputs, Reading::DP).empty() ? Reading::RH : Reading::DP;
+    case CourseAxis::Wind:
+        return Reading::WS;
+    case CourseAxis::Radiation:
+        return textOf(inputs, Reading::TG).empty() ? Reading::SR : Reading::TG;
+    }
+    return Reading::TA;
+}
+
+Course courseOf(const classic::Limits& limits, const CourseRequest& request,
+                const std::function<bool()>& goOn)
+{
+    Course course;
+    course.request = request;
+    course.moved = movedReading(request.inputs, request.axis);
+    course.held = heldOf(course);
+    const std::string& presentText = textOf(request.inputs, course.moved);
+    const Situation now = evaluate(limits, request.inputs);
+    if (now.status == classic::RunStatus::Rejected) {
+        course.problem = now.problem;
+        return course;
+    }
+
+    std::vector<CoursePoint> points =
+        placesOf(rangeOf(limits, request, course.moved), course.moved, presentText);
+    classic::Inputs inputs = request.inputs;
+    for (CoursePoint& point : points) {
+        if (goOn && !goOn())
+            return course;
+        inputs.readings[static_cast<std::size_t>(course.moved)] = point.readingText;
+        fill(point, evaluate(limits, inputs), request.index);
+    }
+    course.points = std::move(points);
+    for (std::size_t i = 0; i < course.points.size(); ++i)
+        if (course.points[i].readingText == presentText)
+            course.present = i;
+    course.gaps = gapsOf(course, limits);
+    return course;
+}
+
+std::string Course::inWords() const
+{
+    if (points.empty())
+        return problem;
+    const catalogue::CatalogueRow& row = catalogue::row(request.index);
+    const auto valueAt = [&](const CoursePoint& point) {
+        return point.text + (row.unit == "[-]" ? "" : " " + std::string(row.unit)) + " at " +
+               withUnit(point.readingText, moved);
+    };
+    std::string words = std::string(row.name) + " over the " + nameOf(moved) + " from " +
+                        points.front().readingText + " to " + withUnit(points.back().readingText, moved) +
+                        ": ";
+    std::vector<const CoursePoint*> standing;
+    for (const CoursePoint& point : points)
+        if (point.value)
+            standing.push_back(&point);
+    if (standing.empty()) {
+        words += "no value.";
+    } else {
+        const auto less = [](const CoursePoint* a, const CoursePoint* b) { return *a->value < *b->value; };
+        const auto [lowest, highest] = std::minmax_element(standing.begin(), standing.end(), less);
+        words += "from " + valueAt(*standing.front()) + " to " + valueAt(*standing.back()) + ", lowest " +
+                 valueAt(**lowest) + ", highest " + valueAt(**highest) + ".";
+    }
+    if (present)
+        words += points[*present].value ? " At present " + valueAt(points[*present]) + "."
+                                        : " At present it has no value.";
+    for (const CourseGap& gap : gaps)
+        words += " No value " +
+                 (gap.from == gap.to
+                      ? "at " + withUnit(plainText(gap.from), moved)
+                      : "from " + plainText(gap.from) + " to " + withUnit(plainText(gap.to), moved)) +
+                 ": " + gap.reason + ".";
+    return words;
+}
+
+} // namespace comfortics::workspace
