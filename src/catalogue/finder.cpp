@@ -313,6 +313,11 @@ std::vector<std::size_t> Finder::find(std::string_view query) const
     return places;
 }
 
+bool Finder::hasWords(std::string_view query)
+{
+    return !tokens(query).empty();
+}
+
 std::vector<std::string> Finder::didYouMean(std::string_view query) const
 {
     const std::vector<Token> typed = tokens(query);

@@ -63,6 +63,9 @@ public:
     /// they came. Where no subject does, those whose description does. Without a word, all of them.
     std::vector<std::size_t> find(std::string_view query) const;
 
+    /// Whether anything of a query can be looked for.
+    static bool hasWords(std::string_view query);
+
     /// What the query may have meant, at most three, best first; each finds something. Worth asking where
     /// nothing is found.
     std::vector<std::string> didYouMean(std::string_view query) const;
