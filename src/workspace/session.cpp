@@ -2,12 +2,12 @@
 #include "workspace/session.h"
 
 #include "catalogue/references.h"
+#include "workspace/inputs_json.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 
 namespace comfortics::workspace {
 
@@ -17,37 +17,7 @@ namespace {
 
 constexpr std::string_view kFormat = "comfortics session";
 constexpr int kVersion = 1;
-/// More than anyone types into a box; a report's notes may be longer.
-constexpr std::size_t kLongestEntry = 100;
 constexpr std::size_t kLongestNotes = 100'000;
-
-// Ends the reading of a damaged file.
-class Damage : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-const ordered_json& member(const ordered_json& object, std::string_view name, ordered_json::value_t type)
-{
-    static const ordered_json none;
-    const auto found = object.find(name);
-    if (found == object.end())
-        return none;
-    if (found->type() != type)
-        throw Damage("\"" + std::string(name) + "\" is not what it should be");
-    return *found;
-}
-
-std::string text(const ordered_json& object, std::string_view name, std::size_t longest)
-{
-    const ordered_json& value = member(object, name, ordered_json::value_t::string);
-    if (value.is_null())
-        return {};
-    auto result = value.get<std::string>();
-    if (result.size() > longest)
-        throw Damage("\"" + std::string(name) + "\" is too long");
-    return result;
-}
 
 // A part that another object understands, kept as it came.
 std::string part(const ordered_json& root, std::string_view name)
@@ -94,38 +64,11 @@ classic::Selection readTicks(const ordered_json& root)
     return selection;
 }
 
-classic::Settings readOptions(const ordered_json& root)
-{
-    classic::Settings settings;
-    settings.selection = readTicks(root);
-    const ordered_json& options = member(root, "options", ordered_json::value_t::object);
-    if (options.is_null())
-        return settings;
-    if (const std::string name = text(options, "rules", kLongestEntry); !name.empty()) {
-        const auto rules = classic::rulesOfName(name);
-        if (!rules)
-            throw Damage("there are no rules \"" + name + "\"");
-        settings.rules = *rules;
-    }
-    const ordered_json& ignored = member(options, "ignoreLimits", ordered_json::value_t::boolean);
-    settings.ignoreLimits = !ignored.is_null() && ignored.get<bool>();
-    return settings;
-}
-
 Session readParts(const ordered_json& root)
 {
     Session session;
-    const ordered_json& readings = member(root, "readings", ordered_json::value_t::object);
-    for (std::size_t i = 0; i < classic::kReadingCount && readings.is_object(); ++i)
-        session.inputs.readings[i] = text(readings, classic::kReadingInfo[i].key, kLongestEntry);
-    const ordered_json& assumptions = member(root, "assumptions", ordered_json::value_t::object);
-    for (std::size_t i = 0; i < classic::kAssumptionCount; ++i) {
-        const classic::AssumptionInfo& info = classic::kAssumptionInfo[i];
-        session.inputs.assumptions[i] = assumptions.is_object() && assumptions.contains(info.key)
-                                            ? text(assumptions, info.key, kLongestEntry)
-                                            : std::string(info.start);
-    }
-    session.inputs.settings = readOptions(root);
+    session.inputs = readInputs(root);
+    session.inputs.settings.selection = readTicks(root);
     session.cardSet = text(root, "cards", kLongestEntry);
     session.ownSets = part(root, "sets");
     session.pinned = part(root, "pinned");
@@ -144,12 +87,7 @@ std::string sessionText(const Session& session)
     ordered_json root;
     root["format"] = kFormat;
     root["version"] = kVersion;
-    for (std::size_t i = 0; i < classic::kReadingCount; ++i)
-        root["readings"][std::string(classic::kReadingInfo[i].key)] = session.inputs.readings[i];
-    for (std::size_t i = 0; i < classic::kAssumptionCount; ++i)
-        root["assumptions"][std::string(classic::kAssumptionInfo[i].key)] = session.inputs.assumptions[i];
-    root["options"] = {{"rules", classic::ruleName(session.inputs.settings.rules)},
-                       {"ignoreLimits", session.inputs.settings.ignoreLimits}};
+    putInputs(root, session.inputs);
     root["ticked"] = ticksOf(session.inputs.settings.selection);
     if (!session.cardSet.empty())
         root["cards"] = session.cardSet;
