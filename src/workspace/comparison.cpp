@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/comparison.h"
+
+#include "texts/text.h"
+#include "workspace/inputs_json.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace comfortics::workspace {
+
+using nlohmann::ordered_json;
+
+namespace {
+
+std::vector<Pin> readPins(std::string_view json)
+{
+    std::vector<Pin> pins;
+    if (json.empty())
+        return pins;
+    const ordered_json root = ordered_json::parse(json, nullptr, false);
+    if (!root.is_array())
+        throw Damage("the pinned situations are no list");
+    if (root.size() > Comparison::kMostPins)
+        throw Damage("there are more than " + std::to_string(Comparison::kMostPins) + " pinned situations");
+    for (const ordered_json& one : root) {
+        if (!one.is_object())
+            throw Damage("a pinned situation is not what it should be");
+        Pin pin{text(one, "name", Comparison::kLongestName), text(one, "pinned", kLongestEntry),
+                readInputs(one)};
+        if (pin.name.empty())
+            throw Damage("a pinned situation has no name");
+        pins.push_back(std::move(pin));
+    }
+    return pins;
+}
+
+} // namespace
+
+std::string timeText(std::chrono::system_clock::time_point time)
+{
+    using namespace std::chrono;
+    const auto day = floor<days>(time);
+    const year_month_day date(day);
+    const hh_mm_ss clock(floor<minutes>(time - day));
+    char text[40];
+    std::snprintf(text, sizeof text, "%04d-%02u-%02u %02d:%02d UTC", static_cast<int>(date.year()),
+                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()));
+    return text;
+}
+
+Comparison::Pinned Comparison::calculated(Pin pin) const
+{
+    Situation situation = evaluate(m_workspace.limits(), pin.inputs);
+    return {std::move(pin), std::move(situation)};
+}
+
+std::string Comparison::freeName() const
+{
+    for (std::size_t number = 1;; ++number) {
+        std::string name = "Situation " + std::to_string(number);
+        if (std::none_of(m_pinned.begin(), m_pinned.end(),
+                         [&name](const Pinned& one) { return one.pin.name == name; }))
+            return name;
+    }
+}
+
+std::string Comparison::pinPresent(std::chrono::system_clock::time_point time)
+{
+    if (m_pinned.size() >= kMostPins)
+        return "No more than " + std::to_string(kMostPins) + " situations can be pinned: remove one first.";
+    const Situation& present = m_workspace.present();
+    if (present.status == classic::RunStatus::Rejected)
+        return present.problem;
+    m_pinned.push_back({{freeName(), timeText(time), present.inputs}, present});
+    changed.raise();
+    return {};
+}
+
+void Comparison::rename(std::size_t place, const std::string& name)
+{
+    const std::string wanted(texts::trimmed(name));
+    Pin& pin = m_pinned.at(place).pin;
+    if (wanted.empty() || wanted.size() > kLongestName || wanted == pin.name)
+        return;
+    pin.name = wanted;
+    changed.raise();
+}
+
+void Comparison::move(std::size_t from, std::size_t to)
+{
+    if (from == to || from >= m_pinned.size() || to >= m_pinned.size())
+        return;
+    const auto at = [this](std::size_t place) {
+        return m_pinned.begin() + static_cast<std::ptrdiff_t>(place);
+    };
+    if (from < to)
+        std::rotate(at(from), at(from + 1), at(to + 1));
+    else
+        std::rotate(at(to), at(from), at(from + 1));
+    changed.raise();
+}
+
+void Comparison::remove(std::size_t place)
+{
+    if (place >= m_pinned.size())
+        return;
+    m_pinned.erase(m_pinned.begin() + static_cast<std::ptrdiff_t>(place));
+    changed.raise();
+}
+
+std::string Comparison::json() const
+{
+    if (m_pinned.empty())
+        return {};
+    ordered_json root = ordered_json::array();
+    for (const Pinned& one : m_pinned) {
+        ordered_json pin{{"name", one.pin.name}, {"pinned", one.pin.time}};
+        putInputs(pin, one.pin.inputs);
+        root.push_back(std::move(pin));
+    }
+    return root.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
+}
+
+std::string Comparison::fault(std::string_view json) const
+{
+    try {
+        readPins(json);
+        return {};
+    } catch (const Damage& damage) {
+        return damage.what();
+    }
+}
+
+void Comparison::restore(std::string_view json)
+{
+    std::vector<Pinned> pinned;
+    for (Pin& pin : readPins(json))
+        pinned.push_back(calculated(std::move(pin)));
+    m_pinned = std::move(pinned);
+    changed.raise();
+}
+
+} // namespace comfortics::workspace

@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/comparison_table.h"
+
+#include "output/csv_cell.h"
+#include "texts/number_text.h"
+#include "workspace/index_sheet.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace comfortics::workspace {
+
+using formulas::Live;
+using enum ComparisonColumnKind;
+
+namespace {
+
+constexpr int kMostDecimals = 5; // the radiant temperature's caption has up to 14
+
+/// The present first.
+using Situations = std::vector<const Situation*>;
+/// One value for each situation.
+using Cells = std::vector<ComparisonCell>;
+
+ComparisonCell textCell(std::string text, std::string note = {})
+{
+    ComparisonCell cell;
+    cell.shown = text;
+    cell.text = std::move(text);
+    cell.note = std::move(note);
+    return cell;
+}
+
+int decimalsOf(const std::string& text)
+{
+    const std::size_t point = text.find_first_of(".,");
+    return point == std::string::npos ? 0 : static_cast<int>(text.size() - point - 1);
+}
+
+std::string differenceText(double difference, const std::string& a, const std::string& b)
+{
+    const int decimals = std::min(std::max(decimalsOf(a), decimalsOf(b)), kMostDecimals);
+    std::string text = texts::format(difference, {decimals, 1});
+    const bool positive = texts::val(text) > 0;
+    return (positive ? "+" : "") + text;
+}
+
+ComparisonCell differenceOf(const ComparisonCell& present, const ComparisonCell& pinned)
+{
+    ComparisonCell cell;
+    if (present.number && pinned.number) {
+        const double difference = *present.number - *pinned.number;
+        cell.number = difference;
+        cell.shown = differenceText(difference, present.shown, pinned.shown);
+        cell.text = differenceText(difference, present.text, pinned.text);
+    } else if (!present.text.empty() || !pinned.text.empty()) {
+        if (!present.number && present.text.empty())
+            cell.note = "No difference: at present there is no value. " + present.note;
+        else if (!pinned.number && pinned.text.empty())
+            cell.note = "No difference: what is pinned has no value. " + pinned.note;
+    }
+    return cell;
+}
+
+ComparisonCell classOf(const ComparisonCell& value)
+{
+    ComparisonCell cell;
+    if (value.meaning) {
+        cell = textCell(catalogue::inWords(*value.meaning), value.note);
+        cell.meaning = value.meaning;
+    }
+    return cell;
+}
+
+ComparisonCell liveCell(const Situation& situation, Live quantity)
+{
+    const LiveFigure& live = situation.liveFigure(quantity);
+    ComparisonCell cell = textCell(live.text);
+    cell.shown = briefly(live.text);
+    cell.number = live.number;
+    if (live.text.empty())
+        cell.note = situation.problem.empty() ? "It has no value for these readings." : situation.problem;
+    return cell;
+}
+
+// As typed, or as derived from the others.
+ComparisonCell readingCell(const Situation& situation, std::size_t reading)
+{
+    const std::string& typed = situation.inputs.readings[reading];
+    if (typed.empty()) {
+        ComparisonCell cell = liveCell(situation, classic::kReadingInfo[reading].live);
+        if (!cell.text.empty())
+            cell.note = "Derived, " + cell.text + ".";
+        return cell;
+    }
+    ComparisonCell cell = textCell(typed, "As typed.");
+    cell.number = texts::numericValue(typed);
+    return cell;
+}
+
+ComparisonCell indexCell(const Situation& situation, int index)
+{
+    const Figure& figure = situation.figure(index);
+    ComparisonCell cell = textCell(figure.text, figure.text.empty() ? figure.reason : figure.doubt);
+    cell.number = figure.number;
+    cell.meaning = figure.meaning;
+    cell.doubtful = !figure.doubt.empty();
+    if (cell.note.empty() && figure.meaning)
+        cell.note = catalogue::meaningNote(index, *figure.meaning);
+    return cell;
+}
+
+class Builder {
+public:
+    Builder(const Comparison& comparison, bool withClasses) : m_withClasses(withClasses)
+    {
+        m_situations.push_back(&comparison.workspace().present());
+        for (std::size_t i = 0; i < comparison.count(); ++i)
+            m_situations.push_back(&comparison.situation(i));
+
+        add(Quantity, {}, "Quantity", {});
+        add(Unit, {}, "Unit", {});
+        add(Value, {}, "Now", "What the readings come to that stand in the window");
+        if (withClasses)
+            add(Class, {}, "Class now", {});
+        for (std::size_t i = 0; i < comparison.count(); ++i) {
+            const Pin& pin = comparison.pin(i);
+            add(Value, i, pin.name, "Pinned " + pin.time);
+            if (withClasses)
+                add(Class, i, "Class of " + pin.name, {});
+            add(Difference, i, "Now less " + pin.name,
+                "The present value less that of " + pin.name + ", before either was rounded");
+        }
+    }
+
+    /// A row that `cellOf` tells for each situation.
+    void addRow(std::string_view name, std::string_view unit,
+                const std::function<ComparisonCell(const Situation&, std::size_t place)>& cellOf,
+                int index = 0)
+    {
+        Cells cells;
+        for (std::size_t i = 0; i < m_situations.size(); ++i)
+            cells.push_back(cellOf(*m_situations[i], i));
+        ComparisonRow row;
+        row.index = index;
+        row.cells.push_back(textCell(std::string(name)));
+        row.cells.push_back(textCell(unit == "[-]" ? std::string() : std::string(unit)));
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            row.cells.push_back(cells[i]);
+            if (m_withClasses)
+                row.cells.push_back(classOf(cells[i]));
+            if (i > 0)
+                row.cells.push_back(differenceOf(cells[0], cells[i]));
+        }
+        m_table.rows.push_back(std::move(row));
+    }
+
+    bool differ(const std::function<const std::string&(const Situation&)>& textOf) const
+    {
+        return std::any_of(m_situations.begin(), m_situations.end(), [&](const Situation* situation) {
+            return textOf(*situation) != textOf(*m_situations.front());
+        });
+    }
+
+    ComparisonTable take() { return std::move(m_table); }
+
+private:
+    void add(ComparisonColumnKind kind, std::optional<std::size_t> pin, std::string heading, std::string note)
+    {
+        m_table.columns.push_back({kind, pin, std::move(heading), std::move(note)});
+    }
+
+    bool m_withClasses;
+    Situations m_situations;
+    ComparisonTable m_table;
+};
+
+template <class Append>
+std::string lines(const ComparisonTable& table, char separator, const char* end, Append append)
+{
+    std::string text;
+    const auto addLine = [&](const auto& cells, const auto& textOf) {
+        bool first = true;
+        for (const auto& cell : cells) {
+            if (!first)
+                text += separator;
+            first = false;
+            append(text, textOf(cell));
+        }
+        text += end;
+    };
+    addLine(table.columns, [](const ComparisonColumn& column) { return column.heading; });
+    for (const ComparisonRow& row : table.rows)
+        addLine(row.cells, [](const ComparisonCell& cell) { return cell.text; });
+    return text;
+}
+
+} // namespace
+
+ComparisonTable comparisonTable(const Comparison& comparison, const std::vector<int>& indices)
+{
+    const bool withClasses = std::any_of(indices.begin(), indices.end(), [](int index) {
+        return !catalogue::scale(index).categories.empty();
+    });
+    Builder builder(comparison, withClasses);
+    if (comparison.count() > 0)
+        builder.addRow("Pinned", {}, [&](const Situation&, std::size_t place) {
+            return place == 0 ? textCell({}, "The present situation is not pinned.")
+                              : textCell(comparison.pin(place - 1).time);
+        });
+    builder.addRow("Calculated by", {}, [](const Situation& situation, std::size_t) {
+        return textCell(classic::inForce(situation.inputs.settings), situation.problem);
+    });
+    for (std::size_t i = 0; i < classic::kAssumptionCount; ++i) {
+        const classic::AssumptionInfo& info = classic::kAssumptionInfo[i];
+        if (!builder.differ([i](const Situation& situation) -> auto& {
+                return situation.inputs.assumptions[i];
+            }))
+            continue;
+        std::string_view name = info.heading;
+        name.remove_suffix(name.ends_with(':') ? 1 : 0);
+        builder.addRow(name, info.unit, [i](const Situation& situation, std::size_t) {
+            ComparisonCell cell = textCell(situation.inputs.assumptions[i], "An assumption, as typed.");
+            cell.number = texts::numericValue(cell.text);
+            return cell;
+        });
+    }
+    for (std::size_t i = 0; i < classic::kReadingCount; ++i)
+        builder.addRow(classic::kReadingInfo[i].heading, classic::kReadingInfo[i].unit(),
+                       [i](const Situation& situation, std::size_t) { return readingCell(situation, i); });
+    for (std::size_t i = classic::kReadingCount; i < formulas::kLiveCount; ++i)
+        builder.addRow(formulas::kLiveInfo[i].name, formulas::kLiveInfo[i].unit,
+                       [i](const Situation& situation, std::size_t) {
+                           return liveCell(situation, static_cast<Live>(i));
+                       });
+    for (const int index : indices)
+        builder.addRow(
+            catalogue::row(index).name, catalogue::row(index).unit,
+            [index](const Situation& situation, std::size_t) { return indexCell(situation, index); }, index);
+    return builder.take();
+}
+
+std::string plainTable(const ComparisonTable& table)
+{
+    return lines(table, '\t', "\n", [](std::string& text, std::string cell) {
+        std::replace_if(
+            cell.begin(), cell.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+        text += cell;
+    });
+}
+
+std::string csvTable(const ComparisonTable& table)
+{
+    return lines(table, ',', "\r\n",
+                 [](std::string& text, const std::string& cell) { output::appendCsvCell(text, cell); });
+}
+
+} // namespace comfortics::workspace

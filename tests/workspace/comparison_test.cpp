@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/comparison.h"
+
+#include "no_windows.h"
+#include "prepared_answers.h"
+#include "workspace/comparison_table.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace comfortics::workspace {
+namespace {
+
+constexpr std::chrono::sys_days kDay = std::chrono::year{2026} / 11 / 23;
+
+struct Program {
+    classic::Limits limits = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    comfortics::tests::RecordedMessages messages;
+    comfortics::tests::NoWindows windows;
+    classic::Frm_Main form{limits, messages, windows};
+    TransientPreferences preferences;
+    Workspace workspace{limits, form, preferences};
+    Comparison comparison{workspace};
+
+    void type(const char* Ta, const char* SR, const char* RH, const char* WS)
+    {
+        form.txt_TA.setText(Ta);
+        form.txt_SR.setText(SR);
+        form.txt_RH.setText(RH);
+        form.txt_WS.setText(WS);
+    }
+    std::string pin() { return comparison.pinPresent(kDay + std::chrono::minutes(14 * 60 + 5)); }
+};
+
+std::size_t columnOf(const ComparisonTable& table, const std::string& heading)
+{
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+        if (table.columns[i].heading == heading)
+            return i;
+    throw std::runtime_error("there is no column " + heading);
+}
+
+const ComparisonCell& cell(const ComparisonTable& table, const std::string& quantity,
+                           const std::string& heading)
+{
+    for (const ComparisonRow& row : table.rows)
+        if (row.cells[0].text.starts_with(quantity))
+            return row.cells[columnOf(table, heading)];
+    throw std::runtime_error("there is no row " + quantity);
+}
+
+TEST(Comparison, TellsDifferencesOfNumbersAndNoneOfBlanks)
+{
+    Program program;
+    program.type("30.5", "0", "49.5", "1.25");
+    EXPECT_EQ(program.pin(), "");
+    program.comparison.rename(0, "  evening ");
+    program.type("33", "0", "48.3", "2");
+    // 65 is Ta - 0.4 (Ta - 10) (1 - RH / 100): 28.2436 now and 26.359 then. 88 begins at 26.7 °C.
+    const ComparisonTable table = comparisonTable(program.comparison, {65, 88});
+
+    EXPECT_EQ(cell(table, "Air Temperature", "Now less evening").text, "+2.5");
+    EXPECT_EQ(cell(table, "Wind Speed", "Now less evening").text, "+0.75");
+    EXPECT_EQ(cell(table, "Relative Humidity", "Now less evening").text, "-1.2");
+    EXPECT_EQ(cell(table, "Solar Radiation", "Now less evening").text, "0");
+    EXPECT_EQ(cell(table, "Effective Temperature", "Now").text, "28.2");
+    EXPECT_EQ(cell(table, "Effective Temperature", "evening").text, "26.4");
+    EXPECT_EQ(cell(table, "Effective Temperature", "Now less evening").text, "+1.9")
+        << "of the numbers before they were rounded";
+    EXPECT_EQ(cell(table, "Pinned", "evening").text, "2026-11-23 14:05 UTC");
+    EXPECT_EQ(cell(table, "Calculated by", "Now less evening").text, "");
+    const ComparisonCell& globe = cell(table, "Globe Temperature", "Now");
+    EXPECT_NE(globe.note.find("Derived"), std::string::npos) << "no globe was typed";
+
+    program.type("20", "0", "90", "2");
+    const ComparisonTable cold = comparisonTable(program.comparison, {88});
+    EXPECT_EQ(cell(cold, "Heat Index", "Now").text, "");
+    EXPECT_NE(cell(cold, "Heat Index", "Now").note.find("Outside its limits"), std::string::npos);
+    EXPECT_EQ(cell(cold, "Heat Index", "Now less evening").text, "");
+    EXPECT_NE(cell(cold, "Heat Index", "Now less evening").note.find("at present"), std::string::npos);
+    EXPECT_NE(cell(cold, "Heat Index", "Class of evening").text, "");
+    EXPECT_EQ(cell(cold, "Heat Index", "Class now").text, "");
+
+    program.type("", "", "", "");
+    const ComparisonTable empty = comparisonTable(program.comparison, {88});
+    for (const ComparisonRow& row : empty.rows)
+        if (row.cells[0].text != "Calculated by") {
+            EXPECT_EQ(row.cells[columnOf(empty, "Now")].text, "") << row.cells[0].text;
+            EXPECT_FALSE(row.cells[columnOf(empty, "Now")].note.empty()) << row.cells[0].text;
+            EXPECT_EQ(row.cells[columnOf(empty, "Now less evening")].text, "");
+        }
+    EXPECT_NE(program.pin().find("air temperature"), std::string::npos) << "there is nothing to pin";
+    EXPECT_EQ(program.comparison.count(), 1U);
+}
+
+TEST(Comparison, ShowsByWhichOptionsAndAssumptionsSituationsDiffer)
+{
+    Program program;
+    program.type("30", "500", "50", "2");
+    program.pin();
+    program.form.Opt_Rules.select(2);
+    program.form.txt_Barometric.setText("950");
+    const ComparisonTable table = comparisonTable(program.comparison, {});
+    EXPECT_EQ(cell(table, "Calculated by", "Now").text, "precise rules, limits kept");
+    EXPECT_EQ(cell(table, "Calculated by", "Situation 1").text, "classic rules, limits kept");
+    EXPECT_EQ(cell(table, "Barometric Pressure", "Now less Situation 1").text, "-66");
+    EXPECT_THROW(cell(table, "Body Mass", "Now"), std::runtime_error) << "it is the same";
+}
+
+TEST(Comparison, KeepsItsOrderAndNames)
+{
+    Program program;
+    program.type("30", "500", "50", "2");
+    for (std::size_t i = 0; i < Comparison::kMostPins; ++i)
+        EXPECT_EQ(program.pin(), "");
+    EXPECT_NE(program.pin(), "") << "the table has a last column";
+    const auto names = [&] {
+        std::string all;
+        for (std::size_t i = 0; i < 4; ++i)
+            all += program.comparison.pin(i).name.substr(10);
+        return all;
+    };
+    program.comparison.move(0, 2);
+    EXPECT_EQ(names(), "2314");
+    program.comparison.move(3, 1);
+    EXPECT_EQ(names(), "2431");
+    program.comparison.remove(1);
+    EXPECT_EQ(names().substr(0, 3), "231");
+    program.comparison.rename(0, " ");
+    program.comparison.rename(1, std::string(81, 'x'));
+    EXPECT_EQ(names().substr(0, 3), "231");
+    program.pin();
+    EXPECT_EQ(program.comparison.pin(program.comparison.count() - 1).name, "Situation 4") << "the free one";
+}
+
+TEST(Comparison, ComesBackFromItsTextWithFiguresCalculatedAnew)
+{
+    Program program;
+    program.type("30.5", "0", "49.5", "1.25");
+    program.form.Opt_Rules.select(1);
+    program.form.txt_Friction.setText("0.3");
+    program.pin();
+    program.comparison.rename(0, "Köln, \"noon\"\t1");
+    program.type("33", "700", "48.3", "2");
+    program.pin();
+
+    Program later;
+    const std::string json = program.comparison.json();
+    ASSERT_EQ(later.comparison.fault(json), "");
+    later.comparison.restore(json);
+    ASSERT_EQ(later.comparison.count(), 2U);
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(later.comparison.pin(i), program.comparison.pin(i));
+        for (int index = 1; index <= catalogue::kLastIndex; ++index)
+            EXPECT_EQ(later.comparison.situation(i).figure(index).text,
+                      program.comparison.situation(i).figure(index).text);
+    }
+    later.comparison.restore("");
+    EXPECT_EQ(later.comparison.count(), 0U);
+    EXPECT_EQ(later.comparison.json(), "");
+}
+
+TEST(Comparison, RefusesWhatIsDamaged)
+{
+    Program program;
+    program.type("30", "500", "50", "2");
+    program.pin();
+    const std::string good = program.comparison.json();
+    for (const std::string& bad :
+         {good.substr(0, good.size() - 2), std::string("{}"), std::string("[1]"), std::string("[{}]"),
+          std::string(R"([{"name": 3}])"), std::string(R"([{"name": "a", "readings": {"TA": 30}}])"),
+          std::string(R"([{"name": "a", "options": {"rules": "newest"}}])"),
+          R"([{"name": ")" + std::string(200, 'n') + R"("}])", std::string("[{\"name\": \"\xff\"}]")}) {
+        EXPECT_FALSE(program.comparison.fault(bad).empty()) << bad;
+    }
+    std::string many = "[";
+    for (std::size_t i = 0; i <= Comparison::kMostPins; ++i)
+        many += std::string(i > 0 ? "," : "") + R"({"name": "a"})";
+    EXPECT_FALSE(program.comparison.fault(many + "]").empty());
+    EXPECT_EQ(program.comparison.json(), good);
+}
+
+TEST(Comparison, WritesItsTableForOtherPrograms)
+{
+    Program program;
+    program.type("30.5", "0", "49.5", "1.25");
+    program.pin();
+    program.comparison.rename(0, "noon, \"A\"");
+    program.type("33", "0", "48.3", "2");
+    const ComparisonTable table = comparisonTable(program.comparison, {65});
+    const std::string csv = csvTable(table);
+    EXPECT_TRUE(csv.starts_with("Quantity,Unit,Now,Class now,\"noon, \"\"A\"\"\",")) << csv;
+    EXPECT_NE(csv.find("\r\nAir Temperature,°C,33,,30.5,,+2.5\r\n"), std::string::npos) << csv;
+    const std::string plain = plainTable(table);
+    EXPECT_NE(plain.find("\nAir Temperature\t°C\t33\t\t30.5\t\t+2.5\n"), std::string::npos) << plain;
+}
+
+} // namespace
+} // namespace comfortics::workspace
