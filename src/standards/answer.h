@@ -60,8 +60,12 @@ enum class Quantity : std::uint8_t {
     Pascal,      ///< pressure of the air, 30000..110000 Pa
     Hectopascal, ///< the same in hPa, 300..1100
     Positive,    ///< more than 0: a weight, a length, an age
-    Any,         ///< any number that is finite
+    Any,         ///< a number of either sign
 };
+
+/// More than any quantity is in the units of this room, and little enough that no power of it overflows.
+/// Where nothing else bounds a quantity this does.
+inline constexpr double kLargest = 1e9;
 
 /// Both ends belong to it.
 struct Interval {
@@ -72,10 +76,9 @@ struct Interval {
     constexpr bool contains(double value) const noexcept { return value >= low && value <= high; }
 };
 
-/// The bounds of a quantity. Those of Positive leave out 0, and none takes an infinity.
+/// The bounds of a quantity. Those of Positive leave out 0.
 constexpr Interval physicalBounds(Quantity quantity) noexcept
 {
-    constexpr double kLargest = std::numeric_limits<double>::max();
     switch (quantity) {
     case Quantity::Temperature:
         return {-100, 150};
@@ -91,7 +94,7 @@ constexpr Interval physicalBounds(Quantity quantity) noexcept
     case Quantity::Hectopascal:
         return {300, 1100};
     case Quantity::Positive:
-        return {std::numeric_limits<double>::denorm_min(), kLargest};
+        return {1 / kLargest, kLargest};
     case Quantity::Any:
         break;
     }
