@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "standards/pmv_ashrae.h"
+
+#include "formulas/bracketed_root.h"
+#include "formulas/mean_vote.h"
+#include "standards/adaptive_ashrae.h"
+#include "standards/two_node.h"
+
+#include <cmath>
+
+namespace comfortics::standards {
+
+namespace {
+
+constexpr double kStillAir = 0.1;     // [m/s]
+constexpr double kLargestEffect = 40; // [K]
+
+/// The same person in still air that is cooler by `effect`.
+PmvInputs cooled(const PmvInputs& inputs, double effect)
+{
+    PmvInputs still = inputs;
+    still.ta -= effect;
+    still.tr -= effect;
+    still.v = kStillAir;
+    return still;
+}
+
+double setOf(const PmvInputs& in, Edition edition)
+{
+    return coolingEffectSet({.ta = in.ta,
+                             .tr = in.tr,
+                             .v = in.v,
+                             .RH = in.RH,
+                             .met = in.met,
+                             .clo = in.clo,
+                             .work = in.work,
+                             .edition = edition})
+        .value_or(kNaN);
+}
+
+} // namespace
+
+CoolingEffect coolingEffect(const PmvInputs& inputs, Edition edition) noexcept
+{
+    // SET of still air is no smooth function of its temperature where the skin is as wet as it can be: there
+    // may be several roots, and halving says which is meant. Below this width the rest is quicker by secants.
+    constexpr double kHalvedTo = 0.01; // [K]
+    constexpr double kFall = -0.9;     // of SET for each kelvin of cooler air, about
+    constexpr double kLeastFall = 0.2;
+    const double moving = setOf(inputs, edition);
+    const auto surplus = [&](double effect) { return setOf(cooled(inputs, effect), edition) - moving; };
+    double low = 0;
+    double high = kLargestEffect;
+    double atLow = surplus(low);
+    if (std::isnan(atLow))
+        return {};
+    if (atLow == 0)
+        return {.effect = 0, .cools = true};
+    if (!(atLow > 0 && surplus(high) < 0))
+        return {.effect = 0};
+    while (high - low > kHalvedTo) {
+        const double middle = 0.5 * (low + high);
+        const double there = surplus(middle);
+        if (there > 0) {
+            low = middle;
+            atLow = there;
+        } else
+            high = middle;
+    }
+    const auto root = formulas::bracketedRoot(
+        {.low = low, .high = high, .start = low - atLow / kFall, .slope = kFall, .leastSlope = kLeastFall},
+        surplus);
+    return {.effect = root.value_or(0.5 * (low + high)), .cools = true};
+}
+
+double airSpeedLimit(double operative, double met, double clo) noexcept
+{
+    if (!(clo < 0.7 && met < 1.3))
+        return kNaN;
+    if (operative > 25.5)
+        return 0.8;
+    return operative >= 23 ? 50.49 - 4.4047 * operative + 0.096425 * operative * operative : 0.2;
+}
+
+PmvAshrae pmvAshrae(const PmvInputs& inputs, Motion motion, Edition edition, Limits limits) noexcept
+{
+    using namespace pmv_ashrae_range;
+    Examination examination(limits);
+    examination.look(kTa, inputs.ta);
+    examination.look(kTr, inputs.tr);
+    examination.look({kSpeed.name, kSpeed.quantity}, inputs.v);
+    examination.look(kRH, inputs.RH);
+    examination.look(kMet, inputs.met);
+    examination.look({kClo.name, kClo.quantity}, inputs.clo);
+    examination.look(kWork, inputs.work);
+    if (inputs.work > inputs.met)
+        examination.mark(kWork.name);
+    if (!examination.hasValue())
+        return {.verdict = examination.verdict()};
+
+    PmvInputs actual = inputs;
+    const InMotion moving = inMotion(motion, inputs.v, inputs.met, inputs.clo);
+    actual.v = moving.v;
+    actual.clo = moving.clo;
+    examination.look(kSpeed, moving.v);
+    examination.look(kClo, moving.clo);
+    if (!examination.hasValue())
+        return {.verdict = examination.verdict(), .inMotion = moving};
+
+    const bool still = moving.v <= kStillAir;
+    const CoolingEffect cooling = still ? CoolingEffect{.effect = 0} : coolingEffect(actual, edition);
+    std::optional<MeanVote> vote;
+    if (std::isnan(cooling.effect))
+        examination.refuse(Reason::NoRoot, "set");
+    else {
+        vote = meanVote(cooling.cools ? cooled(actual, cooling.effect) : actual);
+        if (!vote)
+            examination.refuse(Reason::NoRoot, "t_cl");
+        else if (!std::isfinite(vote->pmv))
+            examination.refuse(Reason::Undefined, kPmv.name);
+        else
+            examination.look(kPmv, vote->pmv);
+    }
+    if (!examination.hasValue())
+        return {.verdict = examination.verdict(), .inMotion = moving};
+    // The limit is one of the room and its clothing as looked up, so of what was typed.
+    const double limit =
+        airSpeedLimit(ashraeOperative(inputs.ta, inputs.tr, inputs.v), inputs.met, inputs.clo);
+    return {.verdict = examination.verdict(),
+            .pmv = vote->pmv,
+            .ppd = formulas::Predicted_Percentage_Dissatisfied(vote->pmv),
+            .coolingEffect = cooling.effect,
+            .compliant = std::fabs(vote->pmv) < 0.5,
+            .speedLimit = limit,
+            .beyondSpeedLimit = inputs.v > limit,
+            .inMotion = moving};
+}
+
+} // namespace comfortics::standards
