@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "standards/pet.h"
+
+#include "formulas/bracketed_root.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace comfortics::standards {
+
+using namespace pet_body;
+
+namespace {
+
+constexpr double kKelvin = 273.2;
+constexpr double kAirHeat = 1010;                 // [J/kgK]
+constexpr double kBloodHeat = 1.06 * 3640 / 3600; // [Wh/LK]
+constexpr double kVaporisation = 2.42e6;          // [J/kg]
+constexpr double kBreathPerWatt = 1.44e-6;        // [kg/sW]
+constexpr double kTau = 6.28;                     // as the model rounds it
+
+double kelvinToFourth(double t)
+{
+    return fourthPower(t + kKelvin);
+}
+
+} // namespace
+
+double petSaturation(double t) noexcept
+{
+    return 6.11 * std::exp(std::numbers::ln10 * (7.45 * t / (235 + t)));
+}
+
+PetBody::PetBody(const PetInputs& in) noexcept
+    : m_sex(in.sex), m_pressure(in.pressure), m_heat(basalRate(in) + in.work),
+      m_surface(0.203 * std::pow(in.weight, 0.425) * std::pow(in.height, 0.725)),
+      m_radiantShare(radiantShare(in.posture))
+{
+    const double f = 1 + 0.15 * in.clo;
+    const double covered = std::min(1.0, coveredShare(in.clo));
+    m_bare = 1 - covered;
+    m_clothed = m_surface * (covered + f - 1);
+    m_resistance = in.clo / (6.45 * covered);
+    const double length = kTau * clothedHeight(in.clo, in.height);
+    const double outer = m_surface * (f - 1 + covered) / length;
+    const double inner = covered * m_surface / length;
+    m_transmission = length * (outer - inner) / (m_resistance * std::log(outer / inner) * m_clothed);
+    m_outdoors = air(in.ta, in.tmrt, in.v, in.e.value_or(in.RH / 100 * petSaturation(in.ta)));
+}
+
+PetBody::Air PetBody::air(double ta, double tmrt, double v, double e) const noexcept
+{
+    const double convection =
+        (2.67 + 6.5 * std::pow(v, 0.67)) * std::pow(m_pressure / kStandardPressure, 0.55);
+    return {ta, tmrt, e, convection, kelvinToFourth(tmrt), breathing(ta, e)};
+}
+
+double PetBody::breathing(double ta, double e) const noexcept
+{
+    const double breath = kBreathPerWatt * m_heat;
+    const double exhaled = 0.47 * ta + 21;
+    return kAirHeat * (ta - exhaled) * breath +
+           0.623 * kVaporisation / m_pressure * (e - petSaturation(exhaled)) * breath;
+}
+
+double PetBody::skinUnder(double tClothing) const noexcept
+{
+    const double radiated = kClothingEmissivity * kStefanBoltzmann * m_radiantShare *
+                            (kelvinToFourth(tClothing) - m_outdoors.radiation);
+    const double lost = m_outdoors.convection * (tClothing - m_outdoors.ta) + radiated;
+    return tClothing + lost / m_transmission;
+}
+
+std::optional<PetBody::State> PetBody::stateUnder(double tClothing) const noexcept
+{
+    State state{.tClothing = tClothing, .tSkin = skinUnder(tClothing)};
+    const auto tCore = coreTemperature(state.tSkin, (m_heat + m_outdoors.breathing) / m_surface, kBloodHeat);
+    if (!tCore)
+        return std::nullopt;
+    state.tCore = *tCore;
+    const double tBody = 0.1 * state.tSkin + 0.9 * state.tCore;
+    const double ofSex = m_sex == Sex::Male ? 1 : 0.7;
+    const double sweat = 304.94 * std::max(0.0, tBody - 36.6) * m_surface / 3.6e6 * ofSex; // [kg/s]
+    const double regulated = -sweat * kVaporisation;
+    const double potential = 0.633 * m_outdoors.convection / (m_pressure * kAirHeat) *
+                             (m_outdoors.e - petSaturation(state.tSkin)) * m_surface * kVaporisation /
+                             (1 + 0.92 * m_outdoors.convection * m_resistance);
+    if (regulated == 0)
+        state.wettedness = 0;
+    else
+        state.wettedness = potential == 0 ? 1 : std::min(1.0, regulated / potential);
+    state.sweat = std::min(0.0, std::max(regulated, potential));
+    return state;
+}
+
+double PetBody::surplusIn(const Air& air, const State& state) const noexcept
+{
+    const double diffusion =
+        kVaporisation / 0.79e7 * m_surface * (1 - state.wettedness) * (air.e - petSaturation(state.tSkin));
+    const double bareRadiation = m_surface * m_radiantShare * m_bare * kSkinEmissivity * kStefanBoltzmann *
+                                 (air.radiation - kelvinToFourth(state.tSkin));
+    const double clothedRadiation = m_radiantShare * m_clothed * kClothingEmissivity * kStefanBoltzmann *
+                                    (air.radiation - kelvinToFourth(state.tClothing));
+    const double convection = air.convection * ((air.ta - state.tSkin) * m_surface * m_bare +
+                                                (air.ta - state.tClothing) * m_clothed);
+    return m_heat + air.breathing + diffusion + state.sweat + bareRadiation + clothedRadiation + convection;
+}
+
+double PetBody::surplus(const State& state) const noexcept
+{
+    return surplusIn(m_outdoors, state);
+}
+
+double PetBody::referenceSurplus(const State& state, double t) const noexcept
+{
+    return surplusIn(air(t, t, kReferenceSpeed, kReferenceVapour), state);
+}
+
+// The unknown is the clothing's temperature: it gives the skin's outright, and rises with it.
+std::optional<PetBody::State> PetBody::balanced() const noexcept
+{
+    constexpr double kFar = 1e6;     // [W] beyond the skins that are looked at
+    constexpr double kClosed = 1e-3; // [W] a surplus that jumps over 0 has no root
+    const auto surplusUnder = [this](double tClothing) {
+        const double tSkin = skinUnder(tClothing);
+        if (tSkin < kPetSkins.low)
+            return kFar;
+        if (tSkin > kPetSkins.high)
+            return -kFar;
+        const auto state = stateUnder(tClothing);
+        return state ? surplus(*state) : kNaN;
+    };
+    const double low = std::min({kPetSkins.low, m_outdoors.ta, m_outdoors.tmrt});
+    const double high = std::max({kPetSkins.high, m_outdoors.ta, m_outdoors.tmrt});
+    const double surroundings = 0.5 * (m_outdoors.ta + m_outdoors.tmrt);
+    const double least = m_outdoors.convection * m_clothed;
+    const auto root = formulas::bracketedRoot({.low = low,
+                                               .high = high,
+                                               .start = surroundings + 0.4 * (34 - surroundings),
+                                               .slope = -3 * (least + 5 * m_clothed),
+                                               .leastSlope = least},
+                                              surplusUnder);
+    if (!root)
+        return std::nullopt;
+    const auto state = stateUnder(*root);
+    if (!state || !(std::fabs(surplus(*state)) < kClosed))
+        return std::nullopt;
+    return state;
+}
+
+std::optional<double> PetBody::equivalentTemperature(const State& state) const noexcept
+{
+    Air reference = air(0, 0, kReferenceSpeed, kReferenceVapour);
+    const double least = 0.5 * reference.convection * m_clothed;
+    return formulas::bracketedRoot({.low = kPetBracket.low,
+                                    .high = kPetBracket.high,
+                                    .start = state.tClothing,
+                                    .slope = -3 * (least + 5 * m_clothed),
+                                    .leastSlope = least},
+                                   [&](double t) {
+                                       reference.ta = t;
+                                       reference.tmrt = t;
+                                       reference.radiation = kelvinToFourth(t);
+                                       reference.breathing = breathing(t, kReferenceVapour);
+                                       return -surplusIn(reference, state);
+                                   });
+}
+
+Pet pet(const PetInputs& inputs, Limits limits) noexcept
+{
+    Examination examination(limits);
+    lookAt(examination, inputs);
+    if (!examination.hasValue())
+        return {examination.verdict()};
+    const PetBody body(inputs);
+    const auto state = body.balanced();
+    const auto equivalent = state ? body.equivalentTemperature(*state) : std::nullopt;
+    if (!equivalent) {
+        examination.refuse(Reason::NoRoot, state ? "pet" : "t_skin");
+        return {examination.verdict()};
+    }
+    return {.verdict = examination.verdict(),
+            .pet = *equivalent,
+            .tCore = state->tCore,
+            .tSkin = state->tSkin,
+            .tClothing = state->tClothing,
+            .wettedness = state->wettedness};
+}
+
+} // namespace comfortics::standards
