@@ -17,17 +17,9 @@ namespace comfortics::standards {
 
 using formulas::bracketedRoot;
 
-namespace {
+using namespace ireq_range;
 
-constexpr Input kM{"M", Quantity::Positive, {58, 400}};
-constexpr Input kWork{"work", Quantity::Flux};
-constexpr Input kTa{"ta", Quantity::Temperature, {-kInfinity, 10}};
-constexpr Input kTr{"tr", Quantity::Temperature};
-constexpr Input kPermeability{"permeability", Quantity::Positive, {1, 100}};
-constexpr Input kWalking{"walking", Quantity::Speed, {0, 1.2}};
-constexpr Input kV{"v", Quantity::Speed, {0.4, 18}};
-constexpr Input kRH{"RH", Quantity::Humidity};
-constexpr Input kClo{"clo", Quantity::Clothing};
+namespace {
 
 constexpr double kCloUnit = 0.155;  // [m²K/W]
 constexpr double kSurface = 1.197;  // growth of the surface with the insulation [W/m²/K]

@@ -16,6 +16,19 @@
 
 namespace comfortics::standards {
 
+/// Ranges of the standard. The walking speed has a lower bound that goes with M.
+namespace ireq_range {
+inline constexpr Input kM{"M", Quantity::Positive, {58, 400}};
+inline constexpr Input kWork{"work", Quantity::Flux};
+inline constexpr Input kTa{"ta", Quantity::Temperature, {-kInfinity, 10}};
+inline constexpr Input kTr{"tr", Quantity::Temperature};
+inline constexpr Input kPermeability{"permeability", Quantity::Positive, {1, 100}};
+inline constexpr Input kWalking{"walking", Quantity::Speed, {0, 1.2}};
+inline constexpr Input kV{"v", Quantity::Speed, {0.4, 18}};
+inline constexpr Input kRH{"RH", Quantity::Humidity};
+inline constexpr Input kClo{"clo", Quantity::Clothing};
+} // namespace ireq_range
+
 struct IreqInputs {
     double M = kNaN;         ///< metabolic rate [W/m²], 58..400
     double work = 0;         ///< effective mechanical power [W/m²]

@@ -21,29 +21,11 @@ namespace comfortics::standards {
 
 using formulas::bracketedRoot;
 
+using namespace phs_range;
+
 namespace {
 
 enum class Edition : std::uint8_t { Of2004, Of2023 };
-
-constexpr Input kTa{"ta", Quantity::Temperature, {15, 50}};
-constexpr Input kTr{"tr", Quantity::Temperature};
-constexpr Interval kRadiantExcess{0, 60}; // of tr over ta [K]
-constexpr Input kV{"v", Quantity::Speed, {0, 3}};
-constexpr Input kPa2004{"pa", Quantity::Flux, {0, 4.5}};
-constexpr Input kPa2023{"pa", Quantity::Flux, {0.5, 4.5}};
-constexpr Input kM{"M", Quantity::Positive};
-constexpr Interval kM2004{100, 450}; // [W/m²]
-constexpr Interval kM2023{56, 250};
-constexpr Input kWork{"work", Quantity::Flux};
-constexpr Input kClo{"clo", Quantity::Clothing, {0.1, 1}};
-constexpr Input kWalking{"walking", Quantity::Speed};
-constexpr Input kAngle{"angle"};
-constexpr Input kDuration{"duration", Quantity::Positive, {1, 480}};
-constexpr Input kWeight{"weight", Quantity::Positive};
-constexpr Input kHeight{"height", Quantity::Positive};
-constexpr Input kImst{"imst", Quantity::Positive};
-constexpr Input kAp{"Ap", Quantity::Flux, {0, 1}};
-constexpr Input kFr{"Fr", Quantity::Flux, {0, 1}};
 
 /// What a difference or quotient of inputs may be off by rounding.
 constexpr double kRounding = 1e-9;
@@ -349,35 +331,35 @@ PhsResult predict(Edition edition, const PhsInputs& in, Limits limits, std::span
             examination.refuse(Reason::NoRoot, found ? "t_re" : "t_cr");
             return refused(examination.verdict(), course, index);
         }
-        reach(result.d_lim_tre, body.tre >= kPhsLimit, i);
-        reach(result.d_lim_loss, loss >= lossLimit, i);
+        reach(result.dLimTre, body.tre >= kPhsLimit, i);
+        reach(result.dLimLoss, loss >= lossLimit, i);
         if (of2004)
-            reach(result.d_lim_loss_mean, loss >= meanLossLimit, i);
+            reach(result.dLimLossMean, loss >= meanLossLimit, i);
         if (body.tre > kPhsFormal && result.formalFrom == 0)
             result.formalFrom = i;
         if (index < course.size())
             course[index] = minute;
     }
 
-    result.d_lim = {in.duration, false};
-    for (PhsTime* time : {&result.d_lim_tre, &result.d_lim_loss, &result.d_lim_loss_mean}) {
+    result.dLim = {in.duration, false};
+    for (PhsTime* time : {&result.dLimTre, &result.dLimLoss, &result.dLimLossMean}) {
         if (!time->reached)
             time->minutes = in.duration;
-        else if (!result.d_lim.reached || time->minutes < result.d_lim.minutes)
-            result.d_lim = *time;
+        else if (!result.dLim.reached || time->minutes < result.dLim.minutes)
+            result.dLim = *time;
     }
     if (!of2004)
-        result.d_lim_loss_mean = {};
+        result.dLimLossMean = {};
 
     result.verdict = examination.verdict();
-    result.water_loss = loss;
+    result.waterLoss = loss;
     if (body.tre > kPhsFormal)
         examination.mark("t_re");
     result.temperatures = examination.verdict();
     if (result.temperatures.hasValue()) {
-        result.t_re = body.tre;
-        result.t_cr = body.tcr;
-        result.t_sk = body.tsk;
+        result.tRectal = body.tre;
+        result.tCore = body.tcr;
+        result.tSkin = body.tsk;
     }
     return result;
 }

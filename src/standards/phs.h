@@ -23,6 +23,30 @@ namespace comfortics::standards {
 
 enum class PhsPosture : std::uint8_t { Sitting, Standing, Crouching };
 
+/// Ranges of the standard: of pa and of the metabolic rate in W/m² by the edition, of the radiation as an
+/// excess over the air.
+namespace phs_range {
+inline constexpr Input kTa{"ta", Quantity::Temperature, {15, 50}};
+inline constexpr Input kTr{"tr", Quantity::Temperature};
+inline constexpr Interval kRadiantExcess{0, 60}; // of tr over ta [K]
+inline constexpr Input kV{"v", Quantity::Speed, {0, 3}};
+inline constexpr Input kPa2004{"pa", Quantity::Flux, {0, 4.5}};
+inline constexpr Input kPa2023{"pa", Quantity::Flux, {0.5, 4.5}};
+inline constexpr Input kM{"M", Quantity::Positive};
+inline constexpr Interval kM2004{100, 450}; // [W/m²]
+inline constexpr Interval kM2023{56, 250};
+inline constexpr Input kWork{"work", Quantity::Flux};
+inline constexpr Input kClo{"clo", Quantity::Clothing, {0.1, 1}};
+inline constexpr Input kWalking{"walking", Quantity::Speed};
+inline constexpr Input kAngle{"angle"};
+inline constexpr Input kDuration{"duration", Quantity::Positive, {1, 480}};
+inline constexpr Input kWeight{"weight", Quantity::Positive};
+inline constexpr Input kHeight{"height", Quantity::Positive};
+inline constexpr Input kImst{"imst", Quantity::Positive};
+inline constexpr Input kAp{"Ap", Quantity::Flux, {0, 1}};
+inline constexpr Input kFr{"Fr", Quantity::Flux, {0, 1}};
+} // namespace phs_range
+
 struct PhsInputs {
     double ta = kNaN;  ///< air temperature [°C], 15..50
     double tr = kNaN;  ///< mean radiant temperature [°C], 0..60 K above ta
@@ -80,18 +104,18 @@ struct PhsResult {
     Verdict verdict{};
     /// Behind the temperatures alone: as `verdict`, and marked from kPhsFormal on.
     Verdict temperatures{};
-    double t_re = kNaN;       ///< rectal temperature at the end [°C]
-    double t_cr = kNaN;       ///< core [°C]
-    double t_sk = kNaN;       ///< skin [°C]
-    double water_loss = kNaN; ///< [g]
-    PhsTime d_lim_tre{};      ///< rectal temperature at kPhsLimit
+    double tRectal = kNaN;   ///< rectal temperature at the end [°C]
+    double tCore = kNaN;     ///< core [°C]
+    double tSkin = kNaN;     ///< skin [°C]
+    double waterLoss = kNaN; ///< [g]
+    PhsTime dLimTre{};       ///< rectal temperature at kPhsLimit
     /// Water loss of 5 % of the weight, or of 3 % without drink. In the edition of 2004 the limit for 95 % of
     /// the workers.
-    PhsTime d_lim_loss{};
-    /// 2004 alone: water loss of 7.5 %, the limit for the mean worker; without drink as d_lim_loss.
-    PhsTime d_lim_loss_mean{};
-    PhsTime d_lim{};    ///< the first of them
-    int formalFrom = 0; ///< first minute with t_re above kPhsFormal, 0 without
+    PhsTime dLimLoss{};
+    /// 2004 alone: water loss of 7.5 %, the limit for the mean worker; without drink as dLimLoss.
+    PhsTime dLimLossMean{};
+    PhsTime dLim{};     ///< the first of them
+    int formalFrom = 0; ///< first minute with tRectal above kPhsFormal, 0 without
 };
 
 /// Vapour pressure [kPa] of an air of ta [°C] and RH [%], as the standard has it.

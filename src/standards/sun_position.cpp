@@ -14,11 +14,10 @@
 
 namespace comfortics::standards {
 
+using namespace sun_range;
+
 namespace {
 
-constexpr Input kHour{"hour", Quantity::Any, {0, 24}};
-constexpr Input kLatitude{"latitude", Quantity::Any, {-90, 90}};
-constexpr Input kLongitude{"longitude", Quantity::Any, {-180, 360}};
 constexpr double kFirstYear = 1950;
 constexpr double kLastYear = 2049;
 
@@ -128,8 +127,8 @@ SunResult sunPosition(const SunInputs& in, Limits limits) noexcept
         apparentSun(daysFrom2000(in.year, in.month, in.day), in.hour, in.latitude, in.longitude);
     result.altitude = sun.altitude;
     result.azimuth = sun.azimuth;
-    result.distance_au = sun.distance;
-    result.cos_zenith = sun.sine;
+    result.distanceAu = sun.distance;
+    result.cosZenith = sun.sine;
     return result;
 }
 

@@ -11,6 +11,13 @@
 
 namespace comfortics::standards {
 
+/// What the day and the globe have; the year is marked beyond its range.
+namespace sun_range {
+inline constexpr Input kHour{"hour", Quantity::Any, {0, 24}};
+inline constexpr Input kLatitude{"latitude", Quantity::Any, {-90, 90}};
+inline constexpr Input kLongitude{"longitude", Quantity::Any, {-180, 360}};
+} // namespace sun_range
+
 struct SunInputs {
     int year = 0;
     int month = 0;
@@ -22,22 +29,22 @@ struct SunInputs {
 
 struct SunResult {
     Verdict verdict{};
-    double altitude = kNaN;    ///< above the horizon as it appears, refraction included [degrees]
-    double azimuth = kNaN;     ///< from north by east, 0..360 [degrees]
-    double distance_au = kNaN; ///< [AU]
-    double cos_zenith = kNaN;  ///< of the apparent sun, the sine of the altitude
+    double altitude = kNaN;   ///< above the horizon as it appears, refraction included [degrees]
+    double azimuth = kNaN;    ///< from north by east, 0..360 [degrees]
+    double distanceAu = kNaN; ///< [AU]
+    double cosZenith = kNaN;  ///< of the apparent sun, the sine of the altitude
 };
 
 /// Marked outside of 1950..2049. None for a date that no calendar has.
 SunResult sunPosition(const SunInputs& inputs, Limits limits = Limits::Mark) noexcept;
 
-/// The same as sunPosition for any hour, counted on into other days, without looking at the inputs but for
-/// the bounds of the day's number.
-///
-/// @param day days from 2000-01-01
 struct ApparentSun {
-    double altitude, azimuth, distance, sine; ///< sine of the altitude
+    double altitude, azimuth, distance; ///< as in SunResult
+    double sine;                        ///< of the altitude
 };
+
+/// The same as sunPosition without a look at the inputs, `day` days after 2000-01-01 and at any hour, which
+/// counts on into other days.
 ApparentSun apparentSun(double day, double hour, double latitude, double longitude) noexcept;
 
 /// Days from 2000-01-01; NaN for a date that no calendar has.

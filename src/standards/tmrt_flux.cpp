@@ -6,15 +6,9 @@
 
 namespace comfortics::standards {
 
-namespace {
+using namespace tmrt_flux_range;
 
-constexpr Input kS{"S", Quantity::Flux};
-constexpr Input kNetS{"netS"};
-constexpr Input kI{"I", Quantity::Flux};
-constexpr Input kDh{"Dh", Quantity::Flux};
-constexpr Input kL{"L", Quantity::Flux};
-constexpr Input kNetL{"netL"};
-constexpr Input kMu{"mu"};
+namespace {
 
 constexpr double kShortAbsorptance = 0.7;
 constexpr double kEmissivity = 0.97;

@@ -10,6 +10,17 @@
 
 namespace comfortics::standards {
 
+/// No net flux is above that downward, nor the direct beam above all radiation.
+namespace tmrt_flux_range {
+inline constexpr Input kS{"S", Quantity::Flux};
+inline constexpr Input kNetS{"netS"};
+inline constexpr Input kI{"I", Quantity::Flux};
+inline constexpr Input kDh{"Dh", Quantity::Flux};
+inline constexpr Input kL{"L", Quantity::Flux};
+inline constexpr Input kNetL{"netL"};
+inline constexpr Input kMu{"mu"};
+} // namespace tmrt_flux_range
+
 struct TmrtFluxInputs {
     double S = kNaN;    ///< short-wave, downward [W/m²]
     double netS = kNaN; ///< short-wave, downward less upward [W/m²]; S at most

@@ -6,13 +6,9 @@
 
 namespace comfortics::standards {
 
-namespace {
+using namespace tmrt_globe_range;
 
-constexpr Input kTg{"tg", Quantity::Temperature};
-constexpr Input kTa{"ta", Quantity::Temperature};
-constexpr Input kV{"v", Quantity::Speed};
-constexpr Input kD{"D", Quantity::Positive, {0.03, 0.2}};
-constexpr Input kEmissivity{"emissivity", Quantity::Positive, {0, 1}};
+namespace {
 
 constexpr double kStefanBoltzmann = 5.67e-8;
 constexpr double kKelvin = 273.15;

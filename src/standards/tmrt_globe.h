@@ -12,6 +12,14 @@
 
 namespace comfortics::standards {
 
+namespace tmrt_globe_range {
+inline constexpr Input kTg{"tg", Quantity::Temperature};
+inline constexpr Input kTa{"ta", Quantity::Temperature};
+inline constexpr Input kV{"v", Quantity::Speed};
+inline constexpr Input kD{"D", Quantity::Positive, {0.03, 0.2}};
+inline constexpr Input kEmissivity{"emissivity", Quantity::Positive, {0, 1}};
+} // namespace tmrt_globe_range
+
 struct TmrtGlobeInputs {
     double tg = kNaN;         ///< globe temperature [°C]
     double ta = kNaN;         ///< air temperature [°C]

@@ -5,22 +5,9 @@
 
 namespace comfortics::standards {
 
-namespace {
+using namespace tmrt_six_range;
 
-constexpr std::array<Input, 6> kK{{{"K_north", Quantity::Flux},
-                                   {"K_east", Quantity::Flux},
-                                   {"K_south", Quantity::Flux},
-                                   {"K_west", Quantity::Flux},
-                                   {"K_up", Quantity::Flux},
-                                   {"K_down", Quantity::Flux}}};
-constexpr std::array<Input, 6> kL{{{"L_north", Quantity::Flux},
-                                   {"L_east", Quantity::Flux},
-                                   {"L_south", Quantity::Flux},
-                                   {"L_west", Quantity::Flux},
-                                   {"L_up", Quantity::Flux},
-                                   {"L_down", Quantity::Flux}}};
-constexpr Input kShort{"shortAbsorptance", Quantity::Flux, {0, 1}};
-constexpr Input kLong{"longAbsorptance", Quantity::Positive, {0, 1}};
+namespace {
 
 constexpr std::array<double, 6> kStanding{0.22, 0.22, 0.22, 0.22, 0.06, 0.06};
 constexpr double kEven = 1.0 / 6;

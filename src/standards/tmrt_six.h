@@ -16,6 +16,23 @@ enum class SixSides : std::uint8_t {
     Even,     ///< a sixth each: sitting, or a sphere
 };
 
+namespace tmrt_six_range {
+inline constexpr std::array<Input, 6> kK{{{"K_north", Quantity::Flux},
+                                          {"K_east", Quantity::Flux},
+                                          {"K_south", Quantity::Flux},
+                                          {"K_west", Quantity::Flux},
+                                          {"K_up", Quantity::Flux},
+                                          {"K_down", Quantity::Flux}}};
+inline constexpr std::array<Input, 6> kL{{{"L_north", Quantity::Flux},
+                                          {"L_east", Quantity::Flux},
+                                          {"L_south", Quantity::Flux},
+                                          {"L_west", Quantity::Flux},
+                                          {"L_up", Quantity::Flux},
+                                          {"L_down", Quantity::Flux}}};
+inline constexpr Input kShort{"shortAbsorptance", Quantity::Flux, {0, 1}};
+inline constexpr Input kLong{"longAbsorptance", Quantity::Positive, {0, 1}};
+} // namespace tmrt_six_range
+
 struct TmrtSixInputs {
     // Fluxes [W/m²] on surfaces that face north, east, south, west, up and down.
     std::array<double, 6> K{kNaN, kNaN, kNaN, kNaN, kNaN, kNaN}; ///< short-wave

@@ -8,17 +8,9 @@
 
 namespace comfortics::standards {
 
-namespace {
+using namespace solarcal_range;
 
-constexpr Input kTmrt{"tmrt", Quantity::Temperature};
-constexpr Input kAltitude{"altitude", Quantity::Any, {0, 90}};
-constexpr Input kSharp{"sharp", Quantity::Any, {0, 180}};
-constexpr Input kI{"I", Quantity::Flux};
-constexpr Input kTransmittance{"transmittance", Quantity::Flux, {0, 1}};
-constexpr Input kSkyView{"skyView", Quantity::Flux, {0, 1}};
-constexpr Input kExposed{"exposed", Quantity::Flux, {0, 1}};
-constexpr Input kAbsorptance{"absorptance", Quantity::Flux, {0, 1}};
-constexpr Input kFloor{"floor", Quantity::Flux, {0, 1}};
+namespace {
 
 constexpr double kStep = 15;     // of the table, both ways [degrees]
 constexpr double kDiffuse = 0.2; // of the direct beam
@@ -133,8 +125,8 @@ SolarCalResult tmrtSolarCal(const SolarCalInputs& in, Limits limits) noexcept
                          (0.5 * in.skyView * diffuse + direct + 0.5 * in.skyView * horizontal * in.floor);
     SolarCalResult result{.verdict = examination.verdict()};
     result.erf = field * in.absorptance / kEmissivity;
-    result.delta_mrt = result.erf / (kLinear * radiating);
-    result.tmrt = in.tmrt + result.delta_mrt;
+    result.deltaMrt = result.erf / (kLinear * radiating);
+    result.tmrt = in.tmrt + result.deltaMrt;
     return result;
 }
 

@@ -15,6 +15,19 @@ namespace comfortics::standards {
 
 enum class SolarPosture : std::uint8_t { Sitting, Standing, Lying };
 
+/// The angles are those of the table, beyond which there is no value.
+namespace solarcal_range {
+inline constexpr Input kTmrt{"tmrt", Quantity::Temperature};
+inline constexpr Input kAltitude{"altitude", Quantity::Any, {0, 90}};
+inline constexpr Input kSharp{"sharp", Quantity::Any, {0, 180}};
+inline constexpr Input kI{"I", Quantity::Flux};
+inline constexpr Input kTransmittance{"transmittance", Quantity::Flux, {0, 1}};
+inline constexpr Input kSkyView{"skyView", Quantity::Flux, {0, 1}};
+inline constexpr Input kExposed{"exposed", Quantity::Flux, {0, 1}};
+inline constexpr Input kAbsorptance{"absorptance", Quantity::Flux, {0, 1}};
+inline constexpr Input kFloor{"floor", Quantity::Flux, {0, 1}};
+} // namespace solarcal_range
+
 struct SolarCalInputs {
     double tmrt = kNaN;       ///< mean radiant temperature without the sun [°C]; only `tmrt` needs it
     double altitude = kNaN;   ///< of the sun [degrees], 0..90
@@ -30,9 +43,9 @@ struct SolarCalInputs {
 
 struct SolarCalResult {
     Verdict verdict{};
-    double erf = kNaN;       ///< effective radiant field of the sun [W/m²]
-    double delta_mrt = kNaN; ///< what it adds [K]
-    double tmrt = kNaN;      ///< with the sun [°C]; NaN for inputs.tmrt NaN
+    double erf = kNaN;      ///< effective radiant field of the sun [W/m²]
+    double deltaMrt = kNaN; ///< what it adds [K]
+    double tmrt = kNaN;     ///< with the sun [°C]; NaN for inputs.tmrt NaN
 };
 
 /// None for a sun beyond the table: below the horizon or with an angle that is not folded.

@@ -6,13 +6,9 @@
 
 namespace comfortics::standards {
 
-namespace {
+using namespace wbgt_7243_range;
 
-constexpr Input kTnw{"tnw", Quantity::Temperature, {5, 40}};
-constexpr Input kTg{"tg", Quantity::Temperature, {20, 120}};
-constexpr Input kTa{"ta", Quantity::Temperature, {10, 60}};
-constexpr Input kWbgt{"wbgt", Quantity::Temperature};
-constexpr Input kM{"M", Quantity::Positive, {100, kInfinity}};
+namespace {
 
 /// In the order of WorkClass.
 struct ClassRow {
@@ -71,14 +67,14 @@ HeatWorkResult assessHeat(const HeatWork& work, Limits limits) noexcept
     HeatWorkResult result{.verdict = examination.verdict()};
     if (!examination.hasValue())
         return result;
-    result.wbgt_eff = work.wbgt + clothingAdjustment(work.clothing);
-    result.ref_class = workClassOf(work.M);
-    const ClassRow& row = kClasses[static_cast<std::size_t>(result.ref_class)];
+    result.wbgtEff = work.wbgt + clothingAdjustment(work.clothing);
+    result.refClass = workClassOf(work.M);
+    const ClassRow& row = kClasses[static_cast<std::size_t>(result.refClass)];
     if (work.reference == Reference::Curve)
-        result.wbgt_ref = limitCurve(work.M, work.acclimatised);
+        result.wbgtRef = limitCurve(work.M, work.acclimatised);
     else
-        result.wbgt_ref = work.acclimatised ? row.acclimatised : row.other;
-    result.exceeds = result.wbgt_eff > result.wbgt_ref;
+        result.wbgtRef = work.acclimatised ? row.acclimatised : row.other;
+    result.exceeds = result.wbgtEff > result.wbgtRef;
     return result;
 }
 

@@ -5,7 +5,8 @@
 //
 // All temperatures are averages over 60 minutes, the metabolic rate is that of the whole body in W. The
 // adjustments for clothing are the standard's; those of the ACGIH differ (0.5 K for SMS, 1 K for polyolefin).
-// The bounds between the classes leave a gap of 1 W as printed, which belongs to the upper class here.
+// The bounds between the classes, those of ISO 8996 for a body of 1.8 m², leave a gap of 1 W as printed,
+// which belongs to the upper class here.
 #pragma once
 
 #include "standards/answer.h"
@@ -13,6 +14,15 @@
 #include <cstdint>
 
 namespace comfortics::standards {
+
+/// Ranges of the standard.
+namespace wbgt_7243_range {
+inline constexpr Input kTnw{"tnw", Quantity::Temperature, {5, 40}};
+inline constexpr Input kTg{"tg", Quantity::Temperature, {20, 120}};
+inline constexpr Input kTa{"ta", Quantity::Temperature, {10, 60}};
+inline constexpr Input kWbgt{"wbgt", Quantity::Temperature};
+inline constexpr Input kM{"M", Quantity::Positive, {100, kInfinity}};
+} // namespace wbgt_7243_range
 
 struct Wbgt7243Inputs {
     double tnw = kNaN; ///< natural wet-bulb temperature [°C], 5..40
@@ -69,10 +79,10 @@ struct HeatWork {
 
 struct HeatWorkResult {
     Verdict verdict{};
-    double wbgt_eff = kNaN; ///< with what the clothing adds [°C]
-    double wbgt_ref = kNaN; ///< [°C]
-    WorkClass ref_class = WorkClass::Rest;
-    bool exceeds = false; ///< wbgt_eff is above wbgt_ref
+    double wbgtEff = kNaN; ///< with what the clothing adds [°C]
+    double wbgtRef = kNaN; ///< [°C]
+    WorkClass refClass = WorkClass::Rest;
+    bool exceeds = false; ///< wbgtEff is above wbgtRef
 };
 
 HeatWorkResult assessHeat(const HeatWork& work, Limits limits = Limits::Mark) noexcept;

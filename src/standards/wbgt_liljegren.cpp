@@ -19,23 +19,14 @@
 namespace comfortics::standards {
 
 using formulas::bracketedRoot;
-using formulas::RootSearch;
 using formulas::Saturation_Pressure_Buck;
 using models::kKelvin;
 using models::Loose;
 
+using namespace liljegren_range;
+
 namespace {
 
-constexpr Input kHour{"hour", Quantity::Flux, {0, 24}};
-constexpr Input kUtcOffset{"utcOffset", Quantity::Any, {-14, 14}};
-constexpr Input kInterval{"interval", Quantity::Flux, {0, 60}};
-constexpr Input kS{"S", Quantity::Flux};
-constexpr Input kP{"p", Quantity::Hectopascal};
-constexpr Input kTa{"ta", Quantity::Temperature, {-10, 50}};
-constexpr Input kRH{"RH", Quantity::Humidity, {std::numeric_limits<double>::denorm_min(), 100}};
-constexpr Input kV{"v", Quantity::Speed};
-constexpr Input kZ{"z", Quantity::Positive, {1, 50}};
-constexpr Input kDT{"dT"};
 constexpr double kMostHours = 24;
 
 constexpr double kSolarConstant = 1367;
@@ -303,8 +294,8 @@ LiljegrenResult wbgtLiljegren(const LiljegrenInputs& in, Limits limits) noexcept
     result.tnw = *Tnw - kKelvin;
     result.tpsy = *Tpsy - kKelvin;
     result.wbgt = 0.7 * result.tnw + 0.2 * result.tg + 0.1 * in.ta;
-    result.v_2m = wind;
-    result.direct_fraction = F;
+    result.v2m = wind;
+    result.directFraction = F;
     return result;
 }
 

@@ -19,6 +19,20 @@
 
 namespace comfortics::standards {
 
+/// Ranges of use. The irradiance has an upper bound that goes with the sun.
+namespace liljegren_range {
+inline constexpr Input kHour{"hour", Quantity::Flux, {0, 24}};
+inline constexpr Input kUtcOffset{"utcOffset", Quantity::Any, {-14, 14}};
+inline constexpr Input kInterval{"interval", Quantity::Flux, {0, 60}};
+inline constexpr Input kS{"S", Quantity::Flux};
+inline constexpr Input kP{"p", Quantity::Hectopascal};
+inline constexpr Input kTa{"ta", Quantity::Temperature, {-10, 50}};
+inline constexpr Input kRH{"RH", Quantity::Humidity, {std::numeric_limits<double>::denorm_min(), 100}};
+inline constexpr Input kV{"v", Quantity::Speed};
+inline constexpr Input kZ{"z", Quantity::Positive, {1, 50}};
+inline constexpr Input kDT{"dT"};
+} // namespace liljegren_range
+
 struct LiljegrenInputs {
     int year = 0; ///< of the local clock
     int month = 0;
@@ -42,12 +56,12 @@ struct LiljegrenInputs {
 
 struct LiljegrenResult {
     Verdict verdict{};
-    double wbgt = kNaN;            ///< [°C]
-    double tg = kNaN;              ///< globe [°C]
-    double tnw = kNaN;             ///< natural wet bulb [°C]
-    double tpsy = kNaN;            ///< psychrometric wet bulb [°C]
-    double v_2m = kNaN;            ///< wind at 2 m [m/s]
-    double direct_fraction = kNaN; ///< of the irradiance [-]
+    double wbgt = kNaN;           ///< [°C]
+    double tg = kNaN;             ///< globe [°C]
+    double tnw = kNaN;            ///< natural wet bulb [°C]
+    double tpsy = kNaN;           ///< psychrometric wet bulb [°C]
+    double v2m = kNaN;            ///< wind at 2 m [m/s]
+    double directFraction = kNaN; ///< of the irradiance [-]
 };
 
 LiljegrenResult wbgtLiljegren(const LiljegrenInputs& inputs, Limits limits = Limits::Mark) noexcept;

@@ -11,15 +11,9 @@
 
 namespace comfortics::standards {
 
-namespace {
+using namespace work_rest_range;
 
-constexpr Input kWbgtWork{"wbgtWork", Quantity::Temperature};
-constexpr Input kWbgtRest{"wbgtRest", Quantity::Temperature};
-constexpr Input kWbgt{"wbgt", Quantity::Temperature};
-constexpr Input kWork{"work", Quantity::Positive, {100, kInfinity}};
-constexpr Input kRest{"rest", Quantity::Positive};
-constexpr Input kTa{"ta", Quantity::Temperature};
-constexpr Input kRH{"RH", Quantity::Humidity, {10, 60}};
+namespace {
 
 constexpr double kHour = 60; // [min]
 
@@ -27,8 +21,8 @@ WorkRest hourOf(const Verdict& verdict, double minutes)
 {
     constexpr double kStep = 5;
     return {.verdict = verdict,
-            .work_min = minutes,
-            .rest_min = kHour - minutes,
+            .workMin = minutes,
+            .restMin = kHour - minutes,
             .shown = kStep * std::floor(minutes / kStep)};
 }
 

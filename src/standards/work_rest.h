@@ -14,11 +14,21 @@
 
 namespace comfortics::standards {
 
+namespace work_rest_range {
+inline constexpr Input kWbgtWork{"wbgtWork", Quantity::Temperature};
+inline constexpr Input kWbgtRest{"wbgtRest", Quantity::Temperature};
+inline constexpr Input kWbgt{"wbgt", Quantity::Temperature};
+inline constexpr Input kWork{"work", Quantity::Positive, {100, kInfinity}};
+inline constexpr Input kRest{"rest", Quantity::Positive};
+inline constexpr Input kTa{"ta", Quantity::Temperature};
+inline constexpr Input kRH{"RH", Quantity::Humidity, {10, 60}};
+} // namespace work_rest_range
+
 struct WorkRest {
     Verdict verdict{};
-    double work_min = kNaN; ///< minutes of work in an hour
-    double rest_min = kNaN; ///< the others
-    double shown = kNaN;    ///< work_min, rounded down to 5 minutes
+    double workMin = kNaN; ///< minutes of work in an hour
+    double restMin = kNaN; ///< the others
+    double shown = kNaN;   ///< workMin, rounded down to 5 minutes
 };
 
 struct TimeWeighted {
@@ -78,8 +88,8 @@ struct NioshResult {
     NioshAdvice advice = NioshAdvice::Normal;
 };
 
-/// The table of NIOSH 2016-106 and 2017-127: for ordinary clothing, acclimatised, drinking. None beyond its
-/// humidities.
+/// The table of NIOSH 2016-106 and 2017-127, first made for agriculture: for ordinary clothing, fit workers
+/// who are rested, acclimatised and drink, in some movement of the air. None beyond its humidities.
 NioshResult workRestByTable(const NioshTable& inputs) noexcept;
 
 } // namespace comfortics::standards

@@ -37,8 +37,8 @@ TEST(SunPosition, IsWhereTheAlmanacHasIt)
         EXPECT_EQ(sun.verdict, kOk);
         EXPECT_SHOWN(sun.altitude, row.altitude);
         EXPECT_SHOWN(sun.azimuth, row.azimuth);
-        EXPECT_SHOWN(sun.distance_au, row.distance);
-        EXPECT_NEAR(sun.cos_zenith, std::sin(sun.altitude * std::numbers::pi / 180), 1e-15);
+        EXPECT_SHOWN(sun.distanceAu, row.distance);
+        EXPECT_NEAR(sun.cosZenith, std::sin(sun.altitude * std::numbers::pi / 180), 1e-15);
     }
 }
 
@@ -149,8 +149,8 @@ TEST(Liljegren, GivesTheFiguresOfPlaceAndTime)
         EXPECT_SHOWN(result.tg, row.tg);
         EXPECT_SHOWN(result.tnw, row.tnw);
         EXPECT_SHOWN(result.tpsy, row.tpsy);
-        EXPECT_SHOWN(result.v_2m, row.v);
-        EXPECT_SHOWN(result.direct_fraction, row.F);
+        EXPECT_SHOWN(result.v2m, row.v);
+        EXPECT_SHOWN(result.directFraction, row.F);
     }
 }
 
@@ -253,7 +253,7 @@ TEST(Liljegren, FindsTheRootsOfTheBalances)
         const ApparentSun sun =
             apparentSun(daysFrom2000(2024, 4, 15), in.hour - 8.5, in.latitude, in.longitude);
         const double S = std::fmin(in.S, 0.85 * 1367 * sun.sine / (sun.distance * sun.distance));
-        const Balances balance{T, in.p, in.v, S, result.direct_fraction, sun.sine, e};
+        const Balances balance{T, in.p, in.v, S, result.directFraction, sun.sine, e};
         constexpr double kStep = 1e-7;
         for (const double step : {-kStep, kStep}) {
             EXPECT_EQ(balance.globe(result.tg + 273.15 + step) > 0, step < 0);

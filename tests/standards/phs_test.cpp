@@ -110,20 +110,20 @@ TEST(Phs, GivesTheFiguresOfTheEditions)
         SCOPED_TRACE(c.name);
         const PhsInputs in = inputsOf(c);
         const PhsResult result = predicted(c.edition, in);
-        EXPECT_SHOWN(result.t_re, c.t_re);
-        EXPECT_SHOWN(result.t_cr, c.t_cr);
-        EXPECT_SHOWN(result.t_sk, c.t_sk);
-        EXPECT_SHOWN(result.water_loss, c.loss);
-        expectTime(result.d_lim_tre, c.tre, in.duration);
-        expectTime(result.d_lim_loss, c.loss95, in.duration);
+        EXPECT_SHOWN(result.tRectal, c.t_re);
+        EXPECT_SHOWN(result.tCore, c.t_cr);
+        EXPECT_SHOWN(result.tSkin, c.t_sk);
+        EXPECT_SHOWN(result.waterLoss, c.loss);
+        expectTime(result.dLimTre, c.tre, in.duration);
+        expectTime(result.dLimLoss, c.loss95, in.duration);
         if (c.edition == 2004)
-            expectTime(result.d_lim_loss_mean, c.lossMean, in.duration);
+            expectTime(result.dLimLossMean, c.lossMean, in.duration);
         else
-            EXPECT_TRUE(std::isnan(result.d_lim_loss_mean.minutes));
+            EXPECT_TRUE(std::isnan(result.dLimLossMean.minutes));
         int first = kNever;
         for (const int minute : {c.tre, c.loss95, c.lossMean})
             first = minute != kNever && (first == kNever || minute < first) ? minute : first;
-        expectTime(result.d_lim, first, in.duration);
+        expectTime(result.dLim, first, in.duration);
     }
 }
 
@@ -189,17 +189,17 @@ TEST(Phs, ClosesItsBalancesMinuteByMinute)
             if (dry == kNever && m.waterLoss >= (in.drink ? 50 : 30) * in.weight)
                 dry = minute;
         }
-        EXPECT_EQ(course.back().tCore, result.t_cr);
-        EXPECT_EQ(course.back().tSkin, result.t_sk);
-        EXPECT_EQ(course.back().tRectal, result.t_re);
-        EXPECT_EQ(course.back().waterLoss, result.water_loss);
-        expectTime(result.d_lim_tre, hot, in.duration);
-        expectTime(result.d_lim_loss, dry, in.duration);
+        EXPECT_EQ(course.back().tCore, result.tCore);
+        EXPECT_EQ(course.back().tSkin, result.tSkin);
+        EXPECT_EQ(course.back().tRectal, result.tRectal);
+        EXPECT_EQ(course.back().waterLoss, result.waterLoss);
+        expectTime(result.dLimTre, hot, in.duration);
+        expectTime(result.dLimLoss, dry, in.duration);
 
         // A shorter exposure is the beginning of a longer one.
         PhsInputs shorter = in;
         shorter.duration = 31;
-        EXPECT_EQ(predicted(c.edition, shorter).t_cr, course[30].tCore);
+        EXPECT_EQ(predicted(c.edition, shorter).tCore, course[30].tCore);
     }
 }
 
@@ -222,15 +222,15 @@ TEST(Phs, StrainsMoreTheHarderTheWork)
         const int edition = i % 2 == 0 ? 2004 : 2023;
         in.M = edition == 2004 ? between(100, 250) : between(200, 450);
         const PhsResult easy = predicted(edition, in);
-        if (easy.t_re > 37.8)
+        if (easy.tRectal > 37.8)
             continue;
         ++bearable;
         in.M += 10;
         const PhsResult harder = predicted(edition, in);
-        EXPECT_GT(harder.t_re, easy.t_re);
-        EXPECT_GT(harder.water_loss, easy.water_loss);
+        EXPECT_GT(harder.tRectal, easy.tRectal);
+        EXPECT_GT(harder.waterLoss, easy.waterLoss);
         in.work += 10; // leaves that heat to the work
-        EXPECT_LT(predicted(edition, in).water_loss, harder.water_loss);
+        EXPECT_LT(predicted(edition, in).waterLoss, harder.waterLoss);
     }
     EXPECT_GT(bearable, 100);
 }
@@ -292,8 +292,8 @@ TEST(Phs, RefusesWithTheReason)
         PhsInputs in = warm();
         change(in);
         const PhsResult result = phs2004(in);
-        EXPECT_TRUE(std::isnan(result.t_re) && std::isnan(result.water_loss) &&
-                    std::isnan(result.d_lim.minutes));
+        EXPECT_TRUE(std::isnan(result.tRectal) && std::isnan(result.waterLoss) &&
+                    std::isnan(result.dLim.minutes));
         EXPECT_EQ(result.temperatures, result.verdict);
         return result.verdict;
     };
@@ -321,9 +321,9 @@ TEST(Phs, MarksTemperaturesThatNoBodyHas)
 
     const PhsResult blank = phs2023(in, Limits::Blank);
     EXPECT_EQ(blank.temperatures, none(Reason::BeyondRange, "t_re"));
-    EXPECT_TRUE(std::isnan(blank.t_re) && std::isnan(blank.t_cr) && std::isnan(blank.t_sk));
-    EXPECT_EQ(blank.d_lim.minutes, 35);
-    EXPECT_EQ(blank.water_loss, marked.water_loss);
+    EXPECT_TRUE(std::isnan(blank.tRectal) && std::isnan(blank.tCore) && std::isnan(blank.tSkin));
+    EXPECT_EQ(blank.dLim.minutes, 35);
+    EXPECT_EQ(blank.waterLoss, marked.waterLoss);
     EXPECT_EQ(phs2004(warm()).formalFrom, 0);
 }
 

@@ -117,8 +117,8 @@ TEST(TmrtSolarCal, GivesThePrintedFigures)
         const SolarCalResult result = tmrtSolarCal(row.in);
         EXPECT_EQ(result.verdict, kOk);
         EXPECT_SHOWN(result.erf, row.erf);
-        EXPECT_SHOWN(result.delta_mrt, row.delta);
-        EXPECT_EQ(result.tmrt, 25 + result.delta_mrt);
+        EXPECT_SHOWN(result.deltaMrt, row.delta);
+        EXPECT_EQ(result.tmrt, 25 + result.deltaMrt);
     }
 }
 
@@ -129,7 +129,7 @@ TEST(TmrtSolarCal, HasTheTableAsPrinted)
     double sitting = 0;
     for (int node = 0; node < 13 * 7; ++node) {
         const double altitude = 15 * (node % 7);
-        const double sharp = 15.0 * (node / 7);
+        const double sharp = 15 * std::floor(node / 7.0);
         standing += (node + 1) * projectedShare(altitude, sharp, SolarPosture::Standing);
         sitting += (node + 1) * projectedShare(altitude, sharp, SolarPosture::Sitting);
     }

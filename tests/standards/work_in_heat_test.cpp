@@ -56,12 +56,12 @@ TEST(HeatWork, HoldsAgainstTheReferenceOfItsClass)
             EXPECT_EQ(workClassOf(M), row.of);
             // At the reference is not above it.
             const HeatWorkResult at = assessHeat({.wbgt = row.acclimatised, .M = M});
-            EXPECT_EQ(at.wbgt_ref, row.acclimatised);
-            EXPECT_EQ(at.ref_class, row.of);
+            EXPECT_EQ(at.wbgtRef, row.acclimatised);
+            EXPECT_EQ(at.refClass, row.of);
             EXPECT_FALSE(at.exceeds);
             const HeatWorkResult above =
                 assessHeat({.wbgt = row.other + 0.01, .M = M, .acclimatised = false});
-            EXPECT_EQ(above.wbgt_ref, row.other);
+            EXPECT_EQ(above.wbgtRef, row.other);
             EXPECT_TRUE(above.exceeds);
         }
     }
@@ -76,7 +76,7 @@ TEST(HeatWork, FallsWithTheCurve)
     EXPECT_SHOWN(limitCurve(300, true), "28.21");
     EXPECT_SHOWN(limitCurve(300, false), "24.97");
     const HeatWork work{.wbgt = 28.1, .M = 300, .acclimatised = false, .reference = Reference::Curve};
-    EXPECT_EQ(assessHeat(work).wbgt_ref, limitCurve(300, false));
+    EXPECT_EQ(assessHeat(work).wbgtRef, limitCurve(300, false));
     EXPECT_TRUE(assessHeat(work).exceeds);
 }
 
@@ -87,7 +87,7 @@ TEST(HeatWork, AddsForTheClothing)
         const auto clothing = static_cast<WorkClothing>(i);
         const double kelvin = kelvins[i];
         const HeatWorkResult result = assessHeat({.wbgt = 20.5, .M = 200, .clothing = clothing});
-        EXPECT_EQ(result.wbgt_eff, 20.5 + kelvin) << i;
+        EXPECT_EQ(result.wbgtEff, 20.5 + kelvin) << i;
         EXPECT_EQ(result.exceeds, 20.5 + kelvin > 30) << i;
     }
 }
@@ -111,13 +111,13 @@ TEST(WorkRest, SharesTheHourByItsAverages)
         SCOPED_TRACE(row.work);
         const WorkRest result = workRestTimeWeighted(row.hour);
         EXPECT_EQ(result.verdict, kOk);
-        EXPECT_SHOWN(result.work_min, row.work);
+        EXPECT_SHOWN(result.workMin, row.work);
         EXPECT_SHOWN(result.shown, row.shown);
-        EXPECT_DOUBLE_EQ(result.work_min + result.rest_min, 60);
+        EXPECT_DOUBLE_EQ(result.workMin + result.restMin, 60);
     }
     // The limit of an hour of rest at 115 W is 33.00197 °C.
     EXPECT_EQ(workRestTimeWeighted({33.0020, 33.0020, 300}).verdict, none(Reason::NoRestHere, "work_min"));
-    EXPECT_NEAR(workRestTimeWeighted({33.0019, 33.0019, 300}).work_min, 0, 0.01);
+    EXPECT_NEAR(workRestTimeWeighted({33.0019, 33.0019, 300}).workMin, 0, 0.01);
     EXPECT_EQ(workRestTimeWeighted({27, 31, 340, 115, false}).verdict, none(Reason::NoRestHere, "work_min"));
     EXPECT_EQ(workRestTimeWeighted({30, kNaN, 300}).verdict, none(Reason::Missing, "wbgtRest"));
     EXPECT_EQ(workRestTimeWeighted({30, 30, 300, 0}).verdict, none(Reason::BeyondPhysics, "rest"));
@@ -140,7 +140,7 @@ TEST(WorkRest, GivesTheCapacityBetweenTwoLimits)
     for (const auto& row : rows) {
         const CapacityResult result = workCapacity(row.in);
         EXPECT_SHOWN(result.share, row.share);
-        EXPECT_DOUBLE_EQ(result.hour.work_min, 0.6 * result.share);
+        EXPECT_DOUBLE_EQ(result.hour.workMin, 0.6 * result.share);
     }
     EXPECT_EQ(workCapacity({30, 117}).hour.verdict, none(Reason::Undefined, "work"));
 }
@@ -175,14 +175,14 @@ TEST(WorkRest, ReadsTheTableByDegreesFahrenheit)
                 {.ta = (f - 32) * 5 / 9, .RH = 30, .sun = Sunshine::None, .labour = row.labour});
             SCOPED_TRACE(f);
             EXPECT_NEAR(result.adjusted, f, 1e-12);
-            EXPECT_EQ(result.hour.work_min, row.minutes);
+            EXPECT_EQ(result.hour.workMin, row.minutes);
             EXPECT_EQ(result.advice, row.minutes == kNormal    ? NioshAdvice::Normal
                                      : row.minutes == kCaution ? NioshAdvice::Caution
                                                                : NioshAdvice::Schedule);
         }
     }
     // Between two rows the hotter.
-    EXPECT_EQ(workRestByTable({(105.2 - 32) / 1.8, 30, Sunshine::None, Light}).hour.work_min, 45);
+    EXPECT_EQ(workRestByTable({(105.2 - 32) / 1.8, 30, Sunshine::None, Light}).hour.workMin, 45);
 }
 
 TEST(WorkRest, AddsSunAndHumidity)
