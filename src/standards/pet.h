@@ -59,10 +59,12 @@ public:
 
 private:
     struct Air {
-        double ta, tmrt, e;
-        double convection; ///< [W/m²K]
-        double radiation;  ///< fourth power of tmrt in kelvin
-        double breathing;  ///< heat by breathing [W]
+        double ta = kNaN;
+        double tmrt = kNaN;
+        double e = kNaN;
+        double convection = kNaN; ///< [W/m²K]
+        double radiation = kNaN;  ///< fourth power of tmrt in kelvin
+        double breathing = kNaN;  ///< heat by breathing [W]
     };
     Air air(double ta, double tmrt, double v, double e) const noexcept;
     double breathing(double ta, double e) const noexcept;

@@ -107,7 +107,7 @@ std::optional<PetWgBody::State> PetWgBody::stateUnder(double tClothing) const no
 }
 
 PetWgBody::Diffusion PetWgBody::diffusion(double tSkin, double sweat, double convection, double e,
-                                          const Clothing& clothing) const noexcept
+                                          const Clothing& clothing) noexcept
 {
     const double spread = petWgSaturation(tSkin) - e;
     const double most = kLewis * convection * spread / (1 + 0.92 * convection * clothing.resistance);

@@ -64,8 +64,8 @@ private:
     };
     double convection(double v) const noexcept;
     double breathing(double t, double e, double heat) const noexcept;
-    Diffusion diffusion(double tSkin, double sweat, double convection, double e,
-                        const Clothing& clothing) const noexcept;
+    static Diffusion diffusion(double tSkin, double sweat, double convection, double e,
+                               const Clothing& clothing) noexcept;
     double radiantExchange(double radiation, double t, double emissivity) const noexcept;
 
     double m_ta;

@@ -88,7 +88,7 @@ struct Person {
     double disc() const noexcept;
     BodyMinute minute() const noexcept
     {
-        return {.tCore = tcr, .tSkin = tsk, .wettedness = w, .sweat = sweat, .blood = blood};
+        return {.tCore = tcr, .tSkin = tsk, .wettedness = w, .eSkin = eSkin, .sweat = sweat, .blood = blood};
     }
 
     TwoNodeInputs in;

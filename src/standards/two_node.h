@@ -86,6 +86,7 @@ struct BodyMinute {
     double tCore = kNaN;
     double tSkin = kNaN;
     double wettedness = kNaN;
+    double eSkin = kNaN; ///< evaporation from the skin [W/m²]
     double sweat = kNaN; ///< that evaporates by regulation [g/m²h]
     double blood = kNaN; ///< flow to the skin [L/m²h]
 };

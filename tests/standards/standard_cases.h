@@ -1,27 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// How the tests of this room compare figures with printed ones, and roots with plainly halved ones.
+// How the tests of the models for people hold roots to plainly halved ones, at random inputs.
 #pragma once
 
-#include "standards/answer.h"
+#include "shown_value.h"
 
 #include <cstdint>
-#include <cstdio>
 #include <random>
-#include <string>
-#include <string_view>
 
 namespace comfortics::tests {
-
-/// The value with as many decimals as `printed` has.
-inline std::string like(double value, std::string_view printed)
-{
-    const std::size_t point = printed.find('.');
-    const int decimals = point == std::string_view::npos ? 0 : static_cast<int>(printed.size() - point - 1);
-    char text[40];
-    std::snprintf(text, sizeof text, "%.*f", decimals, value);
-    return text;
-}
 
 /// Where f changes its sign, by halving alone.
 template <typename Function>
@@ -55,15 +42,5 @@ inline constexpr int kPoints = 100;
 #else
 inline constexpr int kPoints = 1000;
 #endif
-
-inline standards::Verdict marked(std::string_view about)
-{
-    return {standards::Standing::Outside, standards::Reason::BeyondRange, about};
-}
-
-inline standards::Verdict refused(standards::Reason reason, std::string_view about)
-{
-    return {standards::Standing::None, reason, about};
-}
 
 } // namespace comfortics::tests
