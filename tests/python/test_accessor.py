@@ -60,6 +60,13 @@ def test_what_is_not_found_can_be_named(reanalysis):
         own.comfortics.calculate("utci", step=3600)
 
 
+def test_two_that_are_named_are_not_silently_one(reanalysis):
+    both = reanalysis.assign(rh=variable([50.0] * 3, "%"))
+    assert both.comfortics.variables(rh="rh")["rh"] == "rh" and "td" not in both.comfortics.variables(rh="rh")
+    with pytest.raises(ValueError, match="Both td and rh are given"):
+        both.comfortics.calculate("utci", td="d2m", rh="rh", step=3600)
+
+
 def test_what_is_not_sure_is_asked_for(reanalysis):
     with pytest.raises(ValueError, match="step must tell"):
         reanalysis.comfortics.calculate("utci")

@@ -3,7 +3,7 @@
 
 import xarray
 
-from comfortics._calculate import calculate
+from comfortics._calculate import calculate, one_of_each_pair
 
 # How variables are called by the CF conventions (standard names) and by those who make them, the surer first. Wind by
 # these names is that of 10 m above the ground.
@@ -23,7 +23,6 @@ _NAMES = {
     "ws": ("sfcwind", "si10", "10si", "wind_speed"),
 }
 _COMPONENTS = (("u10", "v10"), ("10u", "10v"), ("uas", "vas"))
-_PAIRS = (("tg", "sr"), ("td", "rh"))
 _HEIGHT = 10.0  # [m]
 
 
@@ -80,10 +79,7 @@ class Comfortics:
             name = named[reading] if reading in named else self._find(reading)
             if name is not None:
                 taken[reading] = name
-        for one, other in _PAIRS:
-            if one in taken and other in taken:
-                del taken[one if one not in named and other in named else other]
-        return taken
+        return one_of_each_pair(taken, named)
 
     def calculate(self, indices="all", *, wind_height=None, **options):
         """Calculate indices from the variables of the dataset.
@@ -109,6 +105,8 @@ class Comfortics:
         said = []
         for reading, name in self.variables(**named).items():
             if isinstance(name, (tuple, list)):
+                if len(name) != 2:
+                    raise ValueError(f"{reading} is to be a variable or two components, not {len(name)}.")
                 first, second = map(self._variable, name)
                 if first.attrs.get("units") != second.attrs.get("units"):
                     raise ValueError(f"{name[0]} and {name[1]} have different units.")

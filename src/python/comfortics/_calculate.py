@@ -16,11 +16,12 @@ from comfortics._units import cf, conversion
 
 # The inputs of the compiled module, in its order: readings, then site and body. What each measures tells the units
 # that it may come in.
-_READINGS = {"ta": "temperature", "tg": "temperature", "sr": "radiation", "td": "temperature", "rh": "humidity",
+READINGS = {"ta": "temperature", "tg": "temperature", "sr": "radiation", "td": "temperature", "rh": "humidity",
              "ws": "speed"}
 _ASSUMPTIONS = {"wind_exponent": "number", "barometric_pressure": "pressure", "emissivity": "number",
                 "effective_radiating_area": "number", "body_height": "length", "body_mass": "mass"}
-_INPUTS = _READINGS | _ASSUMPTIONS
+_INPUTS = READINGS | _ASSUMPTIONS
+_PAIRS = (("tg", "sr"), ("td", "rh"))  # each is derived from the other
 _RULES = ("precise", "classic", "robust")
 _AS_IS = (None, 1.0, 1.0)
 _WIND_EXPONENT = _comfortics.wind_exponent  # where none is given
@@ -122,7 +123,7 @@ def _rules(rules):
 
 def _given(readings, assumptions, rules):
     given = {name: value for name, value in (readings | assumptions).items() if value is not None}
-    for one, other in (("tg", "sr"), ("td", "rh")):
+    for one, other in _PAIRS:
         if one in given and other in given:
             raise ValueError(f"Both {one} and {other} are given, and each is derived from the other.")
         if rules and one not in given and other not in given:
@@ -132,9 +133,18 @@ def _given(readings, assumptions, rules):
             raise ValueError(f"By the {_RULES[rules]} rules {name} must be given.")
     for name, value in given.items():
         _refuse_several(name, value)
-    if not any(name in given for name in _READINGS):
+    if not any(name in given for name in READINGS):
         raise ValueError("No reading is given.")
     return given
+
+
+def one_of_each_pair(taken, named):
+    """What was found for the readings, without the second of two of which one is enough; what was named stays."""
+    taken = dict(taken)
+    for one, other in _PAIRS:
+        if one in taken and other in taken and not (named.get(one) and named.get(other)):
+            del taken[one if named.get(other) else other]
+    return taken
 
 
 def _refuse_several(name, value):
