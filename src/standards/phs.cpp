@@ -11,6 +11,7 @@
 #include "standards/phs.h"
 
 #include "formulas/bracketed_root.h"
+#include "standards/body_surface.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +26,7 @@ using namespace phs_range;
 
 namespace {
 
-enum class Edition : std::uint8_t { Of2004, Of2023 };
+enum class PhsEdition : std::uint8_t { Of2004, Of2023 };
 
 /// What a difference or quotient of inputs may be off by rounding.
 constexpr double kRounding = 1e-9;
@@ -64,7 +65,7 @@ double betaOf(double tcr)
 
 /// What does not change from minute to minute.
 struct Exposure {
-    Exposure(Edition edition, const PhsInputs& in, double area, double M);
+    Exposure(PhsEdition edition, const PhsInputs& in, double area, double M);
 
     double ta, tr, v, pa, M, work, clo;
     double c;
@@ -81,10 +82,10 @@ struct Exposure {
     bool skinAtOnce;
 };
 
-Exposure::Exposure(Edition edition, const PhsInputs& in, double area, double metabolic)
+Exposure::Exposure(PhsEdition edition, const PhsInputs& in, double area, double metabolic)
     : ta(in.ta), tr(in.tr), v(in.v), pa(in.pa), M(metabolic), work(in.work), clo(in.clo)
 {
-    const bool of2004 = edition == Edition::Of2004;
+    const bool of2004 = edition == PhsEdition::Of2004;
     c = of2004 ? 57.83 * in.weight / area : 3490 * in.weight / area / 60;
     if (of2004)
         mostSweat = std::clamp((M - 32) * area, 250.0, 400.0) * (in.acclimatised ? 1.25 : 1);
@@ -255,9 +256,9 @@ bool step(const Exposure& at, bool first, Body& body, PhsMinute& minute)
     return true;
 }
 
-void look(Examination& examination, const PhsInputs& in, Edition edition, double area)
+void look(Examination& examination, const PhsInputs& in, PhsEdition edition, double area)
 {
-    const bool of2004 = edition == Edition::Of2004;
+    const bool of2004 = edition == PhsEdition::Of2004;
     examination.look(kTa, in.ta);
     examination.look(kTr, in.tr);
     if (!withinRange(kRadiantExcess, in.tr - in.ta))
@@ -300,15 +301,15 @@ PhsResult refused(const Verdict& verdict, std::span<PhsMinute> course, std::size
     return {.verdict = verdict, .temperatures = verdict};
 }
 
-PhsResult predict(Edition edition, const PhsInputs& in, Limits limits, std::span<PhsMinute> course)
+PhsResult predict(PhsEdition edition, const PhsInputs& in, Limits limits, std::span<PhsMinute> course)
 {
-    const double area = 0.202 * std::pow(in.weight, 0.425) * std::pow(in.height, 0.725);
+    const double area = bodySurface(in.weight, in.height).area;
     Examination examination(limits);
     look(examination, in, edition, area);
     if (!examination.hasValue())
         return refused(examination.verdict(), course, 0);
 
-    const bool of2004 = edition == Edition::Of2004;
+    const bool of2004 = edition == PhsEdition::Of2004;
     const Exposure at(edition, in, area, of2004 ? in.M : in.M / area);
     if (!(at.Icd >= 0 && at.Rt > 0)) {
         examination.refuse(Reason::Undefined, kClo.name);
@@ -373,12 +374,12 @@ double phsVapourPressure(double ta, double RH) noexcept
 
 PhsResult phs2004(const PhsInputs& inputs, Limits limits, std::span<PhsMinute> course) noexcept
 {
-    return predict(Edition::Of2004, inputs, limits, course);
+    return predict(PhsEdition::Of2004, inputs, limits, course);
 }
 
 PhsResult phs2023(const PhsInputs& inputs, Limits limits, std::span<PhsMinute> course) noexcept
 {
-    return predict(Edition::Of2023, inputs, limits, course);
+    return predict(PhsEdition::Of2023, inputs, limits, course);
 }
 
 } // namespace comfortics::standards

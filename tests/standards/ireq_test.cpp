@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "standards/ireq.h"
 
-#include "shown_value.h"
+#include "standard_cases.h"
 
 #include <cmath>
-#include <random>
 
 namespace comfortics::tests {
 namespace {
@@ -85,14 +84,10 @@ TEST(Ireq, GivesThePrintedFigures)
 // less the heat lost is what the exposure allows.
 TEST(Ireq, LastsWithTheInsulationRequired)
 {
-    constexpr unsigned kSeed = 20261123;
-    std::mt19937 engine(kSeed);
-    const auto between = [&](double low, double high) {
-        return std::uniform_real_distribution<>(low, high)(engine);
-    };
+    Draw between;
     int bounded = 0;
-    for (int i = 0; i < 3000; ++i) {
-        SCOPED_TRACE(testing::Message() << "seed " << kSeed << ", " << i);
+    for (int i = 0; i < kPoints; ++i) {
+        SCOPED_TRACE(testing::Message() << "seed " << Draw::kSeed << ", " << i);
         IreqInputs in{.M = between(60, 250), .ta = between(-50, 0), .v = between(0.4, 10), .clo = 1};
         in.tr = in.ta + between(-5, 15);
         const IreqResult required = ireq(in);
@@ -111,7 +106,7 @@ TEST(Ireq, LastsWithTheInsulationRequired)
         in.clo = 0.4 * required.neutral.icl;
         EXPECT_LT(ireq(in).neutral.dle, half);
     }
-    EXPECT_GT(bounded, 1000);
+    EXPECT_GT(bounded, kPoints / 4);
 }
 
 TEST(Ireq, RaisesAndLowersWithAMark)

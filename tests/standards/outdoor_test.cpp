@@ -2,13 +2,12 @@
 //
 // The sun's position and the wet-bulb globe temperature under it.
 #include "models/heat_balance.h"
-#include "shown_value.h"
+#include "standard_cases.h"
 #include "standards/sun_position.h"
 #include "standards/wbgt_liljegren.h"
 
 #include <cmath>
 #include <numbers>
-#include <random>
 
 namespace comfortics::tests {
 namespace {
@@ -225,12 +224,8 @@ struct Balances {
 
 TEST(Liljegren, FindsTheRootsOfTheBalances)
 {
-    constexpr unsigned kSeed = 20261123;
-    std::mt19937 engine(kSeed);
-    const auto between = [&](double low, double high) {
-        return std::uniform_real_distribution<>(low, high)(engine);
-    };
-    for (int i = 0; i < 3000; ++i) {
+    Draw between;
+    for (int i = 0; i < kPoints; ++i) {
         LiljegrenInputs in = singapore();
         const bool far = i % 10 == 0;
         in.p = far ? between(300, 1100) : between(800, 1050);
@@ -241,7 +236,7 @@ TEST(Liljegren, FindsTheRootsOfTheBalances)
         in.v = between(0, 8);
         in.z = 2;
         SCOPED_TRACE(testing::Message()
-                     << "seed " << kSeed << ", " << i << ": ta " << in.ta << " RH " << in.RH);
+                     << "seed " << Draw::kSeed << ", " << i << ": ta " << in.ta << " RH " << in.RH);
         const LiljegrenResult result = wbgtLiljegren(in);
         const double T = in.ta + 273.15;
         const double e = in.RH / 100 * Balances::saturation(T);

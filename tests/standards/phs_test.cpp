@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "standards/phs.h"
 
-#include "shown_value.h"
+#include "standard_cases.h"
 
 #include <array>
 #include <cmath>
-#include <random>
 #include <vector>
 
 namespace comfortics::tests {
@@ -207,14 +206,10 @@ TEST(Phs, ClosesItsBalancesMinuteByMinute)
 // work.
 TEST(Phs, StrainsMoreTheHarderTheWork)
 {
-    constexpr unsigned kSeed = 20261123;
-    std::mt19937 engine(kSeed);
-    const auto between = [&](double low, double high) {
-        return std::uniform_real_distribution<>(low, high)(engine);
-    };
+    Draw between;
     int bearable = 0;
-    for (int i = 0; i < 300; ++i) {
-        SCOPED_TRACE(testing::Message() << "seed " << kSeed << ", " << i);
+    for (int i = 0; i < kPoints; ++i) {
+        SCOPED_TRACE(testing::Message() << "seed " << Draw::kSeed << ", " << i);
         PhsInputs in{
             .ta = between(25, 45), .v = between(0, 3), .pa = between(0.5, 3), .clo = between(0.1, 1)};
         in.tr = in.ta + between(0, 30);
@@ -232,7 +227,7 @@ TEST(Phs, StrainsMoreTheHarderTheWork)
         in.work += 10; // leaves that heat to the work
         EXPECT_LT(predicted(edition, in).waterLoss, harder.waterLoss);
     }
-    EXPECT_GT(bearable, 100);
+    EXPECT_GT(bearable, kPoints / 4);
 }
 
 TEST(Phs, MarksItsRanges)
@@ -306,6 +301,28 @@ TEST(Phs, RefusesWithTheReason)
     EXPECT_EQ(verdictWith([](PhsInputs& in) { in.duration = 1441; }), none(Reason::BeyondRange, "duration"));
     // A gale presses out more air than the clothing has.
     EXPECT_EQ(verdictWith([](PhsInputs& in) { in.v = 12; }), none(Reason::Undefined, "clo"));
+}
+
+// In an air that no sweat can cool, after hours of it.
+TEST(Phs, SweatsNoMoreThanTheEditionAllows)
+{
+    const struct {
+        int edition;
+        double M; // [W/m²], [W]
+        bool acclimatised;
+        double most; // [W/m²]
+    } rows[] = {
+        {2004, 150, false, 250}, {2004, 150, true, 312.5}, {2004, 200, false, 325.5624},
+        {2004, 400, false, 400}, {2004, 400, true, 500},   {2023, 300, false, 400},
+        {2023, 600, false, 400}, {2023, 300, true, 500},
+    };
+    for (const auto& row : rows) {
+        PhsInputs in{.ta = 50, .tr = 70, .v = 0.1, .pa = 4.5, .M = row.M, .clo = 1};
+        in.acclimatised = row.acclimatised;
+        std::vector<PhsMinute> course(400);
+        predicted(row.edition, in, Limits::Mark, course);
+        EXPECT_NEAR(course[399].sweat, row.most, 1e-4) << row.edition << ' ' << row.M;
+    }
 }
 
 TEST(Phs, MarksTemperaturesThatNoBodyHas)
