@@ -170,7 +170,8 @@ void ChartPanel::refresh()
         m_curves[i]->setPointsVisible(m_points.size() <= kFewPoints);
     }
     m_note->setText(QStringLiteral("At %1 of the %2 minutes a figure lies beyond ±%3 W/m², which no sun "
-                                   "reaches: there the curves leave the chart. The table has all figures.")
+                                   "reaches. The curves leave the chart where its axis ends; the table "
+                                   "has all figures.")
                         .arg(span.cutPoints)
                         .arg(m_points.size())
                         .arg(radiation::kMostRadiation));

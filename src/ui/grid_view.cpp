@@ -161,7 +161,6 @@ void GridView::wrapHeaders()
     m_wrapsHeaders = true;
     m_model->wrapHeaders();
     horizontalHeader()->setTextElideMode(Qt::ElideNone);
-    horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     repeatLayout();
 }
 

@@ -38,7 +38,7 @@ public:
 
     /// Numbers the rows from 1 at the left.
     void showRowNumbers();
-    /// Breaks long headers into lines; the first column takes what the others leave of the width.
+    /// Breaks headers into lines where they are longer than their column is wide.
     void wrapHeaders();
     /// Shows a column of its own right of the grid's, with a share of the width: a text that belongs to one
     /// of the grid's columns, which a click there selects and whose note it has.

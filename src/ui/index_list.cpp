@@ -3,6 +3,7 @@
 
 #include "ui/bindings.h"
 #include "ui/fonts.h"
+#include "ui/mark_style.h"
 #include "ui/text.h"
 
 #include <QKeyEvent>
@@ -93,6 +94,7 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const
 
 IndexList::IndexList(controls::ListBox& list, QWidget* parent) : QListView(parent), m_list(list)
 {
+    MarkStyle::wear(*this);
     setModel(new ListModel(list, this));
     setItemDelegate(new Untouchable(this));
     setFont(screenFont({.name = "Arial Narrow", .size = font().pointSizeF()})); // the names are long

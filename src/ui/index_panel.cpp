@@ -3,6 +3,7 @@
 
 #include "ui/bindings.h"
 #include "ui/index_list.h"
+#include "ui/mark_style.h"
 #include "ui/widgets.h"
 
 #include <QCheckBox>
@@ -24,6 +25,7 @@ IndexPanel::IndexPanel(classic::Frm_Main& form, QWidget* parent) : QWidget(paren
                QStringLiteral("Ticked indices are calculated"));
 
     auto* const all = new QCheckBox;
+    MarkStyle::wear(*all);
     bind(*all, form.Check_All_Indices);
     nameWidget(*all, QStringLiteral("Check_All_Indices"), QStringLiteral("All indices"),
                QStringLiteral("Ticks all indices of the list or none"));

@@ -2,6 +2,7 @@
 #include "ui/options_page.h"
 
 #include "ui/bindings.h"
+#include "ui/mark_style.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 
@@ -92,6 +93,7 @@ void OptionsPage::choiceRows(QGridLayout& grid, controls::Label& heading, contro
     layout->setContentsMargins(0, 0, 0, 0);
     for (std::size_t option = 0; option < group.captions().size(); ++option) {
         auto* const button = new QRadioButton;
+        MarkStyle::wear(*button);
         const QString text = toQt(group.captions()[option]);
         nameWidget(*button, text, label->text() + QStringLiteral(" ") + text,
                    hints[static_cast<qsizetype>(option)]);

@@ -14,6 +14,7 @@
 #include <QCursor>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
@@ -405,6 +406,7 @@ QWidget* RadiationWindow::buildTable()
     auto* const table = new GridView(m_form.Flex_Radiation);
     table->setAccessibleName(QStringLiteral("Solar radiation"));
     table->wrapHeaders();
+    table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     table->onResize([this](int width, int height) { m_form.resizeTable(width, height); });
     m_chart = new ChartPanel(m_form.Flex_Radiation, m_form.lbl_Table, m_around.files, m_around.messages);
     auto* const halves = new QSplitter(Qt::Vertical);

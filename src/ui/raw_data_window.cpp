@@ -167,6 +167,7 @@ QWidget* RawDataWindow::buildData()
     m_data->setEmptyHint(
         QStringLiteral("Paste rows from a spreadsheet, drop a CSV or TSV file here, or open one."));
     m_data->showRowNumbers();
+    m_data->wrapHeaders(); // a narrow screen has no room for them in one line
     // Takes what rounding leaves of the width.
     m_data->horizontalHeader()->setSectionResizeMode(classic::kReadingCount - 1, QHeaderView::Stretch);
     m_data->setItemDelegate(new RowMarks(

@@ -3,20 +3,25 @@
 #include "ui/colors.h"
 #include "ui/desktop.h"
 #include "ui/index_list.h"
+#include "ui/mark_style.h"
 #include "ui/text.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string>
 
@@ -207,6 +212,46 @@ TEST(DesktopMessages, AnswersWithItsButtonAndLeavesTheTickOfItsBox)
         EXPECT_EQ(DesktopMessages().show({.text = "Text", .offer = "Go on"}),
                   accepts ? controls::Answer::Yes : controls::Answer::Ok);
     }
+}
+
+// The greatest contrast of a pixel with that in the corner, by luminance; 3 is what a mark needs.
+double contrast(const QImage& image)
+{
+    const auto luminance = [](QColor color) {
+        const auto linear = [](double part) {
+            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF()) + 0.05;
+    };
+    const double ground = luminance(image.pixelColor(0, 0));
+    double greatest = 1;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const double here = luminance(image.pixelColor(x, y));
+            greatest = std::max(greatest, std::max(here, ground) / std::min(here, ground));
+        }
+    return greatest;
+}
+
+TEST(MarkStyle, AnEmptyMarkIsSeenOnADarkGround)
+{
+    MarkStyle style(QStringLiteral("fusion"));
+    QPalette dark(QColor(49, 54, 59), QColor(42, 46, 50));
+    dark.setColor(QPalette::Base, QColor(27, 30, 32));
+    const auto drawn = [&](QStyle::PrimitiveElement mark) {
+        QImage image(20, 20, QImage::Format_RGB32);
+        image.fill(dark.color(QPalette::Window));
+        QPainter painter(&image);
+        QStyleOptionButton option;
+        option.palette = dark;
+        option.rect = image.rect().adjusted(3, 3, -3, -3);
+        option.state = QStyle::State_Enabled | QStyle::State_Off;
+        style.drawPrimitive(mark, &option, &painter, nullptr);
+        return image;
+    };
+    EXPECT_GE(contrast(drawn(QStyle::PE_IndicatorRadioButton)), 3);
+    EXPECT_GE(contrast(drawn(QStyle::PE_IndicatorCheckBox)), 3);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMimeData>
 #include <QTimer>
@@ -124,6 +125,22 @@ TEST_F(RawDataWindowTest, TakesADroppedFile)
     QCoreApplication::processEvents();
     ASSERT_EQ(data->model()->rowCount(), 2);
     EXPECT_EQ(data->model()->index(1, 4).data().toString(), QStringLiteral("42"));
+}
+
+TEST_F(RawDataWindowTest, TheHeadersAreWholeOnANarrowScreen)
+{
+    window->resize(620, 380);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return data->width() <= 620; }, 5000));
+    const QHeaderView& header = *data->horizontalHeader();
+    for (int col = 0; col < header.count(); ++col) {
+        const QString text = data->model()->headerData(col, Qt::Horizontal).toString();
+        const QFontMetrics metrics(
+            data->model()->headerData(col, Qt::Horizontal, Qt::FontRole).value<QFont>());
+        const QRect needed =
+            metrics.boundingRect(QRect(0, 0, header.sectionSize(col), 0), Qt::TextWordWrap, text);
+        EXPECT_LE(needed.width(), header.sectionSize(col)) << fromQt(text);
+        EXPECT_LE(needed.height(), header.height()) << fromQt(text);
+    }
 }
 
 } // namespace
