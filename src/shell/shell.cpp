@@ -58,7 +58,8 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
       }),
       m_limits(classic::Limits::Load_Limits((programFolder / "Limits.Index").string())), m_desktop(desktop),
       m_messages(desktop.messages), m_main(m_limits, m_messages, *this),
-      m_workspace(m_limits, m_main, desktop.preferences ? *desktop.preferences : m_transient)
+      m_workspace(m_limits, m_main, desktop.preferences ? *desktop.preferences : m_transient),
+      m_session(m_workspace, desktop.files, desktop.messages)
 {
     m_main.Menu_Radiation.setEnabled(desktop.maps != nullptr);
     m_main.standing.handle([this] { tellStanding(); });

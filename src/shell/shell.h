@@ -13,6 +13,7 @@
 #include "shell/form_slot.h"
 #include "shell/frm_splash_screen.h"
 #include "workspace/preferences.h"
+#include "workspace/session_desk.h"
 #include "workspace/workspace.h"
 
 #include <cstddef>
@@ -54,6 +55,7 @@ public:
 
     /// What stands beside the forms.
     workspace::Workspace& workspace() noexcept { return m_workspace; }
+    workspace::SessionDesk& session() noexcept { return m_session; }
 
     FormSlot<Frm_Splash_Screen> splash;
     FormSlot<output::Frm_Comfortics> results;
@@ -87,6 +89,7 @@ private:
     classic::Frm_Main m_main;
     workspace::TransientPreferences m_transient; // where the desktop keeps none
     workspace::Workspace m_workspace;
+    workspace::SessionDesk m_session;
     // Of the calculation that the results table shows.
     std::optional<classic::Inputs> m_tableInputs;
     std::size_t m_tableRun = 0;

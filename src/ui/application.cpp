@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/application.h"
 
+#include "ui/report_dialog.h"
+#include "ui/session_menu.h"
 #include "ui/text.h"
 
 #include <QApplication>
@@ -8,6 +10,7 @@
 #include <QIcon>
 #include <QPalette>
 
+#include <chrono>
 #include <functional>
 
 // Outside of all namespaces, as the macro wants it. The pictures lie in a library, which the linker
@@ -22,6 +25,7 @@ namespace comfortics::ui {
 namespace {
 
 constexpr float kQuiet = 0.6F;
+constexpr std::chrono::seconds kQuietBeforeKeeping{2};
 
 // The window comes and goes with its form. It may be on the stack when its form goes.
 template <class Form, class Window>
@@ -66,6 +70,7 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event)
 
 Application::Application(const std::filesystem::path& programFolder)
     : m_shell(programFolder, {m_messages, m_clipboard, m_files, m_printing, &m_maps, &m_preferences}),
+      m_report(m_shell.workspace(), m_shell.session(), m_files, m_messages, m_pdf),
       m_main(m_shell.workspace(), toQt(m_shell.limitsWarning()))
 {
     m_main.placeOnScreen();
@@ -85,7 +90,17 @@ Application::Application(const std::filesystem::path& programFolder)
     pair<batch::Frm_Raw_Data, RawDataWindow>(m_shell.rawData, m_rawData, [this](auto& form) {
         return std::make_unique<RawDataWindow>(form, m_main, [this] { m_shell.rawData.unload(); });
     });
-    m_shell.ended.watch([] { QCoreApplication::exit(); });
+    addSessionEntries(
+        m_main.fileMenu(), m_shell.session(),
+        [this] { ReportDialog(m_report, m_shell.session(), &m_main).exec(); }, m_main);
+    m_keep.setSingleShot(true);
+    m_keep.setInterval(kQuietBeforeKeeping);
+    QObject::connect(&m_keep, &QTimer::timeout, &m_main, [this] { m_shell.session().keepLast(); });
+    m_shell.workspace().changed.watch([this] { m_keep.start(); });
+    m_shell.ended.watch([this] {
+        m_shell.session().keepLast();
+        QCoreApplication::exit();
+    });
 }
 
 void Application::start()

@@ -6,6 +6,7 @@
 #include "ui/desktop.h"
 #include "ui/main_window.h"
 #include "ui/map_services.h"
+#include "ui/page_maker.h"
 #include "ui/platform_preferences.h"
 #include "ui/print_dialog.h"
 #include "ui/radiation_window.h"
@@ -15,6 +16,7 @@
 #include "ui/tile_source.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <filesystem>
 #include <memory>
@@ -60,7 +62,10 @@ private:
     shell::Desktop::Maps m_maps{m_connection, m_tilePlaces, m_timeZones};
     PlatformPreferences m_preferences;
     shell::Shell m_shell;
+    PdfMaker m_pdf;
+    workspace::ReportDesk m_report;
     MainWindow m_main;
+    QTimer m_keep; // until the last state is kept for the next session
     std::unique_ptr<SplashWindow> m_splash;
     std::unique_ptr<ResultsWindow> m_results;
     std::unique_ptr<ConverterWindow> m_converter;

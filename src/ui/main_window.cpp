@@ -117,6 +117,7 @@ void MainWindow::buildMenus()
         return action;
     };
     QMenuBar& bar = *menuBar();
+    m_file = bar.addMenu(QStringLiteral("&File"));
     auto* const view = bar.addMenu(QStringLiteral("&View"));
     m_panels = new Panels(*this, *view, nullptr);
 

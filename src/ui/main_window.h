@@ -8,6 +8,8 @@
 
 #include <QString>
 
+class QMenu;
+
 namespace comfortics::ui {
 
 class ContentArea;
@@ -31,6 +33,9 @@ public:
     /// closed. The name keeps its place between sessions.
     QDockWidget& addPanel(const QString& name, const QString& title, QWidget* content,
                           PanelPlace place = PanelPlace::Right);
+    /// For what opens, saves and prints.
+    QMenu& fileMenu() { return *m_file; }
+
     /// Opens a panel and brings it to the front.
     void showPanel(const QString& name);
 
@@ -54,6 +59,7 @@ private:
     OptionsPage* m_options = nullptr;
     IndexPanel* m_indices = nullptr;
     Panels* m_panels = nullptr;
+    QMenu* m_file = nullptr;
     CutLabel* m_status = nullptr;
 };
 

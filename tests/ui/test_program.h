@@ -57,7 +57,7 @@ Widget& find(const QWidget& window, const char* name)
 inline QPushButton& button(const QWidget& window, const char* text)
 {
     for (QPushButton* const one : window.findChildren<QPushButton*>())
-        if (one->text().remove(QLatin1Char('&')) == QLatin1String(text))
+        if (one->text().remove(QLatin1Char('&')) == QString::fromUtf8(text))
             return *one;
     throw std::runtime_error(std::string("there is no button ") + text);
 }

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/session_menu.h"
+
+#include "ui/bindings.h"
+#include "ui/text.h"
+
+#include <QFileInfo>
+#include <QMenu>
+
+#include <utility>
+
+namespace comfortics::ui {
+
+using workspace::SessionDesk;
+
+namespace {
+
+void fillRecent(QMenu& menu, SessionDesk& session)
+{
+    menu.clear();
+    const std::vector<std::string> paths = session.recent();
+    for (const std::string& path : paths) {
+        const QFileInfo file(toQt(path));
+        QAction* const action = menu.addAction(withMnemonic(fromQt(file.fileName())), &menu,
+                                               [&session, path] { session.openFile(path); });
+        action->setToolTip(toQt(path));
+        action->setEnabled(file.exists());
+    }
+    menu.setToolTipsVisible(true);
+    menu.setEnabled(!paths.empty());
+    if (paths.empty())
+        return;
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("&Clear This List"), &menu, [&session] { session.forgetRecent(); });
+}
+
+} // namespace
+
+void addSessionEntries(QMenu& menu, SessionDesk& session, std::function<void()> report, QWidget& window)
+{
+    const auto add = [&menu, &window](const QString& text, const QKeySequence& keys,
+                                      std::function<void()> act) {
+        QAction* const action = menu.addAction(text, &window, std::move(act));
+        action->setShortcut(keys);
+        window.addAction(action);
+        return action;
+    };
+    add(QStringLiteral("&Open Session …"), QKeySequence::Open, [&session] { session.open(); });
+    QMenu* const recent = menu.addMenu(QStringLiteral("Open &Recent"));
+    follow(*recent, session.changed, [recent, &session] {
+        // Not at once: an entry of the list may be what changed it.
+        QMetaObject::invokeMethod(
+            recent, [recent, &session] { fillRecent(*recent, session); }, Qt::QueuedConnection);
+    });
+    add(QStringLiteral("&Save Session"), QKeySequence::Save, [&session] { session.save(); });
+    add(QStringLiteral("Save Session &As …"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+        [&session] { session.saveAs(); });
+    QAction* const last =
+        add(QStringLiteral("Bring Back the &Last Readings"), {}, [&session] { session.restoreLast(); });
+    QObject::connect(&menu, &QMenu::aboutToShow, last,
+                     [last, &session] { last->setEnabled(session.hasLast()); });
+    menu.addSeparator();
+    add(QStringLiteral("Re&port …"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R), std::move(report));
+    menu.addSeparator();
+}
+
+} // namespace comfortics::ui

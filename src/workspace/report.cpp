@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/report.h"
+
+#include "catalogue/references.h"
+#include "comfortics/version.h"
+#include "workspace/severity_colors.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+namespace comfortics::workspace {
+
+namespace {
+
+constexpr std::size_t kMostCharted = 8; // what a page has room for
+constexpr int kRowHeight = 46;
+constexpr int kBarTop = 18;
+constexpr int kBarHeight = 12;
+constexpr int kMarkHeight = 8;
+
+constexpr const char* kStyle =
+    "body{font-family:sans-serif;font-size:10pt;color:#111;background:#fff;max-width:510pt;margin:20pt auto}"
+    "h1{font-size:16pt;margin:0 0 6pt}h2{font-size:11pt;margin:14pt 0 3pt}p{margin:3pt 0}"
+    "table{border-collapse:collapse;width:100%}"
+    "td,th{text-align:left;padding:1pt 6pt 1pt 2pt;vertical-align:top;border-bottom:1px solid #ccc}"
+    "small{color:#444;font-size:8pt}.chip{padding:0 4pt}";
+
+std::string escaped(std::string_view text)
+{
+    std::string result;
+    for (const char c : text) {
+        if (c == '&')
+            result += "&amp;";
+        else if (c == '<')
+            result += "&lt;";
+        else if (c == '>')
+            result += "&gt;";
+        else if (c == '"')
+            result += "&quot;";
+        else if (c == '\n')
+            result += "<br>";
+        else if (static_cast<unsigned char>(c) >= ' ') // no other control character is a letter
+            result += c;
+    }
+    return result;
+}
+
+std::string hex(const Rgb& color)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
+    return text.data();
+}
+
+// A bound of a class as the data have it.
+std::string shortNumber(double value)
+{
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.6g", value);
+    return text.data();
+}
+
+std::vector<int> chosen(const ReportRequest& request)
+{
+    std::vector<int> indices;
+    for (const std::string& id : request.ids)
+        if (const int index = catalogue::indexOfId(id); index > 0)
+            indices.push_back(index);
+    return indices;
+}
+
+std::string_view nameOf(int index)
+{
+    return catalogue::row(index).name;
+}
+
+std::string_view unitOf(int index)
+{
+    return catalogue::row(index).unit;
+}
+
+std::string chip(const catalogue::Meaning& meaning)
+{
+    const FieldColors colors = severityColors(meaning.severity, Ground::Light);
+    return "<span class=\"chip\" style=\"background-color:" + hex(colors.field) +
+           ";color:" + hex(colors.text) + "\">&nbsp;" + escaped(catalogue::inWords(meaning)) +
+           "&nbsp;</span>";
+}
+
+std::string row(std::initializer_list<std::string> cells, const char* tag = "td")
+{
+    std::string text = "<tr>";
+    for (const std::string& cell : cells)
+        text += "<" + std::string(tag) + ">" + cell + "</" + tag + ">";
+    return text + "</tr>";
+}
+
+std::string readingRows(const Situation& situation)
+{
+    std::string rows;
+    for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
+        const formulas::LiveInfo& info = formulas::kLiveInfo[i];
+        std::string typed;
+        for (std::size_t reading = 0; reading < classic::kReadingCount; ++reading)
+            if (static_cast<std::size_t>(classic::kReadingInfo[reading].live) == i)
+                typed = situation.inputs.readings[reading];
+        rows += row({escaped(info.name) + " (" + escaped(info.symbol) + ")", escaped(typed),
+                     escaped(situation.live[i].text), escaped(info.unit)});
+    }
+    return rows;
+}
+
+std::string assumptions(const Situation& situation)
+{
+    std::string text;
+    for (std::size_t i = 0; i < classic::kAssumptionCount; ++i) {
+        const classic::AssumptionInfo& info = classic::kAssumptionInfo[i];
+        text += std::string(i ? "; " : "") + escaped(info.heading) + " " +
+                escaped(situation.inputs.assumptions[i]) + (info.unit.empty() ? "" : " ") +
+                escaped(info.unit);
+        // The headings tell the reverse of what the formulas read.
+        if (static_cast<classic::Assumption>(i) == classic::Assumption::Height)
+            text += " (taken as the stature in cm)";
+        if (static_cast<classic::Assumption>(i) == classic::Assumption::Weight)
+            text += " (taken as the body mass in kg)";
+    }
+    return text;
+}
+
+std::string figureRows(const Situation& situation, const std::vector<int>& indices)
+{
+    std::string rows;
+    for (const int index : indices) {
+        const Figure& figure = situation.figure(index);
+        std::string told = figure.meaning ? chip(*figure.meaning) : std::string();
+        if (figure.number && !figure.meaning)
+            told = catalogue::scale(index).categories.empty() ? "<small>no published classes</small>"
+                                                              : "<small>no class here</small>";
+        if (!figure.number)
+            told = "<small>" + escaped(figure.reason) + "</small>";
+        if (!figure.doubt.empty())
+            told += "<br><small>" + escaped(figure.doubt) + "</small>";
+        rows +=
+            row({std::to_string(index), escaped(nameOf(index)),
+                 figure.number ? "<b>" + escaped(figure.text) + "</b>" : "–", escaped(unitOf(index)), told});
+    }
+    return rows;
+}
+
+std::string sources(const Situation& situation, const std::vector<int>& indices)
+{
+    std::string text;
+    for (const int index : indices)
+        if (situation.figure(index).meaning)
+            text += "<br>" + std::to_string(index) + ": " + escaped(catalogue::scale(index).source);
+    return text.empty() ? text : "<p><small>Sources of the classes:" + text + "</small></p>";
+}
+
+std::vector<int> charted(const Situation& situation, const std::vector<int>& indices)
+{
+    std::vector<int> result;
+    for (const int index : indices)
+        if (situation.figure(index).meaning && result.size() < kMostCharted)
+            result.push_back(index);
+    return result;
+}
+
+// Where a value stands along classes of one width each, 0 to 1. In a class without an end on one side it
+// stands in the middle.
+double placeOf(const catalogue::Scale& scale, const catalogue::Category& category, double value)
+{
+    const auto place = static_cast<double>(&category - scale.categories.data());
+    const bool open = !std::isfinite(category.lower) || !std::isfinite(category.upper);
+    const double share = open ? 0.5 : (value - category.lower) / (category.upper - category.lower);
+    return (place + share) / static_cast<double>(scale.categories.size());
+}
+
+std::string number(double value)
+{
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.1f", value);
+    return text.data();
+}
+
+std::string bar(const Situation& situation, int index, int top)
+{
+    const Figure& figure = situation.figure(index);
+    const catalogue::Scale& scale = catalogue::scale(index);
+    const auto text = [](double x, int y, const char* anchor, const std::string& words, int size) {
+        return "<text x=\"" + number(x) + "\" y=\"" + std::to_string(y) + "\" text-anchor=\"" + anchor +
+               "\" font-size=\"" + std::to_string(size) + "\" fill=\"#111111\">" + escaped(words) + "</text>";
+    };
+    std::string svg = text(0, top + 12, "start",
+                           std::string(nameOf(index)) + ": " + figure.text + " " +
+                               std::string(unitOf(index)) + ", " + catalogue::inWords(*figure.meaning),
+                           11);
+    const double width = static_cast<double>(kReportWidth) / static_cast<double>(scale.categories.size());
+    // The scales of the dissatisfied are magnitudes: they take the side of their vote.
+    const bool flipped = figure.meaning->severity != figure.meaning->category->severity;
+    for (std::size_t i = 0; i < scale.categories.size(); ++i) {
+        const catalogue::Category& category = scale.categories[i];
+        const FieldColors colors =
+            severityColors(flipped ? -category.severity : category.severity, Ground::Light);
+        const double left = width * static_cast<double>(i);
+        svg += "<rect x=\"" + number(left) + "\" y=\"" + std::to_string(top + kBarTop) + "\" width=\"" +
+               number(width) + "\" height=\"" + std::to_string(kBarHeight) + "\" fill=\"" +
+               hex(colors.field) + "\" stroke=\"#777777\" stroke-width=\"0.5\"/>";
+        if (i > 0)
+            svg += text(left, top + kBarTop + kBarHeight + 11, "middle", shortNumber(category.lower), 9);
+    }
+    const double x = kReportWidth * placeOf(scale, *figure.meaning->category, *figure.number);
+    const int tip = top + kBarTop + kBarHeight / 2;
+    return svg + "<path d=\"M" + number(x) + " " + std::to_string(tip) + " l-5 -" +
+           std::to_string(kMarkHeight) + " h10 z\" fill=\"#111111\" stroke=\"#FFFFFF\"/>";
+}
+
+std::string chartOf(const Situation& situation, const std::vector<int>& indices)
+{
+    const std::vector<int> rows = charted(situation, indices);
+    if (rows.empty())
+        return {};
+    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(kReportWidth) +
+                      "\" height=\"" + std::to_string(static_cast<int>(rows.size()) * kRowHeight) +
+                      "\" viewBox=\"0 0 " + std::to_string(kReportWidth) + " " +
+                      std::to_string(static_cast<int>(rows.size()) * kRowHeight) +
+                      "\" font-family=\"sans-serif\" role=\"img\">";
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        svg += bar(situation, rows[i], static_cast<int>(i) * kRowHeight);
+    return svg + "</svg>";
+}
+
+std::string page(const Situation& situation, const ReportRequest& request, const std::string& chart)
+{
+    const std::vector<int> indices = chosen(request);
+    const std::string heading = request.heading.empty() ? "Thermal conditions" : request.heading;
+    std::string html = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" +
+                       escaped(heading) + "</title><style>" + kStyle + "</style></head><body>\n<h1>" +
+                       escaped(heading) + "</h1>\n<p>" + escaped(request.when) + "</p>\n";
+    if (!request.notes.empty())
+        html += "<p>" + escaped(request.notes) + "</p>\n";
+    if (!situation.problem.empty())
+        html += "<p><b>" + escaped(situation.problem) + "</b></p>\n";
+    html += "<h2>Readings</h2>\n<table width=\"100%\" cellpadding=\"2\">" +
+            row({"Quantity", "Measured", "Calculated with", "Unit"}, "th") + readingRows(situation) +
+            "</table>\n<p><small>By " + escaped(classic::inForce(situation.inputs.settings)) + ". " +
+            assumptions(situation) +
+            "</small></p>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" +
+            row({"No", "Thermal index", "Value", "Unit", "Class"}, "th") + figureRows(situation, indices) +
+            "</table>\n";
+    if (!chart.empty())
+        html += "<h2>Where the values stand</h2>\n" + chart +
+                "\n<p><small>All classes of a scale are drawn at one width; the numbers are their bounds. A "
+                "class at an end has no outer bound: the mark stands in its middle.</small></p>\n";
+    return html + sources(situation, indices) +
+           "<p><small>Severity from -4 (extreme cold) to +4 (extreme heat) is a judgement made for all "
+           "indices "
+           "together. Comfortics " +
+           std::string(version()) +
+           " calculates published indices; it replaces neither the text of a standard nor a "
+           "physician.</small>"
+           "</p>\n</body></html>\n";
+}
+
+} // namespace
+
+std::string reportHtml(const Situation& situation, const ReportRequest& request)
+{
+    return page(situation, request, chartOf(situation, chosen(request)));
+}
+
+ReportPage reportPage(const Situation& situation, const ReportRequest& request)
+{
+    const std::string chart = chartOf(situation, chosen(request));
+    return {page(situation, request, chart.empty() ? chart : "<p><img src=\"chart.svg\"></p>"), chart};
+}
+
+} // namespace comfortics::workspace

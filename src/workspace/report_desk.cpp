@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/report_desk.h"
+
+#include "catalogue/references.h"
+#include "output/whole_file.h"
+
+#include <array>
+#include <ctime>
+#include <filesystem>
+
+namespace comfortics::workspace {
+
+namespace {
+
+constexpr const char* kTitle = "Save Report";
+
+} // namespace
+
+ReportDesk::ReportDesk(Workspace& workspace, SessionDesk& session, controls::FileDialogs& files,
+                       controls::Messages& messages, PageMaker& maker)
+    : m_workspace(workspace), m_session(session), m_files(files), m_messages(messages), m_maker(maker)
+{
+}
+
+std::vector<std::string> ReportDesk::ids() const
+{
+    if (choice == Choice::Cards)
+        return cards ? cards() : std::vector<std::string>();
+    std::vector<std::string> ids;
+    const classic::Selection ticked = m_workspace.form().settings().selection;
+    for (int index = 1; index <= catalogue::kLastIndex; ++index)
+        if (ticked.contains(index) && m_workspace.present().figure(index).number)
+            ids.emplace_back(catalogue::reference(index).id);
+    return ids;
+}
+
+ReportRequest ReportDesk::request() const
+{
+    return {.heading = m_session.heading,
+            .notes = m_session.notes,
+            .when = when.empty() ? clockText() : when,
+            .ids = ids()};
+}
+
+ReportPage ReportDesk::page() const
+{
+    return reportPage(m_workspace.present(), request());
+}
+
+void ReportDesk::save(Form form)
+{
+    const bool pdf = form == Form::Pdf;
+    const std::string ending = pdf ? ".pdf" : ".html";
+    const auto written = [&ending](const std::string& path) {
+        return std::filesystem::path(path).extension() == ending ? path : path + ending;
+    };
+    const auto path = m_files.askSave({.title = kTitle,
+                                       .filter = pdf ? "PDF (*.pdf)|*.pdf" : "HTML (*.html)|*.html",
+                                       .fileName = "report" + ending,
+                                       .overwritePrompt = true,
+                                       .written = written});
+    if (!path || path->empty())
+        return;
+    write(form, written(*path));
+}
+
+void ReportDesk::write(Form form, const std::string& path)
+{
+    const std::string bytes =
+        form == Form::Pdf ? m_maker.pdf(page()) : reportHtml(m_workspace.present(), request());
+    if (bytes.empty()) {
+        m_messages.show({.text = "The report could not be made.", .title = kTitle});
+        return;
+    }
+    output::WholeFile file(path);
+    file.write(bytes);
+    if (const output::WriteResult result = file.commit(); !result.succeeded()) {
+        m_messages.show({.text = result.error, .title = kTitle});
+        return;
+    }
+    m_workspace.form().tell(std::filesystem::path(path).filename().string() + " was written.");
+}
+
+std::string clockText()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    std::array<char, 32> text{};
+    std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local);
+    return text.data();
+}
+
+} // namespace comfortics::workspace

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/report.h"
+
+#include "workspace_program.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace comfortics::workspace {
+namespace {
+
+using tests::Program;
+
+bool has(const std::string& page, std::string_view text)
+{
+    return page.find(text) != std::string::npos;
+}
+
+const ReportRequest kRequest{.heading = "Yard <B> & \"C\"",
+                             .notes = "first line\nsecond",
+                             .when = "2026-07-21 14:00",
+                             .ids = {"wbgt_outdoor", "utci", "no_such_index", "wind_chill_noaa"}};
+
+TEST(Report, TellsReadingsRulesValuesClassesAndReasons)
+{
+    Program program;
+    program.type("33", "712", "48", "1.2");
+    const Situation& situation = program.workspace.present();
+    const std::string page = reportHtml(situation, kRequest);
+    EXPECT_TRUE(has(page, "Yard &lt;B&gt; &amp; &quot;C&quot;")) << "what is typed is no markup";
+    EXPECT_TRUE(has(page, "first line<br>second"));
+    EXPECT_TRUE(has(page, "2026-07-21 14:00"));
+    EXPECT_TRUE(has(page, "classic rules, limits kept"));
+    EXPECT_TRUE(has(page, situation.figure(200).text + "</b>"));
+    EXPECT_TRUE(has(page, catalogue::inWords(situation.figure(195).meaning.value())));
+    EXPECT_TRUE(has(page, "Outside its limits")) << "the wind chill is blank, and says why";
+    EXPECT_TRUE(has(page, "<svg")) << "the chart is inside";
+    EXPECT_FALSE(has(page, "no_such_index"));
+
+    const ReportPage printed = reportPage(situation, kRequest);
+    EXPECT_TRUE(has(printed.html, "chart.svg") && !has(printed.html, "<svg"));
+    EXPECT_EQ(printed.chart.find("<svg"), 0U);
+}
+
+TEST(Report, OfNothingCalculatedShowsNoFigure)
+{
+    Program program;
+    program.type("33", "", "48", "1.2");
+    const std::string page = reportHtml(program.workspace.present(), kRequest);
+    EXPECT_TRUE(has(page, program.workspace.present().problem));
+    EXPECT_FALSE(has(page, "<svg"));
+    EXPECT_FALSE(has(page, "class=\"chip\""));
+}
+
+// The mark stands inside the segment of the class that is told.
+TEST(Report, MarksTheClassThatItTells)
+{
+    for (const char* Ta : {"-30", "-5", "12", "24", "31", "38", "46"}) {
+        Program program;
+        program.type(Ta, "300", "40", "3");
+        const Situation& situation = program.workspace.present();
+        const ReportPage page =
+            reportPage(situation, {.heading = {}, .notes = {}, .when = {}, .ids = {"utci"}});
+        const auto& meaning = situation.figure(195).meaning;
+        if (!meaning)
+            continue;
+        const auto& categories = catalogue::scale(195).categories;
+        const double width = static_cast<double>(kReportWidth) / static_cast<double>(categories.size());
+        const auto place = static_cast<double>(meaning->category - categories.data());
+        const std::size_t at = page.chart.find("<path d=\"M");
+        ASSERT_NE(at, std::string::npos) << Ta;
+        const double x = std::stod(page.chart.substr(at + 10));
+        EXPECT_GE(x, place * width - 0.06) << Ta;
+        EXPECT_LE(x, (place + 1) * width + 0.06) << Ta;
+    }
+}
+
+} // namespace
+} // namespace comfortics::workspace
