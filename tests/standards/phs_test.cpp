@@ -86,6 +86,17 @@ const Row kRows[] = {
          in.Ap = 0.5, in.Fr = 0.6;
      },
      "37.879128", "37.814425", "35.480671", "4962.5345", kNever, 200, kNever},
+    {"apart: cool and still", 2004, 16, 21, 0.05, 0.9, 380, 0.3, asTyped,
+     "38.561044", "38.483384", "33.899884", "7742.5899", 18, 243, 354},
+    {"apart: walking into the wind", 2004, 44, 50, 2.6, 1.2, 190, 0.7,
+     [](PhsInputs& in) { in.walking = 1.4, in.angle = 170, in.duration = 240; },
+     "38.232490", "38.161073", "35.426105", "3492.6984", 26, kNever, kNever},
+    {"apart: walking into the wind", 2023, 44, 50, 2.6, 1.2, 368.195582395, 0.25, // 190 W/m²
+     [](PhsInputs& in) { in.walking = 1.4, in.angle = 170, in.duration = 240; },
+     "38.450154", "38.374601", "36.007922", "4078.8284", 19, 222, kNever},
+    {"apart: at rest in still air", 2023, 42, 47, 0, 3.1, 109.489738975, 0.8, // 56.5 W/m²
+     [](PhsInputs& in) { in.posture = Sitting; },
+     "39.698302", "39.608707", "36.313724", "6758.0351", 130, 223, kNever},
 };
 // clang-format on
 
