@@ -18,7 +18,6 @@ constexpr double kAirHeat = 1010;                 // [J/kgK]
 constexpr double kBloodHeat = 1.06 * 3640 / 3600; // [Wh/LK]
 constexpr double kVaporisation = 2.42e6;          // [J/kg]
 constexpr double kBreathPerWatt = 1.44e-6;        // [kg/sW]
-constexpr double kTau = 6.28;                     // as the model rounds it
 
 double kelvinToFourth(double t)
 {
@@ -42,10 +41,8 @@ PetBody::PetBody(const PetInputs& in) noexcept
     m_bare = 1 - covered;
     m_clothed = m_surface * (covered + f - 1);
     m_resistance = in.clo / (6.45 * covered);
-    const double length = kTau * clothedHeight(in.clo, in.height);
-    const double outer = m_surface * (f - 1 + covered) / length;
-    const double inner = covered * m_surface / length;
-    m_transmission = length * (outer - inner) / (m_resistance * std::log(outer / inner) * m_clothed);
+    // Through a cylinder around the body, from whose radii its length goes out.
+    m_transmission = m_surface * (f - 1) / (m_resistance * std::log((f - 1 + covered) / covered) * m_clothed);
     m_outdoors = air(in.ta, in.tmrt, in.v, in.e.value_or(in.RH / 100 * petSaturation(in.ta)));
 }
 

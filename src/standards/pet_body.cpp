@@ -59,15 +59,6 @@ double coveredShare(double clo) noexcept
     return (-2.36 + 173.51 * clo - 100.76 * clo * clo + 19.28 * clo * clo * clo) / 100;
 }
 
-double clothedHeight(double clo, double height) noexcept
-{
-    if (clo >= 2)
-        return height;
-    if (clo > 0.6)
-        return height - 0.2;
-    return height * (clo > 0.3 ? 0.5 : 0.1);
-}
-
 double radiantShare(Posture posture) noexcept
 {
     return posture == Posture::Sitting ? 0.696 : 0.725;

@@ -74,9 +74,6 @@ double basalRate(const PetInputs& inputs) noexcept;
 /// The share of the body that clothing covers, before any cut at 1.
 double coveredShare(double clo) noexcept;
 
-/// Length of the cylinder that clothing makes around the body [m].
-double clothedHeight(double clo, double height) noexcept;
-
 /// Share of the body's surface that exchanges radiation.
 double radiantShare(Posture posture) noexcept;
 

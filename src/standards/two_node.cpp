@@ -41,6 +41,7 @@ constexpr double kNeutralBlood = 6.3; // [L/m²h]
 constexpr double kSweatHeat = 0.68;   // [Wh/g]
 constexpr double kBodyHeat = 0.97;    // specific heat [Wh/kgK]
 
+constexpr double kLeastSpeed = 0.1;         // [m/s]
 constexpr double kClothingTolerance = 0.01; // [K]
 constexpr int kMostClothingSteps = 200;
 
@@ -120,7 +121,7 @@ Person::Person(const TwoNodeInputs& inputs, LimbConvection limbConvects) noexcep
       // Deliberately met and not W/m²: the start as published, forgotten within minutes.
       eSkin(0.1 * in.met)
 {
-    const double v = std::max(in.v, 0.1);
+    const double v = std::max(in.v, kLeastSpeed);
     const bool of2017 = in.edition == Edition::Ashrae2017;
     hc = std::max(3 * std::pow(a, 0.53), 8.600001 * std::pow(v * a, 0.53));
     if (limbs && !of2017)
@@ -357,7 +358,7 @@ TwoNode twoNode(const TwoNodeInputs& inputs, Motion motion, Limits limits) noexc
     result.eSkin = person.eSkin;
     result.disc = person.disc();
     result.tsens = person.tsens();
-    result.inMotion = {actual.v, actual.clo};
+    result.inMotion = {std::max(actual.v, kLeastSpeed), actual.clo};
     return result;
 }
 

@@ -91,7 +91,15 @@ TEST(PetWaltherGoestchel, Figures)
     old.sex = Sex::Female;
     old.height = 1.64;
     old.weight = 62;
+    PetInputs sitting = of2018(5, 10, 1, 60, 80, 1.9); // by a calculation apart from this program
+    sitting.age = 40;
+    sitting.sex = Sex::Female;
+    sitting.height = 1.7;
+    sitting.weight = 60;
+    sitting.pressure = 880;
+    sitting.posture = Posture::Sitting;
     const Case cases[] = {
+        {sitting, {"3.2498", "34.5793", "21.6147", "8.2564"}},
         {of2018(20, 20, 0.15, 50, 80, 0.5), {"18.860", "36.623", "24.645", "22.965"}},
         {of2018(30, 45, 1, 40, 80, 0.9), {"34.122", "36.819", "32.471", "34.390"}},
         {of2018(0, -2, 2, 70, 80, 0.9), {"-6.739", "22.372", "8.249", "1.791"}},
@@ -102,6 +110,19 @@ TEST(PetWaltherGoestchel, Figures)
         const Pet r = petWaltherGoestchel(c.in);
         expectFigures(r, r.tClothing, c.expected);
     }
+}
+
+// Clothing that covers all, beyond the range, and the skin's wettedness: by a calculation apart from this
+// program.
+TEST(Pet, CoveredAndWet)
+{
+    PetInputs thick = ofPaper(-20, -15, 4, 1);
+    thick.clo = 2.5;
+    EXPECT_SHOWN(pet(thick).pet, "-25.9511");
+    PetInputs sitting = of2018(-20, -15, 4, 60, 80, 2.5);
+    sitting.posture = Posture::Sitting;
+    EXPECT_SHOWN(petWaltherGoestchel(sitting).pet, "-24.1562");
+    EXPECT_SHOWN(petWaltherGoestchel(of2018(34, 60, 0.5, 30, 100, 0.5)).wettedness, "0.36515");
 }
 
 TEST(Pet, OfTheReferenceIsItsTemperature)
@@ -115,6 +136,15 @@ TEST(Pet, OfTheReferenceIsItsTemperature)
         in.pressure = 870;
         EXPECT_NEAR(petWaltherGoestchel(in).pet, t, 1e-8);
     }
+}
+
+TEST(PetBody, BloodFlowsByWarmthAndCold)
+{
+    EXPECT_NEAR(pet_body::bloodFlow(36.5, 34.1), 6.3, 1e-12);
+    EXPECT_NEAR(pet_body::bloodFlow(37, 34), 36.3, 1e-12); // 6.3 + 75 * 0.4
+    EXPECT_NEAR(pet_body::bloodFlow(37, 30), 12.1, 1e-12); // a third
+    EXPECT_EQ(pet_body::bloodFlow(38, 35), 90);
+    EXPECT_NEAR(pet_body::coreToSkin(38, 35, 1), 285.84, 1e-9); // 3 * (5.28 + 90)
 }
 
 TEST(PetBody, TheCoreIsThatOfTheHeat)

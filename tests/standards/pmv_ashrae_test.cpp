@@ -37,6 +37,12 @@ TEST(PmvAshrae, Figures)
         EXPECT_EQ(r.compliant, std::fabs(r.pmv) < 0.5) << c.pmv;
         EXPECT_EQ(r.verdict, Verdict{}) << c.pmv;
     }
+    // Both editions and work, by a calculation apart from this program.
+    const PmvInputs working{27, 28, 0.6, 45, 2.2, 0.7, 0.4};
+    EXPECT_SHOWN(pmvAshrae(working).coolingEffect, "4.5279");
+    EXPECT_SHOWN(pmvAshrae(working).pmv, "0.5248");
+    EXPECT_SHOWN(pmvAshrae(working, Motion::None, Edition::Ashrae2017).coolingEffect, "4.4508");
+    EXPECT_SHOWN(pmvAshrae(working, Motion::None, Edition::Ashrae2017).pmv, "0.5369");
     EXPECT_TRUE(pmvAshrae(cases[1].in).compliant);
     EXPECT_FALSE(pmvAshrae(cases[4].in).compliant);
 }
@@ -105,6 +111,7 @@ TEST(PmvAshrae, LimitsTheSpeedThatOthersSet)
     EXPECT_TRUE(pmvAshrae({24, 24, 0.32, 50, 1.2, 0.5}).beyondSpeedLimit);
     EXPECT_FALSE(pmvAshrae({24, 24, 0.31, 50, 1.2, 0.5}).beyondSpeedLimit);
     EXPECT_FALSE(pmvAshrae({24, 24, 1.5, 50, 1.2, 0.9}).beyondSpeedLimit);
+    EXPECT_FALSE(pmvAshrae({27, 27, 0.8, 50, 1.2, 0.5}).beyondSpeedLimit);
 }
 
 TEST(PmvAshrae, NamesWhatIsBeyondItsRange)
@@ -123,6 +130,7 @@ TEST(PmvAshrae, NamesWhatIsBeyondItsRange)
         {{24, 24, 0.1, 50, 0.99, 1}, Motion::None, outside("met")},
         {{24, 24, 0.1, 50, 1.2, 1.51}, Motion::None, outside("clo")},
         {{24, 24, 0.1, 50, 1.2, 1, 1.3}, Motion::None, outside("work")},
+        {{40, 40, 2, 50, 1, 0, 1}, Motion::None, Verdict{}},
         {{10, 10, 1, 50, 1, 0.1}, Motion::None, outside("pmv")},
         {{24, 24, 0.1, -1, 1.2, 1}, Motion::None, none(Reason::BeyondPhysics, "RH")},
         {{24, 24, kNaN, 50, 1.2, 1}, Motion::None, none(Reason::Missing, "vr")},

@@ -72,10 +72,18 @@ TEST(Motion, ChangesSpeedAndClothing)
         const char* worn;
     };
     const Case cases[] = {
-        {Motion::None, 0.2, 2, 0.8, "0.2", "0.8"},       {Motion::Ashrae, 0.2, 2, 0.8, "0.5", "0.64"},
-        {Motion::Iso, 0.2, 2, 0.8, "0.5", "0.67153"},    {Motion::Iso, 0.3, 1.6, 0.4, "0.48", "0.26850"},
-        {Motion::Ashrae, 0.3, 1.2, 0.8, "0.36", "0.80"}, {Motion::Ashrae, 0.3, 1, 0.8, "0.3", "0.80"},
+        {Motion::None, 0.2, 2, 0.8, "0.2", "0.8"},
+        {Motion::Ashrae, 0.2, 2, 0.8, "0.5", "0.64"},
+        {Motion::Iso, 0.2, 2, 0.8, "0.5", "0.67153"},
+        {Motion::Iso, 0.3, 1.6, 0.4, "0.48", "0.26850"},
+        {Motion::Ashrae, 0.3, 1.2, 0.8, "0.36", "0.80"},
+        {Motion::Ashrae, 0.3, 1, 0.8, "0.3", "0.80"},
         {Motion::Ashrae, 0.3, 0.9, 0.8, "0.3", "0.80"},
+        {Motion::Ashrae, 0, 1.25, 0.8, "0.075", "0.736"},
+        // Faster than the corrections go; by a calculation apart from this program.
+        {Motion::Iso, 0.4, 2, 0.65, "0.7", "0.54559"},
+        {Motion::Iso, 5, 1.5, 0.5, "5.15", "0.38378"},
+        {Motion::Iso, 0.1, 6, 1.1, "1.6", "0.63284"},
     };
     for (const Case& c : cases) {
         const InMotion moving = inMotion(c.motion, c.v, c.met, c.clo);
@@ -175,6 +183,7 @@ TEST(PmvIso, NamesWhatIsBeyondItsRange)
         EXPECT_EQ(blank.verdict, none(Reason::BeyondRange, c.name));
         EXPECT_TRUE(std::isnan(blank.pmv) && std::isnan(blank.ppd));
     }
+    EXPECT_EQ(pmvIso({30, 40, 1, 20, 1, 2, 1}).verdict, Verdict{}); // the ends belong to the range
     // 2700 Pa is 63.6 % at 30 °C; a vote beyond 2; speed and clothing after the motion.
     EXPECT_EQ(pmvIso({30, 30, 0.2, 63.5, 1, 0.3}).verdict, Verdict{});
     EXPECT_EQ(pmvIso({30, 30, 0.2, 63.7, 1, 0.3}).verdict, outside("pa"));

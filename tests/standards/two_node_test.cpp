@@ -46,6 +46,55 @@ TEST(TwoNode, Figures)
     }
 }
 
+// Work, altitude, the bare, the heat that the body cannot bear and the cold that it feels: by a calculation
+// apart from this program.
+TEST(TwoNode, SensationAndDiscomfort)
+{
+    struct Case {
+        TwoNodeInputs in;
+        std::array<const char*, 4> expected; // SET, ET, discomfort, sensation
+    };
+    const Case cases[] = {
+        {{.ta = 27, .tr = 31, .v = 0.25, .RH = 55, .met = 1.8, .clo = 0.7, .work = 0.35},
+         {"29.8659", "28.7451", "1.7051", "1.1484"}},
+        {{.ta = 40, .tr = 45, .v = 0.1, .RH = 90, .met = 1.5, .clo = 0.8},
+         {"47.9100", "48.0499", "6.0000", "4.3734"}},
+        {{.ta = 38, .tr = 38, .v = 1.5, .RH = 20, .met = 1.2, .clo = 0},
+         {"26.6354", "35.6241", "1.1746", "1.1139"}},
+        {{.ta = 12,
+          .tr = 20,
+          .v = 0.6,
+          .RH = 30,
+          .met = 2.5,
+          .clo = 1.1,
+          .work = 0.5,
+          .pressure = 90'000,
+          .posture = Posture::Sitting},
+         {"23.4430", "14.3173", "-0.0292", "-0.0292"}},
+        {{.ta = 31,
+          .tr = 29,
+          .v = 0.15,
+          .RH = 75,
+          .met = 2.2,
+          .clo = 0.9,
+          .work = 0.4,
+          .pressure = 70'000,
+          .edition = Edition::Ashrae2017},
+         {"39.3249", "33.4755", "5.3143", "2.3775"}},
+        {{.ta = -10, .tr = -5, .v = 1, .RH = 80, .met = 1.5, .clo = 1.5},
+         {"4.4226", "-8.6908", "-1.8707", "-1.8707"}},
+        {{.ta = 22, .tr = 22, .v = 0, .RH = 50, .met = 0.8, .clo = 0.5},
+         {"20.1114", "21.9852", "-0.4308", "-0.4308"}},
+    };
+    for (const Case& c : cases) {
+        const TwoNode r = twoNode(c.in);
+        const double figures[] = {r.set, r.et, r.disc, r.tsens};
+        for (std::size_t i = 0; i < c.expected.size(); ++i)
+            EXPECT_SHOWN(figures[i], c.expected[i]) << " of the SET " << c.expected[0];
+    }
+    EXPECT_EQ(twoNode(cases[6].in).inMotion.v, 0.1);
+}
+
 // The validation table of ASHRAE 55-2017 and before, of one decimal: 25 °C, 0.15 m/s, 50 %, 1 met, 0.5 clo
 // but for one input.
 TEST(TwoNode, ValidationTableOf2017)
