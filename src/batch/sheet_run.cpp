@@ -127,6 +127,11 @@ std::size_t SheetRun::calculateRows(std::size_t last)
     std::optional<SheetRows> rows;
     const ShownAtEnd shown(m_sheet);
     m_lastEvents = {};
+    std::size_t told = 0;
+    const auto tellProgress = [&](std::size_t row) { // with the rows that stand in the table
+        if (row > told)
+            m_sheet.showProgress(told = row, last);
+    };
     for (std::size_t row = 1; row <= last; ++row) {
         const bool eventsDue = m_processEvents && std::chrono::steady_clock::now() - m_lastEvents >= m_every;
         if (eventsDue) {
@@ -146,19 +151,21 @@ std::size_t SheetRun::calculateRows(std::size_t last)
         }
         while (!rows->nextIsDone(kPatience)) {
             m_sheet.showTaken();
+            tellProgress(row - 1);
             letEventsPass();
             if (interrupted())
                 return row - 1;
         }
         const SheetRow& result = rows->next();
-        if (!result.messages.empty()) {
+        if (!result.messages.empty() && !m_messagesHidden) {
             m_sheet.showTaken();
+            tellProgress(row - 1);
             showMessages(result);
         }
         keepRow(row, result);
         m_sheet.take(row, result);
         if (eventsDue || !m_processEvents || row == last)
-            m_sheet.showProgress(row, last);
+            tellProgress(row);
     }
     return last;
 }

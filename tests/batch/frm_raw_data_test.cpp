@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -24,11 +25,13 @@ using Texts = std::vector<std::vector<std::string>>;
 struct User final : controls::Messages, controls::Clipboard, controls::FileDialogs, output::PrintDialog {
     std::vector<controls::MessageBox> boxes;
     std::size_t tickAt = 0; // the message whose check box is ticked; 0: none
-    std::string held;       // by the clipboard
+    std::function<void()> whileShown = [] {};
+    std::string held; // by the clipboard
     std::string path;
     controls::Answer show(const controls::MessageBox& box) override
     {
         boxes.push_back(box);
+        whileShown();
         if (box.checked != nullptr)
             *box.checked = boxes.size() == tickAt;
         return controls::Answer::Ok;
@@ -487,6 +490,19 @@ TEST(FrmRawData, ShowsASolversMessageOncePerFailingCall)
     ASSERT_EQ(sheet.user.boxes.size(), 11U);
     EXPECT_EQ(sheet.user.boxes[9].checkBox, "");
     EXPECT_EQ(sheet.user.boxes[10].checkBox, "Do not show this again for this calculation");
+}
+
+TEST(FrmRawData, ToldProgressGoesWithTheRowsInTheTableWhileAMessageWaits)
+{
+    Sheet sheet;
+    std::vector<Cells> rows(40, kSound);
+    rows[29] = kExtreme;
+    sheet.paste(rows);
+    sheet.form.keepAlive([] {}, std::chrono::hours(1));
+    std::string status;
+    sheet.user.whileShown = [&] { status = sheet.form.lbl_status.caption(); };
+    sheet.calculate();
+    EXPECT_EQ(status, "Row 29 of 40 is done (72%).");
 }
 
 TEST(FrmRawData, OpensATableFollowsTheSelectionCopiesAndExports)
