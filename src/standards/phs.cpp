@@ -43,6 +43,9 @@ constexpr double kStillAir = 0.111;            // insulation [m²K/W]
 constexpr double kLewis = 16.7;                // [K/kPa]
 constexpr double kGramsPerMinute = 2.67 / 108; // of a loss of 1 W from 1 m²: 1/1.8 g/h per watt of 0.675 Wh/g
 
+/// How far beyond the ends between which a root lies it is looked for [K]: it may stand on one of them.
+constexpr double kMargin = 1e-3;
+
 constexpr double kStartCore = 36.8;
 constexpr double kStartSkin = 34.1;
 constexpr double kMostBeta = 0.3;
@@ -143,8 +146,8 @@ std::optional<double> dryHeat(const Exposure& at, double tsk, double& tcl)
         return at.fcl * (hc * (t - at.ta) + at.radiation * (fourth(t + kKelvin) - surroundings));
     };
     const auto [low, high] = std::minmax({tsk, at.ta, at.tr});
-    const auto root = bracketedRoot({.low = low,
-                                     .high = high,
+    const auto root = bracketedRoot({.low = low - kMargin,
+                                     .high = high + kMargin,
                                      .start = tcl,
                                      .slope = -1 - at.Icd * at.fcl * (hc + 4 * at.radiation * 3e7),
                                      .leastSlope = 1},
@@ -162,11 +165,12 @@ std::optional<double> coreOf(double content, double tsk, double before)
 {
     const auto of = [&](double beta) { return (content - tsk * beta / 2) / (1 - beta / 2); };
     const auto [low, high] = std::minmax({of(kLeastBeta), of(kMostBeta)});
-    return bracketedRoot({.low = low, .high = high, .start = before, .slope = -0.9, .leastSlope = 0.5},
-                         [&](double t) {
-                             const double beta = betaOf(t);
-                             return content - (t * (1 - beta / 2) + tsk * beta / 2);
-                         });
+    return bracketedRoot(
+        {.low = low - kMargin, .high = high + kMargin, .start = before, .slope = -0.9, .leastSlope = 0.5},
+        [&](double t) {
+            const double beta = betaOf(t);
+            return content - (t * (1 - beta / 2) + tsk * beta / 2);
+        });
 }
 
 /// Sweat rate [W/m²] that the required evaporation asks for: less of it evaporates the wetter the skin.

@@ -86,13 +86,18 @@ WorkRest workRestTimeWeighted(const TimeWeighted& hour, Limits limits) noexcept
         examination.refuse(Reason::NoRestHere, "work_min");
         return {.verdict = examination.verdict()};
     }
-    const auto q = formulas::bracketedRoot(
-        {.low = 0, .high = 1, .start = 0.5, .slope = spare(1) - spare(0), .leastSlope = 1e-3}, spare);
+    constexpr double kMargin = 1e-6; // the root may stand on an end
+    const auto q = formulas::bracketedRoot({.low = -kMargin,
+                                            .high = 1 + kMargin,
+                                            .start = 0.5,
+                                            .slope = spare(1) - spare(0),
+                                            .leastSlope = 1e-3},
+                                           spare);
     if (!q) {
         examination.refuse(Reason::NoRoot, "work_min");
         return {.verdict = examination.verdict()};
     }
-    return hourOf(examination.verdict(), kHour * *q);
+    return hourOf(examination.verdict(), kHour * std::clamp(*q, 0.0, 1.0));
 }
 
 CapacityResult workCapacity(const Capacity& capacity, Limits limits) noexcept

@@ -97,6 +97,14 @@ const Row kRows[] = {
     {"apart: at rest in still air", 2023, 42, 47, 0, 3.1, 109.489738975, 0.8, // 56.5 W/m²
      [](PhsInputs& in) { in.posture = Sitting; },
      "39.698302", "39.608707", "36.313724", "6758.0351", 130, 223, kNever},
+    // A core on the end of where it was looked for had no temperature.
+    {"apart: cool core", 2023, 19.045897543727236, 74.41750167034658, 0.9820830750570912, 3.8954836911947286,
+     224.25398750670345, 0.2539602999624986,
+     [](PhsInputs& in) {
+         in.posture = Sitting, in.drink = false, in.weight = 108.56579175113691, in.height = 1.9736087363473305,
+         in.Ap = 0.9411956714899417, in.Fr = 0.6219885102891258;
+     },
+     "36.800765", "36.756550", "35.996327", "1276.8737", kNever, kNever, kNever},
 };
 // clang-format on
 

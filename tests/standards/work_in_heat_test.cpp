@@ -118,6 +118,9 @@ TEST(WorkRest, SharesTheHourByItsAverages)
     // The limit of an hour of rest at 115 W is 33.00197 °C.
     EXPECT_EQ(workRestTimeWeighted({33.0020, 33.0020, 300}).verdict, none(Reason::NoRestHere, "work_min"));
     EXPECT_NEAR(workRestTimeWeighted({33.0019, 33.0019, 300}).workMin, 0, 0.01);
+    // A root on an end had no value.
+    EXPECT_NEAR(workRestTimeWeighted({33.00197483593, 33.00197483593, 300}).workMin, 0, 1e-7);
+    EXPECT_NEAR(workRestTimeWeighted({28.2131055708, 28.2131055708, 300}).workMin, 60, 1e-7);
     EXPECT_EQ(workRestTimeWeighted({27, 31, 340, 115, false}).verdict, none(Reason::NoRestHere, "work_min"));
     EXPECT_EQ(workRestTimeWeighted({30, kNaN, 300}).verdict, none(Reason::Missing, "wbgtRest"));
     EXPECT_EQ(workRestTimeWeighted({30, 30, 300, 0}).verdict, none(Reason::BeyondPhysics, "rest"));
