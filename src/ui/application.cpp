@@ -77,7 +77,8 @@ Application::Application(const std::filesystem::path& programFolder)
     pair<shell::Frm_Splash_Screen, SplashWindow>(
         m_shell.splash, m_splash, [](auto& form) { return std::make_unique<SplashWindow>(form); });
     pair<output::Frm_Comfortics, ResultsWindow>(m_shell.results, m_results, [this](auto& form) {
-        return std::make_unique<ResultsWindow>(form, m_main, [this] { m_shell.results.unload(); });
+        return std::make_unique<ResultsWindow>(form, m_shell.workspace(), m_main,
+                                               [this] { m_shell.results.unload(); });
     });
     pair<converter::Frm_Converter, ConverterWindow>(m_shell.converter, m_converter, [this](auto& form) {
         return std::make_unique<ConverterWindow>(form, m_main, [this] { m_shell.converter.unload(); });

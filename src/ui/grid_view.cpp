@@ -76,7 +76,7 @@ GridView::GridView(Grid& grid, QWidget* parent)
     m_grid.watch([this](const GridChange& change) { repeat(change); });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int row) {
         const QScopedValueRollback telling(m_telling, true);
-        m_grid.setTopRow(m_model->gridRow(row));
+        m_grid.setTopRow(shownRow(row));
     });
     repeatLayout();
     repeatSelection();
@@ -111,6 +111,8 @@ void GridView::measure()
 void GridView::repeat(const GridChange& change)
 {
     m_model->repeat(change);
+    if (m_passes && (change.structure || change.cells))
+        hideRows();
     if (change.structure || change.layout)
         repeatLayout();
     if (change.structure || change.selection)
@@ -233,7 +235,50 @@ void GridView::repeatSelection()
 void GridView::repeatScroll()
 {
     if (!m_telling)
-        verticalScrollBar()->setValue(static_cast<int>(m_grid.topRow() - m_grid.fixedRows()));
+        verticalScrollBar()->setValue(scrollPlace(m_grid.topRow()));
+}
+
+void GridView::showOnly(std::function<bool(std::size_t)> passes)
+{
+    m_passes = std::move(passes);
+    hideRows();
+    repeatScroll();
+}
+
+void GridView::hideRows()
+{
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const bool hide = m_passes && !m_passes(m_model->gridRow(row));
+        if (isRowHidden(row) != hide)
+            setRowHidden(row, hide);
+    }
+}
+
+// The scroll bar counts the rows that are not hidden.
+int GridView::scrollPlace(std::size_t gridRow) const
+{
+    const int row = static_cast<int>(gridRow - m_grid.fixedRows());
+    if (!m_passes)
+        return row;
+    int shown = 0;
+    for (int above = 0; above < row; ++above)
+        shown += isRowHidden(above) ? 0 : 1;
+    return shown;
+}
+
+std::size_t GridView::shownRow(int scrollPlace) const
+{
+    int row = scrollPlace;
+    if (m_passes)
+        for (row = 0; row + 1 < m_model->rowCount() && (isRowHidden(row) || scrollPlace > 0); ++row)
+            scrollPlace -= isRowHidden(row) ? 0 : 1;
+    return m_model->gridRow(row);
+}
+
+void GridView::stand(std::size_t gridRow)
+{
+    m_grid.select(gridRow, m_grid.col(), gridRow, m_grid.colSel());
+    scrollTo(m_model->index(static_cast<int>(gridRow - m_grid.fixedRows()), 0));
 }
 
 void GridView::tellSize()
@@ -398,7 +443,10 @@ void GridView::wheelEvent(QWheelEvent* event)
         return;
     const int rotation = m_turned;
     m_turned = 0;
-    if (m_wheel) {
+    if (m_passes) { // the grid's pages count the hidden rows
+        verticalScrollBar()->triggerAction(rotation > 0 ? QScrollBar::SliderPageStepSub
+                                                        : QScrollBar::SliderPageStepAdd);
+    } else if (m_wheel) {
         const QPoint point = event->position().toPoint();
         m_wheel(static_cast<int>(event->modifiers()), rotation, twips(point.x()), twips(point.y()));
     } else {

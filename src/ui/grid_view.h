@@ -44,6 +44,11 @@ public:
     /// of the grid's columns, which a click there selects and whose note it has.
     void showBeside(const QString& heading, std::size_t ofCol, double share,
                     std::function<QString(std::size_t gridRow)> text);
+    /// Hides the rows of the body that do not pass, in this view alone; an empty function shows all again.
+    /// Asked anew whenever the grid changes.
+    void showOnly(std::function<bool(std::size_t gridRow)> passes);
+    /// Makes a row the current one and brings it into sight, its columns as they were.
+    void stand(std::size_t gridRow);
     /// What stands in the table for as long as all of its cells are empty.
     void setEmptyHint(const QString& hint);
 
@@ -73,6 +78,9 @@ private:
     void repeatLayout();
     void repeatSelection();
     void repeatScroll();
+    void hideRows();
+    int scrollPlace(std::size_t gridRow) const;
+    std::size_t shownRow(int scrollPlace) const;
     void fitHeaderHeight();
     bool isEmpty() const;
     void tellSize();
@@ -86,6 +94,7 @@ private:
     std::function<void(int, int)> m_resized;
     std::function<void(int, int, int, int)> m_wheel;
     std::function<void()> m_moved;
+    std::function<bool(std::size_t)> m_passes;
     QString m_emptyHint;
     std::size_t m_besideOf = 0;
     double m_besideShare = 0;

@@ -6,7 +6,9 @@
 #include "ui/mark_style.h"
 #include "ui/text.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QStyledItemDelegate>
 
@@ -106,6 +108,8 @@ IndexList::IndexList(controls::ListBox& list, QWidget* parent) : QListView(paren
 
     follow(*this, list.sight, [this] {
         if (const auto row = m_list.currentRow()) {
+            if (isRowHidden(static_cast<int>(*row)))
+                emit hiddenWanted();
             const QModelIndex index = model()->index(static_cast<int>(*row), 0);
             const QRect rectangle = visualRect(index);
             setCurrentIndex(index);
@@ -141,10 +145,44 @@ void IndexList::mouseDoubleClickEvent(QMouseEvent* event)
 
 void IndexList::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Space && currentIndex().isValid())
+    if (event->key() == Qt::Key_I && event->modifiers() == Qt::ControlModifier && currentIndex().isValid())
+        emit sheetWanted(place(currentIndex().row()));
+    else if (event->key() == Qt::Key_Space && currentIndex().isValid())
         turn(currentIndex().row(), event->modifiers().testFlag(Qt::ShiftModifier));
     else
         QListView::keyPressEvent(event);
+}
+
+void IndexList::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QModelIndex index =
+        event->reason() == QContextMenuEvent::Mouse ? indexAt(event->pos()) : currentIndex();
+    if (!index.isValid())
+        return;
+    QMenu menu(this);
+    const QAction* const sheet = menu.addAction(QStringLiteral("Index sheet\tCtrl+I"));
+    const QPoint place = event->reason() == QContextMenuEvent::Mouse
+                             ? event->globalPos()
+                             : viewport()->mapToGlobal(visualRect(index).bottomLeft());
+    if (menu.exec(place) == sheet)
+        emit sheetWanted(static_cast<std::size_t>(index.row()));
+}
+
+void IndexList::showOnly(const std::function<bool(std::size_t)>& passes)
+{
+    for (int row = 0; row < model()->rowCount(); ++row)
+        if (isRowHidden(row) == passes(place(row)))
+            setRowHidden(row, !isRowHidden(row));
+}
+
+std::optional<std::size_t> IndexList::standing() const
+{
+    return currentIndex().isValid() ? std::optional(place(currentIndex().row())) : std::nullopt;
+}
+
+void IndexList::stand(std::size_t row)
+{
+    m_list.setCurrentRow(row);
 }
 
 void IndexList::turn(int row, bool withRowsBetween)
@@ -154,7 +192,8 @@ void IndexList::turn(int row, bool withRowsBetween)
     const int first = withRowsBetween ? std::min(row, m_lastTurned) : row;
     const int last = withRowsBetween ? std::max(row, m_lastTurned) : row;
     for (int one = first; one <= last; ++one)
-        m_list.setSelected(place(one), selected);
+        if (!isRowHidden(one))
+            m_list.setSelected(place(one), selected);
     m_lastTurned = row;
 }
 

@@ -6,6 +6,9 @@
 #include <QAbstractListModel>
 #include <QListView>
 
+#include <functional>
+#include <optional>
+
 namespace comfortics::ui {
 
 /// The rows of a list box for a view: selected rows are ticked.
@@ -28,7 +31,8 @@ private:
 };
 
 /// The index list. A tick shows that a row is selected, the bar where the keyboard stands. A click
-/// anywhere on a row or the space bar turns its tick; with Shift the rows between follow.
+/// anywhere on a row or the space bar turns its tick; with Shift the rows between follow. A right click, the
+/// menu key and Ctrl+I ask for more of a row.
 class IndexList : public QListView {
     Q_OBJECT
 
@@ -37,7 +41,21 @@ public:
 
     QSize sizeHint() const override;
 
+    /// Hides the rows that do not pass, until told anew. Hidden rows keep their ticks.
+    void showOnly(const std::function<bool(std::size_t row)>& passes);
+    /// The row under the keyboard; none before the first.
+    std::optional<std::size_t> standing() const;
+    /// Makes a row the one under the keyboard and brings it into sight.
+    void stand(std::size_t row);
+
+signals:
+    /// The form stands on a row that is hidden.
+    void hiddenWanted();
+    /// The sheet of a row is asked for.
+    void sheetWanted(std::size_t row);
+
 protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

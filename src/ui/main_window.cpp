@@ -54,6 +54,10 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
         showPanel(kIndices);
         m_indices->search();
     });
+    connect(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_F, this), &QShortcut::activated, this, [this] {
+        showPanel(kIndices);
+        m_indices->find();
+    });
     // Wherever the focus is: a click beside the boxes leaves it in the list.
     connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, [this] {
         if (m_form.Fra_Options.visible())
@@ -91,7 +95,7 @@ QWidget* MainWindow::buildContent()
 
 void MainWindow::buildPanels()
 {
-    m_indices = new IndexPanel(m_form);
+    m_indices = new IndexPanel(m_workspace);
     m_panels->add(kIndices, QStringLiteral("Indices"), m_indices, PanelPlace::Right, true);
 }
 

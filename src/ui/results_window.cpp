@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/results_window.h"
 
+#include "catalogue/references.h"
 #include "ui/bindings.h"
 #include "ui/chip.h"
+#include "ui/find_bar.h"
 #include "ui/grid_view.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
@@ -10,6 +12,7 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -20,6 +23,7 @@
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace comfortics::ui {
@@ -31,12 +35,14 @@ constexpr QSize kSize(940, 680);
 constexpr int kMeaningCol = 3;         // of the view, right of the table's columns
 constexpr double kMeaningShare = 0.24; // of the table's width
 constexpr int kChipMargin = 4;
+constexpr float kFoundGround = 0.25F;
 
-// Values outside of limits that were ignored, and what the others mean.
+// Values outside of limits that were ignored, what the others mean, and the rows that are found.
 class ValueMarks : public QStyledItemDelegate {
 public:
-    ValueMarks(const output::Frm_Comfortics& form, const controls::Grid& grid, GridView* view)
-        : QStyledItemDelegate(view), m_form(form), m_grid(grid), m_view(*view)
+    ValueMarks(const output::Frm_Comfortics& form, const controls::Grid& grid,
+               const workspace::Finding& finding, GridView* view)
+        : QStyledItemDelegate(view), m_form(form), m_grid(grid), m_finding(finding), m_view(*view)
     {
     }
 
@@ -62,6 +68,12 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
+        if (isFound(gridRow(index))) {
+            QColor ground = option->palette.color(QPalette::Highlight);
+            ground.setAlphaF(kFoundGround);
+            option->backgroundBrush = ground;
+            option->font.setBold(index.column() == 0);
+        }
         if (index.column() != static_cast<int>(output::Frm_Comfortics::kValueCol) ||
             !m_form.isDoubtful(m_grid, gridRow(index)))
             return;
@@ -75,8 +87,15 @@ private:
         return static_cast<std::size_t>(index.row()) + m_grid.fixedRows();
     }
 
+    bool isFound(std::size_t row) const
+    {
+        const int index = output::Frm_Comfortics::indexOf(m_grid, row);
+        return m_finding.hasWords() && index > 0 && m_finding.holds(static_cast<std::size_t>(index) - 1);
+    }
+
     const output::Frm_Comfortics& m_form;
     const controls::Grid& m_grid;
+    const workspace::Finding& m_finding;
     const GridView& m_view;
 };
 
@@ -84,8 +103,10 @@ constexpr double kMainShown = 0.36; // of the main window's width, with the read
 
 } // namespace
 
-ResultsWindow::ResultsWindow(output::Frm_Comfortics& form, const QWidget& main, std::function<void()> closed)
-    : FormWindow(form), m_form(form), m_closed(std::move(closed))
+ResultsWindow::ResultsWindow(output::Frm_Comfortics& form, workspace::Workspace& workspace,
+                             const QWidget& main, std::function<void()> closed)
+    : FormWindow(form), m_form(form), m_workspace(workspace),
+      m_finding([this](std::size_t place) { return standing(place); }), m_closed(std::move(closed))
 {
     m_reason = new CutLabel;
     statusBar()->setContentsMargins(kSpacing, 0, 0, 0);
@@ -100,6 +121,12 @@ ResultsWindow::ResultsWindow(output::Frm_Comfortics& form, const QWidget& main, 
     placeBeside(main);
 }
 
+// What watches the finding goes before it.
+ResultsWindow::~ResultsWindow()
+{
+    delete m_find;
+}
+
 void ResultsWindow::buildMenu()
 {
     m_menu = new QMenu(toQt(m_form.Menu_Copy.caption()), this);
@@ -108,6 +135,11 @@ void ResultsWindow::buildMenu()
     addEntry(*m_menu, m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy, *this);
     addEntry(*m_menu, m_form.Menu_Export, 'E', QKeySequence::Save, *this);
     addEntry(*m_menu, m_form.Menu_Print, 'P', QKeySequence::Print, *this);
+    m_menu->addSeparator();
+    QAction* const sheet = m_menu->addAction(QStringLiteral("&Index Sheet"));
+    sheet->setShortcut(Qt::CTRL | Qt::Key_I);
+    addAction(sheet); // the key works while the menu is closed
+    connect(sheet, &QAction::triggered, this, [this] { openSheet(); });
     listen(*this, m_form.popUpMenu_Copy, [this] { m_menu->popup(QCursor::pos()); });
 }
 
@@ -127,7 +159,8 @@ GridView* ResultsWindow::buildTable(controls::Grid& grid, const QString& objectN
                           const auto meaning = m_form.meaning(grid, row);
                           return meaning ? toQt(catalogue::inWords(*meaning)) : QString();
                       });
-    table->setItemDelegate(new ValueMarks(m_form, grid, table));
+    table->setItemDelegate(new ValueMarks(m_form, grid, m_finding, table));
+    table->installEventFilter(this);
     bindAppearance(*table, grid);
     return table;
 }
@@ -166,7 +199,10 @@ QWidget* ResultsWindow::buildContent()
     // One of the two is visible at any time, in the same place.
     m_table = buildTable(m_form.Flex, QStringLiteral("Flex"));
     layout->addWidget(m_table, 1);
-    layout->addWidget(buildTable(m_form.Flex_Search, QStringLiteral("Flex_Search")), 1);
+    m_searched = buildTable(m_form.Flex_Search, QStringLiteral("Flex_Search"));
+    layout->addWidget(m_searched, 1);
+    buildFind();
+    layout->insertWidget(1, m_find);
     follow(*earlier, m_form.lbl_Earlier.change, [this, earlier, content] {
         const bool isEarlier = !m_form.lbl_Earlier.caption().empty();
         earlier->setText(toQt(m_form.lbl_Earlier.caption()));
@@ -186,7 +222,106 @@ void ResultsWindow::buildKeys()
         m_search->setFocus(Qt::ShortcutFocusReason);
         m_search->selectAll();
     });
-    add(QKeySequence(Qt::Key_Escape), [this] { m_search->clear(); });
+    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { m_find->begin(); });
+    add(QKeySequence(Qt::Key_F3), [this] { m_find->beginOrStep(true); });
+    add(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { m_find->beginOrStep(false); });
+    add(QKeySequence(Qt::Key_Escape), [this] {
+        if (m_search->hasFocus() || !m_find->clear())
+            m_search->clear();
+    });
+}
+
+void ResultsWindow::buildFind()
+{
+    m_find = new FindBar(m_finding);
+    m_find->setRemark(QStringLiteral("The other rows are hidden here alone: they are copied, exported and "
+                                     "printed, too."));
+    connect(m_find, &FindBar::stepWanted, this, &ResultsWindow::step);
+    connect(m_find, &FindBar::rowsWanted, this, [this] { visibleTable().setFocus(Qt::OtherFocusReason); });
+    listen(*m_find, m_finding.changed, [this] { showFound(); });
+    listen(*this, m_form.lbl_In_Force.change, [this] { m_finding.refresh(); });
+}
+
+GridView& ResultsWindow::visibleTable() const
+{
+    return m_form.Flex_Search.visible() ? *m_searched : *m_table;
+}
+
+// Of the subject in a row; behind the last where there is none.
+std::size_t ResultsWindow::placeOf(const controls::Grid& grid, std::size_t row) const
+{
+    const int index = output::Frm_Comfortics::indexOf(grid, row);
+    return index > 0 ? static_cast<std::size_t>(index) - 1 : catalogue::indexSubjects().size();
+}
+
+// As the table shows it, which may be of earlier readings.
+catalogue::Standing ResultsWindow::standing(std::size_t place) const
+{
+    const controls::Grid& grid = m_form.Flex;
+    catalogue::Standing standing{.ticked = m_workspace.form().List_Indices.selected(place)};
+    for (std::size_t row = grid.fixedRows(); row < grid.rows() && m_finding.filters().withValue; ++row)
+        if (placeOf(grid, row) == place)
+            standing.hasValue = !grid.textMatrix(row, output::Frm_Comfortics::kValueCol).empty();
+    return standing;
+}
+
+// Words mark rows, filters hide them.
+void ResultsWindow::showFound()
+{
+    for (GridView* const table : {m_table, m_searched}) {
+        controls::Grid& grid = table == m_table ? m_form.Flex : m_form.Flex_Search;
+        if (m_finding.filters().any())
+            table->showOnly([this, &grid](std::size_t row) {
+                const std::size_t place = placeOf(grid, row);
+                return place < catalogue::indexSubjects().size() && m_finding.passes(place);
+            });
+        else
+            table->showOnly({});
+        table->viewport()->update();
+    }
+    if (!m_finding.hasWords() || !m_finding.best())
+        return;
+    const controls::Grid& grid = m_form.visibleGrid();
+    for (std::size_t row = grid.fixedRows(); row < grid.rows(); ++row)
+        if (placeOf(grid, row) == *m_finding.best())
+            visibleTable().stand(row);
+}
+
+void ResultsWindow::step(bool forward)
+{
+    const controls::Grid& grid = m_form.visibleGrid();
+    std::vector<std::size_t> order;
+    std::vector<std::size_t> rows;
+    for (std::size_t row = grid.fixedRows(); row < grid.rows(); ++row)
+        if (const std::size_t place = placeOf(grid, row); place < catalogue::indexSubjects().size()) {
+            order.push_back(place);
+            rows.push_back(row);
+        }
+    const std::size_t standing = placeOf(grid, grid.row());
+    const auto next = m_finding.next(order, standing, forward);
+    if (next)
+        visibleTable().stand(
+            rows.at(static_cast<std::size_t>(std::ranges::find(order, *next) - order.begin())));
+}
+
+void ResultsWindow::openSheet()
+{
+    const controls::Grid& grid = m_form.visibleGrid();
+    if (const int index = output::Frm_Comfortics::indexOf(grid, grid.row()); index > 0)
+        m_workspace.lookAt(catalogue::reference(index).id);
+}
+
+// The keys of the table are the grid's; it has no use for Enter.
+bool ResultsWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && (watched == m_table || watched == m_searched)) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            openSheet();
+            return true;
+        }
+    }
+    return FormWindow::eventFilter(watched, event);
 }
 
 // The reason of a blank in the current row or its literature, for those who use no mouse.

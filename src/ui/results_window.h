@@ -3,6 +3,8 @@
 
 #include "output/frm_comfortics.h"
 #include "ui/form_window.h"
+#include "workspace/finding.h"
+#include "workspace/workspace.h"
 
 #include <functional>
 
@@ -12,6 +14,7 @@ class QMenu;
 namespace comfortics::ui {
 
 class CutLabel;
+class FindBar;
 class GridView;
 
 /// The view of the results window.
@@ -20,10 +23,14 @@ class ResultsWindow : public FormWindow {
 
 public:
     /// `closed` unloads the form.
-    ResultsWindow(output::Frm_Comfortics& form, const QWidget& main, std::function<void()> closed);
+    ResultsWindow(output::Frm_Comfortics& form, workspace::Workspace& workspace, const QWidget& main,
+                  std::function<void()> closed);
+    ~ResultsWindow() override;
+    Q_DISABLE_COPY_MOVE(ResultsWindow)
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildMenu();
@@ -32,11 +39,22 @@ private:
     void buildKeys();
     void placeBeside(const QWidget& main);
     void showReason();
+    void buildFind();
+    void showFound();
+    void step(bool forward);
+    void openSheet();
+    std::size_t placeOf(const controls::Grid& grid, std::size_t row) const;
+    catalogue::Standing standing(std::size_t place) const;
+    GridView& visibleTable() const;
 
     output::Frm_Comfortics& m_form;
+    workspace::Workspace& m_workspace;
+    workspace::Finding m_finding;
     std::function<void()> m_closed;
     QMenu* m_menu = nullptr;
     GridView* m_table = nullptr;
+    GridView* m_searched = nullptr;
+    FindBar* m_find = nullptr;
     QLineEdit* m_search = nullptr;
     CutLabel* m_reason = nullptr;
 };

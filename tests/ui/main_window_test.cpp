@@ -101,15 +101,16 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
 
     opened.menu("Options");
     EXPECT_EQ(opened.focused(), "txt_ArAdu"); // typing goes to what is in sight
-    EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 12),
+    EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 14),
               "txt_ArAdu txt_Emmisivity txt_Barometric txt_Height txt_Weight txt_Friction No Classic "
-              "txt_Search_List List_Indices Check_All_Indices txt_ArAdu ");
+              "txt_Search_List txt_Find cmd_Filter List_Indices Check_All_Indices txt_ArAdu ");
     opened.line("txt_Search_List").setFocus();
     QTest::keyClick(opened.window.focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(find<QWidget>(opened.window, "Fra_Options").isVisible());
     EXPECT_EQ(opened.focused(), "txt_TA");
-    EXPECT_EQ(tests::tabOrder(opened.line("txt_TA"), 13),
-              "txt_TA txt_TG txt_SR txt_DP txt_RH txt_WS txt_Search_List List_Indices Check_All_Indices "
+    EXPECT_EQ(tests::tabOrder(opened.line("txt_TA"), 15),
+              "txt_TA txt_TG txt_SR txt_DP txt_RH txt_WS txt_Search_List txt_Find cmd_Filter List_Indices "
+              "Check_All_Indices "
               "Img_Calculate cmd_Show_Results cmd_Calculate txt_TA ");
 
     QTest::keyClick(&opened.window, Qt::Key_F, Qt::ControlModifier);

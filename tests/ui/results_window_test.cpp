@@ -165,7 +165,8 @@ struct OpenedResults : tests::Program {
     {
         write("30", "600", "50", "2");
         form.Img_Calculate.click.raise();
-        window = std::make_unique<ResultsWindow>(results(), main, [this] { closed = true; });
+        window =
+            std::make_unique<ResultsWindow>(results(), shell.workspace(), main, [this] { closed = true; });
         results().show();
         QApplication::setActiveWindow(window.get());
     }
