@@ -3,6 +3,7 @@
 
 #include "ui/report_dialog.h"
 #include "ui/session_menu.h"
+#include "ui/sheet_panel.h"
 #include "ui/text.h"
 
 #include <QApplication>
@@ -73,6 +74,7 @@ Application::Application(const std::filesystem::path& programFolder)
       m_report(m_shell.workspace(), m_shell.session(), m_files, m_messages, m_pdf),
       m_main(m_shell.workspace(), toQt(m_shell.limitsWarning()))
 {
+    addPanels();
     m_main.placeOnScreen();
     pair<shell::Frm_Splash_Screen, SplashWindow>(
         m_shell.splash, m_splash, [](auto& form) { return std::make_unique<SplashWindow>(form); });
@@ -102,6 +104,14 @@ Application::Application(const std::filesystem::path& programFolder)
         m_shell.session().keepLast();
         QCoreApplication::exit();
     });
+}
+
+void Application::addPanels()
+{
+    workspace::Workspace& workspace = m_shell.workspace();
+    const QString sheet = QStringLiteral("sheet");
+    m_main.addPanel(sheet, QStringLiteral("Index Sheet"), new SheetPanel(workspace, m_files, m_messages));
+    workspace.looked.watch([this, sheet] { m_main.showPanel(sheet); });
 }
 
 void Application::start()

@@ -50,6 +50,8 @@ public:
     RawDataWindow* rawDataWindow() noexcept { return m_rawData.get(); }
 
 private:
+    void addPanels();
+
     Appearance m_appearance;
     DesktopMessages m_messages;
     DesktopClipboard m_clipboard;

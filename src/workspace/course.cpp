@@ -169,7 +169,11 @@ void fill(CoursePoint& point, const Situation& situation, int index)
     }
     point.value = figure.number;
     point.text = figure.text;
+    point.meaning = figure.meaning;
     point.inside = figure.limits == OutcomeKind::Value;
+    const auto& Ta = situation.liveFigure(formulas::Live::Ta).number;
+    const auto& Ea = situation.liveFigure(formulas::Live::Ea).number;
+    point.beyondPole = Ta && Ea && catalogue::isBeyondPole(index, *Ta, *Ea);
 }
 
 std::string intervalOf(const classic::Bound& low, const classic::Bound& high, const char* unit)
@@ -215,7 +219,7 @@ std::vector<CourseGap> gapsOf(const Course& course, const classic::Limits& limit
             while (end < points.size() && !points[end].value && points[end].kind == points[i].kind)
                 ++end;
             gaps.push_back(
-                {points[i].reading, points[end - 1].reading,
+                {points[i].reading, points[end - 1].reading, points[i].kind,
                  gapReason(points.subspan(i, end - i), limits, course.request.index, course.moved)});
         }
         i = end;
@@ -295,6 +299,29 @@ Course courseOf(const classic::Limits& limits, const CourseRequest& request,
     return course;
 }
 
+// Gaps of one kind together, with the reason of the first.
+std::string Course::gapsInWords() const
+{
+    std::string words;
+    std::vector<OutcomeKind> told;
+    for (const CourseGap& first : gaps) {
+        if (std::find(told.begin(), told.end(), first.kind) != told.end())
+            continue;
+        told.push_back(first.kind);
+        std::vector<std::string> places;
+        for (const CourseGap& gap : gaps)
+            if (gap.kind == first.kind)
+                places.push_back(gap.from == gap.to ? "at " + withUnit(plainText(gap.from), moved)
+                                                    : "from " + plainText(gap.from) + " to " +
+                                                          withUnit(plainText(gap.to), moved));
+        words += (words.empty() ? "No value " : " No value ") + places.front();
+        for (std::size_t i = 1; i < places.size(); ++i)
+            words += (i + 1 == places.size() ? " and " : ", ") + places[i];
+        words += ": " + first.reason + ".";
+    }
+    return words;
+}
+
 std::string Course::inWords() const
 {
     if (points.empty())
@@ -322,12 +349,9 @@ std::string Course::inWords() const
     if (present)
         words += points[*present].value ? " At present " + valueAt(points[*present]) + "."
                                         : " At present it has no value.";
-    for (const CourseGap& gap : gaps)
-        words += " No value " +
-                 (gap.from == gap.to
-                      ? "at " + withUnit(plainText(gap.from), moved)
-                      : "from " + plainText(gap.from) + " to " + withUnit(plainText(gap.to), moved)) +
-                 ": " + gap.reason + ".";
+    const std::string without = gapsInWords();
+    if (!without.empty())
+        words += " " + without;
     return words;
 }
 

@@ -32,11 +32,13 @@ struct CourseRequest {
 };
 
 struct CoursePoint {
-    double reading = 0;          ///< in the unit of the reading
-    std::string readingText;     ///< as it is typed into its box
-    std::optional<double> value; ///< before it was rounded to its text
-    std::string text;            ///< as in the results table; empty without a value
-    bool inside = true;          ///< the value lies within the limits of the index
+    double reading = 0;                        ///< in the unit of the reading
+    std::string readingText;                   ///< as it is typed into its box
+    std::optional<double> value;               ///< before it was rounded to its text
+    std::string text;                          ///< as in the results table; empty without a value
+    std::optional<catalogue::Meaning> meaning; ///< the class of the value
+    bool inside = true;                        ///< the value lies within the limits of the index
+    bool beyondPole = false;                   ///< damp heat has turned the sign of the formula
     classic::OutcomeKind kind = classic::OutcomeKind::NotCalculated;
     std::string reason; ///< why there is no value; empty where there is one
 };
@@ -45,6 +47,7 @@ struct CoursePoint {
 struct CourseGap {
     double from = 0;
     double to = 0;
+    classic::OutcomeKind kind = classic::OutcomeKind::NotCalculated;
     std::string reason; ///< a clause without a full stop
 };
 
@@ -57,6 +60,8 @@ struct Course {
     std::string held;                   ///< sentences on what is held, and by which rules this is
     std::string problem;                ///< why there is no course, in a sentence
 
+    /// Where there is no value and why, in sentences; empty where there is one everywhere.
+    std::string gapsInWords() const;
     /// The course in words, for those who do not see it: its ends, its extremes and the present.
     std::string inWords() const;
 };

@@ -105,7 +105,11 @@ TEST(Course, LeavesGapsOutsideTheLimitsAndSaysWhy)
               std::string::npos)
         << course.held;
     const std::string words = course.inWords();
-    EXPECT_NE(words.find("No value from 17 to 19.5 °C: outside its limits"), std::string::npos) << words;
+    EXPECT_NE(
+        words.find("No value from 17 to 19.5 °C and from 55.5 to 58 °C: outside its limits, Ta from 20 to 55 "
+                   "°C."),
+        std::string::npos)
+        << words;
     EXPECT_NE(words.find("At present " + course.points[*course.present].text + " °C at 30 °C."),
               std::string::npos)
         << words;
@@ -146,6 +150,21 @@ TEST(Course, KeepsToReadingsThatCanBe)
     const Course missing = courseOf(limits(), request(90, CourseAxis::Wind, {"", "", "0", "", "70", "4"}));
     EXPECT_TRUE(missing.points.empty());
     EXPECT_NE(missing.problem.find("air temperature"), std::string::npos);
+}
+
+// Its denominator is zero where the vapour pressure is 42 mmHg, 56 hPa: saturated air of about 35 °C.
+TEST(Course, KnowsWhereAFormulaTurnsItsSign)
+{
+    const Course course =
+        courseOf(limits(), request(19, CourseAxis::AirTemperature, {"30", "", "0", "", "95", "1"}));
+    for (const CoursePoint& point : course.points)
+        if (point.value) {
+            const double Ea = 0.95 * 6.11 * std::pow(10, 7.5 * point.reading / (237.3 + point.reading));
+            if (std::abs(Ea - 56) > 0.5) {
+                EXPECT_EQ(point.beyondPole, Ea > 56) << point.readingText;
+            }
+            EXPECT_EQ(point.meaning.has_value(), !point.beyondPole) << point.readingText;
+        }
 }
 
 TEST(CourseRunner, HandsOutTheCourseThatWasAskedForLast)

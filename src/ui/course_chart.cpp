@@ -1,0 +1,572 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/course_chart.h"
+
+#include "catalogue/categories.h"
+#include "catalogue/notes.h"
+#include "ui/chip.h"
+#include "ui/text.h"
+#include "values/plain_text.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QSvgGenerator>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace comfortics::ui {
+
+using workspace::Course;
+using workspace::CoursePoint;
+
+namespace {
+
+constexpr double kSpace = 6;          // [pixel]
+constexpr double kMarker = 5;         // radius of the present point [pixel]
+constexpr double kBandOpacity = 0.45; // the curve stays the strongest
+constexpr float kGridOpacity = 0.18F;
+constexpr float kGapOpacity = 0.35F;
+constexpr int kReadingSteps = 6;
+constexpr int kValueSteps = 5;
+constexpr double kAround = 0.06;        // of the span of the values, above and below
+constexpr double kLeastSpan = 1e-3;     // of the values, as a share of the largest
+constexpr double kSharpness = 2;        // pixels of a picture to a pixel of the screen
+constexpr QSize kPictureSize(760, 460); // whatever the size of the panel
+
+QColor faded(QColor color, float opacity)
+{
+    color.setAlphaF(opacity);
+    return color;
+}
+
+QString numberText(double value)
+{
+    return toQt(values::plainText(value)).replace(QLatin1Char('-'), QChar(0x2212));
+}
+
+bool has(const CoursePoint& point)
+{
+    return point.value.has_value();
+}
+
+// The sign of a scale of dissatisfied is that of the vote at the point: a band has it where all points agree.
+std::optional<int> bandSeverity(const Course& course, const catalogue::Category& category)
+{
+    if (catalogue::voteBeside(course.request.index) == 0)
+        return category.severity;
+    std::optional<int> found;
+    for (const CoursePoint& point : course.points) {
+        if (!point.meaning || point.meaning->category != &category)
+            continue;
+        if (found && *found != point.meaning->severity)
+            return std::nullopt;
+        found = point.meaning->severity;
+    }
+    return found;
+}
+
+} // namespace
+
+/// Where the plot lies, and the scales of its axes.
+struct CourseChart::Frame {
+    QRectF plot;
+    Axis readings;
+    Axis values;
+
+    double x(double reading) const
+    {
+        return plot.left() + (reading - readings.low) / (readings.high - readings.low) * plot.width();
+    }
+    double y(double value) const
+    {
+        return plot.bottom() - (value - values.low) / (values.high - values.low) * plot.height();
+    }
+    QPointF at(const CoursePoint& point) const { return {x(point.reading), y(point.value.value_or(0))}; }
+};
+
+CourseChart::CourseChart(QWidget* parent) : QWidget(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setObjectName(QStringLiteral("course"));
+    setAccessibleName(QStringLiteral("Course of the index"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QSize CourseChart::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 15};
+}
+
+QSize CourseChart::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 9};
+}
+
+// Steps of 1, 2 or 5 times a power of ten; the ends lie on a step.
+CourseChart::Axis CourseChart::niceAxis(double low, double high, int steps)
+{
+    const double wanted = (high - low) / steps;
+    const double power = std::pow(10, std::floor(std::log10(wanted)));
+    const double share = wanted / power;
+    const double step = power * (share <= 1 ? 1 : share <= 2 ? 2 : share <= 5 ? 5 : 10);
+    return {std::floor(low / step) * step, std::ceil(high / step) * step, step};
+}
+
+void CourseChart::show(Course course)
+{
+    m_cursor.reset();
+    m_why = toQt(course.problem);
+    setAccessibleDescription(toQt(course.inWords()));
+    if (course.points.empty()) {
+        m_course.reset();
+        update();
+        return;
+    }
+    const double first = course.points.front().reading;
+    const double last = std::max(course.points.back().reading, first + kLeastSpan);
+    m_readings = niceAxis(first, last, kReadingSteps);
+    m_readings.low = first; // no reading beyond those that can be
+    m_readings.high = last;
+    m_course = std::move(course);
+    m_values = valueAxis();
+    update();
+}
+
+CourseChart::Axis CourseChart::valueAxis() const
+{
+    double low = std::numeric_limits<double>::infinity();
+    double high = -low;
+    for (const CoursePoint& point : m_course->points)
+        if (has(point)) {
+            low = std::min(low, *point.value);
+            high = std::max(high, *point.value);
+        }
+    if (low > high) // no value anywhere
+        low = high = 0;
+    // Beside a pole all that matters would be a line along the ground: the curve leaves the chart.
+    const auto categories = catalogue::scale(m_course->request.index).categories;
+    if (catalogue::hasPole(m_course->request.index) && categories.size() > 1) {
+        const double lowest = categories.front().upper;
+        const double highest = categories.back().lower;
+        low = std::max(low, lowest - (highest - lowest));
+        high = std::min(high, highest + (highest - lowest));
+        if (m_course->present && has(m_course->points[*m_course->present])) {
+            low = std::min(low, *m_course->points[*m_course->present].value);
+            high = std::max(high, *m_course->points[*m_course->present].value);
+        }
+    }
+    const double least = std::max({std::abs(low), std::abs(high), 1.0}) * kLeastSpan;
+    const double around = std::max((high - low) * kAround, least);
+    return niceAxis(low - around, high + around, kValueSteps);
+}
+
+void CourseChart::showNone(const QString& why)
+{
+    m_course.reset();
+    m_cursor.reset();
+    m_why = why;
+    setAccessibleDescription(why);
+    update();
+}
+
+bool CourseChart::curveLeaves() const
+{
+    const auto isBeyond = [this](const CoursePoint& point) {
+        return has(point) && (*point.value < m_values.low || *point.value > m_values.high);
+    };
+    return m_course && std::any_of(m_course->points.begin(), m_course->points.end(), isBeyond);
+}
+
+// A long name gives way to its unit.
+QString CourseChart::valueAxisTitle(double room) const
+{
+    const QFontMetricsF metrics(font());
+    const catalogue::CatalogueRow& row = catalogue::row(m_course->request.index);
+    const QString unit = row.unit == "[-]" ? QString() : QStringLiteral(" [%1]").arg(toQt(row.unit));
+    return metrics.elidedText(toQt(row.name).trimmed(), Qt::ElideRight,
+                              room - metrics.horizontalAdvance(unit)) +
+           unit;
+}
+
+QString CourseChart::readingAxisTitle() const
+{
+    const classic::ReadingInfo& info = classic::kReadingInfo[static_cast<std::size_t>(m_course->moved)];
+    return QStringLiteral("%1 [%2]").arg(toQt(info.heading), toQt(info.unit()));
+}
+
+CourseChart::Frame CourseChart::frameIn(const QRectF& room) const
+{
+    const QFontMetricsF metrics(font());
+    double numbers = 0;
+    for (double value = m_values.low; value <= m_values.high + m_values.step / 2; value += m_values.step)
+        numbers = std::max(numbers, metrics.horizontalAdvance(
+                                        numberText(std::round(value / m_values.step) * m_values.step)));
+    const double line = metrics.height();
+    const QRectF plot =
+        room.adjusted(line + numbers + 2 * kSpace, line / 2 + kSpace,
+                      -metrics.horizontalAdvance(QStringLiteral("00")) - kSpace, -2 * line - 2 * kSpace);
+    return {plot, m_readings, m_values};
+}
+
+/// Points side by side, with half the way to their neighbours.
+struct CourseChart::Run {
+    double from;
+    double to;
+};
+
+template <typename Is>
+std::vector<CourseChart::Run> CourseChart::runsOf(Is is) const
+{
+    const std::vector<CoursePoint>& points = m_course->points;
+    const auto between = [&points](std::size_t next) {
+        return next == 0               ? points.front().reading
+               : next == points.size() ? points.back().reading
+                                       : (points[next - 1].reading + points[next].reading) / 2;
+    };
+    std::vector<Run> runs;
+    for (std::size_t i = 0; i < points.size();) {
+        std::size_t end = i + 1;
+        if (is(points[i])) {
+            while (end < points.size() && is(points[end]))
+                ++end;
+            runs.push_back({between(i), between(end)});
+        }
+        i = end;
+    }
+    return runs;
+}
+
+// Only over readings whose values have a class.
+void CourseChart::paintBands(QPainter& painter, const Frame& frame) const
+{
+    const std::vector<Run> runs = runsOf([](const CoursePoint& point) { return point.meaning.has_value(); });
+    for (const catalogue::Category& category : catalogue::scale(m_course->request.index).categories) {
+        const double low = std::max(category.lower, m_values.low);
+        const double high = std::min(category.upper, m_values.high);
+        if (low >= high)
+            continue;
+        const std::optional<int> severity = bandSeverity(*m_course, category);
+        for (const Run& run : runs) {
+            const QRectF band(QPointF(frame.x(run.from), frame.y(high)),
+                              QPointF(frame.x(run.to), frame.y(low)));
+            if (severity) {
+                painter.setOpacity(kBandOpacity);
+                painter.fillRect(band, severityField(*severity, palette()));
+                painter.setOpacity(1);
+            }
+            if (low > m_values.low) {
+                painter.setPen(QPen(faded(palette().color(QPalette::Text), kGapOpacity), 1));
+                painter.drawLine(band.bottomLeft(), band.bottomRight());
+            }
+        }
+    }
+}
+
+void CourseChart::paintBandLabels(QPainter& painter, const Frame& frame) const
+{
+    const QFontMetricsF metrics(font());
+    const std::vector<Run> runs = runsOf([](const CoursePoint& point) { return point.meaning.has_value(); });
+    if (runs.empty())
+        return;
+    const Run& widest = *std::max_element(
+        runs.begin(), runs.end(), [](const Run& a, const Run& b) { return a.to - a.from < b.to - b.from; });
+    painter.setPen(palette().color(QPalette::Text));
+    for (const catalogue::Category& category : catalogue::scale(m_course->request.index).categories) {
+        const double low = std::max(category.lower, m_values.low);
+        const double high = std::min(category.upper, m_values.high);
+        if (low >= high)
+            continue;
+        const QRectF room =
+            QRectF(QPointF(frame.x(widest.from), frame.y(high)), QPointF(frame.x(widest.to), frame.y(low)))
+                .adjusted(kSpace, 0, -kSpace, 0);
+        if (room.height() < metrics.height())
+            continue;
+        const std::optional<int> severity = bandSeverity(*m_course, category);
+        const QString label = severity ? chipText({&category, *severity}) : toQt(category.label);
+        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                         metrics.elidedText(label, Qt::ElideRight, room.width()));
+    }
+}
+
+void CourseChart::paintGaps(QPainter& painter, const Frame& frame) const
+{
+    const QFontMetricsF metrics(font());
+    const QColor ink = faded(palette().color(QPalette::Text), kGapOpacity);
+    for (const Run& run : runsOf([](const CoursePoint& point) { return !has(point); })) {
+        const QRectF gap(QPointF(frame.x(run.from), frame.plot.top()),
+                         QPointF(frame.x(run.to), frame.plot.bottom()));
+        painter.fillRect(gap, QBrush(ink, Qt::BDiagPattern));
+        const QString label = QStringLiteral("no value");
+        QRectF field = metrics.boundingRect(label).adjusted(-kSpace, -1, kSpace, 1);
+        field.moveCenter(gap.center());
+        if (field.width() < gap.width()) {
+            painter.fillRect(field, palette().color(QPalette::Base));
+            painter.setPen(palette().color(QPalette::Text));
+            painter.drawText(field, Qt::AlignCenter, label);
+        }
+    }
+}
+
+void CourseChart::paintAxes(QPainter& painter, const Frame& frame) const
+{
+    const QFontMetricsF metrics(font());
+    const QColor ink = palette().color(QPalette::Text);
+    const QPen line(faded(ink, kGridOpacity), 1);
+    for (double value = m_values.low; value <= m_values.high + m_values.step / 2; value += m_values.step) {
+        const double even = std::round(value / m_values.step) * m_values.step;
+        const double y = frame.y(even);
+        painter.setPen(line);
+        painter.drawLine(QPointF(frame.plot.left(), y), QPointF(frame.plot.right(), y));
+        painter.setPen(ink);
+        painter.drawText(QRectF(frame.plot.left() - kSpace - frame.plot.left(), y - metrics.height() / 2,
+                                frame.plot.left(), metrics.height()),
+                         Qt::AlignRight | Qt::AlignVCenter, numberText(even));
+    }
+    for (double reading = std::ceil(m_readings.low / m_readings.step) * m_readings.step;
+         reading <= m_readings.high; reading += m_readings.step) {
+        const double even = std::round(reading / m_readings.step) * m_readings.step;
+        const double x = frame.x(even);
+        painter.setPen(line);
+        painter.drawLine(QPointF(x, frame.plot.top()), QPointF(x, frame.plot.bottom()));
+        painter.setPen(ink);
+        const double width = frame.plot.width() / 3;
+        painter.drawText(QRectF(x - width / 2, frame.plot.bottom() + kSpace / 2, width, metrics.height()),
+                         Qt::AlignHCenter | Qt::AlignTop, numberText(even));
+    }
+    painter.setPen(ink);
+    painter.drawRect(frame.plot);
+    painter.drawText(QRectF(frame.plot.left(), frame.plot.bottom() + metrics.height() + kSpace / 2,
+                            frame.plot.width(), metrics.height() + kSpace),
+                     Qt::AlignHCenter | Qt::AlignVCenter,
+                     metrics.elidedText(readingAxisTitle(), Qt::ElideRight, frame.plot.width()));
+    painter.save();
+    painter.translate(metrics.height() / 2 + kSpace / 2, frame.plot.center().y());
+    painter.rotate(-90);
+    painter.drawText(
+        QRectF(-frame.plot.height() / 2, -metrics.height() / 2, frame.plot.height(), metrics.height()),
+        Qt::AlignCenter, valueAxisTitle(frame.plot.height()));
+    painter.restore();
+}
+
+void CourseChart::paintCurve(QPainter& painter, const Frame& frame) const
+{
+    const std::vector<CoursePoint>& points = m_course->points;
+    const QColor ink = palette().color(QPalette::Text);
+    QPainterPath inside;
+    QPainterPath outside; // of limits that are ignored
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (!has(points[i]))
+            continue;
+        const auto goesOn = [&points](std::size_t from) { // no curve leads over a pole
+            return has(points[from]) && has(points[from + 1]) &&
+                   points[from].beyondPole == points[from + 1].beyondPole;
+        };
+        const bool next = i + 1 < points.size() && goesOn(i);
+        const bool before = i > 0 && goesOn(i - 1);
+        if (next) {
+            QPainterPath& path = points[i].inside && points[i + 1].inside ? inside : outside;
+            path.moveTo(frame.at(points[i]));
+            path.lineTo(frame.at(points[i + 1]));
+        } else if (!before) { // alone
+            inside.addEllipse(frame.at(points[i]), 1, 1);
+        }
+    }
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(ink, 2.5, Qt::SolidLine, Qt::RoundCap));
+    painter.drawPath(inside);
+    painter.setPen(QPen(ink, 1.5, Qt::DotLine, Qt::FlatCap));
+    painter.drawPath(outside);
+}
+
+void CourseChart::paintPresent(QPainter& painter, const Frame& frame) const
+{
+    const auto line = [&](double x, Qt::PenStyle style) {
+        painter.setPen(QPen(palette().color(QPalette::Text), 1, style));
+        painter.drawLine(QPointF(x, frame.plot.top()), QPointF(x, frame.plot.bottom()));
+    };
+    if (m_course->present) {
+        const CoursePoint& point = m_course->points[*m_course->present];
+        line(frame.x(point.reading), Qt::DashLine);
+        if (has(point)) {
+            painter.setPen(QPen(palette().color(QPalette::Base), 1.5));
+            painter.setBrush(palette().color(QPalette::Text));
+            painter.drawEllipse(frame.at(point), kMarker, kMarker);
+        }
+    }
+    if (m_cursor) {
+        const CoursePoint& point = m_course->points[*m_cursor];
+        line(frame.x(point.reading), Qt::DotLine);
+        if (has(point)) {
+            painter.setPen(QPen(palette().color(QPalette::Text), 1.5));
+            painter.setBrush(palette().color(QPalette::Base));
+            painter.drawEllipse(frame.at(point), kMarker - 1, kMarker - 1);
+        }
+    }
+}
+
+void CourseChart::paint(QPainter& painter, const QRectF& room) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(font());
+    if (!m_course) {
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(room.adjusted(kSpace, kSpace, -kSpace, -kSpace), Qt::AlignCenter | Qt::TextWordWrap,
+                         m_why);
+        return;
+    }
+    const Frame frame = frameIn(room);
+    if (frame.plot.width() <= 0 || frame.plot.height() <= 0)
+        return;
+    painter.fillRect(frame.plot, palette().color(QPalette::Base));
+    painter.save();
+    painter.setClipRect(frame.plot);
+    paintBands(painter, frame);
+    paintGaps(painter, frame);
+    painter.restore();
+    paintAxes(painter, frame);
+    painter.save();
+    painter.setClipRect(frame.plot);
+    paintBandLabels(painter, frame);
+    paintCurve(painter, frame);
+    painter.restore();
+    paintPresent(painter, frame);
+}
+
+void CourseChart::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    paint(painter, rect());
+    if (hasFocus()) {
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void CourseChart::read(std::optional<std::size_t> place)
+{
+    if (!m_course || place == m_cursor)
+        return;
+    m_cursor = place;
+    update();
+    if (!place) {
+        emit pointRead({});
+        return;
+    }
+    const CoursePoint& point = m_course->points[*place];
+    const auto& info = classic::kReadingInfo[static_cast<std::size_t>(m_course->moved)];
+    const std::string_view unit = catalogue::row(m_course->request.index).unit;
+    QString text = QStringLiteral("%1 %2: ").arg(toQt(point.readingText), toQt(info.unit()));
+    if (has(point)) {
+        text += toQt(point.text);
+        if (unit != "[-]")
+            text += QLatin1Char(' ') + toQt(unit);
+        if (point.meaning)
+            text += QStringLiteral(", ") + toQt(catalogue::inWords(*point.meaning));
+        if (!point.inside)
+            text += QStringLiteral(", outside of the limits");
+    } else {
+        text += QStringLiteral("no value. ") + toQt(point.reason);
+    }
+    emit pointRead(text);
+}
+
+void CourseChart::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_course)
+        return;
+    const Frame frame = frameIn(rect());
+    const double x = event->position().x();
+    const auto nearer = [&](const CoursePoint& a, const CoursePoint& b) {
+        return std::abs(frame.x(a.reading) - x) < std::abs(frame.x(b.reading) - x);
+    };
+    const auto nearest = std::min_element(m_course->points.begin(), m_course->points.end(), nearer);
+    read(static_cast<std::size_t>(nearest - m_course->points.begin()));
+}
+
+void CourseChart::leaveEvent(QEvent*)
+{
+    read(std::nullopt);
+}
+
+void CourseChart::focusOutEvent(QFocusEvent* event)
+{
+    read(std::nullopt);
+    QWidget::focusOutEvent(event);
+}
+
+// The cursor begins at the present point.
+void CourseChart::keyPressEvent(QKeyEvent* event)
+{
+    if (!m_course) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const std::size_t last = m_course->points.size() - 1;
+    const std::size_t now = m_cursor.value_or(m_course->present.value_or(last / 2));
+    switch (event->key()) {
+    case Qt::Key_Left:
+        read(m_cursor && now > 0 ? now - 1 : now);
+        break;
+    case Qt::Key_Right:
+        read(m_cursor && now < last ? now + 1 : now);
+        break;
+    case Qt::Key_Home:
+        read(0);
+        break;
+    case Qt::Key_End:
+        read(last);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+QByteArray CourseChart::picture(PictureKind kind, const QString& text)
+{
+    QByteArray bytes;
+    if (!m_course)
+        return bytes;
+    const std::optional<std::size_t> cursor = std::exchange(m_cursor, std::nullopt);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    const int margin = static_cast<int>(kSpace);
+    const QRect texts = QFontMetrics(font()).boundingRect(
+        QRect(margin, 0, kPictureSize.width() - 2 * margin, 10000), Qt::TextWordWrap, text);
+    const QSize size(kPictureSize.width(), kPictureSize.height() + texts.height() + 2 * margin);
+    const auto paintAll = [&](QPainter& painter) {
+        painter.fillRect(QRect({}, size), palette().color(QPalette::Window));
+        paint(painter, QRect({}, kPictureSize));
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(texts.translated(0, kPictureSize.height() + margin - texts.top()), Qt::TextWordWrap,
+                         text);
+    };
+    if (kind == PictureKind::Svg) {
+        QSvgGenerator svg;
+        svg.setOutputDevice(&buffer);
+        svg.setSize(size);
+        svg.setViewBox(QRect({}, size));
+        svg.setTitle(valueAxisTitle(std::numeric_limits<int>::max()));
+        svg.setDescription(accessibleDescription());
+        QPainter painter(&svg);
+        paintAll(painter);
+    } else {
+        QImage image(size * kSharpness, QImage::Format_RGB32);
+        QPainter painter(&image);
+        painter.scale(kSharpness, kSharpness);
+        paintAll(painter);
+        painter.end();
+        image.save(&buffer, "PNG");
+    }
+    m_cursor = cursor;
+    return bytes;
+}
+
+} // namespace comfortics::ui

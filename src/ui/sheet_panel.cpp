@@ -1,0 +1,424 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/sheet_panel.h"
+
+#include "catalogue/references.h"
+#include "output/whole_file.h"
+#include "texts/text.h"
+#include "ui/bindings.h"
+#include "ui/chip.h"
+#include "ui/course_chart.h"
+#include "ui/text.h"
+#include "ui/widgets.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace comfortics::ui {
+
+using workspace::CourseAxis;
+using workspace::IndexSheet;
+
+namespace {
+
+constexpr int kWidthInCharacters = 62;
+constexpr int kHeightInLines = 34;
+constexpr const char* kAxisKey = "sheet/axis";
+constexpr const char* kSaveTitle = "Save Chart";
+const QLatin1String kSvg(".svg");
+
+// A name without the ending of a picture gets one.
+std::string pictureName(const std::string& name)
+{
+    const std::string lowered = texts::lowered(name);
+    return lowered.ends_with(".png") || lowered.ends_with(".svg") ? name : name + ".png";
+}
+
+QString escaped(std::string_view text)
+{
+    return toQt(text).toHtmlEscaped();
+}
+
+// Addresses in the text become links.
+QString linked(std::string_view text)
+{
+    QString html;
+    QStringList words = toQt(text).split(QLatin1Char(' '));
+    for (QString& word : words) {
+        QString tail;
+        while (!word.isEmpty() && QStringLiteral(".,;)").contains(word.back())) {
+            tail.prepend(word.back());
+            word.chop(1);
+        }
+        const bool address =
+            word.startsWith(QLatin1String("https://")) || word.startsWith(QLatin1String("http://"));
+        const QString safe = word.toHtmlEscaped();
+        html += (html.isEmpty() ? QString() : QStringLiteral(" ")) +
+                (address ? QStringLiteral("<a href=\"%1\">%1</a>").arg(safe) : safe) + tail.toHtmlEscaped();
+    }
+    return html;
+}
+
+QString heading(const char* text)
+{
+    return QStringLiteral("<h4>%1</h4>").arg(QString::fromLatin1(text));
+}
+
+QString paragraph(const QString& html)
+{
+    return html.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(html);
+}
+
+QString withUnit(const QString& value, std::string_view unit)
+{
+    return unit.empty() ? value : value + QLatin1Char(' ') + escaped(unit);
+}
+
+QString valueHtml(const IndexSheet& sheet)
+{
+    const workspace::Figure& figure = sheet.figure;
+    if (figure.text.empty())
+        return paragraph(QStringLiteral("<b>No value.</b> ") + escaped(figure.reason));
+    QString html = QStringLiteral("<b>%1</b>").arg(withUnit(escaped(figure.text), sheet.unit));
+    if (figure.meaning)
+        html += QStringLiteral(", ") + escaped(catalogue::inWords(*figure.meaning));
+    if (figure.meaning && !figure.meaning->category->note.empty())
+        html += QStringLiteral(". ") + escaped(figure.meaning->category->note) + QLatin1Char('.');
+    return paragraph(html) + paragraph(escaped(figure.doubt));
+}
+
+QString inputsHtml(const IndexSheet& sheet)
+{
+    QString rows;
+    for (const workspace::SheetInput& input : sheet.inputs)
+        rows += QStringLiteral("<tr><td>%1 (<i>%2</i>)&nbsp;&nbsp;</td><td align=\"right\">%3</td></tr>")
+                    .arg(escaped(input.name), escaped(input.symbol),
+                         input.text.empty() ? QStringLiteral("no value")
+                                            : withUnit(escaped(workspace::briefly(input.text)), input.unit));
+    QString html = heading("What it reads") + QStringLiteral("<table>%1</table>").arg(rows);
+    if (sheet.readsAssumptions)
+        html += paragraph(QStringLiteral("And the assumptions on body and site, of the options."));
+    return html;
+}
+
+QString limitsHtml(const IndexSheet& sheet)
+{
+    QString html = heading("Limits");
+    for (const workspace::SheetLimit& limit : sheet.limits) {
+        const bool outside = limit.side != workspace::Side::Inside && limit.side != workspace::Side::Unknown;
+        const QString standing = escaped(limit.standing());
+        html += paragraph(escaped(limit.quantity) + QStringLiteral(" from ") + escaped(limit.bounds()) +
+                          QStringLiteral(". ") +
+                          (outside ? QStringLiteral("<b>%1</b>").arg(standing) : standing));
+    }
+    return html + paragraph(escaped(sheet.limitsNote));
+}
+
+QString classesHtml(const IndexSheet& sheet, const QPalette& palette)
+{
+    QString html = heading("Classes");
+    if (!sheet.classes.empty()) {
+        QString rows;
+        for (const workspace::SheetClass& one : sheet.classes) {
+            const QString mark = one.isPresent ? QStringLiteral("<b>%1</b>") : QStringLiteral("%1");
+            const int severity = one.isPresent ? sheet.figure.meaning->severity : one.category->severity;
+            rows += QStringLiteral("<tr><td bgcolor=\"%1\">&nbsp;&nbsp;&nbsp;</td><td>&nbsp;%2</td>"
+                                   "<td>&nbsp;&nbsp;%3</td></tr>")
+                        .arg(severityField(severity, palette).name(),
+                             mark.arg(escaped(catalogue::inWords({one.category, severity})) +
+                                      (one.isPresent ? QStringLiteral(" \u25C0 now") : QString())),
+                             mark.arg(escaped(one.bounds)));
+        }
+        html += QStringLiteral("<table cellspacing=\"1\">%1</table>").arg(rows);
+    }
+    html += paragraph(escaped(sheet.classNote));
+    if (!sheet.classSource.empty())
+        html += paragraph(QStringLiteral("Source: ") + linked(sheet.classSource) + QLatin1Char('.'));
+    return html;
+}
+
+QString literatureHtml(const IndexSheet& sheet)
+{
+    QString html = linked(sheet.citation);
+    if (sheet.confidence == "likely")
+        html += QStringLiteral(" (Likely: a detail may be off.)");
+    else if (sheet.confidence == "name only")
+        html += QStringLiteral(" (Author and year as in the name; the publication is not known.)");
+    if (!sheet.where.empty())
+        html += QStringLiteral("<br/>Note: ") + linked(sheet.where) + QLatin1Char('.');
+    return heading("Literature") + paragraph(html);
+}
+
+QString factsHtml(const IndexSheet& sheet, const QPalette& palette)
+{
+    QString html =
+        QStringLiteral("<h3>%1. %2</h3>").arg(QString::number(sheet.number), escaped(sheet.name).trimmed());
+    html += valueHtml(sheet);
+    QString about = escaped(sheet.description);
+    if (!sheet.abbreviations.empty()) {
+        QStringList names;
+        for (const std::string& name : sheet.abbreviations)
+            names += escaped(name);
+        about += (about.isEmpty() ? QString() : QStringLiteral(" ")) +
+                 QStringLiteral("Asked for as %1.").arg(names.join(QStringLiteral(", ")));
+    }
+    html += paragraph(about);
+    for (const std::string& warning : sheet.warnings)
+        html += paragraph(QStringLiteral("<b>Mind:</b> %1.").arg(escaped(warning)));
+    html += inputsHtml(sheet) + limitsHtml(sheet) + classesHtml(sheet, palette) + literatureHtml(sheet);
+    return html +
+           paragraph(QStringLiteral("Family: %1. Id: %2.").arg(escaped(sheet.family), escaped(sheet.id)));
+}
+
+} // namespace
+
+SheetPanel::SheetPanel(workspace::Workspace& workspace, controls::FileDialogs& files,
+                       controls::Messages& messages, QWidget* parent)
+    : QWidget(parent), m_workspace(workspace), m_files(files), m_messages(messages),
+      m_runner(workspace.limits(), [this] {
+          QMetaObject::invokeMethod(
+              this, [this] { takeCourse(); }, Qt::QueuedConnection);
+      })
+{
+    auto* const splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(buildTop());
+    splitter->addWidget(buildBottom());
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kSmallGap, kSmallGap, kSmallGap, kSmallGap);
+    layout->addWidget(splitter);
+
+    listen(*this, m_workspace.changed, [this] { notice(); });
+    listen(*this, m_workspace.looked, [this] { notice(); });
+    refresh();
+}
+
+QWidget* SheetPanel::buildTop()
+{
+    m_text = new QTextBrowser;
+    m_text->setObjectName(QStringLiteral("sheet"));
+    m_text->setAccessibleName(QStringLiteral("Sheet of the index"));
+    m_text->setOpenExternalLinks(true);
+    m_text->setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
+    return m_text;
+}
+
+QWidget* SheetPanel::buildBottom()
+{
+    auto* const bottom = new QWidget;
+    m_axis = new QComboBox;
+    nameWidget(*m_axis, QStringLiteral("sheet_axis"), QStringLiteral("Reading that moves"),
+               QStringLiteral("The reading that moves along the chart; the others are held"));
+    for (std::size_t i = 0; i < workspace::kCourseAxisCount; ++i)
+        m_axis->addItem({});
+    const auto kept = m_workspace.preferences().read(kAxisKey);
+    const QString place = toQt(kept.value_or("0"));
+    m_axis->setCurrentIndex(qBound(0, place.toInt(), m_axis->count() - 1));
+    connect(m_axis, qOverload<int>(&QComboBox::activated), this, [this](int axis) {
+        m_workspace.preferences().write(kAxisKey, std::to_string(axis));
+        notice();
+    });
+    auto* const label = new QLabel(QStringLiteral("Course over"));
+    label->setBuddy(m_axis);
+
+    m_picture = new QToolButton;
+    m_picture->setText(QStringLiteral("Picture"));
+    m_picture->setFocusPolicy(Qt::TabFocus);
+    m_picture->setPopupMode(QToolButton::InstantPopup);
+    nameWidget(*m_picture, QStringLiteral("sheet_picture"), QStringLiteral("Picture of the chart"),
+               QStringLiteral("Copies the chart, or saves it as PNG or SVG"));
+    auto* const menu = new QMenu(m_picture);
+    menu->addAction(QStringLiteral("Copy"), this, [this] { copyPicture(); });
+    menu->addAction(QStringLiteral("Save..."), this, [this] { savePicture(); });
+    m_picture->setMenu(menu);
+
+    m_chart = new CourseChart;
+    m_reading = new QLabel;
+    m_reading->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_reading->setWordWrap(true);
+    m_reading->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_reading->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    m_held = quietLabel({});
+    m_held->setWordWrap(true);
+    m_held->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    connect(m_chart, &CourseChart::pointRead, this, [this](const QString& text) {
+        m_reading->setText(text.isEmpty() ? QStringLiteral("The mouse or the arrow keys read the chart.")
+                                          : text);
+    });
+
+    auto* const top = new QHBoxLayout;
+    top->addWidget(label);
+    top->addWidget(m_axis, 1);
+    top->addWidget(m_picture);
+    auto* const layout = new QVBoxLayout(bottom);
+    layout->setContentsMargins(0, kSmallGap, 0, 0);
+    layout->addLayout(top);
+    layout->addWidget(m_chart, 1);
+    layout->addWidget(m_reading);
+    layout->addWidget(m_held);
+    return bottom;
+}
+
+QSize SheetPanel::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * kWidthInCharacters,
+            fontMetrics().lineSpacing() * kHeightInLines};
+}
+
+// A change comes with each key. No curve of other readings stays, and the rest waits until the keys are done
+// with.
+void SheetPanel::notice()
+{
+    if (m_late || !isVisible())
+        return;
+    m_late = true;
+    if (m_asked) {
+        const auto axis = static_cast<CourseAxis>(m_axis->currentIndex());
+        classic::Inputs inputs = m_workspace.form().inputs();
+        inputs.settings.selection = classic::Selection::all();
+        const int index = catalogue::indexOfId(m_workspace.lookedAt());
+        if (*m_asked != workspace::CourseRequest{std::move(inputs), index, axis})
+            m_chart->showNone({});
+    }
+    QTimer::singleShot(0, this, [this] {
+        m_late = false;
+        refresh();
+    });
+}
+
+void SheetPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    notice();
+}
+
+void SheetPanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        notice();
+}
+
+void SheetPanel::refresh()
+{
+    const int index = catalogue::indexOfId(m_workspace.lookedAt());
+    m_axis->setEnabled(index != 0);
+    m_picture->setEnabled(false);
+    nameAxes();
+    if (index == 0) {
+        m_text->setPlainText(
+            QStringLiteral("No index is looked at. A card or a row of the list or of the results "
+                           "opens the sheet of its index."));
+        m_chart->showNone({});
+        return;
+    }
+    showFacts(workspace::indexSheet(m_workspace.present(), m_workspace.limits(), index));
+    askCourse(index);
+}
+
+// What is selected stays so where the text is the same, and the place where another has the same index.
+void SheetPanel::showFacts(const IndexSheet& sheet)
+{
+    const QString html = factsHtml(sheet, palette());
+    if (html == m_html)
+        return;
+    m_html = html;
+    const QString id = toQt(sheet.id);
+    const int place = id == m_shownId ? m_text->verticalScrollBar()->value() : 0;
+    m_shownId = id;
+    m_text->setHtml(html);
+    m_text->verticalScrollBar()->setValue(place);
+}
+
+void SheetPanel::askCourse(int index)
+{
+    workspace::CourseRequest request{m_workspace.present().inputs, index,
+                                     static_cast<CourseAxis>(m_axis->currentIndex())};
+    const bool isThere = m_chart->course() != nullptr && m_chart->course()->request == request;
+    m_picture->setEnabled(isThere);
+    if (isThere)
+        return;
+    m_chart->showNone(QStringLiteral("Calculating the course..."));
+    m_reading->clear();
+    m_held->clear();
+    m_asked = request;
+    m_runner.ask(std::move(request));
+}
+
+void SheetPanel::takeCourse()
+{
+    std::optional<workspace::Course> course = m_runner.take();
+    if (!course || m_late || !m_asked || course->request != *m_asked)
+        return;
+    QStringList sentences;
+    if (course->problem.empty())
+        sentences = {toQt(course->held), toQt(course->gapsInWords())};
+    m_chart->show(std::move(*course));
+    if (m_chart->curveLeaves())
+        sentences += QStringLiteral("The curve leaves the chart, beside its pole.");
+    sentences.removeAll({});
+    m_held->setText(sentences.join(QLatin1Char(' ')));
+    m_picture->setEnabled(m_chart->course() != nullptr);
+    m_reading->setText(m_chart->course() != nullptr
+                           ? QStringLiteral("The mouse or the arrow keys read the chart.")
+                           : QString());
+}
+
+// Of a pair of readings the one that is given.
+void SheetPanel::nameAxes()
+{
+    const classic::Inputs inputs = m_workspace.form().inputs();
+    for (std::size_t i = 0; i < workspace::kCourseAxisCount; ++i) {
+        const classic::Reading moved = workspace::movedReading(inputs, static_cast<CourseAxis>(i));
+        m_axis->setItemText(static_cast<int>(i),
+                            toQt(classic::kReadingInfo[static_cast<std::size_t>(moved)].heading));
+    }
+}
+
+QString SheetPanel::pictureText() const
+{
+    return m_held->text();
+}
+
+void SheetPanel::copyPicture()
+{
+    const QByteArray png = m_chart->picture(CourseChart::PictureKind::Png, pictureText());
+    if (!png.isEmpty())
+        QApplication::clipboard()->setImage(QImage::fromData(png, "PNG"));
+}
+
+void SheetPanel::savePicture()
+{
+    if (m_chart->course() == nullptr)
+        return;
+    const auto name = m_files.askSave({.title = kSaveTitle,
+                                       .filter = "Pictures (*.png *.svg)",
+                                       .fileName = m_workspace.lookedAt() + ".png",
+                                       .overwritePrompt = true,
+                                       .written = pictureName});
+    if (!name || name->empty())
+        return;
+    const std::string path = pictureName(*name);
+    const bool svg = toQt(path).endsWith(kSvg, Qt::CaseInsensitive);
+    const QByteArray bytes =
+        m_chart->picture(svg ? CourseChart::PictureKind::Svg : CourseChart::PictureKind::Png, pictureText());
+    output::WholeFile file(path);
+    file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const output::WriteResult result = file.commit();
+    if (!result.succeeded())
+        m_messages.show({.text = result.error, .title = kSaveTitle});
+}
+
+} // namespace comfortics::ui

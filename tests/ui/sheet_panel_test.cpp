@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "temporary_folder.h"
+#include "test_program.h"
+
+#include "ui/course_chart.h"
+#include "ui/sheet_panel.h"
+#include "ui/text.h"
+
+#include <QComboBox>
+#include <QSignalSpy>
+#include <QTextBrowser>
+#include <QTextDocument>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace comfortics::ui {
+namespace {
+
+using tests::find;
+
+struct Opened : tests::Program {
+    SheetPanel panel{shell.workspace(), files, messages};
+    CourseChart& chart = find<CourseChart>(panel, "course");
+
+    Opened()
+    {
+        form.Opt_Rules.select(1);
+        panel.show();
+    }
+    std::string text() { return fromQt(find<QTextBrowser>(panel, "sheet").toPlainText()); }
+    bool waitForCourse()
+    {
+        return QTest::qWaitFor([this] { return chart.course() != nullptr; });
+    }
+    const workspace::CoursePoint& present()
+    {
+        return chart.course()->points[chart.course()->present.value()];
+    }
+};
+
+TEST(SheetPanel, FollowsTheReadingsAndShowsNoCurveOfEarlierOnes)
+{
+    Opened opened;
+    EXPECT_NE(opened.text().find("No index is looked at"), std::string::npos);
+    opened.write("33", "600", "50", "2");
+    opened.shell.workspace().lookAt("humidex_masterson");
+    ASSERT_TRUE(opened.waitForCourse());
+    for (const char* told : {"90. Humidex", "Air temperature (Ta) from 20 to 55 °C. Now 33 °C, inside.",
+                             "from 40 to below 46 °C", "Masterton"})
+        EXPECT_NE(opened.text().find(told), std::string::npos) << told << "\n" << opened.text();
+    EXPECT_EQ(opened.present().text, opened.shell.workspace().present().figure(90).text);
+    EXPECT_TRUE(opened.chart.accessibleDescription().contains(QStringLiteral("At present")));
+
+    opened.form.txt_TA.setText("12");
+    EXPECT_EQ(opened.chart.course(), nullptr) << "at once";
+    ASSERT_TRUE(opened.waitForCourse());
+    EXPECT_EQ(opened.present().readingText, "12");
+    EXPECT_NE(opened.text().find("No value. Outside its limits"), std::string::npos) << opened.text();
+    EXPECT_TRUE(tests::says(opened.panel, QStringLiteral("outside its limits, Ta from 20 to 55 °C")));
+
+    opened.form.txt_TA.setText("");
+    QTest::qWait(50);
+    EXPECT_EQ(opened.chart.course(), nullptr);
+    EXPECT_NE(opened.text().find("the air temperature is missing"), std::string::npos) << opened.text();
+}
+
+TEST(SheetPanel, IsReadAndTurnedByKeys)
+{
+    Opened opened;
+    opened.write("33", "600", "50", "2");
+    opened.shell.workspace().lookAt("utci");
+    ASSERT_TRUE(opened.waitForCourse());
+    EXPECT_EQ(tests::nameless(opened.panel), "");
+
+    auto& axis = find<QComboBox>(opened.panel, "sheet_axis");
+    EXPECT_EQ(axis.itemText(1), QStringLiteral("Relative Humidity"));
+    QTest::keyClick(&axis, Qt::Key_Down);
+    QTest::keyClick(&axis, Qt::Key_Down);
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return opened.chart.course() != nullptr && opened.chart.course()->moved == classic::Reading::WS;
+    }));
+
+    QSignalSpy told(&opened.chart, &CourseChart::pointRead);
+    QTest::keyClick(&opened.chart, Qt::Key_Right);
+    EXPECT_EQ(told.last().first().toString(),
+              QStringLiteral("2 m/s: %1 °C, %2")
+                  .arg(toQt(opened.present().text), toQt(catalogue::inWords(*opened.present().meaning))));
+    QTest::keyClick(&opened.chart, Qt::Key_Home);
+    EXPECT_TRUE(
+        told.last().first().toString().startsWith(QStringLiteral("0.1 m/s: no value. Outside its limits")));
+    EXPECT_EQ(opened.shell.workspace().preferences().read("sheet/axis"), "2");
+}
+
+TEST(SheetPanel, SavesTheChartWholeOrNotAtAll)
+{
+    Opened opened;
+    opened.write("33", "600", "50", "2");
+    opened.shell.workspace().lookAt("utci");
+    ASSERT_TRUE(opened.waitForCourse());
+    const comfortics::tests::TemporaryFolder folder;
+    opened.files.answer = folder.file("chart");
+    opened.panel.savePicture();
+    EXPECT_EQ(comfortics::tests::readFile(folder.file("chart.png")).substr(1, 3), "PNG");
+    opened.files.answer = folder.file("chart.SVG");
+    opened.panel.savePicture();
+    EXPECT_EQ(comfortics::tests::readFile(folder.file("chart.SVG")).substr(0, 5), "<?xml");
+    EXPECT_TRUE(opened.messages.boxes.empty());
+    opened.files.answer = folder.file("nowhere/chart.png");
+    opened.panel.savePicture();
+    EXPECT_EQ(opened.messages.boxes.size(), 1U);
+}
+
+} // namespace
+} // namespace comfortics::ui
