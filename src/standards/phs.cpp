@@ -123,7 +123,7 @@ Exposure::Exposure(PhsEdition edition, const PhsInputs& in, double area, double 
     const double correction = clo <= 0.6 ? ((0.6 - clo) * air + clo * clothed) / 0.6 : clothed;
     const double Itd = Itst * correction;
     const double Iad = air * kStillAir;
-    Icd = Itd - Iad / fcl;
+    Icd = clo > 0 ? Itd - Iad / fcl : 0; // without clothing a difference of what is the same
     const double im = std::min(0.9, in.imst * ((2.6 * correction - 6.5) * correction + 4.9));
     Rt = Itd / im / kLewis;
 

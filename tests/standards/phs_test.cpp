@@ -290,6 +290,13 @@ TEST(Phs, MarksItsRanges)
                 EXPECT_EQ(verdict.standing, Standing::None) << value;
         }
     }
+    // Without any clothing the skin is its surface.
+    PhsInputs bare = warm();
+    bare.clo = 0;
+    const PhsResult skin = phs2004(bare);
+    bare.clo = 1e-9;
+    EXPECT_EQ(skin.verdict, outside("clo"));
+    EXPECT_NEAR(skin.tCore, phs2004(bare).tCore, 1e-6);
     // 56..250 W/m² of a body of 1.9379 m²
     for (const auto& [M, verdict] :
          {std::pair{109.0, kOk}, {108.0, outside("M")}, {484.0, kOk}, {485.0, outside("M")}}) {
