@@ -123,6 +123,11 @@ TEST(Pet, CoveredAndWet)
     sitting.posture = Posture::Sitting;
     EXPECT_SHOWN(petWaltherGoestchel(sitting).pet, "-24.1562");
     EXPECT_SHOWN(petWaltherGoestchel(of2018(34, 60, 0.5, 30, 100, 0.5)).wettedness, "0.36515");
+    EXPECT_SHOWN(petWaltherGoestchel(of2018(36, 36, 0.5, 80, 80, 0.9)).pet, "40.7176");
+    EXPECT_EQ(petWaltherGoestchel(of2018(36, 36, 0.5, 80, 80, 0.9)).wettedness, 1);
+    PetInputs still = of2018(20, 22, 0, 50, 80, 0.9); // in which natural convection is the larger
+    still.pressure = 1090;
+    EXPECT_SHOWN(petWaltherGoestchel(still).pet, "22.26406");
 }
 
 TEST(Pet, OfTheReferenceIsItsTemperature)
