@@ -140,6 +140,7 @@ Exposure::Exposure(PhsEdition edition, const PhsInputs& in, double area, double 
 /// temperature. `tcl` is the guess and then the root.
 std::optional<double> dryHeat(const Exposure& at, double tsk, double& tcl)
 {
+    // By this minute's skin: taken once for all, it moves limits by a minute.
     const double hc = std::max(2.38 * std::sqrt(std::sqrt(std::fabs(tsk - at.ta))), at.forced);
     const double surroundings = fourth(at.tr + kKelvin);
     const auto given = [&](double t) {
