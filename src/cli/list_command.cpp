@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/catalogue.h"
+#include "catalogue/finder.h"
 #include "catalogue/references.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
@@ -10,6 +11,8 @@
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
+
+#include <iostream>
 
 namespace comfortics::cli {
 
@@ -54,6 +57,12 @@ public:
         CLI::App* const command = tool.add_subcommand("list", "List the catalogue of indices");
         command->add_option("--search", m_search, "Only names that contain TEXT, whatever the case")
             ->type_name("TEXT");
+        command
+            ->add_option("--find", m_find,
+                         "Only those with all words of TEXT in name, number, abbreviation, author, year, id, "
+                         "family or unit, the best first")
+            ->type_name("TEXT")
+            ->excludes("--search");
         addLimitsOption(*command, m_limitsFile);
         command->add_flag(
             "--references", m_references,
@@ -68,9 +77,12 @@ public:
     {
         const classic::Limits limits = readLimits(m_limitsFile);
         std::vector<const CatalogueRow*> rows;
-        for (const CatalogueRow& row : catalogue::rows())
-            if (lowered(row.name).find(lowered(m_search)) != std::string::npos)
-                rows.push_back(&row);
+        if (!m_find.empty())
+            rows = found();
+        else
+            for (const CatalogueRow& row : catalogue::rows())
+                if (lowered(row.name).find(lowered(m_search)) != std::string::npos)
+                    rows.push_back(&row);
         if (m_format == "json")
             print(json(rows, limits));
         else
@@ -79,6 +91,22 @@ public:
     }
 
 private:
+    // An empty list is no error, but a slip can be told.
+    std::vector<const CatalogueRow*> found() const
+    {
+        const catalogue::Finder& finder = catalogue::indexFinder();
+        std::vector<const CatalogueRow*> rows;
+        for (const std::size_t place : finder.find(m_find))
+            rows.push_back(&catalogue::rows()[place]);
+        if (rows.empty()) {
+            std::string meant;
+            for (const std::string& text : finder.didYouMean(m_find))
+                meant += (meant.empty() ? " Did you mean " : " or ") + text;
+            std::cerr << "comfortics-cli: Nothing found." << meant << (meant.empty() ? "" : "?") << '\n';
+        }
+        return rows;
+    }
+
     static std::vector<std::string> cells(const CatalogueRow& row, const classic::Limits& limits)
     {
         const classic::IndexLimits& bounds = limits.of(row.number);
@@ -191,6 +219,7 @@ private:
     }
 
     std::string m_search;
+    std::string m_find;
     std::string m_limitsFile;
     std::string m_format = "text";
     bool m_references = false;

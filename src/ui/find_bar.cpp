@@ -71,8 +71,10 @@ FindBar::FindBar(workspace::Finding& finding, QWidget* parent) : QWidget(parent)
                        "family or unit, in any order (Ctrl+Shift+F). Enter and F3 go to the next, with "
                        "Shift to the one before; Escape clears"));
     m_line->installEventFilter(this);
-    connect(m_line, &QLineEdit::textChanged, this,
-            [this](const QString& text) { m_finding.setQuery(fromQt(text)); });
+    connect(m_line, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_finding.setQuery(fromQt(text));
+        emit sought();
+    });
 
     m_summary = new QLabel;
     m_summary->setObjectName(QStringLiteral("lbl_Found"));

@@ -38,6 +38,8 @@ public:
     std::vector<QWidget*> tabOrder() const;
 
 signals:
+    /// Other words are looked for.
+    void sought();
     void stepWanted(bool forward);
     /// The keyboard shall go to the rows.
     void rowsWanted();

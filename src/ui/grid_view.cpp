@@ -278,7 +278,10 @@ std::size_t GridView::shownRow(int scrollPlace) const
 void GridView::stand(std::size_t gridRow)
 {
     m_grid.select(gridRow, m_grid.col(), gridRow, m_grid.colSel());
-    scrollTo(m_model->index(static_cast<int>(gridRow - m_grid.fixedRows()), 0));
+    const QModelIndex index = m_model->index(static_cast<int>(gridRow - m_grid.fixedRows()), 0);
+    const QRect rectangle = visualRect(index);
+    if (rectangle.top() < 0 || rectangle.bottom() >= viewport()->height())
+        scrollTo(index, PositionAtCenter);
 }
 
 void GridView::tellSize()

@@ -82,6 +82,10 @@ QWidget* IndexPanel::buildFind()
         connect(action, &QAction::triggered, this, [this, ticked] { tickFound(ticked); });
     }
     connect(m_find, &FindBar::stepWanted, this, &IndexPanel::step);
+    connect(m_find, &FindBar::sought, this, [this] {
+        if (m_finding.hasWords() && m_finding.best())
+            m_list->stand(*m_finding.best());
+    });
     connect(m_find, &FindBar::rowsWanted, this, [this] {
         if (m_finding.count() > 0)
             m_list->setFocus(Qt::OtherFocusReason);
@@ -126,9 +130,6 @@ catalogue::Standing IndexPanel::standing(std::size_t row) const
 void IndexPanel::showFound()
 {
     m_list->showOnly([this](std::size_t row) { return m_finding.holds(row); });
-    const auto row = m_list->standing();
-    if (m_finding.hasWords() && m_finding.best() && (!row || !m_finding.holds(*row)))
-        m_list->stand(*m_finding.best());
 }
 
 void IndexPanel::step(bool forward)

@@ -21,6 +21,7 @@
 #include <QShortcut>
 #include <QStatusBar>
 #include <QStyledItemDelegate>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -239,7 +240,13 @@ void ResultsWindow::buildFind()
     connect(m_find, &FindBar::stepWanted, this, &ResultsWindow::step);
     connect(m_find, &FindBar::rowsWanted, this, [this] { visibleTable().setFocus(Qt::OtherFocusReason); });
     listen(*m_find, m_finding.changed, [this] { showFound(); });
-    listen(*this, m_form.lbl_In_Force.change, [this] { m_finding.refresh(); });
+    connect(m_find, &FindBar::sought, this, &ResultsWindow::standOnBest);
+    // The table is filled behind the calculation that is told of.
+    auto* const later = new QTimer(this);
+    later->setSingleShot(true);
+    connect(later, &QTimer::timeout, this, [this] { m_finding.refresh(); });
+    listen(*this, m_workspace.changed, [later] { later->start(); });
+    listen(*this, m_workspace.form().List_Indices.change, [later] { later->start(); });
 }
 
 GridView& ResultsWindow::visibleTable() const
@@ -279,6 +286,10 @@ void ResultsWindow::showFound()
             table->showOnly({});
         table->viewport()->update();
     }
+}
+
+void ResultsWindow::standOnBest()
+{
     if (!m_finding.hasWords() || !m_finding.best())
         return;
     const controls::Grid& grid = m_form.visibleGrid();

@@ -41,6 +41,7 @@ private:
     void showReason();
     void buildFind();
     void showFound();
+    void standOnBest();
     void step(bool forward);
     void openSheet();
     std::size_t placeOf(const controls::Grid& grid, std::size_t row) const;

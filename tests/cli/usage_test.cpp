@@ -103,6 +103,15 @@ TEST(Usage, ListAndRadiationPrintWholeTables)
     EXPECT_EQ(std::count(all.out.begin(), all.out.end(), '\n'), 223);
     const Ending found = runTool({"list", "--search", "GOLDschmidt", "--format", "csv"});
     EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 3); // 35 and 36 carry one name
+    // The best first, and a slip is told beside an empty table.
+    const Ending outdoors = runTool({"list", "--find", "wbgt yaglou outdoor", "--format", "csv"});
+    EXPECT_EQ(std::count(outdoors.out.begin(), outdoors.out.end(), '\n'), 2);
+    EXPECT_NE(outdoors.out.find("\n200,"), std::string::npos);
+    const Ending slip = runTool({"list", "--find", "humidx", "--format", "csv"});
+    EXPECT_EQ(slip.status, 0);
+    EXPECT_EQ(std::count(slip.out.begin(), slip.out.end(), '\n'), 1);
+    EXPECT_EQ(slip.err, "comfortics-cli: Nothing found. Did you mean Humidex or Humid?\n");
+    EXPECT_EQ(runTool({"list", "--find", "utci", "--search", "utci"}).status, 2);
     Ending day =
         runTool({"radiation", "--lat=64.1466", "--lon=-21.9426", "--gmt=0", "--date=2023-12-21", "--okta=9"});
     EXPECT_EQ(std::erase(day.out, '\r'), 153U) << "one at each end of a line";

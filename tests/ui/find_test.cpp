@@ -176,6 +176,16 @@ TEST(FindInTheResults, MarksAndHidesInTheViewAlone)
     }
     EXPECT_EQ(summary(*opened.window), std::to_string(shown) + " of 222");
     EXPECT_TRUE(tests::says(*opened.window, QStringLiteral("hidden here alone")));
+    // A new calculation fills the table anew, and the filter follows.
+    ASSERT_TRUE(table.isRowHidden(210));
+    opened.form.txt_TA.setText("-5");
+    opened.form.Img_Calculate.click.raise();
+    QTest::qWait(1);
+    EXPECT_FALSE(table.isRowHidden(210));
+    opened.form.txt_TA.setText("30");
+    opened.form.Img_Calculate.click.raise();
+    QTest::qWait(1);
+    EXPECT_TRUE(table.isRowHidden(210));
     EXPECT_EQ(form.Flex.rows(), 223U);
     // The scroll bar and the grid's first row agree, whatever is hidden between.
     table.verticalScrollBar()->setValue(50);
