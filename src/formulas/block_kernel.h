@@ -5,6 +5,7 @@
 
 #include "formulas/block.h"
 #include "formulas/formula_call.h"
+#include "formulas/quick_real.h"
 #include "values/clones.h"
 
 #include <array>
@@ -34,8 +35,13 @@ void forEachPoint(Result (*)(Parameters...), const Block& block, std::index_sequ
         else
             return (assumptions);
     };
-    for (std::size_t point = 0; point < block.count; ++point)
-        results[point] = formula(argument.template operator()<Parameters, at>(point)...);
+    for (std::size_t point = 0; point < block.count; ++point) {
+        const auto result = formula(argument.template operator()<Parameters, at>(point)...);
+        if constexpr (std::is_same_v<Result, QuickReal>)
+            results[point] = result.value();
+        else
+            results[point] = result;
+    }
 }
 
 template <auto formula, typename Result, typename... Parameters>
@@ -44,12 +50,34 @@ void forEachPoint(Result (*function)(Parameters...), const Block& block)
     forEachPoint<formula>(function, block, std::index_sequence_for<Parameters...>());
 }
 
-} // namespace detail
+template <auto formula>
+COMFORTICS_CLONES void calculatePlainly(const Block& block)
+{
+    forEachPoint<formula>(formula, block);
+}
 
 template <auto formula>
-COMFORTICS_CLONES void calculateBlock(const Block& block)
+COMFORTICS_FUSED void calculateQuickly(const Block& block)
 {
-    detail::forEachPoint<formula>(formula, block);
+    forEachPoint<formula>(formula, block);
+}
+
+} // namespace detail
+
+/// The same formula over QuickReal, where there is one.
+template <auto formula>
+inline constexpr std::nullptr_t quickTwin = nullptr;
+
+template <auto formula>
+void calculateBlock(const Block& block)
+{
+    if constexpr (quickTwin<formula> != nullptr) {
+        if (values::quick::available()) {
+            detail::calculateQuickly<quickTwin<formula>>(block);
+            return;
+        }
+    }
+    detail::calculatePlainly<formula>(block);
 }
 
 } // namespace comfortics::formulas

@@ -14,6 +14,8 @@
 
 namespace comfortics::formulas {
 
+class QuickReal; // formulas/quick_real.h
+
 inline constexpr std::size_t kMostInputs = 6;
 
 /// What a formula may read besides its inputs.
@@ -40,7 +42,8 @@ struct FormulaCall {
 namespace detail {
 
 template <typename Parameter>
-inline constexpr bool isInput = std::is_same_v<Parameter, Number> || std::is_same_v<Parameter, double>;
+inline constexpr bool isInput = std::is_same_v<Parameter, Number> || std::is_same_v<Parameter, double> ||
+                                std::is_same_v<Parameter, QuickReal>;
 
 template <typename... Parameters>
 inline constexpr std::size_t inputCount = (std::size_t{0} + ... + (isInput<Parameters> ? 1U : 0U));

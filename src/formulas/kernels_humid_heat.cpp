@@ -4,6 +4,11 @@
 
 namespace comfortics::formulas {
 
+template <>
+inline constexpr auto quickTwin<&Index_090<double>> = &Index_090<QuickReal>;
+template <>
+inline constexpr auto quickTwin<&Index_173<double>> = &Index_173<QuickReal>;
+
 template void calculateBlock<&Index_053<double>>(const Block&);
 template void calculateBlock<&Index_054<double>>(const Block&);
 template void calculateBlock<&Index_055<double>>(const Block&);

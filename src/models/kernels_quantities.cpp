@@ -5,6 +5,9 @@
 
 namespace comfortics::formulas {
 
+template <>
+inline constexpr auto quickTwin<&Relative_Humidity_Magnus<double>> = &Relative_Humidity_Magnus<QuickReal>;
+
 template void calculateBlock<&Dew_Point_Magnus<double>>(const Block&);
 template void calculateBlock<&Relative_Humidity_Magnus<double>>(const Block&);
 template void calculateBlock<&Saturation_Pressure_Hardy<double>>(const Block&);

@@ -3,6 +3,7 @@
 
 #include "formulas/primitives.h"
 #include "values/clones.h"
+#include "values/quick_exponential.h"
 
 #include <algorithm>
 #include <cmath>
@@ -356,8 +357,7 @@ void calculateUtci(const formulas::Block& block)
     for (std::size_t first = 0; first < block.count; first += kPart) {
         const std::size_t count = std::min(kPart, block.count - first);
         exponents(Ta + first, humidity + first, vapour.data(), count);
-        for (std::size_t i = 0; i < count; ++i)
-            vapour[i] = formulas::exponential(vapour[i]);
+        values::quick::exponentials(vapour.data(), count);
         evaluateAll(Ta + first, Tmrt + first, va + first, vapour.data(), block.results + first, count);
     }
 }
