@@ -206,7 +206,7 @@ def main_and_results(album):
     write("Relative Humidity", HEAT["rh"])
     write("Wind Speed", HEAT["ws"])
     press("Return")
-    results = window("Comfortics", but=[main])
+    results = window("Comfortics — Results")
     press(*["Down"] * 7)  # to the first blank value, whose reason the status bar tells
     widget("Outside its limits", "label")
     album.save("results-window", results)
@@ -218,7 +218,7 @@ def main_and_results(album):
     press("ctrl+f")
     xdotool("type", "--delay", 40, "wet bulb globe")
     album.save("results-search", results, below=260)
-    close(results, "Comfortics")
+    close(results, "Comfortics — Results")
 
     xdotool("windowactivate", "--sync", main)
     album.save("main-window", main)

@@ -79,19 +79,22 @@ Application::Application(const std::filesystem::path& programFolder)
     pair<shell::Frm_Splash_Screen, SplashWindow>(
         m_shell.splash, m_splash, [](auto& form) { return std::make_unique<SplashWindow>(form); });
     pair<output::Frm_Comfortics, ResultsWindow>(m_shell.results, m_results, [this](auto& form) {
-        return std::make_unique<ResultsWindow>(form, m_shell.workspace(), m_main,
-                                               [this] { m_shell.results.unload(); });
+        return helped(std::make_unique<ResultsWindow>(form, m_shell.workspace(), m_main,
+                                                      [this] { m_shell.results.unload(); }));
     });
+    m_shell.results.loaded.watch([this] { m_main.takeResults(m_shell.results.get(), m_results.get()); });
+    m_shell.results.unloading.watch([this] { m_main.takeResults(nullptr, nullptr); });
     pair<converter::Frm_Converter, ConverterWindow>(m_shell.converter, m_converter, [this](auto& form) {
-        return std::make_unique<ConverterWindow>(form, m_main, [this] { m_shell.converter.unload(); });
+        return helped(
+            std::make_unique<ConverterWindow>(form, m_main, [this] { m_shell.converter.unload(); }));
     });
     pair<radiation::Frm_Radiation, RadiationWindow>(m_shell.radiation, m_radiation, [this](auto& form) {
-        return std::make_unique<RadiationWindow>(
+        return helped(std::make_unique<RadiationWindow>(
             form, RadiationWindow::Surroundings{m_files, m_messages, m_tiles, m_tilePlaces}, m_main,
-            [this] { m_shell.radiation.unload(); });
+            [this] { m_shell.radiation.unload(); }));
     });
     pair<batch::Frm_Raw_Data, RawDataWindow>(m_shell.rawData, m_rawData, [this](auto& form) {
-        return std::make_unique<RawDataWindow>(form, m_main, [this] { m_shell.rawData.unload(); });
+        return helped(std::make_unique<RawDataWindow>(form, m_main, [this] { m_shell.rawData.unload(); }));
     });
     addSessionEntries(
         m_main.fileMenu(), m_shell.session(),
@@ -112,6 +115,13 @@ void Application::addPanels()
     const QString sheet = QStringLiteral("sheet");
     m_main.addPanel(sheet, QStringLiteral("Index Sheet"), new SheetPanel(workspace, m_files, m_messages));
     workspace.looked.watch([this, sheet] { m_main.showPanel(sheet); });
+}
+
+template <class Window>
+std::unique_ptr<Window> Application::helped(std::unique_ptr<Window> window)
+{
+    QObject::connect(window.get(), &FormWindow::guideWanted, &m_main, &MainWindow::showGuide);
+    return window;
 }
 
 void Application::start()

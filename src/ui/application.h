@@ -51,6 +51,9 @@ public:
 
 private:
     void addPanels();
+    /// The window with its help.
+    template <class Window>
+    std::unique_ptr<Window> helped(std::unique_ptr<Window> window);
 
     Appearance m_appearance;
     DesktopMessages m_messages;

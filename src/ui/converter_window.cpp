@@ -30,7 +30,7 @@ constexpr double kResultScale = 1.6;
 
 ConverterWindow::ConverterWindow(converter::Frm_Converter& form, const QWidget& main,
                                  std::function<void()> closed)
-    : FormWindow(form), m_form(form), m_closed(std::move(closed))
+    : FormWindow(form, QStringLiteral("conversion-of-units")), m_form(form), m_closed(std::move(closed))
 {
     setMenuBar(new MenuBar);
     buildMenu();

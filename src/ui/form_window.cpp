@@ -2,29 +2,80 @@
 #include "ui/form_window.h"
 
 #include "ui/bindings.h"
-#include "ui/help.h"
 #include "ui/text.h"
 
-#include <QEvent>
+#include <QAction>
+#include <QDockWidget>
+#include <QKeyEvent>
 #include <QScreen>
-#include <QShortcut>
 
 #include <algorithm>
+#include <utility>
 
 namespace comfortics::ui {
 
-FormWindow::FormWindow(controls::Form& form) : m_form(form)
+FormWindow::FormWindow(controls::Form& form, const QString& chapter) : m_form(form), m_chapter(chapter)
 {
     setWindowTitle(toQt(form.caption()));
     setContextMenuPolicy(Qt::PreventContextMenu);
     listen(*this, form.visibility, [this] { repeatVisibility(); });
-    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
-            [this] { showHelp(*this); });
-    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
+    m_help = &addKeys(QStringLiteral("User &Guide"), {QKeySequence::HelpContents},
+                      [this] { emit guideWanted(this->chapter()); });
+    addKeys(QStringLiteral("Close"), {QKeySequence::Close}, [this] { close(); });
+}
+
+QAction& FormWindow::addKeys(const QString& text, const QList<QKeySequence>& keys, std::function<void()> act)
+{
+    auto* const action = new QAction(text, this);
+    action->setShortcuts(keys);
+    connect(action, &QAction::triggered, this, std::move(act));
+    addAction(action);
+    return *action;
+}
+
+void FormWindow::setPart(bool part)
+{
+    m_part = part;
+    for (QAction* const action : actions())
+        action->setShortcutContext(part ? Qt::WidgetWithChildrenShortcut : Qt::WindowShortcut);
+}
+
+QAction* FormWindow::ownAction(const QKeyEvent& event) const
+{
+    const QKeySequence pressed(event.keyCombination());
+    for (QAction* const action : actions())
+        if (action->isEnabled() && action->shortcuts().contains(pressed))
+            return action;
+    return nullptr;
+}
+
+// A key that both windows know would be ambiguous: it is taken as typed, past the shortcuts.
+bool FormWindow::event(QEvent* event)
+{
+    if (m_part && event->type() == QEvent::ShortcutOverride &&
+        ownAction(*static_cast<QKeyEvent*>(event)) != nullptr) {
+        event->accept();
+        return true;
+    }
+    return QMainWindow::event(event);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (QAction* const action = m_part ? ownAction(*event) : nullptr)
+        action->trigger();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void FormWindow::repeatVisibility()
 {
+    if (auto* const panel = m_part ? qobject_cast<QDockWidget*>(parentWidget()) : nullptr) {
+        setVisible(m_form.visible());
+        panel->setVisible(m_form.visible());
+        panel->raise();
+        return; // the keyboard stays where it is
+    }
     if (!m_form.visible()) {
         hide();
         return;

@@ -3,7 +3,14 @@
 
 #include "controls/form.h"
 
+#include <QKeySequence>
+#include <QList>
 #include <QMainWindow>
+
+#include <functional>
+
+class QAction;
+class QKeyEvent;
 
 namespace comfortics::ui {
 
@@ -13,7 +20,8 @@ class FormWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit FormWindow(controls::Form& form);
+    /// `chapter` is that of the user guide which tells of the window, by its anchor.
+    FormWindow(controls::Form& form, const QString& chapter);
 
     /// The usable area of another window's screen, less the frame that this one will get, which is
     /// that of the other.
@@ -26,15 +34,35 @@ public:
     /// Tells the form where the window stands, its frame included.
     void tellPlace();
 
+    /// As a part of another window it has its keys while the focus is in it, before that window has them.
+    void setPart(bool part);
+
+    virtual QString chapter() const { return m_chapter; }
+
+signals:
+    /// Help is wanted on what the window shows now.
+    void guideWanted(const QString& chapter);
+
 protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
+    /// An entry, as for a menu, whose keys the window knows.
+    QAction& addKeys(const QString& text, const QList<QKeySequence>& keys, std::function<void()> act);
+
+    QAction& helpAction() const { return *m_help; }
+
 private:
     void repeatVisibility();
+    QAction* ownAction(const QKeyEvent& event) const;
 
     controls::Form& m_form;
+    QString m_chapter;
+    bool m_part = false;
+    QAction* m_help = nullptr;
 };
 
 } // namespace comfortics::ui

@@ -2,23 +2,28 @@
 #include "ui/main_window.h"
 
 #include "shell/status_line.h"
+#include "ui/about.h"
 #include "ui/bindings.h"
+#include "ui/guide_window.h"
 #include "ui/index_panel.h"
 #include "ui/live_panel.h"
 #include "ui/options_page.h"
 #include "ui/panels.h"
 #include "ui/readings_panel.h"
+#include "ui/results_window.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
+#include "ui/zoom.h"
+#include "workspace/zoom_steps.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 
@@ -39,7 +44,7 @@ const QString kIndices = QStringLiteral("indices");
 } // namespace
 
 MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
-    : FormWindow(workspace.form()), m_workspace(workspace), m_form(workspace.form())
+    : FormWindow(workspace.form(), {}), m_workspace(workspace), m_form(workspace.form())
 {
     setMenuBar(new MenuBar);
     buildMenus();
@@ -50,24 +55,32 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
     setCentralWidget(m_area);
     buildPanels();
 
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+    addKeys(QStringLiteral("Search the list"), {QKeySequence::Find}, [this] {
         showPanel(kIndices);
         m_indices->search();
     });
-    connect(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_F, this), &QShortcut::activated, this, [this] {
+    addKeys(QStringLiteral("Find an index"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)}, [this] {
         showPanel(kIndices);
         m_indices->find();
     });
     // Wherever the focus is: a click beside the boxes leaves it in the list.
-    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, [this] {
+    addKeys(QStringLiteral("Close the options"), {QKeySequence(Qt::Key_Escape)}, [this] {
         if (m_form.Fra_Options.visible())
             turnOptions();
     });
     connect(m_options, &OptionsPage::closeWanted, this, &MainWindow::turnOptions);
     setTabOrders();
     follow(*this, m_form.standing, [this] { showStanding(); });
-    m_readings->line(classic::Reading::TA).setFocus();
+    connect(this, &FormWindow::guideWanted, this, &MainWindow::showGuide);
+    m_lastReading = &m_readings->line(classic::Reading::TA);
+    m_lastReading->setFocus();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (auto* const line = qobject_cast<QLineEdit*>(now); line && m_readings->isAncestorOf(line))
+            m_lastReading = line;
+    });
 }
+
+MainWindow::~MainWindow() = default;
 
 QWidget* MainWindow::buildContent()
 {
@@ -112,6 +125,23 @@ void MainWindow::showPanel(const QString& name)
 
 void MainWindow::buildMenus()
 {
+    QMenuBar& bar = *menuBar();
+    m_file = bar.addMenu(QStringLiteral("&File"));
+    m_edit = bar.addMenu(QStringLiteral("&Edit"));
+    m_view = bar.addMenu(QStringLiteral("&View"));
+    buildFormsMenus(bar);
+    buildFileAndEdit();
+    buildView();
+    QMenu& help = *bar.addMenu(QStringLiteral("Hel&p"));
+    help.addAction(&helpAction());
+    help.addAction(QStringLiteral("&Keyboard"), this, [this] { showGuide(QStringLiteral("keyboard")); });
+    help.addSeparator();
+    help.addAction(QStringLiteral("&About Comfortics"), this, [this] { showAbout(*this); });
+}
+
+// Those that the form has, letter for letter.
+void MainWindow::buildFormsMenus(QMenuBar& bar)
+{
     const auto add = [](QWidget& menu, controls::MenuEntry& entry, char mnemonic, const QString& tip) {
         auto* const action = new QAction(&menu);
         bind(*action, entry, mnemonic);
@@ -120,11 +150,6 @@ void MainWindow::buildMenus()
         menu.addAction(action);
         return action;
     };
-    QMenuBar& bar = *menuBar();
-    m_file = bar.addMenu(QStringLiteral("&File"));
-    auto* const view = bar.addMenu(QStringLiteral("&View"));
-    m_panels = new Panels(*this, *view, nullptr);
-
     add(bar, m_form.Menu_Raw_Data, 'R', QStringLiteral("Calculates many rows of readings"));
     add(bar, m_form.Menu_Radiation, 'S', QStringLiteral("Estimates solar radiation for a day and a place"));
     add(bar, m_form.Menu_Converter, 'C', QStringLiteral("Converts other units into those of the readings"));
@@ -139,6 +164,97 @@ void MainWindow::buildMenus()
     const auto* const options = add(bar, m_form.Menu_Options, 'O',
                                     QStringLiteral("Assumptions on body and site, and the use of limits"));
     connect(options, &QAction::triggered, this, [this] { focusOptions(); });
+}
+
+void MainWindow::buildFileAndEdit()
+{
+    const auto ofResults = [this](QMenu& menu, const QString& text, const QKeySequence& keys,
+                                  controls::MenuEntry output::Frm_Comfortics::*entry) {
+        QAction& action = addKeys(text, {keys}, [this, entry] {
+            if (m_resultsForm != nullptr)
+                (m_resultsForm->*entry).click.raise();
+        });
+        action.setEnabled(false);
+        menu.addAction(&action);
+        m_resultsActions.push_back(&action);
+    };
+    ofResults(*m_file, QStringLiteral("&Export Results …"), QKeySequence(Qt::CTRL | Qt::Key_E),
+              &output::Frm_Comfortics::Menu_Export);
+    ofResults(*m_file, QStringLiteral("Pri&nt Results …"), QKeySequence::Print,
+              &output::Frm_Comfortics::Menu_Print);
+    m_file->addSeparator();
+    QAction& quit =
+        addKeys(QStringLiteral("&Quit"), {QKeySequence(Qt::CTRL | Qt::Key_Q)}, [this] { close(); });
+    quit.setShortcutContext(Qt::ApplicationShortcut);
+    m_file->addAction(&quit);
+    ofResults(*m_edit, QStringLiteral("&Copy Results"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+              &output::Frm_Comfortics::Menu_Copy_Copy);
+}
+
+void MainWindow::buildView()
+{
+    QAction& back =
+        addKeys(QStringLiteral("Back to the &Readings"),
+                {QKeySequence(Qt::CTRL | Qt::Key_L), QKeySequence(Qt::Key_F6)}, [this] { backToReadings(); });
+    m_view->addAction(&back);
+    m_view->addSeparator();
+    QAction* const panelsEnd = m_view->addSeparator();
+    m_panels = new Panels(*this, *m_view, panelsEnd);
+
+    m_zoom = new Zoom(this);
+    const auto zoom = [this](const QString& text, const QList<QKeySequence>& keys, auto size) {
+        QAction& action = addKeys(text, keys, [this, size] { m_zoom->setPercent(size(m_zoom->percent())); });
+        action.setShortcutContext(Qt::ApplicationShortcut);
+        m_view->addAction(&action);
+    };
+    zoom(QStringLiteral("Zoom &In"), {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+         [](int percent) { return workspace::nextZoom(percent, true); });
+    zoom(QStringLiteral("Zoom &Out"), {QKeySequence::ZoomOut},
+         [](int percent) { return workspace::nextZoom(percent, false); });
+    zoom(QStringLiteral("Ori&ginal Size"), {QKeySequence(Qt::CTRL | Qt::Key_0)},
+         [](int) { return workspace::kZoomOriginal; });
+    back.setShortcutContext(Qt::ApplicationShortcut);
+    m_zoom->setPercent(workspace::keptZoom(m_workspace.preferences()));
+    connect(m_zoom, &Zoom::changed, this,
+            [this](int percent) { workspace::keepZoom(m_workspace.preferences(), percent); });
+}
+
+void MainWindow::takeResults(output::Frm_Comfortics* form, ResultsWindow* window)
+{
+    m_resultsForm = form;
+    m_results = window;
+    for (QAction* const action : m_resultsActions)
+        action->setEnabled(form != nullptr);
+}
+
+QString MainWindow::chapter() const
+{
+    if (m_form.Fra_Options.visible())
+        return QStringLiteral("the-options");
+    if (const QWidget* const focus = QApplication::focusWidget(); focus && m_indices->isAncestorOf(focus))
+        return QStringLiteral("the-list-of-indices");
+    return QStringLiteral("the-main-window");
+}
+
+void MainWindow::showGuide(const QString& chapter)
+{
+    if (!m_guide)
+        m_guide = std::make_unique<GuideWindow>();
+    m_guide->open(chapter);
+}
+
+void MainWindow::backToReadings()
+{
+    if (!m_form.visible())
+        return;
+    if (m_form.Fra_Options.visible())
+        m_form.Menu_Options.click.raise();
+    if (isMinimized())
+        showNormal();
+    raise();
+    activateWindow();
+    m_lastReading->setFocus(Qt::ShortcutFocusReason);
+    m_area->ensureWidgetVisible(m_lastReading);
 }
 
 void MainWindow::buildStatus(const QString& warning)

@@ -2,21 +2,30 @@
 #pragma once
 
 #include "classic/frm_main.h"
+#include "output/frm_comfortics.h"
 #include "ui/form_window.h"
 #include "ui/panels.h"
 #include "workspace/workspace.h"
 
 #include <QString>
 
+#include <memory>
+#include <vector>
+
+class QLineEdit;
 class QMenu;
+class QMenuBar;
 
 namespace comfortics::ui {
 
 class ContentArea;
 class CutLabel;
+class GuideWindow;
 class IndexPanel;
 class OptionsPage;
 class ReadingsPanel;
+class ResultsWindow;
+class Zoom;
 
 /// The view of the main window.
 class MainWindow : public FormWindow {
@@ -25,6 +34,7 @@ class MainWindow : public FormWindow {
 public:
     /// The warning, if any, stays in the status bar.
     explicit MainWindow(workspace::Workspace& workspace, const QString& warning = {});
+    ~MainWindow() override;
 
     /// Sizes and places the window for this screen, with room for the converter at its side.
     void placeOnScreen();
@@ -33,11 +43,22 @@ public:
     /// closed. The name keeps its place between sessions.
     QDockWidget& addPanel(const QString& name, const QString& title, QWidget* content,
                           PanelPlace place = PanelPlace::Right);
-    /// For what opens, saves and prints.
-    QMenu& fileMenu() { return *m_file; }
 
     /// Opens a panel and brings it to the front.
     void showPanel(const QString& name);
+
+    /// The results and their window, which are there from now on; null when they go.
+    void takeResults(output::Frm_Comfortics* form, ResultsWindow* window);
+
+    /// Opens the user guide at a chapter, by its anchor.
+    void showGuide(const QString& chapter);
+
+    /// Puts the keyboard into the reading where it was last, from whatever window.
+    void backToReadings();
+
+    QString chapter() const override;
+
+    QMenu& fileMenu() const { return *m_file; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -46,6 +67,9 @@ private:
     QWidget* buildContent();
     void buildPanels();
     void buildMenus();
+    void buildFormsMenus(QMenuBar& bar);
+    void buildFileAndEdit();
+    void buildView();
     void buildStatus(const QString& warning);
     void setTabOrders();
     void turnOptions();
@@ -59,7 +83,15 @@ private:
     OptionsPage* m_options = nullptr;
     IndexPanel* m_indices = nullptr;
     Panels* m_panels = nullptr;
+    Zoom* m_zoom = nullptr;
     QMenu* m_file = nullptr;
+    QMenu* m_edit = nullptr;
+    QMenu* m_view = nullptr;
+    QLineEdit* m_lastReading = nullptr;
+    output::Frm_Comfortics* m_resultsForm = nullptr;
+    ResultsWindow* m_results = nullptr;
+    std::vector<QAction*> m_resultsActions;
+    std::unique_ptr<GuideWindow> m_guide;
     CutLabel* m_status = nullptr;
 };
 

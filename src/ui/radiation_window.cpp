@@ -91,7 +91,8 @@ private:
 
 RadiationWindow::RadiationWindow(radiation::Frm_Radiation& form, const Surroundings& surroundings,
                                  const QWidget& main, std::function<void()> closed)
-    : FormWindow(form), m_form(form), m_around(surroundings), m_closed(std::move(closed))
+    : FormWindow(form, QStringLiteral("solar-radiation")), m_form(form), m_around(surroundings),
+      m_closed(std::move(closed))
 {
     addRadiationPictures();
     m_world = new WorldSource(this);

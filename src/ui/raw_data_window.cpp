@@ -89,7 +89,7 @@ QString draggedFile(const QMimeData& data)
 } // namespace
 
 RawDataWindow::RawDataWindow(batch::Frm_Raw_Data& form, const QWidget& main, std::function<void()> closed)
-    : FormWindow(form), m_form(form), m_closed(std::move(closed))
+    : FormWindow(form, QStringLiteral("many-rows-at-once")), m_form(form), m_closed(std::move(closed))
 {
     m_reason = new CutLabel;
     statusBar()->setContentsMargins(kSpacing, 0, 0, 0);

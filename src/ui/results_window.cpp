@@ -18,7 +18,6 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
-#include <QShortcut>
 #include <QStatusBar>
 #include <QStyledItemDelegate>
 #include <QTimer>
@@ -106,9 +105,10 @@ constexpr double kMainShown = 0.36; // of the main window's width, with the read
 
 ResultsWindow::ResultsWindow(output::Frm_Comfortics& form, workspace::Workspace& workspace,
                              const QWidget& main, std::function<void()> closed)
-    : FormWindow(form), m_form(form), m_workspace(workspace),
+    : FormWindow(form, QStringLiteral("the-results")), m_form(form), m_workspace(workspace),
       m_finding([this](std::size_t place) { return standing(place); }), m_closed(std::move(closed))
 {
+    setWindowTitle(windowTitle() + QStringLiteral(" — Results"));
     m_reason = new CutLabel;
     statusBar()->setContentsMargins(kSpacing, 0, 0, 0);
     statusBar()->addWidget(m_reason, 1);
@@ -216,17 +216,16 @@ QWidget* ResultsWindow::buildContent()
 
 void ResultsWindow::buildKeys()
 {
-    const auto add = [this](const QKeySequence& keys, const std::function<void()>& action) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
-    };
-    add(QKeySequence::Find, [this] {
+    addKeys(QStringLiteral("Search"), {QKeySequence::Find}, [this] {
         m_search->setFocus(Qt::ShortcutFocusReason);
         m_search->selectAll();
     });
-    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { m_find->begin(); });
-    add(QKeySequence(Qt::Key_F3), [this] { m_find->beginOrStep(true); });
-    add(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { m_find->beginOrStep(false); });
-    add(QKeySequence(Qt::Key_Escape), [this] {
+    addKeys(QStringLiteral("Find"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
+            [this] { m_find->begin(); });
+    addKeys(QStringLiteral("Next"), {QKeySequence(Qt::Key_F3)}, [this] { m_find->beginOrStep(true); });
+    addKeys(QStringLiteral("Previous"), {QKeySequence(Qt::SHIFT | Qt::Key_F3)},
+            [this] { m_find->beginOrStep(false); });
+    addKeys(QStringLiteral("Clear the search"), {QKeySequence(Qt::Key_Escape)}, [this] {
         if (m_search->hasFocus() || !m_find->clear())
             m_search->clear();
     });

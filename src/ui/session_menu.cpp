@@ -38,15 +38,19 @@ void fillRecent(QMenu& menu, SessionDesk& session)
 
 void addSessionEntries(QMenu& menu, SessionDesk& session, std::function<void()> report, QWidget& window)
 {
-    const auto add = [&menu, &window](const QString& text, const QKeySequence& keys,
-                                      std::function<void()> act) {
-        QAction* const action = menu.addAction(text, &window, std::move(act));
+    QAction* const others = menu.actions().value(0);
+    const auto add = [&menu, &window, others](const QString& text, const QKeySequence& keys,
+                                              std::function<void()> act) {
+        auto* const action = new QAction(text, &window);
+        QObject::connect(action, &QAction::triggered, &window, std::move(act));
         action->setShortcut(keys);
+        menu.insertAction(others, action);
         window.addAction(action);
         return action;
     };
     add(QStringLiteral("&Open Session …"), QKeySequence::Open, [&session] { session.open(); });
-    QMenu* const recent = menu.addMenu(QStringLiteral("Open &Recent"));
+    auto* const recent = new QMenu(QStringLiteral("Open &Recent"), &menu);
+    menu.insertMenu(others, recent);
     follow(*recent, session.changed, [recent, &session] {
         // Not at once: an entry of the list may be what changed it.
         QMetaObject::invokeMethod(
@@ -59,9 +63,9 @@ void addSessionEntries(QMenu& menu, SessionDesk& session, std::function<void()> 
         add(QStringLiteral("Bring Back the &Last Readings"), {}, [&session] { session.restoreLast(); });
     QObject::connect(&menu, &QMenu::aboutToShow, last,
                      [last, &session] { last->setEnabled(session.hasLast()); });
-    menu.addSeparator();
+    menu.insertSeparator(others);
     add(QStringLiteral("Re&port …"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R), std::move(report));
-    menu.addSeparator();
+    menu.insertSeparator(others);
 }
 
 } // namespace comfortics::ui

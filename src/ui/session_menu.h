@@ -11,7 +11,7 @@ class QWidget;
 namespace comfortics::ui {
 
 /// Adds what a session can do to a menu of a window: open, recent ones, save, the last readings, the report.
-/// The keys work in that window.
+/// They come before the entries that the menu has. The keys work in that window.
 void addSessionEntries(QMenu& menu, workspace::SessionDesk& session, std::function<void()> report,
                        QWidget& window);
 

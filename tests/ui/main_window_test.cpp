@@ -150,7 +150,7 @@ TEST(MainWindow, MenusReadLetterForLetterAndClosingAsks)
         return result;
     };
     EXPECT_EQ(texts(opened.window.menuBar()->actions()),
-              "File|View|Raw Data| Solar Radiation|Conversion of Units|Hotkeys|Options|");
+              "File|Edit|View|Raw Data| Solar Radiation|Conversion of Units|Hotkeys|Options|Help|");
     EXPECT_EQ(texts(entry(opened.window, "Hotkeys").menu()->actions()),
               "Enter -----------------> Calculate|Backspace -----------> Delete previous number|"
               "Delete ----------------> Delete value|Arrow keys ----------> Move between text boxes|");

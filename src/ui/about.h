@@ -5,7 +5,7 @@ class QWidget;
 
 namespace comfortics::ui {
 
-/// Tells what the program is and which keys its windows know.
-void showHelp(QWidget& window);
+/// Tells what the program is, its version and its licence.
+void showAbout(QWidget& window);
 
 } // namespace comfortics::ui
