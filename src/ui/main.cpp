@@ -3,6 +3,7 @@
 #include "shell/last_words.h"
 #include "ui/application.h"
 #include "ui/guarded_application.h"
+#include "ui/platform_preferences.h"
 #include "ui/text.h"
 
 #include <QMessageBox>
@@ -19,12 +20,15 @@ constexpr int kUsage = 2;
 constexpr int kRunFailed = 4;
 constexpr int kFileFailed = 5;
 
+constexpr std::string_view kReset = "--reset-settings";
+
 constexpr const char* kHelp =
     "Usage: comfortics [option ...]\n"
     "Opens the window of Comfortics, a calculator of indices of bioclimatology and thermal stress.\n"
     "\n"
-    "  -h, --help   Print this help text and exit\n"
-    "  --version    Print the version and exit\n"
+    "  -h, --help        Print this help text and exit\n"
+    "  --version         Print the version and exit\n"
+    "  --reset-settings  Forget what is kept between sessions, then open the window\n"
     "\n"
     "The options that every Qt program knows are accepted too, for instance -platform NAME.\n"
     "For scripts and pipelines there is comfortics-cli.\n";
@@ -58,14 +62,21 @@ int run(int argc, char** argv)
         return kFileFailed;
     }
     const comfortics::ui::GuardedApplication qt(argc, argv, tell); // takes the options of Qt out
-    if (argc > 1) {
-        std::fprintf(stderr, "comfortics: There is no option \"%s\"; see comfortics --help.\n", argv[1]);
+    const bool reset = argc > 1 && std::string_view(argv[1]) == kReset;
+    if (argc > (reset ? 2 : 1)) {
+        std::fprintf(stderr, "comfortics: There is no option \"%s\"; see comfortics --help.\n",
+                     argv[reset ? 2 : 1]);
         return kUsage;
     }
     QApplication::setApplicationName(QStringLiteral("comfortics"));
     QApplication::setApplicationVersion(QStringLiteral(COMFORTICS_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("comfortics"));
     QApplication::setQuitOnLastWindowClosed(false); // the closing question decides
+
+    if (reset && !comfortics::ui::PlatformPreferences().reset()) {
+        std::fputs("comfortics: The settings cannot be reset: their file cannot be removed.\n", stderr);
+        return kFileFailed;
+    }
 
     comfortics::output::WholeFile::leaveNothingWhenKilled();
     comfortics::ui::Application application(comfortics::ui::fromQt(QApplication::applicationDirPath()));
