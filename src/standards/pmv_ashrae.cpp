@@ -25,7 +25,7 @@ PmvInputs cooled(const PmvInputs& inputs, double effect)
     return still;
 }
 
-double setOf(const PmvInputs& in, Edition edition)
+CoolingEffectSet setOf(const PmvInputs& in, Edition edition)
 {
     return coolingEffectSet({.ta = in.ta,
                              .tr = in.tr,
@@ -34,29 +34,42 @@ double setOf(const PmvInputs& in, Edition edition)
                              .met = in.met,
                              .clo = in.clo,
                              .work = in.work,
-                             .edition = edition})
-        .value_or(kNaN);
+                             .edition = edition});
 }
 
 } // namespace
 
 CoolingEffect coolingEffect(const PmvInputs& inputs, Edition edition) noexcept
 {
-    // SET of still air is no smooth function of its temperature where the skin is as wet as it can be: there
-    // may be several roots, and halving says which is meant. Below this width the rest is quicker by secants.
-    constexpr double kHalvedTo = 0.01; // [K]
-    constexpr double kFall = -0.9;     // of SET for each kelvin of cooler air, about
+    constexpr double kFall = -0.9; // of SET for each kelvin of cooler air, about
     constexpr double kLeastFall = 0.2;
-    const double moving = setOf(inputs, edition);
-    const auto surplus = [&](double effect) { return setOf(cooled(inputs, effect), edition) - moving; };
+    constexpr double kHalvedTo = 0.01; // [K]
+    const double moving = setOf(inputs, edition).set;
+    const CoolingEffectSet still = setOf(cooled(inputs, 0), edition);
+    const auto surplus = [&](double effect) { return setOf(cooled(inputs, effect), edition).set - moving; };
     double low = 0;
     double high = kLargestEffect;
-    double atLow = surplus(low);
+    double atLow = still.set - moving;
     if (std::isnan(atLow))
         return {};
     if (atLow == 0)
         return {.effect = 0, .cools = true};
-    if (!(atLow > 0 && surplus(high) < 0))
+    if (!(atLow > 0))
+        return {.effect = 0};
+    const auto bySecants = [&] {
+        return formulas::bracketedRoot({.low = low,
+                                        .high = high,
+                                        .start = low - atLow / kFall,
+                                        .slope = kFall,
+                                        .leastSlope = kLeastFall},
+                                       surplus);
+    };
+    if (!still.soaked)
+        if (const auto root = bySecants())
+            return {.effect = *root, .cools = true};
+    // Where the skin is as wet as it can be, SET has steps and there may be several roots. Halving says which
+    // is meant; below this width the rest is quicker by secants.
+    if (!(surplus(high) < 0))
         return {.effect = 0};
     while (high - low > kHalvedTo) {
         const double middle = 0.5 * (low + high);
@@ -67,10 +80,7 @@ CoolingEffect coolingEffect(const PmvInputs& inputs, Edition edition) noexcept
         } else
             high = middle;
     }
-    const auto root = formulas::bracketedRoot(
-        {.low = low, .high = high, .start = low - atLow / kFall, .slope = kFall, .leastSlope = kLeastFall},
-        surplus);
-    return {.effect = root.value_or(0.5 * (low + high)), .cools = true};
+    return {.effect = bySecants().value_or(0.5 * (low + high)), .cools = true};
 }
 
 double airSpeedLimit(double operative, double met, double clo) noexcept

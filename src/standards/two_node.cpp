@@ -98,6 +98,7 @@ struct Person {
     double radiantFactor; ///< of the third power of the mean temperature
     double perWatt;       ///< rise of the whole body in a minute [m²K/W]
 
+    bool soaked = false; ///< at some minute w was wMax
     double tsk = kTwoNodeStartSkin;
     double tcr = kTwoNodeStartCore;
     double blood = kNeutralBlood;
@@ -189,11 +190,13 @@ void Person::sweatAndDiffuse(double regulated) noexcept
     eDif = w * eMax - eRsw;
     if (w > wMax) {
         const double share = wMax / 0.94;
+        soaked = true;
         w = wMax;
         eRsw = share * eMax;
         eDif = 0.06 * (1 - share) * eMax;
     }
     if (eMax < 0) {
+        soaked = true;
         eDif = 0;
         eRsw = 0;
         w = wMax;
@@ -385,12 +388,14 @@ Verdict twoNodeCourse(const TwoNodeInputs& inputs, std::span<BodyMinute> minutes
     return examination.verdict();
 }
 
-std::optional<double> coolingEffectSet(const TwoNodeInputs& inputs) noexcept
+CoolingEffectSet coolingEffectSet(const TwoNodeInputs& inputs) noexcept
 {
     TwoNodeInputs standing = inputs;
     standing.posture = Posture::Standing;
     Person person(standing, LimbConvection::No);
-    return person.run(kTwoNodeMinutes) ? person.set() : std::nullopt;
+    if (!person.run(kTwoNodeMinutes))
+        return {};
+    return {person.set().value_or(kNaN), person.soaked};
 }
 
 } // namespace comfortics::standards

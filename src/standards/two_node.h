@@ -103,8 +103,16 @@ Verdict twoNodeCourse(const TwoNodeInputs& inputs, std::span<BodyMinute> minutes
                       Motion motion = Motion::None, Limits limits = Limits::Mark) noexcept;
 
 /// SET of a person standing, as the cooling effect of ASHRAE 55 compares it: without the convection that the
-/// activity makes. Relative speed and actual clothing, no look at any range. None where the body or the
-/// balance has no solution.
-std::optional<double> coolingEffectSet(const TwoNodeInputs& inputs) noexcept;
+/// activity makes.
+struct CoolingEffectSet {
+    double set = kNaN; ///< NaN where the body or the balance has no solution
+    /// Whether the skin has been as wet as it can be. If not, SET rises with the temperatures of air and
+    /// surroundings as long as they are no higher, but for steps of some mK that the clothing's tolerance
+    /// leaves.
+    bool soaked = false;
+};
+
+/// Relative speed and actual clothing, no look at any range.
+CoolingEffectSet coolingEffectSet(const TwoNodeInputs& inputs) noexcept;
 
 } // namespace comfortics::standards

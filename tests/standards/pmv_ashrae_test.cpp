@@ -55,7 +55,7 @@ double setOf(const PmvInputs& in, double cooler, double v)
                              .RH = in.RH,
                              .met = in.met,
                              .clo = in.clo})
-        .value_or(kNaN);
+        .set;
 }
 
 // Halving and then secants end where halving alone does, in sweat and heat as well.
