@@ -93,7 +93,8 @@ COMFORTICS_FUSED void exponentialsOf(const double* numbers, double* results, std
 
 bool hasTheLibrarysBits() noexcept
 {
-    if (!COMFORTICS_HAS_FUSED)
+    const bool canFuse = COMFORTICS_HAS_FUSED;
+    if (!canFuse)
         return false;
     // Golden sections of each range, since multiples would meet the same places of the table again.
     constexpr double kGolden = 0.6180339887498949;
