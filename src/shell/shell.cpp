@@ -63,6 +63,7 @@ Shell::Shell(const std::filesystem::path& programFolder, const Desktop& desktop)
 {
     m_main.Menu_Radiation.setEnabled(desktop.maps != nullptr);
     m_main.standing.handle([this] { tellStanding(); });
+    m_session.add(m_comparison);
 }
 
 void Shell::start()

@@ -12,6 +12,7 @@
 #include "radiation/frm_radiation.h"
 #include "shell/form_slot.h"
 #include "shell/frm_splash_screen.h"
+#include "workspace/comparison.h"
 #include "workspace/preferences.h"
 #include "workspace/session_desk.h"
 #include "workspace/workspace.h"
@@ -56,6 +57,7 @@ public:
     /// What stands beside the forms.
     workspace::Workspace& workspace() noexcept { return m_workspace; }
     workspace::SessionDesk& session() noexcept { return m_session; }
+    workspace::Comparison& comparison() noexcept { return m_comparison; }
 
     FormSlot<Frm_Splash_Screen> splash;
     FormSlot<output::Frm_Comfortics> results;
@@ -90,6 +92,7 @@ private:
     workspace::TransientPreferences m_transient; // where the desktop keeps none
     workspace::Workspace m_workspace;
     workspace::SessionDesk m_session;
+    workspace::Comparison m_comparison{m_workspace};
     // Of the calculation that the results table shows.
     std::optional<classic::Inputs> m_tableInputs;
     std::size_t m_tableRun = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/application.h"
 
+#include "ui/comparison_panel.h"
 #include "ui/report_dialog.h"
 #include "ui/session_menu.h"
 #include "ui/sheet_panel.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QIcon>
+#include <QMenu>
 #include <QPalette>
 
 #include <chrono>
@@ -104,6 +106,7 @@ Application::Application(const std::filesystem::path& programFolder)
     m_keep.setInterval(kQuietBeforeKeeping);
     QObject::connect(&m_keep, &QTimer::timeout, &m_main, [this] { m_shell.session().keepLast(); });
     m_shell.workspace().changed.watch([this] { m_keep.start(); });
+    m_shell.comparison().changed.watch([this] { m_keep.start(); });
     m_shell.ended.watch([this] {
         m_shell.session().keepLast();
         QCoreApplication::exit();
@@ -116,6 +119,16 @@ void Application::addPanels()
     const QString sheet = QStringLiteral("sheet");
     m_main.addPanel(sheet, QStringLiteral("Index Sheet"), new SheetPanel(workspace, m_files, m_messages));
     workspace.looked.watch([this, sheet] { m_main.showPanel(sheet); });
+    const QString comparison = QStringLiteral("comparison");
+    auto* const compared = new ComparisonPanel(m_shell.comparison(), m_clipboard, m_files, m_messages);
+    m_main.addPanel(comparison, QStringLiteral("Comparison"), compared);
+    m_main.editMenu().addSeparator();
+    auto* const pin = m_main.editMenu().addAction(QStringLiteral("Pin Present &Situation"), compared,
+                                                  [this, comparison, compared] {
+                                                      m_main.showPanel(comparison);
+                                                      compared->pin();
+                                                  });
+    pin->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
 }
 
 template <class Window>

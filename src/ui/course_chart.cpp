@@ -105,7 +105,7 @@ QSize CourseChart::sizeHint() const
 
 QSize CourseChart::minimumSizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 9};
+    return {fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 13};
 }
 
 // Steps of 1, 2 or 5 times a power of ten; the ends lie on a step.

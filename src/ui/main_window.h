@@ -59,6 +59,7 @@ public:
     QString chapter() const override;
 
     QMenu& fileMenu() const { return *m_file; }
+    QMenu& editMenu() const { return *m_edit; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -33,6 +33,8 @@ namespace {
 
 constexpr int kWidthInCharacters = 62;
 constexpr int kHeightInLines = 34;
+constexpr int kReadingLines = 2;
+constexpr int kHeldLines = 4;
 constexpr const char* kAxisKey = "sheet/axis";
 constexpr const char* kSaveTitle = "Save Chart";
 const QLatin1String kSvg(".svg");
@@ -193,8 +195,8 @@ SheetPanel::SheetPanel(workspace::Workspace& workspace, controls::FileDialogs& f
     auto* const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(buildTop());
     splitter->addWidget(buildBottom());
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 1);
+    splitter->setStretchFactor(0, 2);
+    splitter->setStretchFactor(1, 3);
     splitter->setChildrenCollapsible(false);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(kSmallGap, kSmallGap, kSmallGap, kSmallGap);
@@ -249,10 +251,16 @@ QWidget* SheetPanel::buildBottom()
     m_reading->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_reading->setWordWrap(true);
     m_reading->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_reading->setMinimumHeight(2 * fontMetrics().lineSpacing());
-    m_held = quietLabel({});
-    m_held->setWordWrap(true);
-    m_held->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_reading->setFixedHeight(kReadingLines * fontMetrics().lineSpacing());
+    // The reasons of gaps can be long: they scroll, and the chart keeps its height.
+    m_held = new QTextBrowser;
+    m_held->setObjectName(QStringLiteral("sheet_held"));
+    m_held->setAccessibleName(QStringLiteral("What is held, and where there is no value"));
+    m_held->setFrameShape(QFrame::NoFrame);
+    m_held->viewport()->setAutoFillBackground(false);
+    m_held->document()->setDocumentMargin(0);
+    m_held->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_held->setFixedHeight(kHeldLines * m_held->fontMetrics().lineSpacing());
     connect(m_chart, &CourseChart::pointRead, this, [this](const QString& text) {
         m_reading->setText(text.isEmpty() ? QStringLiteral("The mouse or the arrow keys read the chart.")
                                           : text);
@@ -369,7 +377,7 @@ void SheetPanel::takeCourse()
     if (m_chart->curveLeaves())
         sentences += QStringLiteral("The curve leaves the chart, beside its pole.");
     sentences.removeAll({});
-    m_held->setText(sentences.join(QLatin1Char(' ')));
+    m_held->setPlainText(sentences.join(QLatin1Char(' ')));
     m_picture->setEnabled(m_chart->course() != nullptr);
     m_reading->setText(m_chart->course() != nullptr
                            ? QStringLiteral("The mouse or the arrow keys read the chart.")
@@ -389,7 +397,7 @@ void SheetPanel::nameAxes()
 
 QString SheetPanel::pictureText() const
 {
-    return m_held->text();
+    return m_held->toPlainText();
 }
 
 void SheetPanel::copyPicture()

@@ -59,7 +59,7 @@ private:
     QToolButton* m_picture = nullptr;
     CourseChart* m_chart = nullptr;
     QLabel* m_reading = nullptr; // of the chart's cursor
-    QLabel* m_held = nullptr;
+    QTextBrowser* m_held = nullptr;
     QString m_html;
     QString m_shownId;
     bool m_late = false; // a refresh is on its way

@@ -118,17 +118,17 @@ public:
         for (std::size_t i = 0; i < comparison.count(); ++i)
             m_situations.push_back(&comparison.situation(i));
 
-        add(Quantity, {}, "Quantity", {});
-        add(Unit, {}, "Unit", {});
-        add(Value, {}, "Now", "What the readings come to that stand in the window");
+        add(Quantity, {}, "Quantity", "Quantity", {});
+        add(Unit, {}, "Unit", "Unit", {});
+        add(Value, {}, "Now", "Now", "What the readings come to that stand in the window");
         if (withClasses)
-            add(Class, {}, "Class now", {});
+            add(Class, {}, "Class now", "Class", "The class of the present value");
         for (std::size_t i = 0; i < comparison.count(); ++i) {
             const Pin& pin = comparison.pin(i);
-            add(Value, i, pin.name, "Pinned " + pin.time);
+            add(Value, i, pin.name, pin.name, "Pinned " + pin.time);
             if (withClasses)
-                add(Class, i, "Class of " + pin.name, {});
-            add(Difference, i, "Now less " + pin.name,
+                add(Class, i, "Class of " + pin.name, "Class", "The class of the value of " + pin.name);
+            add(Difference, i, "Now less " + pin.name, "Difference",
                 "The present value less that of " + pin.name + ", before either was rounded");
         }
     }
@@ -165,9 +165,10 @@ public:
     ComparisonTable take() { return std::move(m_table); }
 
 private:
-    void add(ComparisonColumnKind kind, std::optional<std::size_t> pin, std::string heading, std::string note)
+    void add(ComparisonColumnKind kind, std::optional<std::size_t> pin, std::string heading,
+             std::string brief, std::string note)
     {
-        m_table.columns.push_back({kind, pin, std::move(heading), std::move(note)});
+        m_table.columns.push_back({kind, pin, std::move(heading), std::move(brief), std::move(note)});
     }
 
     bool m_withClasses;

@@ -27,7 +27,8 @@ enum class ComparisonColumnKind : std::uint8_t { Quantity, Unit, Value, Class, D
 struct ComparisonColumn {
     ComparisonColumnKind kind;
     std::optional<std::size_t> pin; ///< none for the present
-    std::string heading;
+    std::string heading;            ///< by itself, for instance "Now less morning"
+    std::string brief;              ///< beside the others, for instance "Difference"
     std::string note;
 };
 

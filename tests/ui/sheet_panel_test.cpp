@@ -58,7 +58,9 @@ TEST(SheetPanel, FollowsTheReadingsAndShowsNoCurveOfEarlierOnes)
     ASSERT_TRUE(opened.waitForCourse());
     EXPECT_EQ(opened.present().readingText, "12");
     EXPECT_NE(opened.text().find("No value. Outside its limits"), std::string::npos) << opened.text();
-    EXPECT_TRUE(tests::says(opened.panel, QStringLiteral("outside its limits, Ta from 20 to 55 °C")));
+    EXPECT_TRUE(find<QTextBrowser>(opened.panel, "sheet_held")
+                    .toPlainText()
+                    .contains(QStringLiteral("outside its limits, Ta from 20 to 55 °C")));
 
     opened.form.txt_TA.setText("");
     QTest::qWait(50);

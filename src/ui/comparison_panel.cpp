@@ -1,0 +1,518 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/comparison_panel.h"
+
+#include "catalogue/references.h"
+#include "output/whole_file.h"
+#include "texts/text.h"
+#include "ui/bindings.h"
+#include "ui/chip.h"
+#include "ui/text.h"
+#include "ui/widgets.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <set>
+
+namespace comfortics::ui {
+
+using workspace::Comparison;
+using workspace::ComparisonCell;
+using workspace::ComparisonColumnKind;
+using workspace::ComparisonTable;
+
+namespace {
+
+constexpr const char* kChoiceKey = "comparison/rows";
+constexpr const char* kExportTitle = "Export Comparison";
+constexpr int kWidthInCharacters = 80;
+constexpr int kHeightInLines = 16;
+constexpr int kNameCharacters = 30; // of a quantity, in view; the tooltip has all of it
+constexpr int kCellCharacters = 22;
+constexpr int kMeaningRole = Qt::UserRole;
+
+int nameWidth()
+{
+    return QFontMetrics(QApplication::font()).averageCharWidth() * kNameCharacters;
+}
+
+std::string csvName(const std::string& name)
+{
+    return texts::lowered(name).ends_with(".csv") ? name : name + ".csv";
+}
+
+// The classes as chips, which have their words.
+class ClassChips : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem item = option;
+        initStyleOption(&item, index);
+        const auto meaning = index.data(kMeaningRole).value<const catalogue::Meaning*>();
+        if (meaning == nullptr) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
+        item.text.clear();
+        item.widget->style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+        painter->save();
+        painter->setFont(item.font);
+        paintChip(*painter, option.rect.adjusted(3, 1, -3, -1), Qt::AlignLeft | Qt::AlignVCenter, *meaning,
+                  item.palette);
+        painter->restore();
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const auto meaning = index.data(kMeaningRole).value<const catalogue::Meaning*>();
+        const QSize plain = QStyledItemDelegate::sizeHint(option, index);
+        return meaning == nullptr
+                   ? plain
+                   : plain.expandedTo(chipSize(QFontMetrics(option.font), *meaning) + QSize(6, 2));
+    }
+};
+
+} // namespace
+
+void ComparisonModel::take(ComparisonTable table)
+{
+    const auto headings = [](const ComparisonTable& one) {
+        std::vector<std::string> all;
+        for (const auto& column : one.columns)
+            all.push_back(column.heading);
+        return all;
+    };
+    // What stands where it stood keeps selection and place.
+    const bool alike = headings(table) == headings(m_table) && table.rows.size() == m_table.rows.size();
+    if (!alike)
+        beginResetModel();
+    m_table = std::move(table);
+    if (!alike)
+        endResetModel();
+    else if (!m_table.rows.empty())
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+std::optional<double> ComparisonModel::number(const QModelIndex& index) const
+{
+    return m_table.rows.at(static_cast<std::size_t>(index.row()))
+        .cells.at(static_cast<std::size_t>(index.column()))
+        .number;
+}
+
+int ComparisonModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_table.rows.size());
+}
+
+int ComparisonModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_table.columns.size());
+}
+
+QString ComparisonModel::note(const QModelIndex& index) const
+{
+    const auto row = static_cast<std::size_t>(index.row());
+    const ComparisonCell& cell = m_table.rows.at(row).cells.at(static_cast<std::size_t>(index.column()));
+    QString note = toQt(cell.note);
+    if (cell.shown != cell.text && !note.contains(toQt(cell.text)))
+        note.prepend(toQt(cell.text) + (note.isEmpty() ? QString() : QStringLiteral(". ")));
+    return note;
+}
+
+QVariant ComparisonModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    const auto row = static_cast<std::size_t>(index.row());
+    const auto column = static_cast<std::size_t>(index.column());
+    const ComparisonCell& cell = m_table.rows.at(row).cells.at(column);
+    const ComparisonColumnKind kind = m_table.columns.at(column).kind;
+    switch (role) {
+    case Qt::DisplayRole:
+        return toQt(cell.shown);
+    case Qt::ToolTipRole: {
+        const QString text = note(index);
+        return tip(text.isEmpty() ? toQt(cell.text) : text);
+    }
+    case Qt::AccessibleDescriptionRole:
+        return note(index);
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(Qt::AlignVCenter | (kind == ComparisonColumnKind::Value ||
+                                                               kind == ComparisonColumnKind::Difference
+                                                           ? Qt::AlignRight
+                                                           : Qt::AlignLeft));
+    case Qt::FontRole: {
+        QFont font;
+        font.setItalic(cell.doubtful);
+        return font;
+    }
+    case kMeaningRole:
+        return QVariant::fromValue(kind == ComparisonColumnKind::Class && cell.meaning ? &*cell.meaning
+                                                                                       : nullptr);
+    default:
+        return {};
+    }
+}
+
+QVariant ComparisonModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    const auto place = static_cast<std::size_t>(section);
+    if (orientation == Qt::Vertical) { // the quantities stay in sight
+        if (place >= m_table.rows.size())
+            return {};
+        const QString name = toQt(m_table.rows[place].cells.front().text).trimmed();
+        if (role == Qt::DisplayRole)
+            return QFontMetrics(QApplication::font()).elidedText(name, Qt::ElideRight, nameWidth());
+        return role == Qt::ToolTipRole || role == Qt::AccessibleTextRole ? QVariant(name) : QVariant();
+    }
+    if (place >= m_table.columns.size())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return toQt(m_table.columns[place].brief);
+    case Qt::AccessibleTextRole:
+        return toQt(m_table.columns[place].heading);
+    case Qt::ToolTipRole:
+        return tip(toQt(m_table.columns[place].note));
+    default:
+        return {};
+    }
+}
+
+ComparisonPanel::ComparisonPanel(Comparison& comparison, controls::Clipboard& clipboard,
+                                 controls::FileDialogs& files, controls::Messages& messages,
+                                 std::vector<Choice> choices, QWidget* parent)
+    : QWidget(parent), m_comparison(comparison), m_clipboard(clipboard), m_files(files), m_messages(messages),
+      m_choices(std::move(choices))
+{
+    classic::Frm_Main& form = m_comparison.workspace().form();
+    m_choices.push_back({QStringLiteral("Ticked in the list"), [&form] {
+                             std::vector<int> ticked;
+                             const classic::Selection selection = form.settings().selection;
+                             for (int index = 1; index <= catalogue::kLastIndex; ++index)
+                                 if (selection.contains(index))
+                                     ticked.push_back(index);
+                             return ticked;
+                         }});
+    auto* const row = buildRow();
+    buildTable();
+    m_note = new QLabel;
+    m_note->setWordWrap(true);
+    m_note->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_note->setMinimumHeight(m_note->fontMetrics().lineSpacing());
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kSmallGap, kSmallGap, kSmallGap, kSmallGap);
+    layout->addWidget(row);
+    layout->addWidget(m_table, 1);
+    layout->addWidget(m_note);
+
+    listen(*this, m_comparison.changed, [this] { notice(); });
+    listen(*this, m_comparison.workspace().changed, [this] { notice(); });
+    refresh();
+}
+
+QWidget* ComparisonPanel::buildRow()
+{
+    auto* const row = new QWidget;
+    const auto button = [this](const QString& text, const char* name, const QString& hint, auto act) {
+        auto* const made = new QPushButton(text);
+        nameWidget(*made, QLatin1String(name), text, hint);
+        connect(made, &QPushButton::clicked, this, act);
+        pressWithEnter(*made);
+        return made;
+    };
+    auto* const pinNow =
+        button(QStringLiteral("Pin Now"), "pin",
+               QStringLiteral("Keeps the present situation as a column (Ctrl+D)"), [this] { pin(); });
+    m_choice = new QComboBox;
+    nameWidget(*m_choice, QStringLiteral("comparison_rows"), QStringLiteral("Indices to compare"),
+               QStringLiteral("The indices that stand below readings and live quantities"));
+    for (const Choice& choice : m_choices)
+        m_choice->addItem(choice.name);
+    if (const auto kept = m_comparison.workspace().preferences().read(kChoiceKey))
+        m_choice->setCurrentIndex(std::max(m_choice->findText(toQt(*kept)), 0));
+    connect(m_choice, qOverload<int>(&QComboBox::activated), this, [this] {
+        m_comparison.workspace().preferences().write(kChoiceKey, fromQt(m_choice->currentText()));
+        refresh();
+    });
+    m_name = new QLineEdit;
+    m_name->setMaxLength(static_cast<int>(Comparison::kLongestName) / 4); // letters take up to four bytes
+    m_name->setPlaceholderText(QStringLiteral("Name of the pin"));
+    nameWidget(*m_name, QStringLiteral("pin_name"), QStringLiteral("Name of the pin"),
+               QStringLiteral("The name of the pinned situation in whose column the cursor stands (F2)"));
+    connect(m_name, &QLineEdit::editingFinished, this, [this] {
+        if (const auto place = currentPin())
+            m_comparison.rename(*place, fromQt(m_name->text()));
+        showCurrent();
+    });
+    m_earlier =
+        button(QStringLiteral("\u25C0"), "pin_left",
+               QStringLiteral("Moves the pinned situation to the left (Alt+Left)"), [this] { movePin(-1); });
+    m_later =
+        button(QStringLiteral("\u25B6"), "pin_right",
+               QStringLiteral("Moves the pinned situation to the right (Alt+Right)"), [this] { movePin(1); });
+    m_earlier->setAccessibleName(QStringLiteral("Move the pin to the left"));
+    m_later->setAccessibleName(QStringLiteral("Move the pin to the right"));
+    for (QPushButton* const arrow : {m_earlier, m_later})
+        arrow->setFixedWidth(arrow->sizeHint().height() + kSmallGap);
+    m_remove =
+        button(QStringLiteral("Remove"), "unpin",
+               QStringLiteral("Removes the pinned situation in whose column the cursor stands (Delete)"),
+               [this] { removePin(); });
+    m_copy =
+        button(QStringLiteral("Copy"), "copy_comparison",
+               QStringLiteral("Copies the selected cells, or the whole table (Ctrl+C)"), [this] { copy(); });
+    m_export = button(QStringLiteral("Export..."), "export_comparison",
+                      QStringLiteral("Writes the table to a CSV file"), [this] { exportTable(); });
+
+    auto* const top = new QHBoxLayout;
+    top->addWidget(pinNow);
+    top->addWidget(m_choice, 1);
+    top->addWidget(m_copy);
+    top->addWidget(m_export);
+    auto* const bottom = new QHBoxLayout;
+    bottom->addWidget(m_name, 1);
+    bottom->addWidget(m_earlier);
+    bottom->addWidget(m_later);
+    bottom->addWidget(m_remove);
+    auto* const layout = new QVBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(top);
+    layout->addLayout(bottom);
+    return row;
+}
+
+void ComparisonPanel::buildTable()
+{
+    m_model = new ComparisonModel(this);
+    m_table = new QTableView;
+    m_table->setModel(m_model);
+    m_table->setObjectName(QStringLiteral("comparison"));
+    m_table->setAccessibleName(QStringLiteral("Comparison"));
+    m_table->setItemDelegate(new ClassChips(m_table));
+    m_table->setTabKeyNavigation(false);
+    m_table->setAlternatingRowColors(true);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->hideColumn(0);
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + kSmallGap);
+    m_table->verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_table->horizontalHeader()->setHighlightSections(true);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { showCurrent(); });
+    const auto openSheet = [this](const QModelIndex& index) {
+        const int number =
+            index.isValid() ? m_model->table().rows.at(static_cast<std::size_t>(index.row())).index : 0;
+        if (number != 0)
+            m_comparison.workspace().lookAt(catalogue::reference(number).id);
+    };
+    connect(m_table, &QTableView::activated, this, openSheet);
+    const auto key = [this](const QKeySequence& keys, auto act) {
+        auto* const action = new QAction(m_table);
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        connect(action, &QAction::triggered, this, act);
+        m_table->addAction(action);
+    };
+    key(QKeySequence::Copy, [this] { copy(); });
+    key(QKeySequence(Qt::CTRL | Qt::Key_I), [this, openSheet] { openSheet(m_table->currentIndex()); });
+    key(QKeySequence(Qt::Key_Delete), [this] { removePin(); });
+    key(QKeySequence(Qt::Key_F2), [this] {
+        if (m_name->isEnabled()) {
+            m_name->setFocus(Qt::ShortcutFocusReason);
+            m_name->selectAll();
+        }
+    });
+    key(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { movePin(-1); });
+    key(QKeySequence(Qt::ALT | Qt::Key_Right), [this] { movePin(1); });
+}
+
+QSize ComparisonPanel::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * kWidthInCharacters,
+            fontMetrics().lineSpacing() * kHeightInLines};
+}
+
+// A change comes with each key; the table waits until the keys are done with.
+void ComparisonPanel::notice()
+{
+    if (m_late || !isVisible())
+        return;
+    m_late = true;
+    QTimer::singleShot(0, this, [this] {
+        m_late = false;
+        refresh();
+    });
+}
+
+void ComparisonPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    refresh();
+}
+
+void ComparisonPanel::refresh()
+{
+    const int columns = m_model->columnCount();
+    const int rows = m_model->rowCount();
+    const QModelIndex current = m_table->currentIndex();
+    m_model->take(workspace::comparisonTable(
+        m_comparison, m_choices.at(static_cast<std::size_t>(m_choice->currentIndex())).indices()));
+    if (!m_table->currentIndex().isValid() && current.isValid())
+        m_table->setCurrentIndex(m_model->index(std::min(current.row(), m_model->rowCount() - 1),
+                                                std::min(current.column(), m_model->columnCount() - 1)));
+    if (m_model->columnCount() != columns || m_model->rowCount() != rows) {
+        m_table->hideColumn(0); // a table made anew shows it
+        fitColumns();
+    }
+    showCurrent();
+}
+
+// To the figures: longer words have their tooltips.
+void ComparisonPanel::fitColumns()
+{
+    const QFontMetrics metrics = m_table->fontMetrics();
+    const int widest = metrics.averageCharWidth() * kCellCharacters;
+    const auto& columns = m_model->table().columns;
+    for (int column = 1; column < m_model->columnCount(); ++column) {
+        int width = m_table->horizontalHeader()->sectionSizeHint(column);
+        const bool words = columns[static_cast<std::size_t>(column)].kind == ComparisonColumnKind::Class;
+        for (int row = 0; row < m_model->rowCount(); ++row) {
+            const QModelIndex cell = m_model->index(row, column);
+            const bool figure = m_model->number(cell).has_value();
+            if (words || figure || column == 1)
+                width = std::max(width, metrics.horizontalAdvance(cell.data().toString()) + 4 * kSmallGap);
+        }
+        m_table->setColumnWidth(column, std::min(width, widest));
+    }
+}
+
+std::optional<std::size_t> ComparisonPanel::currentPin() const
+{
+    const QModelIndex index = m_table->currentIndex();
+    const auto& columns = m_model->table().columns;
+    if (!index.isValid() || static_cast<std::size_t>(index.column()) >= columns.size())
+        return std::nullopt;
+    return columns[static_cast<std::size_t>(index.column())].pin;
+}
+
+void ComparisonPanel::goTo(std::size_t pin)
+{
+    const auto& columns = m_model->table().columns;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (columns[i].pin == pin && columns[i].kind == ComparisonColumnKind::Value) {
+            const int row = std::max(m_table->currentIndex().row(), 0);
+            m_table->setCurrentIndex(m_model->index(row, static_cast<int>(i)));
+            m_table->scrollTo(m_table->currentIndex());
+        }
+}
+
+// What there is to know of the cell under the cursor, for those who use no mouse.
+void ComparisonPanel::showCurrent()
+{
+    const std::optional<std::size_t> pin = currentPin();
+    m_name->setEnabled(pin.has_value());
+    m_remove->setEnabled(pin.has_value());
+    m_earlier->setEnabled(pin && *pin > 0);
+    m_later->setEnabled(pin && *pin + 1 < m_comparison.count());
+    if (!m_name->hasFocus())
+        m_name->setText(pin ? toQt(m_comparison.pin(*pin).name) : QString());
+    const QModelIndex index = m_table->currentIndex();
+    if (m_comparison.count() == 0)
+        m_note->setText(
+            QStringLiteral("Nothing is pinned. Pin Now (Ctrl+D) keeps the present situation, to stand "
+                           "beside the later ones."));
+    else
+        m_note->setText(index.isValid() ? m_model->note(index) : QString());
+}
+
+void ComparisonPanel::pin()
+{
+    const std::string fault = m_comparison.pinPresent(std::chrono::system_clock::now());
+    refresh();
+    if (fault.empty())
+        goTo(m_comparison.count() - 1);
+    else
+        m_note->setText(QStringLiteral("Nothing was pinned. ") + toQt(fault));
+}
+
+void ComparisonPanel::movePin(int by)
+{
+    const auto place = currentPin();
+    if (!place || (by < 0 ? *place == 0 : *place + 1 >= m_comparison.count()))
+        return;
+    const std::size_t to = by < 0 ? *place - 1 : *place + 1;
+    m_comparison.move(*place, to);
+    refresh();
+    goTo(to);
+}
+
+void ComparisonPanel::removePin()
+{
+    const auto place = currentPin();
+    if (!place)
+        return;
+    m_comparison.remove(*place);
+    refresh();
+    if (m_comparison.count() > 0)
+        goTo(std::min(*place, m_comparison.count() - 1));
+}
+
+void ComparisonPanel::copy()
+{
+    ComparisonTable chosen;
+    const ComparisonTable& table = m_model->table();
+    const QModelIndexList selected = m_table->selectionModel()->selectedIndexes();
+    if (selected.size() <= 1) {
+        m_clipboard.setText(workspace::plainTable(table));
+        return;
+    }
+    // The rows and columns that have selected cells, under their headings.
+    std::set<std::size_t> rows;
+    std::set<std::size_t> columns{0}; // the quantities
+    for (const QModelIndex& index : selected) {
+        rows.insert(static_cast<std::size_t>(index.row()));
+        columns.insert(static_cast<std::size_t>(index.column()));
+    }
+    for (const std::size_t column : columns)
+        chosen.columns.push_back(table.columns.at(column));
+    for (const std::size_t row : rows) {
+        workspace::ComparisonRow cells;
+        for (const std::size_t column : columns)
+            cells.cells.push_back(table.rows.at(row).cells.at(column));
+        chosen.rows.push_back(std::move(cells));
+    }
+    m_clipboard.setText(workspace::plainTable(chosen));
+}
+
+void ComparisonPanel::exportTable()
+{
+    const auto name = m_files.askSave({.title = kExportTitle,
+                                       .filter = "Comma-Separated Values (*.csv)",
+                                       .fileName = "Comparison.csv",
+                                       .overwritePrompt = true,
+                                       .written = csvName});
+    if (!name || name->empty())
+        return;
+    output::WholeFile file(csvName(*name));
+    file.write(workspace::csvTable(m_model->table()));
+    const output::WriteResult result = file.commit();
+    if (!result.succeeded())
+        m_messages.show({.text = result.error, .title = kExportTitle});
+}
+
+} // namespace comfortics::ui
