@@ -18,7 +18,8 @@ Clothing ensembleOf(std::span<const double> garments, double chair) noexcept
     examination.look(kChair, chair);
     if (!examination.hasValue())
         return {examination.verdict()};
-    return {examination.verdict(), 0.835 * sum + 0.161 + chair};
+    const double worn = garments.empty() ? 0 : 0.835 * sum + 0.161;
+    return {examination.verdict(), worn + chair};
 }
 
 Clothing clothingByWeather(double tAtSix) noexcept

@@ -127,7 +127,8 @@ struct Clothing {
     double clo = kNaN;
 };
 
-/// Insulation of garments worn together, from that of each, and of the chair [clo].
+/// Insulation of garments worn together, from that of each, and of the chair [clo]. Without garments that of
+/// the chair alone: the regression is one over the clothed.
 Clothing ensembleOf(std::span<const double> garments, double chair = 0) noexcept;
 
 /// The clothing [clo] that people in offices choose by the outdoor temperature [°C] at six in the morning.

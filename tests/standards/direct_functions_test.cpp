@@ -179,6 +179,7 @@ TEST(Clothing, OfGarmentsAndOfTheWeather)
     const double garments[] = {0.04, 0.25, 0.24, 0.02, 0.02}; // 0.57 together
     EXPECT_NEAR(ensembleOf(garments).clo, 0.63695, 1e-12);
     EXPECT_NEAR(ensembleOf(garments, 0.1).clo, 0.73695, 1e-12);
+    EXPECT_EQ(ensembleOf({}, 0.1).clo, 0.1);
     const double wrong[] = {0.04, -0.25};
     EXPECT_EQ(ensembleOf(wrong).verdict, none(Reason::BeyondPhysics, "garment"));
 
