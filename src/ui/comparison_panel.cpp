@@ -39,8 +39,8 @@ constexpr const char* kChoiceKey = "comparison/rows";
 constexpr const char* kExportTitle = "Export Comparison";
 constexpr int kWidthInCharacters = 80;
 constexpr int kHeightInLines = 16;
-constexpr int kNameCharacters = 30; // of a quantity, in view; the tooltip has all of it
-constexpr int kCellCharacters = 22;
+constexpr int kNameCharacters = 25; // of a quantity, in view; the tooltip has all of it
+constexpr int kCellCharacters = 18;
 constexpr int kMeaningRole = Qt::UserRole;
 
 int nameWidth()
@@ -307,6 +307,7 @@ void ComparisonPanel::buildTable()
     m_table->setItemDelegate(new ClassChips(m_table));
     m_table->setTabKeyNavigation(false);
     m_table->setAlternatingRowColors(true);
+    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->hideColumn(0);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + kSmallGap);

@@ -126,10 +126,10 @@ public:
         for (std::size_t i = 0; i < comparison.count(); ++i) {
             const Pin& pin = comparison.pin(i);
             add(Value, i, pin.name, pin.name, "Pinned " + pin.time);
-            if (withClasses)
-                add(Class, i, "Class of " + pin.name, "Class", "The class of the value of " + pin.name);
             add(Difference, i, "Now less " + pin.name, "Difference",
                 "The present value less that of " + pin.name + ", before either was rounded");
+            if (withClasses)
+                add(Class, i, "Class of " + pin.name, "Class", "The class of the value of " + pin.name);
         }
     }
 
@@ -147,10 +147,10 @@ public:
         row.cells.push_back(textCell(unit == "[-]" ? std::string() : std::string(unit)));
         for (std::size_t i = 0; i < cells.size(); ++i) {
             row.cells.push_back(cells[i]);
-            if (m_withClasses)
-                row.cells.push_back(classOf(cells[i]));
             if (i > 0)
                 row.cells.push_back(differenceOf(cells[0], cells[i]));
+            if (m_withClasses)
+                row.cells.push_back(classOf(cells[i]));
         }
         m_table.rows.push_back(std::move(row));
     }

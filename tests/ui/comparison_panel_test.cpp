@@ -93,13 +93,13 @@ TEST(ComparisonPanel, LeadsThroughAComparison)
     EXPECT_EQ(opened.table.currentIndex().column(), opened.column("Morning"));
 
     QTest::keyClick(&opened.table, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_NE(opened.clipboard.text().find("Air Temperature\t°C\t31\t\t20.4\t\t+10.6\n"), std::string::npos)
+    EXPECT_NE(opened.clipboard.text().find("Air Temperature\t°C\t31\t\t20.4\t+10.6\t\n"), std::string::npos)
         << opened.clipboard.text();
     const comfortics::tests::TemporaryFolder folder;
     opened.files.answer = folder.file("days");
     tests::press(opened.panel, "Export...");
     EXPECT_NE(comfortics::tests::readFile(folder.file("days.csv"))
-                  .find("\r\nAir Temperature,°C,31,,20.4,,+10.6\r\n"),
+                  .find("\r\nAir Temperature,°C,31,,20.4,+10.6,\r\n"),
               std::string::npos);
     opened.files.answer = folder.file("nowhere/days.csv");
     tests::press(opened.panel, "Export...");
