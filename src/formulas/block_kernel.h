@@ -9,6 +9,8 @@
 #include "values/clones.h"
 
 #include <array>
+#include <cstddef>
+#include <type_traits>
 #include <utility>
 
 namespace comfortics::formulas {
@@ -71,7 +73,8 @@ inline constexpr std::nullptr_t quickTwin = nullptr;
 template <auto formula>
 void calculateBlock(const Block& block)
 {
-    if constexpr (quickTwin<formula> != nullptr) {
+    // By its type: an address is no constant for the sanitizers.
+    if constexpr (!std::is_same_v<decltype(quickTwin<formula>), const std::nullptr_t>) {
         if (values::quick::available()) {
             detail::calculateQuickly<quickTwin<formula>>(block);
             return;
