@@ -4,9 +4,13 @@
 namespace comfortics::workspace {
 
 Workspace::Workspace(const classic::Limits& limits, classic::Frm_Main& form, Preferences& preferences)
-    : m_limits(limits), m_form(form), m_preferences(preferences)
+    : sets(preferences), follower(form, preferences), m_limits(limits), m_form(form),
+      m_preferences(preferences)
 {
-    m_form.standing.watch([this] { changed.raise(); });
+    m_form.standing.watch([this] {
+        follower.look();
+        changed.raise();
+    });
 }
 
 const Situation& Workspace::present()

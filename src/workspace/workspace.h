@@ -2,6 +2,8 @@
 #pragma once
 
 #include "classic/frm_main.h"
+#include "workspace/follower.h"
+#include "workspace/index_sets.h"
 #include "workspace/preferences.h"
 #include "workspace/situation.h"
 
@@ -27,6 +29,11 @@ public:
     /// What the readings, assumptions and options come to that stand in the form now, calculated when first
     /// asked for. What the form shows stays as it is.
     const Situation& present();
+
+    /// The sets of indices that the cards show.
+    IndexSets sets;
+    /// What the cards show.
+    Follower follower;
 
     /// The readings, assumptions or options may have changed.
     controls::Event changed;
