@@ -91,7 +91,9 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     if (role == Qt::ForegroundRole && m_quiet)
         return QApplication::palette().brush(QPalette::PlaceholderText);
     if (index.isValid() && isBeside(index.column()))
-        return role == Qt::DisplayRole ? m_beside(gridRow(index.row())) : QVariant();
+        return role == Qt::DisplayRole ? m_beside(gridRow(index.row()))
+               : role == Qt::FontRole  ? QVariant(font(*m_grid.font()))
+                                       : QVariant();
     return index.isValid() ? cell(gridRow(index.row()), static_cast<std::size_t>(index.column()), role)
                            : QVariant();
 }
@@ -103,7 +105,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (m_grid.fixedRows() == 0)
         return {};
     if (isBeside(section))
-        return role == Qt::DisplayRole ? QVariant(m_besideHeading) : QVariant();
+        return role == Qt::DisplayRole ? QVariant(m_besideHeading)
+               : role == Qt::FontRole  ? QVariant(font(*m_grid.font()))
+                                       : QVariant();
     QVariant whole = cell(m_grid.fixedRows() - 1, static_cast<std::size_t>(section), role);
     if (role == Qt::TextAlignmentRole && m_wrapsHeaders)
         return QVariant::fromValue(int(whole.value<Qt::Alignment>()) | int(Qt::TextWordWrap));

@@ -161,6 +161,7 @@ void IndexList::contextMenuEvent(QContextMenuEvent* event)
         return;
     QMenu menu(this);
     const QAction* const sheet = menu.addAction(QStringLiteral("Index sheet\tCtrl+I"));
+    emit menuOpens(menu, static_cast<std::size_t>(index.row()));
     const QPoint place = event->reason() == QContextMenuEvent::Mouse
                              ? event->globalPos()
                              : viewport()->mapToGlobal(visualRect(index).bottomLeft());

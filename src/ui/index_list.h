@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+class QMenu;
+
 namespace comfortics::ui {
 
 /// The rows of a list box for a view: selected rows are ticked.
@@ -51,6 +53,8 @@ public:
 signals:
     /// The form stands on a row that is hidden.
     void hiddenWanted();
+    /// The menu of a row is about to open, for more entries.
+    void menuOpens(QMenu& menu, std::size_t row);
     /// The sheet of a row is asked for.
     void sheetWanted(std::size_t row);
 

@@ -6,6 +6,7 @@
 #include "ui/find_bar.h"
 #include "ui/index_list.h"
 #include "ui/mark_style.h"
+#include "ui/star.h"
 #include "ui/widgets.h"
 
 #include <QCheckBox>
@@ -44,6 +45,16 @@ IndexPanel::IndexPanel(workspace::Workspace& workspace, QWidget* parent)
         m_workspace.lookAt(catalogue::reference(static_cast<int>(row) + 1).id);
     });
     connect(m_list, &IndexList::hiddenWanted, this, [this] { m_finding.clear(); });
+
+    const auto idOf = [](std::size_t row) {
+        return std::string(catalogue::reference(static_cast<int>(row) + 1).id);
+    };
+    addStarKey(*m_list, m_workspace, [this, idOf] {
+        const auto row = m_list->standing();
+        return row ? idOf(*row) : std::string();
+    });
+    connect(m_list, &IndexList::menuOpens, this,
+            [this, idOf](QMenu& menu, std::size_t row) { addStarEntry(menu, m_workspace, idOf(row)); });
 
     auto* const all = new QCheckBox;
     MarkStyle::wear(*all);

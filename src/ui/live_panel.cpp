@@ -5,16 +5,72 @@
 #include "ui/bindings.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
+#include "workspace/live_text.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QVBoxLayout>
 
 namespace comfortics::ui {
 
 namespace {
 
-constexpr QLatin1String kWideValue("64.1234567890123"); // the mean radiant temperature is not rounded
+constexpr QLatin1String kWideValue("-100.00");
+constexpr QLatin1String kWideName("Psychrometric wet-bulb"); // longer ones take two lines
+
+// A value with the decimals that mean something; hovering and copying give all of them.
+class LiveLabel : public QLabel {
+public:
+    LiveLabel()
+    {
+        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+
+    void show(const QString& inShort, const QString& caption)
+    {
+        if (m_hint.isEmpty())
+            m_hint = accessibleDescription();
+        m_caption = caption;
+        setText(inShort);
+        const QString hint = caption.isEmpty() ? m_hint : m_hint + QLatin1Char('\n') + caption;
+        setToolTip(tip(hint));
+        setAccessibleDescription(hint);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->matches(QKeySequence::Copy))
+            copy();
+        else
+            QLabel::keyPressEvent(event);
+    }
+
+    void contextMenuEvent(QContextMenuEvent* event) override
+    {
+        auto* const menu = new QMenu(this);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->addAction(QStringLiteral("Copy %1\tCtrl+C").arg(m_caption), this, [this] { copy(); })
+            ->setEnabled(!m_caption.isEmpty());
+        menu->popup(event->globalPos());
+    }
+
+private:
+    void copy()
+    {
+        if (!m_caption.isEmpty())
+            QApplication::clipboard()->setText(m_caption);
+    }
+
+    QString m_caption;
+    QString m_hint;
+};
 
 } // namespace
 
@@ -33,17 +89,21 @@ LivePanel::LivePanel(classic::Frm_Main& form, QWidget* parent) : QWidget(parent)
         QFont italic = symbol->font();
         italic.setItalic(true);
         symbol->setFont(italic);
-        auto* const value = new QLabel;
-        value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        auto* const value = new LiveLabel;
         value->setFont(bold);
         nameWidget(*value, toQt(info.symbol), toQt(info.name) + QStringLiteral(", ") + toQt(info.unit),
                    toQt(info.name) + QStringLiteral(" (") + toQt(info.symbol) + QStringLiteral(") in ") +
                        toQt(info.unit));
-        bind(*value, m_form.calculation.liveLabel(static_cast<formulas::Live>(i)));
+        const auto quantity = static_cast<formulas::Live>(i);
+        controls::Label& label = m_form.calculation.liveLabel(quantity);
+        follow(*value, label.change, [value, quantity, &label] {
+            value->show(toQt(workspace::liveInShort(quantity, label.caption())), toQt(label.caption()));
+        });
         m_values.push_back(value);
         auto* const text = new QLabel(toQt(info.name));
         text->setBuddy(value);
+        text->setWordWrap(true);
+        text->setFixedWidth(text->fontMetrics().horizontalAdvance(kWideName) + kSmallGap);
         grid->addWidget(text, row, 0);
         grid->addWidget(symbol, row, 1);
         grid->addWidget(value, row, 2);

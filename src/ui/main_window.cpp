@@ -4,6 +4,7 @@
 #include "shell/status_line.h"
 #include "ui/about.h"
 #include "ui/bindings.h"
+#include "ui/cards_panel.h"
 #include "ui/guide_window.h"
 #include "ui/index_panel.h"
 #include "ui/live_panel.h"
@@ -91,7 +92,7 @@ QWidget* MainWindow::buildContent()
     // A page of its own in place of the readings: what cannot be seen cannot be reached.
     auto* const pages = new QStackedWidget;
     m_readings = new ReadingsPanel(m_form);
-    m_options = new OptionsPage(m_form);
+    m_options = new OptionsPage(m_workspace);
     pages->addWidget(m_readings);
     pages->addWidget(m_options);
     follow(*m_options, m_form.Fra_Options.appearance, [this, pages] {
@@ -102,7 +103,7 @@ QWidget* MainWindow::buildContent()
     live->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     columns->addWidget(pages, 2);
     columns->addWidget(live);
-    columns->addStretch(1);
+    columns->addWidget(m_cards = new CardsPanel(m_workspace), 3);
     return content;
 }
 
@@ -284,6 +285,7 @@ void MainWindow::setTabOrders()
     std::vector<QWidget*> order(readings.begin(), buttons);
     order.insert(order.end(), m_indices->tabOrder().begin(), m_indices->tabOrder().end());
     order.insert(order.end(), buttons, readings.end());
+    order.insert(order.end(), m_cards->tabOrder().begin(), m_cards->tabOrder().end());
     order.insert(order.end(), m_options->tabOrder().begin(), m_options->tabOrder().end());
     for (std::size_t i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);

@@ -18,6 +18,7 @@ class QMenuBar;
 
 namespace comfortics::ui {
 
+class CardsPanel;
 class ContentArea;
 class CutLabel;
 class GuideWindow;
@@ -82,6 +83,7 @@ private:
     ContentArea* m_area = nullptr;
     ReadingsPanel* m_readings = nullptr;
     OptionsPage* m_options = nullptr;
+    CardsPanel* m_cards = nullptr;
     IndexPanel* m_indices = nullptr;
     Panels* m_panels = nullptr;
     Zoom* m_zoom = nullptr;

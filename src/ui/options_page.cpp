@@ -6,6 +6,7 @@
 #include "ui/text.h"
 #include "ui/widgets.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -22,7 +23,8 @@ constexpr int kAssumptionCharacters = 9;
 
 } // namespace
 
-OptionsPage::OptionsPage(classic::Frm_Main& form, QWidget* parent) : QWidget(parent), m_form(form)
+OptionsPage::OptionsPage(workspace::Workspace& workspace, QWidget* parent)
+    : QWidget(parent), m_form(workspace.form())
 {
     auto* const content = new QGridLayout;
     content->setHorizontalSpacing(kGap);
@@ -44,6 +46,13 @@ OptionsPage::OptionsPage(classic::Frm_Main& form, QWidget* parent) : QWidget(par
                                "air temperature are compared as numbers"),
                 QStringLiteral("As robust, and no reading is rounded: globe, wet bulbs and votes are exact "
                                "roots of their heat balances, with one globe for all indices")});
+
+    auto* const following = new QCheckBox;
+    bind(*following, workspace.follower.Check_Follow);
+    nameWidget(*following, QStringLiteral("Check_Follow"), following->text(),
+               QStringLiteral("Else the cards wait for a calculation, as the live quantities do"));
+    content->addWidget(following, content->rowCount(), 0, 1, 3);
+    m_tabOrder.push_back(following);
 
     auto* const close = new QPushButton(QStringLiteral("Close"));
     close->setToolTip(QStringLiteral("Hides the options; what is set here stays in force (Escape)"));

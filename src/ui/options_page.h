@@ -2,6 +2,7 @@
 #pragma once
 
 #include "classic/frm_main.h"
+#include "workspace/workspace.h"
 
 #include <QWidget>
 
@@ -11,12 +12,13 @@ class QGridLayout;
 
 namespace comfortics::ui {
 
-/// The assumptions on body and site, the use of limits and the rules; in place of the readings while open.
+/// The assumptions on body and site, the use of limits, the rules, and whether cards follow; in place of the
+/// readings while open.
 class OptionsPage : public QWidget {
     Q_OBJECT
 
 public:
-    explicit OptionsPage(classic::Frm_Main& form, QWidget* parent = nullptr);
+    explicit OptionsPage(workspace::Workspace& workspace, QWidget* parent = nullptr);
 
     /// Where the keyboard goes when the page opens.
     QWidget& first() const { return *m_first; }

@@ -6,6 +6,7 @@
 #include "ui/chip.h"
 #include "ui/find_bar.h"
 #include "ui/grid_view.h"
+#include "ui/star.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 
@@ -57,7 +58,7 @@ public:
         ground.text.clear();
         m_view.style()->drawControl(QStyle::CE_ItemViewItem, &ground, painter, &m_view);
         if (const auto meaning = m_form.meaning(m_grid, gridRow(index))) {
-            painter->setFont(option.font);
+            painter->setFont(ground.font);
             paintChip(*painter, option.rect.marginsRemoved({kChipMargin, 1, kChipMargin, 1}),
                       Qt::AlignLeft | Qt::AlignVCenter, *meaning, m_view.palette(),
                       !m_form.lbl_Earlier.caption().empty());
@@ -136,12 +137,30 @@ void ResultsWindow::buildMenu()
     addEntry(*m_menu, m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy, *this);
     addEntry(*m_menu, m_form.Menu_Export, 'E', QKeySequence::Save, *this);
     addEntry(*m_menu, m_form.Menu_Print, 'P', QKeySequence::Print, *this);
+    // Below the entries of the table, what is done with the index of one row.
     m_menu->addSeparator();
     QAction* const sheet = m_menu->addAction(QStringLiteral("&Index Sheet"));
     sheet->setShortcut(Qt::CTRL | Qt::Key_I);
     addAction(sheet); // the key works while the menu is closed
     connect(sheet, &QAction::triggered, this, [this] { openSheet(); });
-    listen(*this, m_form.popUpMenu_Copy, [this] { m_menu->popup(QCursor::pos()); });
+    QAction* const star = m_menu->addAction(QString(), this, [this] { turnStar(m_workspace, m_starId); });
+    connect(m_menu, &QMenu::aboutToShow, this, [this, star] {
+        m_starId = idOf(m_menuRow > 0 ? m_menuRow : m_form.visibleGrid().row());
+        m_menuRow = 0;
+        star->setText(starWords(m_workspace, m_starId));
+        star->setEnabled(!m_starId.empty());
+    });
+    listen(*this, m_form.popUpMenu_Copy, [this] {
+        m_menuRow = m_form.visibleGrid().mouseRow();
+        m_menu->popup(QCursor::pos());
+    });
+}
+
+// Of a row of the table in sight; empty for one of no index.
+std::string ResultsWindow::idOf(std::size_t row) const
+{
+    const int index = output::Frm_Comfortics::indexOf(m_form.visibleGrid(), row);
+    return index > 0 ? std::string(catalogue::reference(index).id) : std::string();
 }
 
 GridView* ResultsWindow::buildTable(controls::Grid& grid, const QString& objectName)
@@ -216,6 +235,7 @@ QWidget* ResultsWindow::buildContent()
 
 void ResultsWindow::buildKeys()
 {
+    addStarKey(*this, m_workspace, [this] { return idOf(m_form.visibleGrid().row()); });
     addKeys(QStringLiteral("Search"), {QKeySequence::Find}, [this] {
         m_search->setFocus(Qt::ShortcutFocusReason);
         m_search->selectAll();

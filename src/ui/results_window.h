@@ -7,6 +7,7 @@
 #include "workspace/workspace.h"
 
 #include <functional>
+#include <string>
 
 class QLineEdit;
 class QMenu;
@@ -39,6 +40,7 @@ private:
     void buildKeys();
     void placeBeside(const QWidget& main);
     void showReason();
+    std::string idOf(std::size_t row) const;
     void buildFind();
     void showFound();
     void standOnBest();
@@ -58,6 +60,8 @@ private:
     FindBar* m_find = nullptr;
     QLineEdit* m_search = nullptr;
     CutLabel* m_reason = nullptr;
+    std::size_t m_menuRow = 0; // that the menu was asked for on; 0: the current one
+    std::string m_starId;      // of the index whose star the menu turns
 };
 
 } // namespace comfortics::ui
