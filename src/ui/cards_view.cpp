@@ -35,7 +35,7 @@ constexpr int kPad = 8;
 constexpr int kMargin = 3; // around a card
 constexpr int kBetween = 4;
 constexpr int kNameLines = 2;
-constexpr int kLeastInCharacters = 34; // of a card's width
+constexpr int kLeastInCharacters = 46; // of a card's width
 constexpr double kValueScale = 1.35;
 constexpr double kStripShare = 0.45; // of a card's width
 constexpr int kStripHeight = 14;
@@ -378,7 +378,7 @@ QSize CardsView::minimumSizeHint() const
 
 QSize CardsView::sizeHint() const
 {
-    return {minimumSizeHint().width(), 5 * cardHeight(font())};
+    return {minimumSizeHint().width(), 6 * cardHeight(font())};
 }
 
 void CardsView::arrange()

@@ -48,6 +48,7 @@ OptionsPage::OptionsPage(workspace::Workspace& workspace, QWidget* parent)
                                "roots of their heat balances, with one globe for all indices")});
 
     auto* const following = new QCheckBox;
+    MarkStyle::wear(*following);
     bind(*following, workspace.follower.Check_Follow);
     nameWidget(*following, QStringLiteral("Check_Follow"), following->text(),
                QStringLiteral("Else the cards wait for a calculation, as the live quantities do"));

@@ -31,11 +31,37 @@ std::string nameOf(const std::string& path)
     return std::filesystem::path(path).filename().string();
 }
 
+class SetsPart final : public SessionPart {
+public:
+    explicit SetsPart(IndexSets& sets) : m_sets(sets) {}
+
+    void save(Session& session) const override
+    {
+        session.cardSet = m_sets.shown().name;
+        session.ownSets = m_sets.ownAsJson();
+    }
+    std::string fault(const Session& session) const override
+    {
+        return session.ownSets.empty() || IndexSets::isJson(session.ownSets)
+                   ? std::string()
+                   : "the sets of indices in it are damaged";
+    }
+    void open(const Session& session) override
+    {
+        m_sets.take(session.ownSets);
+        m_sets.show(session.cardSet);
+    }
+
+private:
+    IndexSets& m_sets;
+};
+
 } // namespace
 
 SessionDesk::SessionDesk(Workspace& workspace, controls::FileDialogs& files, controls::Messages& messages)
-    : m_workspace(workspace), m_files(files), m_messages(messages), m_start(collect()), m_saved(m_start),
-      m_last(workspace.preferences().read(kLast).value_or(std::string()))
+    : m_workspace(workspace), m_files(files), m_messages(messages),
+      m_sets(std::make_unique<SetsPart>(workspace.sets)), m_parts{m_sets.get()}, m_start(collect()),
+      m_saved(m_start), m_last(workspace.preferences().read(kLast).value_or(std::string()))
 {
 }
 

@@ -5,6 +5,7 @@
 #include "workspace/session.h"
 #include "workspace/workspace.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -72,6 +73,7 @@ private:
     Workspace& m_workspace;
     controls::FileDialogs& m_files;
     controls::Messages& m_messages;
+    std::unique_ptr<SessionPart> m_sets; // those of the workspace
     std::vector<SessionPart*> m_parts;
     std::string m_path;
     Session m_start; // as the program came up

@@ -59,6 +59,7 @@ TEST(Session, BringsBackAllThatItKeeps)
     first.desk.heading = "Yard \"B\"";
     first.desk.notes = "two\nlines, ° and \xCE\xB1";
     first.word.word = "kept";
+    first.workspace.sets.create("Quarry", {"utci", "index_of_2040"});
     first.files.answer = (folder.path() / "shift").string();
     EXPECT_TRUE(first.desk.modified());
     first.desk.saveAs();
@@ -73,6 +74,9 @@ TEST(Session, BringsBackAllThatItKeeps)
     EXPECT_EQ(second.desk.heading, first.desk.heading);
     EXPECT_EQ(second.desk.notes, first.desk.notes);
     EXPECT_EQ(second.word.word, "[\"kept\"]");
+    EXPECT_EQ(second.workspace.sets.shown().name, "Quarry");
+    EXPECT_EQ(second.workspace.sets.shown().ids, first.workspace.sets.shown().ids);
+    EXPECT_FALSE(second.desk.modified());
     EXPECT_EQ(second.desk.recent().size(), 1U);
     second.main.txt_TA.setText("21");
     EXPECT_TRUE(second.desk.modified());
@@ -104,6 +108,7 @@ TEST(Session, RefusesWhatIsNoSessionInOneSentenceAndChangesNothing)
         {with("\"all\"", "7"), "\"ticked\""},
         {with("\"all\"", "[3]"), "\"ticked\""},
         {with("\"format\"", "\"pinned\": [\"bad\"], \"format\""), "the word is bad"},
+        {with("\"format\"", "\"sets\": [3], \"format\""), "sets of indices in it are damaged"},
         {std::string(100'000, '['), "damaged"},
     };
     for (const auto& [text, why] : damaged) {
