@@ -457,7 +457,22 @@ std::string Frm_Raw_Data::resultNote(std::size_t row, std::size_t col) const
         return why;
     }
     const std::vector<int> indices = selectedIndices(m_run.stretch(row).terms.settings.selection);
-    return blank && col < indices.size() ? m_run.whyBlank(row, indices[col]) : std::string();
+    if (col >= indices.size())
+        return {};
+    if (blank)
+        return m_run.whyBlank(row, indices[col]);
+    const auto meaning = m_run.meaning(row, indices[col]);
+    return meaning ? catalogue::meaningNote(indices[col], *meaning) : std::string();
+}
+
+std::vector<std::optional<catalogue::Meaning>> Frm_Raw_Data::meanings(std::size_t row) const
+{
+    std::vector<std::optional<catalogue::Meaning>> result;
+    if (running() || rowState(row) != RowState::Calculated)
+        return result;
+    for (const int index : selectedIndices(m_run.stretch(row).terms.settings.selection))
+        result.push_back(m_run.meaning(row, index));
+    return result;
 }
 
 std::string Frm_Raw_Data::dataNote(std::size_t row) const

@@ -84,6 +84,10 @@ public:
     /// What became of a row of `Flex_Data` in the last run, on the same row of `Flex_Results`.
     RowState rowState(std::size_t row) const { return m_run.rowState(row); }
 
+    /// What the figures of a row of `Flex_Results` mean, by column: their published classes. The row is
+    /// calculated once more for it. Empty while a run is under way and for a row without figures.
+    std::vector<std::optional<catalogue::Meaning>> meanings(std::size_t row) const;
+
     /// Sizes both grids [twips]; the columns of the data share the width.
     void resizeGrids(int width, int height);
     /// The wheel over the point x, y [twips, as the grids' left and top]: scrolls the grid of the

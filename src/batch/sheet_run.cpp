@@ -305,4 +305,9 @@ std::string SheetRun::whyBlank(std::size_t row, int index) const
     return explainer(row).calculation().whyBlank(index);
 }
 
+std::optional<catalogue::Meaning> SheetRun::meaning(std::size_t row, int index) const
+{
+    return explainer(row).calculation().meaning(index);
+}
+
 } // namespace comfortics::batch

@@ -4,6 +4,7 @@
 #include "batch/message_gate.h"
 #include "batch/row_runner.h"
 #include "batch/sheet_rows.h"
+#include "catalogue/categories.h"
 #include "classic/frm_main.h"
 #include "controls/grid_cells.h"
 
@@ -11,6 +12,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -93,6 +95,8 @@ public:
     std::string whyNoFigures(std::size_t row) const;
     /// Why an index is blank on a row that was calculated.
     std::string whyBlank(std::size_t row, int index) const;
+    /// What the value of an index means on a row that was calculated: its published class.
+    std::optional<catalogue::Meaning> meaning(std::size_t row, int index) const;
 
 private:
     bool interrupted() const { return m_stop || m_restart || m_abandoned; }

@@ -39,6 +39,22 @@ QString wordOf(const catalogue::Meaning& meaning)
     return toQt(meaning.category->label);
 }
 
+void paintField(QPainter& painter, const QRect& field, const QString& text, int severity,
+                const QPalette& palette, bool quiet)
+{
+    const workspace::FieldColors pair = colors(severity, palette);
+    QColor outline = palette.color(QPalette::Text);
+    outline.setAlphaF(quiet ? 0.5F : 0.25F); // the field of 0 is nearly that of the window
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(outline, kOutline));
+    painter.setBrush(quiet ? QBrush(Qt::NoBrush) : QBrush(color(pair.field)));
+    painter.drawRoundedRect(QRectF(field).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+    painter.setPen(quiet ? palette.color(QPalette::PlaceholderText) : color(pair.text));
+    painter.drawText(field, Qt::AlignCenter, text);
+    painter.restore();
+}
+
 } // namespace
 
 QString chipText(const catalogue::Meaning& meaning)
@@ -64,22 +80,22 @@ void paintChip(QPainter& painter, const QRect& room, Qt::Alignment alignment,
     const QSize size = chipSize(metrics, meaning).boundedTo(room.size());
     if (size.width() <= 2 * kBesideText)
         return;
-    const QRect field = QStyle::alignedRect(Qt::LeftToRight, alignment, size, room);
-    const workspace::FieldColors pair = colors(meaning.severity, palette);
-    QColor outline = palette.color(QPalette::Text);
-    outline.setAlphaF(quiet ? 0.5F : 0.25F); // the field of 0 is nearly that of the window
-
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(outline, kOutline));
-    painter.setBrush(quiet ? QBrush(Qt::NoBrush) : QBrush(color(pair.field)));
-    painter.drawRoundedRect(QRectF(field).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
     const QString sign = signOf(meaning);
     const int wordWidth = size.width() - 2 * kBesideText - metrics.horizontalAdvance(sign);
-    painter.setPen(quiet ? palette.color(QPalette::PlaceholderText) : color(pair.text));
-    painter.drawText(field, Qt::AlignCenter,
-                     metrics.elidedText(wordOf(meaning), Qt::ElideRight, wordWidth) + sign);
-    painter.restore();
+    paintField(painter, QStyle::alignedRect(Qt::LeftToRight, alignment, size, room),
+               metrics.elidedText(wordOf(meaning), Qt::ElideRight, wordWidth) + sign, meaning.severity,
+               palette, quiet);
+}
+
+void paintSign(QPainter& painter, const QRect& room, int severity, const QPalette& palette, bool quiet)
+{
+    const QFontMetrics metrics(painter.font(), painter.device());
+    const QSize size(metrics.horizontalAdvance(QStringLiteral("+4")) + kBesideText,
+                     std::min(metrics.height() + 2 * kAboveText, room.height()));
+    if (size.width() < room.width())
+        paintField(painter,
+                   QStyle::alignedRect(Qt::LeftToRight, Qt::AlignRight | Qt::AlignVCenter, size, room),
+                   toQt(catalogue::signedSeverity(severity)), severity, palette, quiet);
 }
 
 void Chip::show(const std::optional<catalogue::Meaning>& meaning, bool quiet)

@@ -29,6 +29,11 @@ QSize chipSize(const QFontMetrics& metrics, const catalogue::Meaning& meaning);
 void paintChip(QPainter& painter, const QRect& room, Qt::Alignment alignment,
                const catalogue::Meaning& meaning, const QPalette& palette, bool quiet = false);
 
+/// Paints the sign alone into the right end of a room, where there is no place for words: those stand in the
+/// note of the value.
+void paintSign(QPainter& painter, const QRect& room, int severity, const QPalette& palette,
+               bool quiet = false);
+
 /// A chip by itself; without a meaning it is blank.
 class Chip : public QWidget {
     Q_OBJECT

@@ -2,6 +2,7 @@
 #include "ui/raw_data_window.h"
 
 #include "ui/bindings.h"
+#include "ui/chip.h"
 #include "ui/grid_view.h"
 #include "ui/keys.h"
 #include "ui/text.h"
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
@@ -79,6 +81,39 @@ private:
     std::function<RowState(std::size_t)> m_state;
 };
 
+// Beside a figure the severity of its class; the note of the cell has the word.
+class FigureMarks : public RowMarks {
+public:
+    using Meanings = std::vector<std::optional<catalogue::Meaning>>;
+
+    /// `meanings` of a row by column; null while they are not known.
+    FigureMarks(const Grid& grid, std::function<RowState(std::size_t)> state,
+                std::function<const Meanings*(std::size_t)> meanings, std::function<bool()> quiet,
+                QWidget* parent)
+        : RowMarks(grid, std::move(state), parent), m_fixed(grid.fixedRows()),
+          m_meanings(std::move(meanings)), m_quiet(std::move(quiet)), m_view(*parent)
+    {
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        RowMarks::paint(painter, option, index);
+        const Meanings* const row = m_meanings(static_cast<std::size_t>(index.row()) + m_fixed);
+        const auto col = static_cast<std::size_t>(index.column());
+        if (row == nullptr || col >= row->size() || !(*row)[col])
+            return;
+        painter->setFont(option.font);
+        paintSign(*painter, option.rect.adjusted(0, 1, -kSpacing / 2, -1), (*row)[col]->severity,
+                  m_view.palette(), m_quiet());
+    }
+
+private:
+    std::size_t m_fixed;
+    std::function<const Meanings*(std::size_t)> m_meanings;
+    std::function<bool()> m_quiet;
+    const QWidget& m_view;
+};
+
 // The one local file that is dragged, or nothing.
 QString draggedFile(const QMimeData& data)
 {
@@ -111,7 +146,10 @@ RawDataWindow::RawDataWindow(batch::Frm_Raw_Data& form, const QWidget& main, std
     // The data are locked for as long as a run is under way.
     follow(*m_dataPage, m_form.Flex_Data.appearance, [this] { arrange(); });
     follow(*m_resultsPage, m_form.Fra_Results.appearance, [this] { arrange(); });
-    follow(*m_reason, m_form.lbl_status.change, [this] { showReason(); });
+    follow(*m_reason, m_form.lbl_status.change, [this] {
+        m_meanings.clear(); // of other rows from now on, or of another run
+        showReason();
+    });
     m_form.keepAlive(
         [window = QPointer<RawDataWindow>(this)] {
             if (window)
@@ -262,8 +300,10 @@ QWidget* RawDataWindow::buildResults()
     m_results->setObjectName(QStringLiteral("Flex_Results"));
     m_results->setAccessibleName(QStringLiteral("Results"));
     m_results->showRowNumbers();
-    m_results->setItemDelegate(new RowMarks(
-        m_form.Flex_Results, [this](std::size_t row) { return m_form.rowState(row); }, m_results));
+    m_results->setItemDelegate(new FigureMarks(
+        m_form.Flex_Results, [this](std::size_t row) { return m_form.rowState(row); },
+        [this](std::size_t row) { return meanings(row); }, [this] { return m_form.resultsAreEarlier(); },
+        m_results));
     m_results->onSelection([this] {
         fitHeaders();
         showReason();
@@ -307,6 +347,47 @@ void RawDataWindow::fitHeaders()
         const int pixels = m_results->horizontalHeader()->sectionSizeHint(static_cast<int>(col));
         grid.setColWidth(
             col, std::max(Grid::kDefaultColWidth, static_cast<int>(std::ceil(pixels / pixelsPerTwip))));
+    }
+}
+
+// A row costs a calculation, which can take a while: one by one, between what the user does.
+const std::vector<std::optional<catalogue::Meaning>>* RawDataWindow::meanings(std::size_t row)
+{
+    if (const auto found = m_meanings.find(row); found != m_meanings.end())
+        return &found->second;
+    if (!m_form.running()) {
+        m_wanted.insert(row);
+        if (!m_asking) {
+            m_asking = true;
+            QTimer::singleShot(0, this, [this] { askNextMeanings(); });
+        }
+    }
+    return nullptr;
+}
+
+void RawDataWindow::askNextMeanings()
+{
+    constexpr std::size_t kMostKept = 1000;
+    m_asking = false;
+    if (m_meanings.size() > kMostKept)
+        m_meanings.clear();
+    const auto isInSight = [this](std::size_t row) {
+        const QModelIndex index =
+            m_results->model()->index(static_cast<int>(row - m_form.Flex_Results.fixedRows()), 0);
+        const QRect rect = m_results->visualRect(index);
+        return rect.bottom() >= 0 && rect.top() < m_results->viewport()->height();
+    };
+    while (!m_wanted.empty() && !m_form.running()) {
+        const std::size_t row = m_wanted.extract(m_wanted.begin()).value();
+        if (!isInSight(row))
+            continue;
+        m_meanings[row] = m_form.meanings(row);
+        m_results->viewport()->update();
+        break;
+    }
+    if (!m_wanted.empty() && !m_form.running()) {
+        m_asking = true;
+        QTimer::singleShot(0, this, [this] { askNextMeanings(); });
     }
 }
 
@@ -359,7 +440,8 @@ void RawDataWindow::followRows()
 void RawDataWindow::showReason()
 {
     const Grid& grid = m_form.Fra_Results.visible() ? m_form.Flex_Results : m_form.Flex_Data;
-    const std::string reason = grid.note(grid.row(), grid.col());
+    const std::string note = grid.note(grid.row(), grid.col());
+    const std::string reason = note.substr(0, note.find('\n')); // one line is its room
     m_reason->showText(toQt(reason.empty() ? m_form.lbl_status.caption() : reason));
 }
 

@@ -5,7 +5,11 @@
 #include "ui/form_window.h"
 
 #include <functional>
+#include <optional>
+#include <set>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 class QMenu;
 class QPushButton;
@@ -41,6 +45,8 @@ private:
     void fitHeaders();
     void showReason();
     void goBackOrStop();
+    const std::vector<std::optional<catalogue::Meaning>>* meanings(std::size_t row);
+    void askNextMeanings();
 
     batch::Frm_Raw_Data& m_form;
     std::function<void()> m_closed;
@@ -58,6 +64,10 @@ private:
     std::string m_headers;            // those that the columns' widths were measured for
     std::size_t m_nextRow = 1;        // of the run, the first that is not known to be done
     std::size_t m_followedTopRow = 1; // where the results were last scrolled to as they came
+    // What the figures of rows mean that were in sight, and the rows that wait to be asked.
+    std::unordered_map<std::size_t, std::vector<std::optional<catalogue::Meaning>>> m_meanings;
+    std::set<std::size_t> m_wanted;
+    bool m_asking = false;
     bool m_showsResults = false;
     bool m_closing = false; // when the run has ended
 };

@@ -437,6 +437,12 @@ TEST(FrmRawData, SaysWhatBecameOfItsRows)
         "point 9.3 reads above the air temperature 20 (the two are compared as texts)";
     const std::string skipped = "Row 3 was skipped: the wind speed is missing.";
     EXPECT_EQ(results.note(0, 0) + results.note(1, 158), ""); // has a value
+    // Humidex is 36 there.
+    const std::string meaning = "some discomfort (+1): from 30 to below 40 °C.";
+    EXPECT_EQ(results.note(1, 89).substr(0, meaning.size()), meaning);
+    EXPECT_EQ(sheet.form.meanings(1).at(89)->severity, 1);
+    EXPECT_FALSE(sheet.form.meanings(1).at(158));
+    EXPECT_TRUE(sheet.form.meanings(2).empty() && sheet.form.meanings(3).empty());
     EXPECT_EQ(results.note(1, 23), "Outside its limits: Ta is 30 °C, valid from -60 to 10 °C.");
     EXPECT_EQ(results.note(2, 5).substr(0, failed.size()), failed);
     EXPECT_EQ(results.note(3, 5), skipped);
