@@ -17,8 +17,12 @@ const Situation& Workspace::present()
 {
     classic::Inputs inputs = m_form.inputs();
     inputs.settings.selection = classic::Selection::all();
-    if (!m_present || m_present->inputs != inputs)
-        m_present = std::make_unique<Situation>(evaluate(m_limits, inputs));
+    if (!m_present || m_present->inputs != inputs) {
+        // The cards may have it already.
+        const Situation* const known = follower.situation();
+        m_present = std::make_unique<Situation>(known && known->inputs == inputs ? *known
+                                                                                 : evaluate(m_limits, inputs));
+    }
     return *m_present;
 }
 
