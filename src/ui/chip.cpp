@@ -77,13 +77,17 @@ void paintChip(QPainter& painter, const QRect& room, Qt::Alignment alignment,
                const catalogue::Meaning& meaning, const QPalette& palette, bool quiet)
 {
     const QFontMetrics metrics(painter.font(), painter.device());
-    const QSize size = chipSize(metrics, meaning).boundedTo(room.size());
+    const QSize whole = chipSize(metrics, meaning);
+    const QSize size = whole.boundedTo(room.size());
     if (size.width() <= 2 * kBesideText)
         return;
-    const QString sign = signOf(meaning);
-    const int wordWidth = size.width() - 2 * kBesideText - metrics.horizontalAdvance(sign);
-    paintField(painter, QStyle::alignedRect(Qt::LeftToRight, alignment, size, room),
-               metrics.elidedText(wordOf(meaning), Qt::ElideRight, wordWidth) + sign, meaning.severity,
+    QString text = chipText(meaning);
+    if (size.width() < whole.width()) {
+        const QString sign = signOf(meaning);
+        const int wordWidth = size.width() - 2 * kBesideText - metrics.horizontalAdvance(sign);
+        text = metrics.elidedText(wordOf(meaning), Qt::ElideRight, wordWidth) + sign;
+    }
+    paintField(painter, QStyle::alignedRect(Qt::LeftToRight, alignment, size, room), text, meaning.severity,
                palette, quiet);
 }
 

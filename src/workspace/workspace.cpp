@@ -20,8 +20,8 @@ const Situation& Workspace::present()
     if (!m_present || m_present->inputs != inputs) {
         // The cards may have it already.
         const Situation* const known = follower.situation();
-        m_present = std::make_unique<Situation>(known && known->inputs == inputs ? *known
-                                                                                 : evaluate(m_limits, inputs));
+        m_present = std::make_unique<Situation>(
+            known && known->inputs == inputs ? *known : evaluate(m_limits, inputs));
     }
     return *m_present;
 }
