@@ -495,7 +495,7 @@ void CardsView::paintEvent(QPaintEvent* event)
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(kPad, kPad, -kPad, -kPad),
                      Qt::AlignCenter | Qt::TextWordWrap,
-                     QStringLiteral("This set is empty.\nCtrl+D adds an index of the list or the results."));
+                     QStringLiteral("This set is empty.\nCtrl+B adds an index of the list or the results."));
 }
 
 } // namespace comfortics::ui

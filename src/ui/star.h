@@ -13,8 +13,8 @@ class QWidget;
 
 namespace comfortics::ui {
 
-/// The key that stars the index of a row, wherever indices stand.
-inline constexpr const char* kStarKey = "Ctrl+D";
+/// The key that stars the index of a row, wherever indices stand; a bookmark of a kind.
+inline constexpr const char* kStarKey = "Ctrl+B";
 
 /// Stars the index of an id, or takes its star away; nothing for an empty id.
 void turnStar(workspace::Workspace& workspace, const std::string& id);

@@ -135,7 +135,7 @@ TEST(Cards, AreReachedAndUsedByTheKeyboardAlone)
     QTest::keyClick(&program.cards, Qt::Key_Return);
     EXPECT_EQ(program.workspace.lookedAt(), "wbgt_outdoor");
     QTest::keyClick(&program.cards, Qt::Key_End);
-    QTest::keyClick(&program.cards, Qt::Key_D, Qt::ControlModifier);
+    QTest::keyClick(&program.cards, Qt::Key_B, Qt::ControlModifier);
     const std::string last = program.workspace.sets.shown().ids.back();
     EXPECT_TRUE(program.workspace.sets.isStarred(last));
     QTest::keyClick(&program.cards, Qt::Key_C, Qt::ControlModifier);
@@ -146,7 +146,7 @@ TEST(Cards, AreReachedAndUsedByTheKeyboardAlone)
     auto& list = find<IndexList>(program.window, "List_Indices");
     list.setFocus();
     list.setCurrentIndex(list.model()->index(194, 0));
-    QTest::keyClick(&list, Qt::Key_D, Qt::ControlModifier);
+    QTest::keyClick(&list, Qt::Key_B, Qt::ControlModifier);
     program.choose("My indices");
     ASSERT_EQ(program.cards.model()->rowCount(), 2);
     program.cards.setFocus();
@@ -154,7 +154,7 @@ TEST(Cards, AreReachedAndUsedByTheKeyboardAlone)
     QTest::keyClick(&program.cards, Qt::Key_Up, Qt::AltModifier);
     EXPECT_EQ(program.workspace.sets.shown().ids.front(), "utci");
     EXPECT_EQ(program.cards.currentIndex().row(), 0) << "goes with its card";
-    QTest::keyClick(&program.cards, Qt::Key_D, Qt::ControlModifier);
+    QTest::keyClick(&program.cards, Qt::Key_B, Qt::ControlModifier);
     EXPECT_EQ(program.cards.model()->rowCount(), 1);
     EXPECT_EQ(tests::nameless(program.window), "");
 }
@@ -169,7 +169,7 @@ TEST(Cards, StarsComeFromTheResultsToo)
     results.show();
     QApplication::setActiveWindow(&window);
     results.Flex.select(90, 0, 90, 0);
-    QTest::keyClick(&find<QWidget>(window, "Flex"), Qt::Key_D, Qt::ControlModifier);
+    QTest::keyClick(&find<QWidget>(window, "Flex"), Qt::Key_B, Qt::ControlModifier);
     EXPECT_TRUE(program.workspace.sets.isStarred("humidex_masterson"));
     // The chip's column has the words, and a click there selects the value.
     const QAbstractItemModel& model = *find<GridView>(window, "Flex").model();
