@@ -3,6 +3,8 @@
 
 #include "catalogue/references.h"
 #include "comfortics/version.h"
+#include "workspace/live_text.h"
+#include "workspace/scale_strip.h"
 #include "workspace/severity_colors.h"
 
 #include <algorithm>
@@ -18,7 +20,8 @@ constexpr std::size_t kMostCharted = 8; // what a page has room for
 constexpr int kRowHeight = 46;
 constexpr int kBarTop = 18;
 constexpr int kBarHeight = 12;
-constexpr int kMarkHeight = 8;
+constexpr double kMarkWidth = 5;
+constexpr double kLabelWidth = 30; // of a bound
 
 constexpr const char* kStyle =
     "body{font-family:sans-serif;font-size:10pt;color:#111;background:#fff;max-width:510pt;margin:20pt auto}"
@@ -107,7 +110,8 @@ std::string readingRows(const Situation& situation)
             if (static_cast<std::size_t>(classic::kReadingInfo[reading].live) == i)
                 typed = situation.inputs.readings[reading];
         rows += row({escaped(info.name) + " (" + escaped(info.symbol) + ")", escaped(typed),
-                     escaped(situation.live[i].text), escaped(info.unit)});
+                     escaped(liveInShort(static_cast<formulas::Live>(i), situation.live[i].text)),
+                     escaped(info.unit)});
     }
     return rows;
 }
@@ -167,16 +171,6 @@ std::vector<int> charted(const Situation& situation, const std::vector<int>& ind
     return result;
 }
 
-// Where a value stands along classes of one width each, 0 to 1. In a class without an end on one side it
-// stands in the middle.
-double placeOf(const catalogue::Scale& scale, const catalogue::Category& category, double value)
-{
-    const auto place = static_cast<double>(&category - scale.categories.data());
-    const bool open = !std::isfinite(category.lower) || !std::isfinite(category.upper);
-    const double share = open ? 0.5 : (value - category.lower) / (category.upper - category.lower);
-    return (place + share) / static_cast<double>(scale.categories.size());
-}
-
 std::string number(double value)
 {
     std::array<char, 32> text{};
@@ -196,24 +190,33 @@ std::string bar(const Situation& situation, int index, int top)
                            std::string(nameOf(index)) + ": " + figure.text + " " +
                                std::string(unitOf(index)) + ", " + catalogue::inWords(*figure.meaning),
                            11);
-    const double width = static_cast<double>(kReportWidth) / static_cast<double>(scale.categories.size());
     // The scales of the dissatisfied are magnitudes: they take the side of their vote.
     const bool flipped = figure.meaning->severity != figure.meaning->category->severity;
-    for (std::size_t i = 0; i < scale.categories.size(); ++i) {
-        const catalogue::Category& category = scale.categories[i];
-        const FieldColors colors =
-            severityColors(flipped ? -category.severity : category.severity, Ground::Light);
-        const double left = width * static_cast<double>(i);
+    const std::optional<ScaleStrip> strip = classStrip(index, figure.number.value(), flipped ? -1 : 1);
+    if (!strip)
+        return svg;
+    double labelled = -kLabelWidth;
+    for (std::size_t i = 0; i < strip->bands.size(); ++i) {
+        const ScaleStrip::Band& band = strip->bands[i];
+        const FieldColors colors = severityColors(band.severity.value_or(0), Ground::Light);
+        const double left = kReportWidth * band.from;
         svg += "<rect x=\"" + number(left) + "\" y=\"" + std::to_string(top + kBarTop) + "\" width=\"" +
-               number(width) + "\" height=\"" + std::to_string(kBarHeight) + "\" fill=\"" +
-               hex(colors.field) + "\" stroke=\"#777777\" stroke-width=\"0.5\"/>";
-        if (i > 0)
-            svg += text(left, top + kBarTop + kBarHeight + 11, "middle", shortNumber(category.lower), 9);
+               number(kReportWidth * (band.to - band.from)) + "\" height=\"" + std::to_string(kBarHeight) +
+               "\" fill=\"" + hex(colors.field) + "\" stroke=\"#777777\" stroke-width=\"0.5\"/>";
+        if (i == 0 || left - labelled < kLabelWidth)
+            continue;
+        labelled = left;
+        svg +=
+            text(left, top + kBarTop + kBarHeight + 11, "middle", shortNumber(scale.categories[i].lower), 9);
     }
-    const double x = kReportWidth * placeOf(scale, *figure.meaning->category, *figure.number);
-    const int tip = top + kBarTop + kBarHeight / 2;
-    return svg + "<path d=\"M" + number(x) + " " + std::to_string(tip) + " l-5 -" +
-           std::to_string(kMarkHeight) + " h10 z\" fill=\"#111111\" stroke=\"#FFFFFF\"/>";
+    const double x = std::clamp(kReportWidth * strip->mark, kMarkWidth, kReportWidth - kMarkWidth);
+    const int middle = top + kBarTop + kBarHeight / 2;
+    // A value off the scale is pointed to.
+    const char* shape = strip->beyond == ScaleStrip::Beyond::No     ? " l-5 -8 h10 z"
+                        : strip->beyond == ScaleStrip::Beyond::Left ? " m-5 0 l8 -5 v10 z"
+                                                                    : " m5 0 l-8 -5 v10 z";
+    return svg + "<path d=\"M" + number(x) + " " + std::to_string(middle) + shape +
+           "\" fill=\"#111111\" stroke=\"#FFFFFF\"/>";
 }
 
 std::string chartOf(const Situation& situation, const std::vector<int>& indices)
@@ -250,9 +253,10 @@ std::string page(const Situation& situation, const ReportRequest& request, const
             row({"No", "Thermal index", "Value", "Unit", "Class"}, "th") + figureRows(situation, indices) +
             "</table>\n";
     if (!chart.empty())
-        html += "<h2>Where the values stand</h2>\n" + chart +
-                "\n<p><small>All classes of a scale are drawn at one width; the numbers are their bounds. A "
-                "class at an end has no outer bound: the mark stands in its middle.</small></p>\n";
+        html +=
+            "<h2>Where the values stand</h2>\n" + chart +
+            "\n<p><small>The numbers are the bounds of the classes. The outermost classes go on; a mark that "
+            "points outwards lies farther out.</small></p>\n";
     return html + sources(situation, indices) +
            "<p><small>Severity from -4 (extreme cold) to +4 (extreme heat) is a judgement made for all "
            "indices "

@@ -25,7 +25,7 @@ ReportDesk::ReportDesk(Workspace& workspace, SessionDesk& session, controls::Fil
 std::vector<std::string> ReportDesk::ids() const
 {
     if (choice == Choice::Cards)
-        return cards ? cards() : std::vector<std::string>();
+        return m_workspace.sets.shown().ids;
     std::vector<std::string> ids;
     const classic::Selection ticked = m_workspace.form().settings().selection;
     for (int index = 1; index <= catalogue::kLastIndex; ++index)

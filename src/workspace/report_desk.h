@@ -6,7 +6,6 @@
 #include "workspace/session_desk.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,9 +34,6 @@ public:
                controls::Messages& messages, PageMaker& maker);
     ReportDesk(const ReportDesk&) = delete;
     ReportDesk& operator=(const ReportDesk&) = delete;
-
-    /// The ids that the cards show.
-    std::function<std::vector<std::string>()> cards;
 
     Choice choice = Choice::Cards;
     /// Date and time on the page; the clock's where it is empty.

@@ -30,7 +30,7 @@ struct Reporting : Program {
     Reporting()
     {
         write("33", "712", "48", "1.2");
-        report.cards = [] { return std::vector<std::string>{"wbgt_outdoor", "utci", "humidex_masterson"}; };
+        shell.workspace().sets.create("Three", {"wbgt_outdoor", "utci", "humidex_masterson"});
     }
 };
 
