@@ -41,6 +41,7 @@ constexpr int kWidthInCharacters = 80;
 constexpr int kHeightInLines = 16;
 constexpr int kNameCharacters = 25; // of a quantity, in view; the tooltip has all of it
 constexpr int kCellCharacters = 18;
+constexpr int kChoiceCharacters = 8; // a narrow panel cuts the choice, not its buttons
 constexpr int kMeaningRole = Qt::UserRole;
 
 int nameWidth()
@@ -244,6 +245,8 @@ QWidget* ComparisonPanel::buildRow()
                QStringLiteral("The indices that stand below readings and live quantities"));
     for (const Choice& choice : m_choices)
         m_choice->addItem(choice.name);
+    m_choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_choice->setMinimumContentsLength(kChoiceCharacters);
     if (const auto kept = m_comparison.workspace().preferences().read(kChoiceKey))
         m_choice->setCurrentIndex(std::max(m_choice->findText(toQt(*kept)), 0));
     connect(m_choice, qOverload<int>(&QComboBox::activated), this, [this] {

@@ -189,9 +189,14 @@ QString CourseChart::valueAxisTitle(double room) const
     const QFontMetricsF metrics(font());
     const catalogue::CatalogueRow& row = catalogue::row(m_course->request.index);
     const QString unit = row.unit == "[-]" ? QString() : QStringLiteral(" [%1]").arg(toQt(row.unit));
-    return metrics.elidedText(toQt(row.name).trimmed(), Qt::ElideRight,
-                              room - metrics.horizontalAdvance(unit)) +
-           unit;
+    QString name = toQt(row.name).trimmed();
+    const auto abbreviations = catalogue::note(row.number).abbreviations;
+    if (!abbreviations.empty())
+        name = toQt(*std::min_element(abbreviations.begin(), abbreviations.end(),
+                                      [](auto a, auto b) { return a.size() < b.size(); }));
+    else if (const QString source = QStringLiteral("(%1)").arg(toQt(row.source())); name.endsWith(source))
+        name = name.chopped(source.size()).trimmed();
+    return metrics.elidedText(name, Qt::ElideRight, room - metrics.horizontalAdvance(unit)) + unit;
 }
 
 QString CourseChart::readingAxisTitle() const

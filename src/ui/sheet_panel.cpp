@@ -33,6 +33,7 @@ namespace {
 
 constexpr int kWidthInCharacters = 62;
 constexpr int kHeightInLines = 34;
+constexpr int kAxisCharacters = 10; // at least
 constexpr int kReadingLines = 2;
 constexpr int kHeldLines = 4;
 constexpr const char* kAxisKey = "sheet/axis";
@@ -225,6 +226,8 @@ QWidget* SheetPanel::buildBottom()
                QStringLiteral("The reading that moves along the chart; the others are held"));
     for (std::size_t i = 0; i < workspace::kCourseAxisCount; ++i)
         m_axis->addItem({});
+    m_axis->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_axis->setMinimumContentsLength(kAxisCharacters);
     const auto kept = m_workspace.preferences().read(kAxisKey);
     const QString place = toQt(kept.value_or("0"));
     m_axis->setCurrentIndex(qBound(0, place.toInt(), m_axis->count() - 1));

@@ -124,7 +124,7 @@ std::string Comparison::json() const
     return root.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
 }
 
-std::string Comparison::fault(std::string_view json) const
+std::string Comparison::fault(std::string_view json)
 {
     try {
         readPins(json);

@@ -54,7 +54,7 @@ public:
     /// The pins as JSON; empty where there are none.
     std::string json() const;
     /// A clause on what is damaged in such a text, empty where nothing is.
-    std::string fault(std::string_view json) const;
+    static std::string fault(std::string_view json);
     /// Takes the pins of a text without a fault in place of those that are there.
     void restore(std::string_view json);
 
