@@ -161,6 +161,27 @@ TEST(Comparison, ComesBackFromItsTextWithFiguresCalculatedAnew)
     EXPECT_EQ(later.comparison.json(), "");
 }
 
+TEST(Comparison, IsKeptInASessionsFile)
+{
+    Program program;
+    program.type("30.5", "0", "49.5", "1.25");
+    program.pin();
+    Session session;
+    static_cast<SessionPart&>(program.comparison).save(session);
+    const SessionRead read = readSession(sessionText(session));
+    ASSERT_TRUE(read.session) << read.fault;
+
+    Program later;
+    SessionPart& part = later.comparison;
+    ASSERT_EQ(part.fault(*read.session), "");
+    part.open(*read.session);
+    EXPECT_EQ(later.comparison.json(), program.comparison.json());
+
+    Session damaged = *read.session;
+    damaged.pinned = R"([{"name": "a", "options": 1}])";
+    EXPECT_NE(part.fault(damaged), "");
+}
+
 TEST(Comparison, RefusesWhatIsDamaged)
 {
     Program program;
