@@ -201,7 +201,15 @@ ComparisonPanel::ComparisonPanel(Comparison& comparison, controls::Clipboard& cl
     : QWidget(parent), m_comparison(comparison), m_clipboard(clipboard), m_files(files), m_messages(messages),
       m_choices(std::move(choices))
 {
-    classic::Frm_Main& form = m_comparison.workspace().form();
+    workspace::Workspace& workspace = m_comparison.workspace();
+    m_choices.push_back({QStringLiteral("Of the cards"), [&workspace] {
+                             std::vector<int> shown;
+                             for (const std::string& id : workspace.sets.shown().ids)
+                                 if (const int index = catalogue::indexOfId(id); index != 0)
+                                     shown.push_back(index);
+                             return shown;
+                         }});
+    classic::Frm_Main& form = workspace.form();
     m_choices.push_back({QStringLiteral("Ticked in the list"), [&form] {
                              std::vector<int> ticked;
                              const classic::Selection selection = form.settings().selection;
@@ -220,10 +228,16 @@ ComparisonPanel::ComparisonPanel(Comparison& comparison, controls::Clipboard& cl
     layout->setContentsMargins(kSmallGap, kSmallGap, kSmallGap, kSmallGap);
     layout->addWidget(row);
     layout->addWidget(m_table, 1);
-    layout->addWidget(m_note);
+    // Three short rows: beside cards and readings the panel is narrow.
+    auto* const below = new QHBoxLayout;
+    below->addWidget(m_note, 1);
+    below->addWidget(m_copy);
+    below->addWidget(m_export);
+    layout->addLayout(below);
 
     listen(*this, m_comparison.changed, [this] { notice(); });
-    listen(*this, m_comparison.workspace().changed, [this] { notice(); });
+    listen(*this, workspace.changed, [this] { notice(); });
+    listen(*this, workspace.sets.changed, [this] { notice(); });
     refresh();
 }
 
@@ -286,8 +300,6 @@ QWidget* ComparisonPanel::buildRow()
     auto* const top = new QHBoxLayout;
     top->addWidget(pinNow);
     top->addWidget(m_choice, 1);
-    top->addWidget(m_copy);
-    top->addWidget(m_export);
     auto* const bottom = new QHBoxLayout;
     bottom->addWidget(m_name, 1);
     bottom->addWidget(m_earlier);

@@ -52,8 +52,8 @@ public:
         std::function<std::vector<int>()> indices;
     };
 
-    /// All must outlive the panel. The first choice is that of the start; the indices that are ticked in the
-    /// list are always one.
+    /// All must outlive the panel. The first choice is that of the start; the indices of the cards and those
+    /// that are ticked in the list come last.
     ComparisonPanel(workspace::Comparison& comparison, controls::Clipboard& clipboard,
                     controls::FileDialogs& files, controls::Messages& messages,
                     std::vector<Choice> choices = {}, QWidget* parent = nullptr);
