@@ -76,7 +76,7 @@ Application::Application(const std::filesystem::path& programFolder)
       m_report(m_shell.workspace(), m_shell.session(), m_files, m_messages, m_pdf),
       m_main(m_shell.workspace(), toQt(m_shell.limitsWarning()))
 {
-    m_preferences.onFailure = [this](const std::string& sentence) { m_shell.main().tell(sentence); };
+    m_preferences.onFailure = [this](const std::string& sentence) { m_main.warn(toQt(sentence)); };
     addPanels();
     m_main.placeOnScreen();
     pair<shell::Frm_Splash_Screen, SplashWindow>(

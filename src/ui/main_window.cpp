@@ -14,12 +14,15 @@
 #include "ui/results_window.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
+#include "ui/window_memory.h"
 #include "ui/zoom.h"
+#include "workspace/kept_bytes.h"
 #include "workspace/zoom_steps.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
@@ -41,6 +44,12 @@ constexpr double kScreenShare = 0.92;
 constexpr double kContentShare = 0.75;
 constexpr int kReadingsInCharacters = 68; // at most, so that on a wide screen units stay beside their boxes
 const QString kIndices = QStringLiteral("indices");
+const QString kResults = QStringLiteral("results");
+constexpr const char* kPlaceKey = "window/place";
+constexpr const char* kPanelsKey = "window/panels";
+constexpr const char* kResultsKey = "results/window";
+constexpr const char* kResultsPlaceKey = "results/place";
+constexpr const char* kDocked = "docked";
 
 } // namespace
 
@@ -111,6 +120,10 @@ void MainWindow::buildPanels()
 {
     m_indices = new IndexPanel(m_workspace);
     m_panels->add(kIndices, QStringLiteral("Indices"), m_indices, PanelPlace::Right, true);
+    m_resultsPanel = &m_panels->add(kResults, QStringLiteral("Results"), nullptr, PanelPlace::Right);
+    m_resultsPanel->installEventFilter(this);
+    // It is there with the results, not at will.
+    m_view->removeAction(m_resultsPanel->toggleViewAction());
 }
 
 QDockWidget& MainWindow::addPanel(const QString& name, const QString& title, QWidget* content,
@@ -202,6 +215,11 @@ void MainWindow::buildView()
     QAction* const panelsEnd = m_view->addSeparator();
     m_panels = new Panels(*this, *m_view, panelsEnd);
 
+    m_dockResults = m_view->addAction(QStringLiteral("Results &Beside the Readings"));
+    m_dockResults->setCheckable(true);
+    connect(m_dockResults, &QAction::toggled, this, &MainWindow::dockResults);
+    m_view->addAction(QStringLiteral("Reset &Layout"), this, &MainWindow::resetLayout);
+    m_view->addSeparator();
     m_zoom = new Zoom(this);
     const auto zoom = [this](const QString& text, const QList<QKeySequence>& keys, auto size) {
         QAction& action = addKeys(text, keys, [this, size] { m_zoom->setPercent(size(m_zoom->percent())); });
@@ -222,8 +240,15 @@ void MainWindow::buildView()
 
 void MainWindow::takeResults(output::Frm_Comfortics* form, ResultsWindow* window)
 {
+    if (form == nullptr)
+        m_resultsPanel->hide();
     m_resultsForm = form;
     m_results = window;
+    if (window != nullptr) {
+        window->installEventFilter(this);
+        restorePlace(*window, m_workspace.preferences(), kResultsPlaceKey);
+        dockResults(m_dockResults->isChecked());
+    }
     for (QAction* const action : m_resultsActions)
         action->setEnabled(form != nullptr);
 }
@@ -263,11 +288,15 @@ void MainWindow::buildStatus(const QString& warning)
     statusBar()->setContentsMargins(kSmallGap, 0, 0, 0);
     m_status = new CutLabel;
     statusBar()->addWidget(m_status, 1);
-    if (!warning.isEmpty()) {
-        auto* const label = new CutLabel;
-        label->showText(warning);
-        statusBar()->addPermanentWidget(label, 1);
-    }
+    if (!warning.isEmpty())
+        warn(warning);
+}
+
+void MainWindow::warn(const QString& sentence)
+{
+    auto* const label = new CutLabel;
+    label->showText(sentence);
+    statusBar()->addPermanentWidget(label, 1);
 }
 
 // What is told of earlier readings stands in quieter text.
@@ -310,6 +339,73 @@ void MainWindow::focusOptions()
 
 void MainWindow::placeOnScreen()
 {
+    placeAsNew();
+    const workspace::Preferences& preferences = m_workspace.preferences();
+    restorePlace(*this, preferences, kPlaceKey);
+    if (const auto kept = workspace::keptBytes(preferences, kPanelsKey))
+        m_panels->restore(QByteArray::fromStdString(*kept));
+    m_dockResults->setChecked(preferences.read(kResultsKey) == kDocked);
+    m_resultsPanel->hide(); // until there are results
+}
+
+void MainWindow::keepLayout()
+{
+    workspace::Preferences& preferences = m_workspace.preferences();
+    keepPlace(*this, preferences, kPlaceKey);
+    workspace::keepBytes(preferences, kPanelsKey, m_panels->state().toStdString());
+    if (m_results && m_results->isWindow())
+        keepPlace(*m_results, preferences, kResultsPlaceKey);
+}
+
+void MainWindow::resetLayout()
+{
+    m_dockResults->setChecked(false);
+    m_panels->reset();
+    showNormal();
+    placeAsNew();
+    if (m_results)
+        m_results->placeBeside(*this);
+}
+
+// Its own window as well as a panel beside the readings.
+void MainWindow::dockResults(bool docked)
+{
+    if (docked)
+        m_workspace.preferences().write(kResultsKey, kDocked);
+    else
+        m_workspace.preferences().remove(kResultsKey);
+    if (!m_results)
+        return;
+    const bool visible = m_results->isVisible();
+    if (docked && m_results->isWindow()) {
+        keepPlace(*m_results, m_workspace.preferences(), kResultsPlaceKey);
+        m_results->setPart(true);
+        m_resultsPanel->setWidget(m_results);
+        m_results->setVisible(visible);
+        m_resultsPanel->setVisible(visible);
+        m_resultsPanel->raise();
+    } else if (!docked && !m_results->isWindow()) {
+        m_results->setPart(false);
+        m_results->setParent(nullptr, Qt::Window);
+        m_resultsPanel->hide();
+        m_results->placeBeside(*this);
+        restorePlace(*m_results, m_workspace.preferences(), kResultsPlaceKey);
+        m_results->setVisible(visible);
+    }
+}
+
+// Closing the panel closes what it shows.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_resultsPanel && event->type() == QEvent::Close && m_results)
+        m_results->close();
+    if (watched == m_results && event->type() == QEvent::Hide && m_results->isWindow())
+        keepPlace(*m_results, m_workspace.preferences(), kResultsPlaceKey);
+    return FormWindow::eventFilter(watched, event);
+}
+
+void MainWindow::placeAsNew()
+{
     const QRect usable = screen()->availableGeometry();
     // As wide as it likes, but with room for the converter; the index list gives way. A screen too narrow
     // for both is the window's alone.
@@ -323,6 +419,8 @@ void MainWindow::placeOnScreen()
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (m_form.visible())
+        keepLayout(); // Yes hides all windows at once
     if (m_form.visible() && m_form.Form_QueryUnload())
         event->ignore();
     else

@@ -37,7 +37,8 @@ public:
     explicit MainWindow(workspace::Workspace& workspace, const QString& warning = {});
     ~MainWindow() override;
 
-    /// Sizes and places the window for this screen, with room for the converter at its side.
+    /// Sizes and places the window and its panels as they stood last; for this screen, with room for the
+    /// converter at its side, where nothing is kept.
     void placeOnScreen();
 
     /// Adds a panel beside the readings, which can be closed, moved, put behind a tab and floated; it waits
@@ -47,6 +48,9 @@ public:
 
     /// Opens a panel and brings it to the front.
     void showPanel(const QString& name);
+
+    /// A sentence that stays in the status bar.
+    void warn(const QString& sentence);
 
     /// The results and their window, which are there from now on; null when they go.
     void takeResults(output::Frm_Comfortics* form, ResultsWindow* window);
@@ -64,6 +68,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* buildContent();
@@ -73,6 +78,10 @@ private:
     void buildFileAndEdit();
     void buildView();
     void buildStatus(const QString& warning);
+    void placeAsNew();
+    void keepLayout();
+    void resetLayout();
+    void dockResults(bool docked);
     void setTabOrders();
     void turnOptions();
     void focusOptions();
@@ -86,6 +95,8 @@ private:
     CardsPanel* m_cards = nullptr;
     IndexPanel* m_indices = nullptr;
     Panels* m_panels = nullptr;
+    QDockWidget* m_resultsPanel = nullptr;
+    QAction* m_dockResults = nullptr;
     Zoom* m_zoom = nullptr;
     QMenu* m_file = nullptr;
     QMenu* m_edit = nullptr;

@@ -29,6 +29,9 @@ public:
     ~ResultsWindow() override;
     Q_DISABLE_COPY_MOVE(ResultsWindow)
 
+    /// Stands beside the main window, whose readings stay in sight.
+    void placeBeside(const QWidget& main);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,7 +41,6 @@ private:
     QWidget* buildContent();
     GridView* buildTable(controls::Grid& grid, const QString& objectName);
     void buildKeys();
-    void placeBeside(const QWidget& main);
     void showReason();
     std::string idOf(std::size_t row) const;
     void buildFind();
