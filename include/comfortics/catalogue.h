@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #pragma GCC visibility push(default)
 namespace comfortics {
@@ -140,6 +141,12 @@ const Index& index(int number);
 
 /// The index of an id, null where there is none.
 const Index* findIndex(std::string_view id) noexcept;
+
+/// The indices that hold all words of a text in their name, number, abbreviation (WBGT, UTCI, PMV), authors,
+/// year, id, family or unit, the best first; where none does, those whose description holds them. The order
+/// of the words, case, accents and punctuation make no difference. Without a word, all. Any number of threads
+/// may search at once.
+std::vector<const Index*> searchIndices(std::string_view words);
 
 /// The class of a value; null for NaN and where no scale is published.
 ///

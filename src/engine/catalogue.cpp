@@ -3,6 +3,7 @@
 
 #include "catalogue/catalogue.h"
 #include "catalogue/categories.h"
+#include "catalogue/finder.h"
 #include "catalogue/references.h"
 #include "catalogue/validity.h"
 #include "engine/recipe.h"
@@ -185,6 +186,14 @@ const Index* findIndex(std::string_view id) noexcept
 {
     const int number = catalogue::indexOfId(id);
     return number == 0 ? nullptr : &indices()[static_cast<std::size_t>(number - 1)];
+}
+
+std::vector<const Index*> searchIndices(std::string_view words)
+{
+    std::vector<const Index*> found;
+    for (const std::size_t place : catalogue::indexFinder().find(words))
+        found.push_back(&indices()[place]);
+    return found;
 }
 
 } // namespace comfortics

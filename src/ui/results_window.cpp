@@ -132,6 +132,7 @@ ResultsWindow::~ResultsWindow()
 void ResultsWindow::buildMenu()
 {
     m_menu = new QMenu(toQt(m_form.Menu_Copy.caption()), this);
+    m_menu->setObjectName(QStringLiteral("Menu_Copy"));
     addEntry(*m_menu, m_form.Menu_Copy_Copy, 'A', {}, *this);
     // In the search box the same keys copy the text there.
     addEntry(*m_menu, m_form.Menu_Copy_Selection, 'S', QKeySequence::Copy, *this);
@@ -143,13 +144,16 @@ void ResultsWindow::buildMenu()
     sheet->setShortcut(Qt::CTRL | Qt::Key_I);
     addAction(sheet); // the key works while the menu is closed
     connect(sheet, &QAction::triggered, this, [this] { openSheet(); });
-    QAction* const star = m_menu->addAction(QString(), this, [this] { turnStar(m_workspace, m_starId); });
+    QAction* const star = m_menu->addAction(QString(), this, [this] { turnStar(m_workspace, m_menuId); });
     connect(m_menu, &QMenu::aboutToShow, this, [this, star] {
-        m_starId = idOf(m_menuRow > 0 ? m_menuRow : m_form.visibleGrid().row());
+        m_menuId = idOf(m_menuRow > 0 ? m_menuRow : m_form.visibleGrid().row());
         m_menuRow = 0;
-        star->setText(starWords(m_workspace, m_starId));
-        star->setEnabled(!m_starId.empty());
+        star->setText(starWords(m_workspace, m_menuId));
+        star->setEnabled(!m_menuId.empty());
     });
+    // What is chosen comes after the menu has closed.
+    connect(
+        m_menu, &QMenu::aboutToHide, this, [this] { m_menuId.clear(); }, Qt::QueuedConnection);
     listen(*this, m_form.popUpMenu_Copy, [this] {
         m_menuRow = m_form.visibleGrid().mouseRow();
         m_menu->popup(QCursor::pos());
@@ -336,9 +340,9 @@ void ResultsWindow::step(bool forward)
 
 void ResultsWindow::openSheet()
 {
-    const controls::Grid& grid = m_form.visibleGrid();
-    if (const int index = output::Frm_Comfortics::indexOf(grid, grid.row()); index > 0)
-        m_workspace.lookAt(catalogue::reference(index).id);
+    const std::string id = m_menuId.empty() ? idOf(m_form.visibleGrid().row()) : m_menuId;
+    if (!id.empty())
+        m_workspace.lookAt(id);
 }
 
 // The keys of the table are the grid's; it has no use for Enter.

@@ -63,7 +63,7 @@ private:
     QLineEdit* m_search = nullptr;
     CutLabel* m_reason = nullptr;
     std::size_t m_menuRow = 0; // that the menu was asked for on; 0: the current one
-    std::string m_starId;      // of the index whose star the menu turns
+    std::string m_menuId;      // of the index that the open menu is for; empty while it is closed
 };
 
 } // namespace comfortics::ui

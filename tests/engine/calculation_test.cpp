@@ -279,6 +279,7 @@ TEST(Calculate, RefusesMisuseInOneSentence)
     EXPECT_THROW(index(223), std::out_of_range);
     EXPECT_THROW(refusal(Index(), {.airTemperature = 30}), std::out_of_range);
     EXPECT_EQ(nullptr, findIndex("no_such_index"));
+    EXPECT_EQ(std::vector{&index(200)}, searchIndices("outdoor WBGT"));
 }
 
 // Whoever has traps set would otherwise end at the first missing reading.

@@ -166,6 +166,17 @@ TEST(FindInTheResults, MarksAndHidesInTheViewAlone)
     QTest::keyClick(&table, Qt::Key_Return);
     EXPECT_EQ(looked, "utci");
 
+    // The mouse asks for the row under it, which the keyboard need not stand on.
+    QTest::mouseClick(table.viewport(), Qt::RightButton, {},
+                      table.visualRect(table.model()->index(193, 0)).center());
+    auto& menu = find<QMenu>(*opened.window, "Menu_Copy");
+    for (QAction* const action : menu.actions())
+        if (action->text() == QStringLiteral("&Index Sheet"))
+            action->trigger();
+    menu.close();
+    EXPECT_EQ(looked, "tropical_summer_index_sharma");
+    EXPECT_EQ(form.Flex.row(), 195U);
+
     QTest::keyClick(&line, Qt::Key_Escape);
     choose(*opened.window, "With a value");
     int shown = 0;
