@@ -19,6 +19,8 @@ namespace {
 constexpr int kSharpness = 3; // pixels of the picture for one unit of the chart
 constexpr int kResolution = 300;
 constexpr double kMarginMm = 15;
+constexpr int kMostShrunk = 140; // percent of the paper that a page of the document may have
+constexpr int kShrinkStep = 5;
 constexpr double kPointsPerInch = 72;
 
 QImage picture(const std::string& svg)
@@ -49,7 +51,15 @@ void print(QTextDocument& document, QPagedPaintDevice& device)
     // Without a size of its own the document gets further margins and a number on each page.
     const double pixelsPerPoint = QGuiApplication::primaryScreen()->logicalDotsPerInchX() / kPointsPerInch;
     document.setDocumentMargin(0);
-    document.setPageSize(device.pageLayout().paintRect(QPageLayout::Point).size() * pixelsPerPoint);
+    const QSizeF paper = device.pageLayout().paintRect(QPageLayout::Point).size() * pixelsPerPoint;
+    // A report that is a little long for a page is printed smaller; a long one takes several.
+    for (int percent = 100; percent <= kMostShrunk; percent += kShrinkStep) {
+        document.setPageSize(paper * percent / 100);
+        if (document.pageCount() == 1)
+            break;
+    }
+    if (document.pageCount() > 1)
+        document.setPageSize(paper);
     document.print(&device);
 }
 

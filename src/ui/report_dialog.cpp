@@ -13,8 +13,11 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTextBrowser>
 #include <QVBoxLayout>
+
+#include <chrono>
 
 namespace comfortics::ui {
 
@@ -24,6 +27,7 @@ namespace {
 
 constexpr QSize kSize(760, 700);
 constexpr int kNoteLines = 3;
+constexpr std::chrono::milliseconds kPause{200};
 
 } // namespace
 
@@ -71,11 +75,11 @@ ReportDialog::ReportDialog(ReportDesk& report, workspace::SessionDesk& session, 
 
     connect(heading, &QLineEdit::textChanged, this, [this, &session](const QString& text) {
         session.heading = fromQt(text);
-        showPage();
+        m_soon.start();
     });
     connect(notes, &QPlainTextEdit::textChanged, this, [this, &session, notes] {
         session.notes = fromQt(notes->toPlainText());
-        showPage();
+        m_soon.start();
     });
     connect(choice, &QComboBox::currentIndexChanged, this, [this](int index) {
         m_report.choice = static_cast<ReportDesk::Choice>(index);
@@ -85,6 +89,9 @@ ReportDialog::ReportDialog(ReportDesk& report, workspace::SessionDesk& session, 
     connect(html, &QPushButton::clicked, this, [this] { m_report.save(ReportDesk::Form::Html); });
     connect(print, &QPushButton::clicked, this, &ReportDialog::print);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    m_soon.setSingleShot(true);
+    m_soon.setInterval(kPause);
+    connect(&m_soon, &QTimer::timeout, this, &ReportDialog::showPage);
     resize(kSize);
     showPage();
 }
@@ -106,7 +113,10 @@ void ReportDialog::print()
 
 void ReportDialog::showPage()
 {
+    const int place = m_page->verticalScrollBar()->value();
     write(m_report.page(), *m_page->document());
+    m_page->moveCursor(QTextCursor::Start); // else its end comes into view
+    m_page->verticalScrollBar()->setValue(place);
 }
 
 } // namespace comfortics::ui

@@ -4,6 +4,7 @@
 #include "workspace/report_desk.h"
 
 #include <QDialog>
+#include <QTimer>
 
 class QTextBrowser;
 
@@ -22,6 +23,7 @@ private:
 
     workspace::ReportDesk& m_report;
     QTextBrowser* m_page;
+    QTimer m_soon; // typing does not wait for the page
 };
 
 } // namespace comfortics::ui

@@ -17,7 +17,7 @@ namespace comfortics::workspace {
 namespace {
 
 constexpr std::size_t kMostCharted = 8; // what a page has room for
-constexpr int kRowHeight = 46;
+constexpr int kRowHeight = 42;
 constexpr int kBarTop = 18;
 constexpr int kBarHeight = 12;
 constexpr double kMarkWidth = 5;
@@ -277,7 +277,11 @@ std::string reportHtml(const Situation& situation, const ReportRequest& request)
 ReportPage reportPage(const Situation& situation, const ReportRequest& request)
 {
     const std::string chart = chartOf(situation, chosen(request));
-    return {page(situation, request, chart.empty() ? chart : "<p><img src=\"chart.svg\"></p>"), chart};
+    return {page(situation, request,
+                 chart.empty()
+                     ? chart
+                     : "<p><img src=\"chart.svg\" width=\"" + std::to_string(kReportWidth) + "\"></p>"),
+            chart};
 }
 
 } // namespace comfortics::workspace

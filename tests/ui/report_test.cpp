@@ -50,6 +50,7 @@ TEST(Report, TheDialogShowsThePageThatIsSavedWhole)
     QTest::keyClicks(&find<QLineEdit>(dialog, "heading"), QStringLiteral("Yard"));
     QTest::keyClicks(&find<QPlainTextEdit>(dialog, "notes"), QStringLiteral("Shift 2"));
     const auto& page = find<QTextBrowser>(dialog, "page");
+    ASSERT_TRUE(QTest::qWaitFor([&page] { return page.toPlainText().contains(QStringLiteral("Shift 2")); }));
     for (const char* const text : {"Yard", "Shift 2", "Humidex", "By classic rules"})
         EXPECT_TRUE(page.toPlainText().contains(QLatin1String(text))) << text;
     EXPECT_FALSE(page.toPlainText().contains(QStringLiteral("Accepted Level")));
