@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -53,6 +54,25 @@ protected:
             const auto press = keyPress(*static_cast<QKeyEvent*>(event));
             if (press && press->key == controls::Key::Enter) {
                 button->click();
+                return true;
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+class UndoLeaver : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        // A line takes these keys from the window by accepting this event.
+        if (event->type() == QEvent::ShortcutOverride) {
+            const auto& keys = *static_cast<QKeyEvent*>(event);
+            if (keys.matches(QKeySequence::Undo) || keys.matches(QKeySequence::Redo)) {
+                event->ignore();
                 return true;
             }
         }
@@ -187,6 +207,20 @@ void bind(QCheckBox& box, controls::CheckBox& control)
     bindAppearance(box, control);
     follow(box, control.click, [&box, &control] { box.setChecked(control.checked()); });
     QObject::connect(&box, &QCheckBox::toggled, &box, [&control](bool on) { control.setChecked(on); });
+}
+
+void bind(QComboBox& list, controls::OptionGroup& group)
+{
+    for (const std::string& caption : group.captions())
+        list.addItem(toQt(caption));
+    QObject::connect(&list, &QComboBox::activated, &list,
+                     [&group](int item) { group.select(static_cast<std::size_t>(item)); });
+    follow(list, group.click, [&list, &group] { list.setCurrentIndex(static_cast<int>(group.selected())); });
+}
+
+void leaveUndoToWindow(QLineEdit& line)
+{
+    line.installEventFilter(new UndoLeaver(&line));
 }
 
 void bindChoices(const std::vector<QRadioButton*>& buttons, controls::OptionGroup& group)

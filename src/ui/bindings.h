@@ -15,6 +15,7 @@
 class QAbstractButton;
 class QAction;
 class QCheckBox;
+class QComboBox;
 class QKeySequence;
 class QLabel;
 class QLineEdit;
@@ -64,6 +65,10 @@ void bind(QAbstractButton& button, controls::Picture& control);
 /// Lets Enter press a button as a click does; those that are bound have it.
 void pressWithEnter(QAbstractButton& button);
 void bind(QCheckBox& box, controls::CheckBox& control);
+/// A list that drops down, with a group's options in their order.
+void bind(QComboBox& list, controls::OptionGroup& group);
+/// Leaves the keys of undo and redo in a line to its window, whose way back they are.
+void leaveUndoToWindow(QLineEdit& line);
 /// The buttons of a group of options, in its order.
 void bindChoices(const std::vector<QRadioButton*>& buttons, controls::OptionGroup& group);
 /// Shows, hides and greys the widget with the control, and nothing more.

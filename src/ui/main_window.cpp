@@ -32,13 +32,15 @@
 #include <QStatusBar>
 
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 namespace comfortics::ui {
 
 namespace {
 
-constexpr int kConverterWidth = 280; // what placing leaves free at the side
+constexpr std::chrono::seconds kPause{1}; // after which what is typed is another step
+constexpr int kConverterWidth = 280;      // what placing leaves free at the side
 constexpr int kLeastWidth = 1100;
 constexpr double kScreenShare = 0.92;
 constexpr double kContentShare = 0.75;
@@ -100,7 +102,7 @@ QWidget* MainWindow::buildContent()
     columns->setSpacing(kGap);
     // A page of its own in place of the readings: what cannot be seen cannot be reached.
     auto* const pages = new QStackedWidget;
-    m_readings = new ReadingsPanel(m_form);
+    m_readings = new ReadingsPanel(m_workspace);
     m_options = new OptionsPage(m_workspace);
     pages->addWidget(m_readings);
     pages->addWidget(m_options);
@@ -192,6 +194,22 @@ void MainWindow::buildFileAndEdit()
         menu.addAction(&action);
         m_resultsActions.push_back(&action);
     };
+    m_edit->addAction(
+        &addKeys(QStringLiteral("&Undo"), {QKeySequence::Undo}, [this] { m_workspace.history.undo(); }));
+    m_edit->addAction(&addKeys(QStringLiteral("&Redo"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)},
+                               [this] { m_workspace.history.redo(); }));
+    m_edit->addSeparator();
+    // When the boxes have had their say on what was typed.
+    m_noting.setSingleShot(true);
+    connect(&m_noting, &QTimer::timeout, this, [this] { m_workspace.history.note(); });
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(kPause);
+    connect(&m_pause, &QTimer::timeout, this, [this] { m_workspace.history.pause(); });
+    listen(*this, m_form.standing, [this] {
+        m_noting.start();
+        m_pause.start();
+    });
+
     ofResults(*m_file, QStringLiteral("&Export Results …"), QKeySequence(Qt::CTRL | Qt::Key_E),
               &output::Frm_Comfortics::Menu_Export);
     ofResults(*m_file, QStringLiteral("Pri&nt Results …"), QKeySequence::Print,
@@ -309,11 +327,9 @@ void MainWindow::showStanding()
 
 void MainWindow::setTabOrders()
 {
-    const std::vector<QWidget*> readings = m_readings->tabOrder();
-    const auto buttons = readings.begin() + classic::kReadingCount;
-    std::vector<QWidget*> order(readings.begin(), buttons);
+    std::vector<QWidget*> order = m_readings->fields();
     order.insert(order.end(), m_indices->tabOrder().begin(), m_indices->tabOrder().end());
-    order.insert(order.end(), buttons, readings.end());
+    order.insert(order.end(), m_readings->buttons().begin(), m_readings->buttons().end());
     order.insert(order.end(), m_cards->tabOrder().begin(), m_cards->tabOrder().end());
     order.insert(order.end(), m_options->tabOrder().begin(), m_options->tabOrder().end());
     for (std::size_t i = 1; i < order.size(); ++i)

@@ -8,6 +8,7 @@
 #include "workspace/workspace.h"
 
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -107,6 +108,8 @@ private:
     std::vector<QAction*> m_resultsActions;
     std::unique_ptr<GuideWindow> m_guide;
     CutLabel* m_status = nullptr;
+    QTimer m_noting;
+    QTimer m_pause;
 };
 
 } // namespace comfortics::ui

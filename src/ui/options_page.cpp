@@ -55,6 +55,16 @@ OptionsPage::OptionsPage(workspace::Workspace& workspace, QWidget* parent)
     content->addWidget(following, content->rowCount(), 0, 1, 3);
     m_tabOrder.push_back(following);
 
+    auto* const units = new QCheckBox;
+    MarkStyle::wear(*units);
+    bind(*units, workspace.units.Check_Units);
+    nameWidget(
+        *units, QStringLiteral("Check_Units"), units->text(),
+        QStringLiteral("Below the temperatures and the wind, for typing in °F, K, km/h, knots or mph, and "
+                       "the wind as measured at 10 m"));
+    content->addWidget(units, content->rowCount(), 0, 1, 3);
+    m_tabOrder.push_back(units);
+
     auto* const close = new QPushButton(QStringLiteral("Close"));
     close->setToolTip(QStringLiteral("Hides the options; what is set here stays in force (Escape)"));
     connect(close, &QPushButton::clicked, this, &OptionsPage::closeWanted);
@@ -80,6 +90,7 @@ void OptionsPage::assumptionRow(QGridLayout& grid, classic::Assumption assumptio
     auto* const line = new QLineEdit;
     bind(*label, heading);
     new TextBoxBinding(*line, box);
+    leaveUndoToWindow(*line);
     nameWidget(*line, QStringLiteral("txt_") + toQt(info.key), label->text(), hint);
     label->setToolTip(hint);
     grid.addWidget(label, row, 0);

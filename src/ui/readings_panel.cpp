@@ -2,10 +2,14 @@
 #include "ui/readings_panel.h"
 
 #include "ui/bindings.h"
+#include "ui/mark_style.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -20,6 +24,7 @@ namespace {
 
 constexpr double kReadingScale = 1.25;
 constexpr int kReadingCharacters = 7;
+constexpr int kEntryCharacters = 4;
 constexpr int kCalculateIcon = 40;
 
 void scaleFont(QWidget& widget, double scale)
@@ -31,7 +36,8 @@ void scaleFont(QWidget& widget, double scale)
 
 } // namespace
 
-ReadingsPanel::ReadingsPanel(classic::Frm_Main& form, QWidget* parent) : QWidget(parent), m_form(form)
+ReadingsPanel::ReadingsPanel(workspace::Workspace& workspace, QWidget* parent)
+    : QWidget(parent), m_workspace(workspace), m_form(workspace.form())
 {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -39,13 +45,6 @@ ReadingsPanel::ReadingsPanel(classic::Frm_Main& form, QWidget* parent) : QWidget
     column->addWidget(buildReadings());
     column->addWidget(buildActions());
     column->addStretch(1);
-}
-
-std::vector<QWidget*> ReadingsPanel::tabOrder() const
-{
-    std::vector<QWidget*> order(m_readings.begin(), m_readings.end());
-    order.insert(order.end(), m_buttons.begin(), m_buttons.end());
-    return order;
 }
 
 QWidget* ReadingsPanel::readingField(Reading reading)
@@ -77,8 +76,62 @@ QWidget* ReadingsPanel::readingField(Reading reading)
     layout->setColumnStretch(0, 1);
 
     new TextBoxBinding(*line, box);
+    leaveUndoToWindow(*line);
     m_readings[static_cast<std::size_t>(reading)] = line;
+    addEntry(*layout, reading);
     return field;
+}
+
+// Below the box, which shows what counts.
+void ReadingsPanel::addEntry(QGridLayout& layout, Reading reading)
+{
+    m_fields.push_back(m_readings[static_cast<std::size_t>(reading)]);
+    workspace::UnitEntry* const entry = m_workspace.entry(reading);
+    if (entry == nullptr)
+        return;
+    const ReadingInfo& info = classic::kReadingInfo[static_cast<std::size_t>(reading)];
+    const QString key = toQt(info.key);
+    auto* const row = new QWidget;
+    auto* const columns = new QHBoxLayout(row);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(kSmallGap);
+    auto* const line = new QLineEdit;
+    auto* const unit = new QComboBox;
+    bind(*unit, entry->unit());
+    new TextBoxBinding(*line, entry->txt_Entry);
+    leaveUndoToWindow(*line);
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    line->setMinimumWidth(line->fontMetrics().averageCharWidth() * kEntryCharacters);
+    nameWidget(*line, QStringLiteral("entry_") + key, toQt(info.heading) + QStringLiteral(" in another unit"),
+               QStringLiteral("What is typed here goes into the box above, in its unit"));
+    nameWidget(*unit, QStringLiteral("unit_") + key, QStringLiteral("Unit of ") + toQt(info.heading),
+               reading == Reading::WS ? QStringLiteral("The unit in which the wind is typed here")
+                                      : QStringLiteral("The unit in which all temperatures are typed here"));
+    columns->addWidget(line, 1);
+    columns->addWidget(unit);
+    m_fields.insert(m_fields.end(), {line, unit});
+    layout.addWidget(row, 2, 0, 1, 2);
+    QWidget* height = nullptr;
+    if (reading == Reading::WS) {
+        auto* const mast = new QCheckBox;
+        bind(*mast, entry->Check_10m);
+        MarkStyle::wear(*mast);
+        nameWidget(
+            *mast, QStringLiteral("Check_10m"), mast->text(),
+            QStringLiteral("Takes the wind from 10 m to the 1.1 m of the box by the power law with the air "
+                           "friction coefficient of the options; until the program closes"));
+        layout.addWidget(mast, 3, 0, 1, 2);
+        m_fields.push_back(mast);
+        height = mast;
+    }
+    follow(*row, m_workspace.units.Check_Units.click, [this, row, height, entry] {
+        const bool shown = m_workspace.units.Check_Units.checked();
+        row->setVisible(shown);
+        if (height)
+            height->setVisible(shown);
+        if (!shown)
+            entry->Check_10m.setChecked(false); // nothing counts that is not seen
+    });
 }
 
 // The arrow keys follow this arrangement.
@@ -88,8 +141,8 @@ QWidget* ReadingsPanel::buildReadings()
     grid->setHorizontalSpacing(kSmallGap);
     grid->setVerticalSpacing(kGap);
     const auto pair = [this, grid](int row, Reading left, Reading right) {
-        grid->addWidget(readingField(left), row, 0);
-        grid->addWidget(readingField(right), row, 2);
+        grid->addWidget(readingField(left), row, 0, Qt::AlignTop);
+        grid->addWidget(readingField(right), row, 2, Qt::AlignTop);
         QLabel* const either = quietLabel(QStringLiteral("or"));
         either->setFixedHeight(m_readings.front()->sizeHint().height()); // beside the boxes
         grid->addWidget(either, row, 1, Qt::AlignBottom);

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "classic/frm_main.h"
+#include "workspace/workspace.h"
 
 #include <QWidget>
 
 #include <array>
 #include <vector>
 
+class QGridLayout;
 class QLineEdit;
 
 namespace comfortics::ui {
@@ -17,20 +18,26 @@ class ReadingsPanel : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ReadingsPanel(classic::Frm_Main& form, QWidget* parent = nullptr);
+    explicit ReadingsPanel(workspace::Workspace& workspace, QWidget* parent = nullptr);
 
     QLineEdit& line(classic::Reading reading) const { return *m_readings[static_cast<std::size_t>(reading)]; }
 
-    /// In the order in which the tab key goes through them.
-    std::vector<QWidget*> tabOrder() const;
+    /// The lines and what stands beside them, and the buttons, in the order in which the tab key goes through
+    /// them.
+    const std::vector<QWidget*>& fields() const { return m_fields; }
+    const std::vector<QWidget*>& buttons() const { return m_buttons; }
 
 private:
     QWidget* readingField(classic::Reading reading);
     QWidget* buildReadings();
     QWidget* buildActions();
 
+    void addEntry(QGridLayout& layout, classic::Reading reading);
+
+    workspace::Workspace& m_workspace;
     classic::Frm_Main& m_form;
     std::array<QLineEdit*, classic::kReadingCount> m_readings{};
+    std::vector<QWidget*> m_fields;
     std::vector<QWidget*> m_buttons;
 };
 

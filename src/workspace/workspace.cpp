@@ -4,13 +4,21 @@
 namespace comfortics::workspace {
 
 Workspace::Workspace(const classic::Limits& limits, classic::Frm_Main& form, Preferences& preferences)
-    : sets(preferences), follower(form, preferences), m_limits(limits), m_form(form),
-      m_preferences(preferences)
+    : sets(preferences), follower(form, preferences), units(preferences), history(form), m_limits(limits),
+      m_form(form), m_preferences(preferences)
 {
+    for (std::size_t i = 0; i < classic::kReadingCount; ++i)
+        if (const auto reading = static_cast<classic::Reading>(i); UnitEntry::serves(reading))
+            m_entries[i] = std::make_unique<UnitEntry>(form.calculation, units, reading);
     m_form.standing.watch([this] {
         follower.look();
         changed.raise();
     });
+}
+
+UnitEntry* Workspace::entry(classic::Reading reading)
+{
+    return m_entries[static_cast<std::size_t>(reading)].get();
 }
 
 const Situation& Workspace::present()

@@ -3,10 +3,13 @@
 
 #include "classic/frm_main.h"
 #include "workspace/follower.h"
+#include "workspace/history.h"
 #include "workspace/index_sets.h"
 #include "workspace/preferences.h"
 #include "workspace/situation.h"
+#include "workspace/unit_entry.h"
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -35,6 +38,13 @@ public:
     /// What the cards show.
     Follower follower;
 
+    /// Other units for typing, and the entries of the readings that have them.
+    UnitChoice units;
+    /// Null for a reading that is typed in its unit alone.
+    UnitEntry* entry(classic::Reading reading);
+    /// The way back through what was typed.
+    History history;
+
     /// The readings, assumptions or options may have changed.
     controls::Event changed;
 
@@ -50,6 +60,7 @@ private:
     classic::Frm_Main& m_form;
     Preferences& m_preferences;
     std::unique_ptr<Situation> m_present;
+    std::array<std::unique_ptr<UnitEntry>, classic::kReadingCount> m_entries;
     std::string m_lookedAt;
 };
 

@@ -9,6 +9,7 @@
 #include "ui/text.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -101,9 +102,10 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
 
     opened.menu("Options");
     EXPECT_EQ(opened.focused(), "txt_ArAdu"); // typing goes to what is in sight
-    EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 18),
+    EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 19),
               "txt_ArAdu txt_Emmisivity txt_Barometric txt_Height txt_Weight txt_Friction No Classic "
-              "Check_Follow txt_Search_List txt_Find cmd_Filter List_Indices Check_All_Indices cards_set "
+              "Check_Follow Check_Units txt_Search_List txt_Find cmd_Filter List_Indices Check_All_Indices "
+              "cards_set "
               "cards_menu cards txt_ArAdu ");
     opened.line("txt_Search_List").setFocus();
     QTest::keyClick(opened.window.focusWidget(), Qt::Key_Escape);
@@ -120,6 +122,35 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
     const auto& list = find<IndexList>(opened.window, "List_Indices");
     EXPECT_TRUE(list.currentIndex().data().toString().contains(QStringLiteral("Universal")));
     EXPECT_EQ(opened.form.settings().selection, classic::Selection::all()); // selects nothing
+}
+
+TEST(MainWindow, TypesInOtherUnitsAndTakesBackWhatWasTyped)
+{
+    Opened opened;
+    QLineEdit& entry = opened.line("entry_TA");
+    EXPECT_FALSE(entry.isVisible());
+    opened.shell.workspace().units.Check_Units.setChecked(true);
+    EXPECT_TRUE(entry.isVisible());
+    QTest::keyClick(&find<QComboBox>(opened.window, "unit_TA"), Qt::Key_Down);
+    EXPECT_EQ(opened.shell.workspace().units.Opt_Temperature.selected(), 1U);
+    entry.setFocus();
+    QTest::keyClicks(&entry, QStringLiteral("95"));
+    EXPECT_EQ(opened.form.txt_TA.text(), "35");
+    EXPECT_EQ(entry.text(), QStringLiteral("95")) << "what is typed stays as it is typed";
+    QCoreApplication::processEvents();
+
+    QLineEdit& wind = opened.line("txt_WS");
+    wind.setFocus();
+    QTest::keyClicks(&wind, QStringLiteral("25"));
+    QCoreApplication::processEvents();
+    QTest::keySequence(&wind, QKeySequence(Qt::CTRL | Qt::Key_Z));
+    EXPECT_EQ(opened.form.txt_WS.text(), "") << "the window's way back, not the line's";
+    QTest::keySequence(&wind, QKeySequence(Qt::CTRL | Qt::Key_Z));
+    EXPECT_EQ(opened.form.txt_TA.text(), "");
+    EXPECT_EQ(entry.text(), QString());
+    QTest::keySequence(&wind, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    EXPECT_EQ(opened.form.txt_TA.text(), "35");
+    EXPECT_EQ(tests::nameless(opened.window), "");
 }
 
 TEST(MainWindow, EachButtonCalculatesAndTheRightOnesOpenTheResults)

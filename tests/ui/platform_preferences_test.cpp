@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/platform_preferences.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -50,6 +52,7 @@ TEST(PlatformPreferences, TellOnceThatNothingCanBeKept)
 {
     PlatformPreferences().reset();
     QFile::remove(settingsFile());
+    QDir().mkpath(QFileInfo(settingsFile()).path()); // which is there once something was kept
     ASSERT_EQ(::mkdir(settingsFile().toUtf8().constData(), 0700), 0) << "where the file would stand";
     int told = 0;
     {

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/history.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace comfortics::workspace {
+
+History::History(classic::Frm_Main& form) : m_form(form), m_states{present()}
+{
+}
+
+History::State History::present() const
+{
+    State state;
+    const classic::Inputs inputs = m_form.inputs();
+    std::copy(inputs.readings.begin(), inputs.readings.end(), state.begin());
+    std::copy(inputs.assumptions.begin(), inputs.assumptions.end(), state.begin() + classic::kReadingCount);
+    return state;
+}
+
+void History::note()
+{
+    State now = present();
+    const State& last = m_states[m_at];
+    if (now == last)
+        return;
+    std::size_t differing = kNothing;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < kBoxes; ++i)
+        if (now[i] != last[i]) {
+            differing = i;
+            ++count;
+        }
+    if (count > 1)
+        differing = kNothing; // a partner was emptied with it, or a whole set of readings came
+    const bool goesOn = differing != kNothing && differing == m_typing && m_at > 0;
+    m_states.resize(m_at + 1);
+    if (goesOn)
+        m_states[m_at] = std::move(now);
+    else
+        m_states.push_back(std::move(now));
+    if (m_states.size() > kMostSteps)
+        m_states.erase(m_states.begin());
+    m_at = m_states.size() - 1;
+    m_typing = differing;
+    changed.raise();
+}
+
+void History::undo()
+{
+    note(); // what was typed last is not lost
+    if (canUndo())
+        go(m_at - 1);
+}
+
+void History::redo()
+{
+    note();
+    if (canRedo())
+        go(m_at + 1);
+}
+
+void History::go(std::size_t to)
+{
+    m_at = to;
+    m_typing = kNothing;
+    const State wanted = m_states[to];
+    classic::AssumptionTexts assumptions;
+    std::copy(std::next(wanted.begin(), classic::kReadingCount), wanted.end(), assumptions.begin());
+    m_form.calculation.assumptions.write(assumptions);
+    std::array<std::string_view, classic::kReadingCount> readings;
+    std::copy_n(wanted.begin(), classic::kReadingCount, readings.begin());
+    classic::ReadingBoxes& boxes = m_form.calculation.readings;
+    boxes.clear(); // no rule of a pair sees what stood there
+    boxes.write(readings);
+    m_states[to] = present(); // a rule may judge a text that was being typed
+    changed.raise();
+}
+
+} // namespace comfortics::workspace
