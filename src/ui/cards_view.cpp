@@ -35,6 +35,8 @@ constexpr int kPad = 8;
 constexpr int kMargin = 3; // around a card
 constexpr int kBetween = 4;
 constexpr int kNameLines = 2;
+// A line above the cards must not make the window scroll; they take what height there is.
+constexpr int kCardsAtLeast = 3;
 constexpr int kLeastInCharacters = 46; // of a card's width
 constexpr double kValueScale = 1.35;
 constexpr double kStripShare = 0.45; // of a card's width
@@ -378,7 +380,7 @@ QSize CardsView::minimumSizeHint() const
 
 QSize CardsView::sizeHint() const
 {
-    return {minimumSizeHint().width(), 6 * cardHeight(font())};
+    return {minimumSizeHint().width(), kCardsAtLeast * cardHeight(font())};
 }
 
 void CardsView::arrange()

@@ -43,6 +43,7 @@ constexpr std::chrono::seconds kPause{1}; // after which what is typed is anothe
 constexpr int kConverterWidth = 280;      // what placing leaves free at the side
 constexpr int kLeastWidth = 1100;
 constexpr double kScreenShare = 0.92;
+constexpr int kHeightInLines = 48; // some cards high, where the screen has it
 constexpr double kContentShare = 0.75;
 constexpr int kReadingsInCharacters = 68; // at most, so that on a wide screen units stay beside their boxes
 const QString kIndices = QStringLiteral("indices");
@@ -427,10 +428,11 @@ void MainWindow::placeAsNew()
     // for both is the window's alone.
     const int beside = usable.width() - kConverterWidth;
     const int width = std::min(sizeHint().width(), beside < kLeastWidth ? usable.width() : beside);
-    resize(width, std::min(sizeHint().height(), static_cast<int>(usable.height() * kScreenShare)));
+    const int height = std::max(sizeHint().height(), fontMetrics().lineSpacing() * kHeightInLines);
+    resize(width, std::min(height, static_cast<int>(usable.height() * kScreenShare)));
     const int free = std::max(usable.width() - width, 0);
     placeWithin(usable, usable.topLeft() + QPoint((free - std::min(free, kConverterWidth)) / 2,
-                                                  (usable.height() - height()) / 3));
+                                                  (usable.height() - this->height()) / 3));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
