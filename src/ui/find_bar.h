@@ -57,7 +57,7 @@ private:
     QLabel* m_summary;
     QToolButton* m_filter;
     QLabel* m_message;
-    QMenu* m_menu;
+    QMenu* m_menu = nullptr;
     QString m_remark;
 };
 

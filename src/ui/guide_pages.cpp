@@ -131,7 +131,7 @@ void GuidePages::layOutAnew()
 // Pictures as wide as the page, at most.
 QVariant GuidePages::loadResource(int type, const QUrl& name)
 {
-    const QVariant resource = QTextBrowser::loadResource(type, name);
+    QVariant resource = QTextBrowser::loadResource(type, name);
     if (type == QTextDocument::HtmlResource)
         return richText(QString::fromUtf8(resource.toByteArray()));
     if (type != QTextDocument::ImageResource || m_pictureWidth <= kPictureMargin)

@@ -278,7 +278,7 @@ GridView& ResultsWindow::visibleTable() const
 }
 
 // Of the subject in a row; behind the last where there is none.
-std::size_t ResultsWindow::placeOf(const controls::Grid& grid, std::size_t row) const
+std::size_t ResultsWindow::placeOf(const controls::Grid& grid, std::size_t row)
 {
     const int index = output::Frm_Comfortics::indexOf(grid, row);
     return index > 0 ? static_cast<std::size_t>(index) - 1 : catalogue::indexSubjects().size();

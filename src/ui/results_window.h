@@ -48,7 +48,7 @@ private:
     void standOnBest();
     void step(bool forward);
     void openSheet();
-    std::size_t placeOf(const controls::Grid& grid, std::size_t row) const;
+    static std::size_t placeOf(const controls::Grid& grid, std::size_t row);
     catalogue::Standing standing(std::size_t place) const;
     GridView& visibleTable() const;
 

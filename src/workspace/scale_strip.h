@@ -15,9 +15,9 @@ namespace comfortics::workspace {
 /// A strip from 0 at its left to 1 at its right.
 struct ScaleStrip {
     struct Band {
-        double from;
-        double to;
-        std::optional<int> severity; ///< of a class; none where the band is what the limits span
+        double from = 0;
+        double to = 0;
+        std::optional<int> severity{}; ///< of a class; none where the band is what the limits span
     };
     enum class Beyond : std::uint8_t { No, Left, Right };
 

@@ -38,7 +38,8 @@ double linear(std::uint8_t channel)
 FieldColors severityColors(int severity, Ground ground)
 {
     const Ramp& ramp = ground == Ground::Light ? kOnLight : kOnDark;
-    const Rgb field = ramp[static_cast<std::size_t>(std::clamp(severity, -kMost, kMost) + kMost)];
+    const int place = std::clamp(severity, -kMost, kMost) + kMost;
+    const Rgb field = ramp[static_cast<std::size_t>(place)];
     return {field, contrast(field, kWhite) > contrast(field, kBlack) ? kWhite : kBlack};
 }
 
