@@ -43,7 +43,7 @@ if [ -z "${COMFORTICS_SCREENSHOT_BUS:-}" ]; then
 fi
 
 . "$here/display.sh"
-start_display -wr # a white ground
+start_display -wr -screen 0 1480x860x24 # a white ground, and room for three columns and a panel
 use_empty_home
 export LC_ALL=C.UTF-8 TZ=UTC QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0
 unset XDG_CURRENT_DESKTOP XDG_CONFIG_HOME QT_SCALE_FACTOR QT_QPA_PLATFORM COMFORTICS_MAP_TILES

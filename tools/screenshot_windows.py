@@ -149,15 +149,16 @@ class Album:
         self.folder = folder
         self.scratch = scratch
 
-    def save(self, name, *numbers, right=None, below=None):
+    def save(self, name, *numbers, left=0, top=0, right=None, below=None):
         """Saves a window once nothing moves in it any more, or the part of the screen that several windows cover.
 
-        `right` and `below` cut off what there is no need to see.
+        `right` and `below` are the most width and height, `left` and `top` a place on the screen: they cut off what
+        there is no need to see.
         """
         # Away from tool tips. The corner of the screen lies outside all windows.
-        xdotool("mousemove", 1365, 767)
+        xdotool("mousemove", 9999, 9999)
         places = list(zip(*(place_of(number) for number in numbers)))
-        left, top = max(min(places[0]), 0), max(min(places[1]), 0)
+        left, top = max(min(places[0]), left), max(min(places[1]), top)
         width, height = max(places[2]) - left, max(places[3]) - top
         cut = f"{min(width, right or width)}x{min(height, below or height)}+{left}+{top}"
         earlier, later = self.scratch / "earlier.png", self.scratch / "later.png"
@@ -199,12 +200,16 @@ def close(number, title):
 # --- the windows
 
 
-def main_and_results(album):
-    main = window("Comfortics")
+def write_readings():
     write("Air Temperature", HEAT["ta"])
     write("Solar Radiation", HEAT["sr"])
     write("Relative Humidity", HEAT["rh"])
     write("Wind Speed", HEAT["ws"])
+
+
+def main_and_results(album):
+    main = window("Comfortics")
+    write_readings()
     press("Return")
     results = window("Comfortics — Results")
     press(*["Down"] * 7)  # to the first blank value, whose reason the status bar tells
@@ -274,12 +279,19 @@ def radiation(album, main):
     close(number, "Solar Radiation")
 
 
+def to_list():
+    """Gives the list of indices the keyboard, in the row where it stands."""
+    click("Find indices", "text")
+    press("Down")
+
+
 def batch(album, main):
     xdotool("windowactivate", "--sync", main)
     click("All indices", "check box")
     for name in CHOSEN:
         write("Search the index list", name)
-        press("Tab", "space")  # the list has found it, and the space ticks it
+        to_list()
+        press("space")  # the list has found it, and the space ticks it
     press("alt+r")
     number = window("Raw Data")
     subprocess.run(["xclip", "-selection", "clipboard"], input=SHEET, encoding="utf-8", check=True)
@@ -295,6 +307,53 @@ def batch(album, main):
     close(number, "Raw Data")
 
 
+def widen_panel(name, pixels):
+    """Drags the left border of the panels at the right side, as far as the readings let it."""
+    panel = widget(name).get_extents(Atspi.CoordType.SCREEN)
+    border = panel.x - 10
+    middle = panel.y + 330
+    xdotool("mousemove", border, middle, "mousedown", 1)
+    for x in range(border, border - pixels - 1, -40):
+        xdotool("mousemove", x, middle)
+    xdotool("mouseup", 1)
+
+
+def sheet(album, main):
+    xdotool("windowactivate", "--sync", main)
+    write_readings()  # the sheet left those of its last row
+    write("Search the index list", CHOSEN[1])
+    to_list()
+    press("ctrl+i")
+    widget("Sheet of the index")
+    xdotool("windowmove", main, 0, 0, "windowsize", "--sync", main, 1440, 800)
+    widen_panel("Sheet of the index", 400)
+    text = widget("Sheet of the index").get_extents(Atspi.CoordType.SCREEN)
+    widget("Course of the index")
+    album.save("index-sheet", main, left=text.x - 10, top=text.y - 30)
+
+
+def comparison(album, main):
+    """The situation of the day is pinned, and then a cloud comes."""
+    xdotool("windowactivate", "--sync", main)
+    press("ctrl+d")
+    write("Solar Radiation", "200")
+    write("Wind Speed", "4")
+    widen_panel("Name of the pin", 280)
+    table = widget("Comparison", "table").get_extents(Atspi.CoordType.SCREEN)
+    album.save("comparison", main, left=table.x - 10, top=table.y - 110)
+
+
+def report(album, main):
+    xdotool("windowactivate", "--sync", main)
+    write_readings()
+    press("ctrl+shift+r")
+    number = window("Report")
+    write("Heading", "Heat on the building site, Athens, 21 July")
+    write("Notes", "Noon, sun, work with shovels. Instruments 1.1 m above the ground.")
+    album.save("report", number)
+    press("Escape")
+
+
 def main():
     program, folder = sys.argv[1], pathlib.Path(sys.argv[2])
     with tempfile.TemporaryDirectory() as scratch:
@@ -306,6 +365,9 @@ def main():
                 converter(album, number)
                 radiation(album, number)
                 batch(album, number)
+                sheet(album, number)
+                comparison(album, number)
+                report(album, number)
             finally:
                 process.kill()
 
