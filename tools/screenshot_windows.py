@@ -338,7 +338,8 @@ def comparison(album, main):
     press("ctrl+d")
     write("Solar Radiation", "200")
     write("Wind Speed", "4")
-    widen_panel("Name of the pin", 280)
+    click("Comparison", "table")
+    press("End")  # the differences come into view
     table = widget("Comparison", "table").get_extents(Atspi.CoordType.SCREEN)
     album.save("comparison", main, left=table.x - 10, top=table.y - 110)
 
