@@ -14,7 +14,7 @@
 
 namespace comfortics::ui {
 
-FormWindow::FormWindow(controls::Form& form, const QString& chapter) : m_form(form), m_chapter(chapter)
+FormWindow::FormWindow(controls::Form& form, QString chapter) : m_form(form), m_chapter(std::move(chapter))
 {
     setWindowTitle(toQt(form.caption()));
     setContextMenuPolicy(Qt::PreventContextMenu);

@@ -21,7 +21,7 @@ class FormWindow : public QMainWindow {
 
 public:
     /// `chapter` is that of the user guide which tells of the window, by its anchor.
-    FormWindow(controls::Form& form, const QString& chapter);
+    FormWindow(controls::Form& form, QString chapter);
 
     /// The usable area of another window's screen, less the frame that this one will get, which is
     /// that of the other.

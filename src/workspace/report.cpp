@@ -87,7 +87,7 @@ std::string_view unitOf(int index)
 std::string chip(const catalogue::Meaning& meaning)
 {
     const FieldColors colors = severityColors(meaning.severity, Ground::Light);
-    return "<span class=\"chip\" style=\"background-color:" + hex(colors.field) +
+    return R"(<span class="chip" style="background-color:)" + hex(colors.field) +
            ";color:" + hex(colors.text) + "\">&nbsp;" + escaped(catalogue::inWords(meaning)) +
            "&nbsp;</span>";
 }
@@ -184,7 +184,7 @@ std::string bar(const Situation& situation, int index, int top)
     const catalogue::Scale& scale = catalogue::scale(index);
     const auto text = [](double x, int y, const char* anchor, const std::string& words, int size) {
         return "<text x=\"" + number(x) + "\" y=\"" + std::to_string(y) + "\" text-anchor=\"" + anchor +
-               "\" font-size=\"" + std::to_string(size) + "\" fill=\"#111111\">" + escaped(words) + "</text>";
+               "\" font-size=\"" + std::to_string(size) + R"(" fill="#111111">)" + escaped(words) + "</text>";
     };
     std::string svg = text(0, top + 12, "start",
                            std::string(nameOf(index)) + ": " + figure.text + " " +
@@ -202,7 +202,7 @@ std::string bar(const Situation& situation, int index, int top)
         const double left = kReportWidth * band.from;
         svg += "<rect x=\"" + number(left) + "\" y=\"" + std::to_string(top + kBarTop) + "\" width=\"" +
                number(kReportWidth * (band.to - band.from)) + "\" height=\"" + std::to_string(kBarHeight) +
-               "\" fill=\"" + hex(colors.field) + "\" stroke=\"#777777\" stroke-width=\"0.5\"/>";
+               "\" fill=\"" + hex(colors.field) + R"(" stroke="#777777" stroke-width="0.5"/>)";
         if (i == 0 || left - labelled < kLabelWidth)
             continue;
         labelled = left;
@@ -216,7 +216,7 @@ std::string bar(const Situation& situation, int index, int top)
                         : strip->beyond == ScaleStrip::Beyond::Left ? " m-5 0 l8 -5 v10 z"
                                                                     : " m5 0 l-8 -5 v10 z";
     return svg + "<path d=\"M" + number(x) + " " + std::to_string(middle) + shape +
-           "\" fill=\"#111111\" stroke=\"#FFFFFF\"/>";
+           R"(" fill="#111111" stroke="#FFFFFF"/>)";
 }
 
 std::string chartOf(const Situation& situation, const std::vector<int>& indices)
@@ -224,11 +224,11 @@ std::string chartOf(const Situation& situation, const std::vector<int>& indices)
     const std::vector<int> rows = charted(situation, indices);
     if (rows.empty())
         return {};
-    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(kReportWidth) +
+    std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + std::to_string(kReportWidth) +
                       "\" height=\"" + std::to_string(static_cast<int>(rows.size()) * kRowHeight) +
                       "\" viewBox=\"0 0 " + std::to_string(kReportWidth) + " " +
                       std::to_string(static_cast<int>(rows.size()) * kRowHeight) +
-                      "\" font-family=\"sans-serif\" role=\"img\">";
+                      R"(" font-family="sans-serif" role="img">)";
     for (std::size_t i = 0; i < rows.size(); ++i)
         svg += bar(situation, rows[i], static_cast<int>(i) * kRowHeight);
     return svg + "</svg>";
@@ -280,7 +280,7 @@ ReportPage reportPage(const Situation& situation, const ReportRequest& request)
     return {page(situation, request,
                  chart.empty()
                      ? chart
-                     : "<p><img src=\"chart.svg\" width=\"" + std::to_string(kReportWidth) + "\"></p>"),
+                     : R"(<p><img src="chart.svg" width=")" + std::to_string(kReportWidth) + "\"></p>"),
             chart};
 }
 
