@@ -242,7 +242,7 @@ void Finder::learn(std::string_view text, Field field, Entry& entry)
     }
 }
 
-int Finder::grade(const Entry& entry, std::string_view word, bool wholeOnly) const
+int Finder::grade(const Entry& entry, std::string_view word, bool wholeOnly)
 {
     int best = 0;
     for (const auto& [text, field] : entry.words) {

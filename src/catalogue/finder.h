@@ -105,7 +105,7 @@ private:
     };
 
     void learn(std::string_view text, Field field, Entry& entry);
-    int grade(const Entry& entry, std::string_view word, bool wholeOnly) const;
+    static int grade(const Entry& entry, std::string_view word, bool wholeOnly);
     std::vector<std::size_t> findWords(const std::vector<std::string>& words) const;
     std::vector<Guess> nearWords(const std::string& word) const;
 

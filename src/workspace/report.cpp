@@ -146,9 +146,9 @@ std::string figureRows(const Situation& situation, const std::vector<int>& indic
             told = "<small>" + escaped(figure.reason) + "</small>";
         if (!figure.doubt.empty())
             told += "<br><small>" + escaped(figure.doubt) + "</small>";
-        rows +=
-            row({std::to_string(index), escaped(nameOf(index)),
-                 figure.number ? "<b>" + escaped(figure.text) + "</b>" : "–", escaped(unitOf(index)), told});
+        rows += row({std::to_string(index) + "&nbsp;", escaped(nameOf(index)),
+                     figure.number ? "<b>" + escaped(figure.text) + "</b>&nbsp;" : "–",
+                     escaped(unitOf(index)) + "&nbsp;", told});
     }
     return rows;
 }
