@@ -4,11 +4,11 @@
 
 usage: make_categories.py categories.csv categories.inc
 """
-import csv
 import itertools
-import sys
 
-import index_count
+import source_rows
+from index_count import INDEX_COUNT
+from source_rows import literal
 
 COLUMNS = ["index", "lower", "upper", "label", "severity", "note", "basis", "source"]
 BASES = {"read", "known"}
@@ -16,15 +16,10 @@ BASES = {"read", "known"}
 
 def load(path):
     """Rows by index; raises ValueError where they do not cover the axis without gaps, from low to high."""
-    with open(path, encoding="utf-8", newline="") as file:
-        reader = csv.DictReader(file)
-        if reader.fieldnames != COLUMNS:
-            raise ValueError(f"its columns are not {', '.join(COLUMNS)}")
-        rows = list(reader)
     scales = {}
-    for number, group in itertools.groupby(rows, lambda row: int(row["index"])):
+    for number, group in itertools.groupby(source_rows.load(path, COLUMNS), lambda row: int(row["index"])):
         scale = list(group)
-        if number in scales or not 1 <= number <= index_count.INDEX_COUNT:
+        if number in scales or not 1 <= number <= INDEX_COUNT:
             raise ValueError(f"index {number} is none, or stands in two places")
         if scale[0]["lower"] or scale[-1]["upper"]:
             raise ValueError(f"index {number} does not reach from end to end")
@@ -41,39 +36,27 @@ def load(path):
     return scales
 
 
-def text(value):
-    return '"' + value.replace("\\", "\\\\").replace('"', '\\"') + '"'
-
-
-def main():
-    if len(sys.argv) != 3:
-        sys.exit(__doc__)
-    try:
-        scales = load(sys.argv[1])
-    except (OSError, ValueError) as error:
-        sys.exit(f"{sys.argv[1]}: {error}")
-    with open(sys.argv[2], "w", encoding="utf-8") as out:
-        out.write("// Made from data/categories.csv.\n")
-        out.write("constexpr Category kCategories[] = {\n")
-        first = {}
-        written = 0
-        for number, scale in scales.items():
-            first[number] = written
-            for row in scale:
-                lower = repr(float(row["lower"])) if row["lower"] else "-kUnbounded"
-                upper = repr(float(row["upper"])) if row["upper"] else "kUnbounded"
-                out.write(f"{{{lower}, {upper}, {text(row['label'])}, {int(row['severity'])}, {text(row['note'])}}},\n")
-            written += len(scale)
-        out.write("};\nconstexpr ScaleRow kScales[] = {\n")
-        for number in range(1, index_count.INDEX_COUNT + 1):
-            scale = scales.get(number)
-            if scale is None:
-                out.write("{},\n")
-            else:
-                known = "true" if scale[0]["basis"] == "known" else "false"
-                out.write(f"{{{first[number]}, {len(scale)}, {text(scale[0]['source'])}, {known}}},\n")
-        out.write("};\n")
+def lines(scales):
+    yield "constexpr Category kCategories[] = {"
+    first = {}
+    written = 0
+    for number, scale in scales.items():
+        first[number] = written
+        for row in scale:
+            lower = repr(float(row["lower"])) if row["lower"] else "-kUnbounded"
+            upper = repr(float(row["upper"])) if row["upper"] else "kUnbounded"
+            yield f"{{{lower}, {upper}, {literal(row['label'])}, {int(row['severity'])}, {literal(row['note'])}}},"
+        written += len(scale)
+    yield "};\nconstexpr ScaleRow kScales[] = {"
+    for number in range(1, INDEX_COUNT + 1):
+        scale = scales.get(number)
+        if scale is None:
+            yield "{},"
+        else:
+            known = "true" if scale[0]["basis"] == "known" else "false"
+            yield f"{{{first[number]}, {len(scale)}, {literal(scale[0]['source'])}, {known}}},"
+    yield "};"
 
 
 if __name__ == "__main__":
-    main()
+    source_rows.convert(__doc__, load, lines)

@@ -4,10 +4,8 @@
 
 usage: make_notes.py index_notes.csv notes.inc
 """
-import csv
-import sys
-
-from index_count import INDEX_COUNT
+import source_rows
+from source_rows import literal
 
 COLUMNS = ['number', 'abbreviations', 'description', 'warnings']
 
@@ -17,13 +15,7 @@ def parts(text, separator):
 
 
 def load(path):
-    with open(path, encoding='utf-8', newline='') as file:
-        reader = csv.DictReader(file)
-        if reader.fieldnames != COLUMNS:
-            raise ValueError(f'the columns must be {", ".join(COLUMNS)}')
-        rows = list(reader)
-    if [row['number'] for row in rows] != [str(n) for n in range(1, INDEX_COUNT + 1)]:
-        raise ValueError(f'the rows must be numbered from 1 to {INDEX_COUNT}')
+    rows = source_rows.load_each_index(path, COLUMNS)
     for row in rows:
         who = f'index {row["number"]}'
         row['abbreviations'] = parts(row['abbreviations'], ';')
@@ -36,17 +28,7 @@ def load(path):
     return rows
 
 
-def literal(text):
-    return '"' + text.replace('\\', '\\\\').replace('"', '\\"') + '"'
-
-
-def main():
-    if len(sys.argv) != 3:
-        sys.exit(__doc__)
-    try:
-        rows = load(sys.argv[1])
-    except (OSError, ValueError) as error:
-        sys.exit(f'{sys.argv[1]}: {error}')
+def lines(rows):
     texts = []
     places = []
     for row in rows:
@@ -55,15 +37,13 @@ def main():
             place += [len(texts), len(row[name])]
             texts += row[name]
         places.append(place)
-    with open(sys.argv[2], 'w', encoding='utf-8') as out:
-        out.write('// Made from data/index_notes.csv.\n')
-        out.write('constexpr std::string_view kTexts[] = {\n')
-        out.writelines(f'{literal(text)},\n' for text in texts)
-        out.write('};\nconstexpr NoteRow kRows[] = {\n')
-        for row, place in zip(rows, places):
-            out.write(f'{{{place[0]}, {place[1]}, {literal(row["description"])}, {place[2]}, {place[3]}}},\n')
-        out.write('};\n')
+    yield 'constexpr std::string_view kTexts[] = {'
+    yield from (f'{literal(text)},' for text in texts)
+    yield '};\nconstexpr NoteRow kRows[] = {'
+    for row, place in zip(rows, places):
+        yield f'{{{place[0]}, {place[1]}, {literal(row["description"])}, {place[2]}, {place[3]}}},'
+    yield '};'
 
 
 if __name__ == '__main__':
-    main()
+    source_rows.convert(__doc__, load, lines)

@@ -4,11 +4,10 @@
 
 usage: make_references.py references.csv references.inc
 """
-import csv
 import re
-import sys
 
-from index_count import INDEX_COUNT
+import source_rows
+from source_rows import literal
 
 COLUMNS = ['number', 'id', 'family', 'authors', 'year', 'title', 'published', 'where', 'confidence']
 FAMILIES = {
@@ -25,13 +24,7 @@ CONFIDENCE = {'sure': 'Sure', 'likely': 'Likely', 'name only': 'NameOnly'}
 
 
 def load(path):
-    with open(path, encoding='utf-8', newline='') as file:
-        reader = csv.DictReader(file)
-        if reader.fieldnames != COLUMNS:
-            raise ValueError(f'the columns must be {", ".join(COLUMNS)}')
-        rows = list(reader)
-    if [row['number'] for row in rows] != [str(n) for n in range(1, INDEX_COUNT + 1)]:
-        raise ValueError(f'the rows must be numbered from 1 to {INDEX_COUNT}')
+    rows = source_rows.load_each_index(path, COLUMNS)
     seen = {}
     for row in rows:
         who = f'index {row["number"]}'
@@ -49,24 +42,12 @@ def load(path):
     return rows
 
 
-def literal(text):
-    return '"' + text.replace('\\', '\\\\').replace('"', '\\"') + '"'
-
-
-def main():
-    if len(sys.argv) != 3:
-        sys.exit(__doc__)
-    try:
-        rows = load(sys.argv[1])
-    except (OSError, ValueError) as error:
-        sys.exit(f'{sys.argv[1]}: {error}')
-    with open(sys.argv[2], 'w', encoding='utf-8') as out:
-        out.write('// Made from data/references.csv.\n')
-        for row in rows:
-            texts = ', '.join(literal(row[name]) for name in ('authors', 'year', 'title', 'published', 'where'))
-            out.write(f'{{{literal(row["id"])}, Family::{FAMILIES[row["family"]]}, '
-                      f'{texts}, Confidence::{CONFIDENCE[row["confidence"]]}}},\n')
+def lines(rows):
+    for row in rows:
+        texts = ', '.join(literal(row[name]) for name in ('authors', 'year', 'title', 'published', 'where'))
+        yield (f'{{{literal(row["id"])}, Family::{FAMILIES[row["family"]]}, '
+               f'{texts}, Confidence::{CONFIDENCE[row["confidence"]]}}},')
 
 
 if __name__ == '__main__':
-    main()
+    source_rows.convert(__doc__, load, lines)

@@ -4,9 +4,8 @@
 
 usage: make_validity.py limits.csv validity.inc
 """
-import sys
-
 import limits_table
+import source_rows
 
 
 def initialiser(row):
@@ -15,18 +14,5 @@ def initialiser(row):
     return f"{{{', '.join(map(repr, limits))}, {str(given).lower()}}}"
 
 
-def main():
-    if len(sys.argv) != 3:
-        sys.exit(__doc__)
-    try:
-        rows = limits_table.load(sys.argv[1])
-    except (OSError, ValueError) as error:
-        sys.exit(f"{sys.argv[1]}: {error}")
-    with open(sys.argv[2], "w", encoding="utf-8") as out:
-        out.write("// Made from data/limits.csv.\n")
-        for row in rows:
-            out.write(f"{initialiser(row)},\n")
-
-
 if __name__ == "__main__":
-    main()
+    source_rows.convert(__doc__, limits_table.load, lambda rows: (f"{initialiser(row)}," for row in rows))
