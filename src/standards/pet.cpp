@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "standards/pet.h"
 
-#include "formulas/bracketed_root.h"
-
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -114,75 +112,26 @@ double PetBody::referenceSurplus(const State& state, double t) const noexcept
     return surplusIn(air(t, t, kReferenceSpeed, kReferenceVapour), state);
 }
 
-// The unknown is the clothing's temperature: it gives the skin's outright, and rises with it.
 std::optional<PetBody::State> PetBody::balanced() const noexcept
 {
-    constexpr double kFar = 1e6;     // [W] beyond the skins that are looked at
-    constexpr double kClosed = 1e-3; // [W] a surplus that jumps over 0 has no root
-    const auto surplusUnder = [this](double tClothing) {
-        const double tSkin = skinUnder(tClothing);
-        if (tSkin < kPetSkins.low)
-            return kFar;
-        if (tSkin > kPetSkins.high)
-            return -kFar;
-        const auto state = stateUnder(tClothing);
-        return state ? surplus(*state) : kNaN;
-    };
-    const double low = std::min({kPetSkins.low, m_outdoors.ta, m_outdoors.tmrt});
-    const double high = std::max({kPetSkins.high, m_outdoors.ta, m_outdoors.tmrt});
-    const double surroundings = 0.5 * (m_outdoors.ta + m_outdoors.tmrt);
-    const double least = m_outdoors.convection * m_clothed;
-    const auto root = formulas::bracketedRoot({.low = low,
-                                               .high = high,
-                                               .start = surroundings + 0.4 * (34 - surroundings),
-                                               .slope = -3 * (least + 5 * m_clothed),
-                                               .leastSlope = least},
-                                              surplusUnder);
-    if (!root)
-        return std::nullopt;
-    const auto state = stateUnder(*root);
-    if (!state || !(std::fabs(surplus(*state)) < kClosed))
-        return std::nullopt;
-    return state;
+    return balance(*this, m_outdoors.ta, m_outdoors.tmrt, m_outdoors.convection * m_clothed, m_clothed);
 }
 
 std::optional<double> PetBody::equivalentTemperature(const State& state) const noexcept
 {
     Air reference = air(0, 0, kReferenceSpeed, kReferenceVapour);
-    const double least = 0.5 * reference.convection * m_clothed;
-    return formulas::bracketedRoot({.low = kPetBracket.low,
-                                    .high = kPetBracket.high,
-                                    .start = state.tClothing,
-                                    .slope = -3 * (least + 5 * m_clothed),
-                                    .leastSlope = least},
-                                   [&](double t) {
-                                       reference.ta = t;
-                                       reference.tmrt = t;
-                                       reference.radiation = kelvinToFourth(t);
-                                       reference.breathing = breathing(t, kReferenceVapour);
-                                       return -surplusIn(reference, state);
-                                   });
+    return equivalent(state.tClothing, 0.5 * reference.convection * m_clothed, m_clothed, [&](double t) {
+        reference.ta = t;
+        reference.tmrt = t;
+        reference.radiation = kelvinToFourth(t);
+        reference.breathing = breathing(t, kReferenceVapour);
+        return surplusIn(reference, state);
+    });
 }
 
 Pet pet(const PetInputs& inputs, Limits limits) noexcept
 {
-    Examination examination(limits);
-    lookAt(examination, inputs);
-    if (!examination.hasValue())
-        return {examination.verdict()};
-    const PetBody body(inputs);
-    const auto state = body.balanced();
-    const auto equivalent = state ? body.equivalentTemperature(*state) : std::nullopt;
-    if (!equivalent) {
-        examination.refuse(Reason::NoRoot, state ? "pet" : "t_skin");
-        return {examination.verdict()};
-    }
-    return {.verdict = examination.verdict(),
-            .pet = *equivalent,
-            .tCore = state->tCore,
-            .tSkin = state->tSkin,
-            .tClothing = state->tClothing,
-            .wettedness = state->wettedness};
+    return petOf<PetBody>(inputs, limits);
 }
 
 } // namespace comfortics::standards

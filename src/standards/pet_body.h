@@ -4,9 +4,12 @@
 // metabolism, the geometry of the clothing and the core that belongs to a skin.
 #pragma once
 
+#include "formulas/bracketed_root.h"
 #include "standards/answer.h"
 #include "standards/person.h"
 
+#include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace comfortics::standards {
@@ -91,6 +94,73 @@ std::optional<double> coreTemperature(double tSkin, double heat, double bloodHea
 inline double fourthPower(double x) noexcept
 {
     return (x * x) * (x * x);
+}
+
+/// The state of a body whose heat is in balance: none where no skin has one. The unknown is the clothing's
+/// temperature: it gives the skin's outright, and that the core's. By every kelvin of it the surplus falls by
+/// `least` at the least; `area` is that of the clothing [m²], or 1 where heat is taken for each m².
+template <class Body>
+std::optional<typename Body::State> balance(const Body& body, double ta, double tmrt, double least,
+                                            double area) noexcept
+{
+    constexpr double kFar = 1e6;     // beyond the skins that are looked at, as heat
+    constexpr double kClosed = 1e-3; // a surplus that jumps over 0 has no root
+    const auto surplusUnder = [&body](double tClothing) {
+        const double tSkin = body.skinUnder(tClothing);
+        if (tSkin < kPetSkins.low)
+            return kFar;
+        if (tSkin > kPetSkins.high)
+            return -kFar;
+        const auto state = body.stateUnder(tClothing);
+        return state ? body.surplus(*state) : kNaN;
+    };
+    const double surroundings = 0.5 * (ta + tmrt);
+    const auto root = formulas::bracketedRoot({.low = std::min({kPetSkins.low, ta, tmrt}),
+                                               .high = std::max({kPetSkins.high, ta, tmrt}),
+                                               .start = surroundings + 0.4 * (34 - surroundings),
+                                               .slope = -3 * (least + 5 * area),
+                                               .leastSlope = least},
+                                              surplusUnder);
+    if (!root)
+        return std::nullopt;
+    const auto state = body.stateUnder(*root);
+    if (!state || !(std::fabs(body.surplus(*state)) < kClosed))
+        return std::nullopt;
+    return state;
+}
+
+/// The temperature at which a reference, whose surplus rises, has none; the rest as above.
+template <class Surplus>
+std::optional<double> equivalent(double tClothing, double least, double area, Surplus surplusAt) noexcept
+{
+    return formulas::bracketedRoot({.low = kPetBracket.low,
+                                    .high = kPetBracket.high,
+                                    .start = tClothing,
+                                    .slope = -3 * (least + 5 * area),
+                                    .leastSlope = least},
+                                   [&](double t) { return -surplusAt(t); });
+}
+
+template <class Body>
+Pet petOf(const PetInputs& inputs, Limits limits) noexcept
+{
+    Examination examination(limits);
+    lookAt(examination, inputs);
+    if (!examination.hasValue())
+        return {examination.verdict()};
+    const Body body(inputs);
+    const auto state = body.balanced();
+    const auto pet = state ? body.equivalentTemperature(*state) : std::nullopt;
+    if (!pet) {
+        examination.refuse(Reason::NoRoot, state ? "pet" : "t_skin");
+        return {examination.verdict()};
+    }
+    return {.verdict = examination.verdict(),
+            .pet = *pet,
+            .tCore = state->tCore,
+            .tSkin = state->tSkin,
+            .tClothing = state->tClothing,
+            .wettedness = state->wettedness};
 }
 
 } // namespace pet_body

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "standards/pet_wg.h"
 
-#include "formulas/bracketed_root.h"
 #include "standards/body_surface.h"
 
 #include <algorithm>
@@ -140,69 +139,21 @@ double PetWgBody::referenceSurplus(const State& state, double t) const noexcept
     return m_referenceHeat + breathing(t, kReferenceVapour, m_referenceHeat) + bare + clothed - lost;
 }
 
-// The unknown is the clothing's temperature: it gives the skin's outright, and that the core's.
 std::optional<PetWgBody::State> PetWgBody::balanced() const noexcept
 {
-    constexpr double kFar = 1e6;     // [W/m²] beyond the skins that are looked at
-    constexpr double kClosed = 1e-3; // [W/m²] a surplus that jumps over 0 has no root
-    const auto surplusUnder = [this](double tClothing) {
-        const double tSkin = skinUnder(tClothing);
-        if (tSkin < kPetSkins.low)
-            return kFar;
-        if (tSkin > kPetSkins.high)
-            return -kFar;
-        const auto state = stateUnder(tClothing);
-        return state ? surplus(*state) : kNaN;
-    };
     const double tmrt = std::sqrt(std::sqrt(m_radiation)) - kKelvin;
-    const double low = std::min({kPetSkins.low, m_ta, tmrt});
-    const double high = std::max({kPetSkins.high, m_ta, tmrt});
-    const double surroundings = 0.5 * (m_ta + tmrt);
-    const double least = m_convection * m_clothing.surface;
-    const auto root = formulas::bracketedRoot({.low = low,
-                                               .high = high,
-                                               .start = surroundings + 0.4 * (34 - surroundings),
-                                               .slope = -3 * (least + 5),
-                                               .leastSlope = least},
-                                              surplusUnder);
-    if (!root)
-        return std::nullopt;
-    const auto state = stateUnder(*root);
-    if (!state || !(std::fabs(surplus(*state)) < kClosed))
-        return std::nullopt;
-    return state;
+    return balance(*this, m_ta, tmrt, m_convection * m_clothing.surface, 1);
 }
 
 std::optional<double> PetWgBody::equivalentTemperature(const State& state) const noexcept
 {
-    const double least = 0.5 * m_referenceConvection * m_reference.surface;
-    return formulas::bracketedRoot({.low = kPetBracket.low,
-                                    .high = kPetBracket.high,
-                                    .start = state.tClothing,
-                                    .slope = -3 * (least + 5),
-                                    .leastSlope = least},
-                                   [&](double t) { return -referenceSurplus(state, t); });
+    return equivalent(state.tClothing, 0.5 * m_referenceConvection * m_reference.surface, 1,
+                      [&](double t) { return referenceSurplus(state, t); });
 }
 
 Pet petWaltherGoestchel(const PetInputs& inputs, Limits limits) noexcept
 {
-    Examination examination(limits);
-    lookAt(examination, inputs);
-    if (!examination.hasValue())
-        return {examination.verdict()};
-    const PetWgBody body(inputs);
-    const auto state = body.balanced();
-    const auto equivalent = state ? body.equivalentTemperature(*state) : std::nullopt;
-    if (!equivalent) {
-        examination.refuse(Reason::NoRoot, state ? "pet" : "t_skin");
-        return {examination.verdict()};
-    }
-    return {.verdict = examination.verdict(),
-            .pet = *equivalent,
-            .tCore = state->tCore,
-            .tSkin = state->tSkin,
-            .tClothing = state->tClothing,
-            .wettedness = state->wettedness};
+    return petOf<PetWgBody>(inputs, limits);
 }
 
 } // namespace comfortics::standards
