@@ -94,17 +94,10 @@ double airSpeedLimit(double operative, double met, double clo) noexcept
 
 PmvAshrae pmvAshrae(const PmvInputs& inputs, Motion motion, Edition edition, Limits limits) noexcept
 {
-    using namespace pmv_ashrae_range;
     Examination examination(limits);
-    examination.look(kTa, inputs.ta);
-    examination.look(kTr, inputs.tr);
-    examination.look({kSpeed.name, kSpeed.quantity}, inputs.v);
-    examination.look(kRH, inputs.RH);
-    examination.look(kMet, inputs.met);
-    examination.look({kClo.name, kClo.quantity}, inputs.clo);
-    examination.look(kWork, inputs.work);
+    lookAtTyped(examination, kPmvAshraeRanges, inputs);
     if (inputs.work > inputs.met)
-        examination.mark(kWork.name);
+        examination.mark(kPmvAshraeRanges.work.name);
     if (!examination.hasValue())
         return {.verdict = examination.verdict()};
 
@@ -112,8 +105,7 @@ PmvAshrae pmvAshrae(const PmvInputs& inputs, Motion motion, Edition edition, Lim
     const InMotion moving = inMotion(motion, inputs.v, inputs.met, inputs.clo);
     actual.v = moving.v;
     actual.clo = moving.clo;
-    examination.look(kSpeed, moving.v);
-    examination.look(kClo, moving.clo);
+    lookAtMotion(examination, kPmvAshraeRanges, moving);
     if (!examination.hasValue())
         return {.verdict = examination.verdict(), .inMotion = moving};
 
@@ -124,12 +116,7 @@ PmvAshrae pmvAshrae(const PmvInputs& inputs, Motion motion, Edition edition, Lim
         examination.refuse(Reason::NoRoot, "set");
     else {
         vote = meanVote(cooling.cools ? cooled(actual, cooling.effect) : actual);
-        if (!vote)
-            examination.refuse(Reason::NoRoot, "t_cl");
-        else if (!std::isfinite(vote->pmv))
-            examination.refuse(Reason::Undefined, kPmv.name);
-        else
-            examination.look(kPmv, vote->pmv);
+        lookAtVote(examination, kPmvAshraeRanges, vote);
     }
     if (!examination.hasValue())
         return {.verdict = examination.verdict(), .inMotion = moving};

@@ -22,17 +22,14 @@
 
 namespace comfortics::standards {
 
-/// Ranges of the standard. The work lies within 0..met; speed and clothing are those after the motion.
-namespace pmv_ashrae_range {
-inline constexpr Input kTa{"ta", Quantity::Temperature, {10, 40}};
-inline constexpr Input kTr{"tr", Quantity::Temperature, {10, 40}};
-inline constexpr Input kSpeed{"vr", Quantity::Speed, {0, 2}};
-inline constexpr Input kRH{"RH", Quantity::Humidity};
-inline constexpr Input kMet{"met", Quantity::Flux, {1, 4}};
-inline constexpr Input kClo{"clo", Quantity::Clothing, {0, 1.5}};
-inline constexpr Input kWork{"work", Quantity::Flux};
-inline constexpr Input kPmv{"pmv", Quantity::Any, {-3, 3}};
-} // namespace pmv_ashrae_range
+inline constexpr PmvRanges kPmvAshraeRanges{.ta = {"ta", Quantity::Temperature, {10, 40}},
+                                            .tr = {"tr", Quantity::Temperature, {10, 40}},
+                                            .speed = {"vr", Quantity::Speed, {0, 2}},
+                                            .RH = {"RH", Quantity::Humidity},
+                                            .met = {"met", Quantity::Flux, {1, 4}},
+                                            .clo = {"clo", Quantity::Clothing, {0, 1.5}},
+                                            .work = {"work", Quantity::Flux},
+                                            .pmv = {"pmv", Quantity::Any, {-3, 3}}};
 
 struct PmvAshrae {
     Verdict verdict{};

@@ -98,38 +98,52 @@ std::optional<MeanVote> meanVote(const PmvInputs& in) noexcept
     return MeanVote{(0.303 * std::exp(-0.036 * M) + 0.028) * L, *tCl};
 }
 
+void lookAtTyped(Examination& examination, const PmvRanges& ranges, const PmvInputs& in) noexcept
+{
+    examination.look(ranges.ta, in.ta);
+    examination.look(ranges.tr, in.tr);
+    examination.look({ranges.speed.name, ranges.speed.quantity}, in.v);
+    examination.look(ranges.RH, in.RH);
+    examination.look(ranges.met, in.met);
+    examination.look({ranges.clo.name, ranges.clo.quantity}, in.clo);
+    examination.look(ranges.work, in.work);
+}
+
+void lookAtMotion(Examination& examination, const PmvRanges& ranges, const InMotion& moving) noexcept
+{
+    examination.look(ranges.speed, moving.v);
+    examination.look(ranges.clo, moving.clo);
+}
+
+void lookAtVote(Examination& examination, const PmvRanges& ranges,
+                const std::optional<MeanVote>& vote) noexcept
+{
+    if (!vote)
+        examination.refuse(Reason::NoRoot, "t_cl");
+    else if (!std::isfinite(vote->pmv))
+        examination.refuse(Reason::Undefined, ranges.pmv.name);
+    else
+        examination.look(ranges.pmv, vote->pmv);
+}
+
 PmvIso pmvIso(const PmvInputs& inputs, Motion motion, Limits limits) noexcept
 {
-    using namespace pmv_iso_range;
     Examination examination(limits);
-    examination.look(kTa, inputs.ta);
-    examination.look(kTr, inputs.tr);
-    // As typed they are to be a speed and a clothing; the ranges are for what the motion makes of them.
-    examination.look({kSpeed.name, kSpeed.quantity}, inputs.v);
-    examination.look(kRH, inputs.RH);
-    examination.look(kMet, inputs.met);
-    examination.look({kClo.name, kClo.quantity}, inputs.clo);
-    examination.look(kWork, inputs.work);
+    lookAtTyped(examination, kPmvIsoRanges, inputs);
     if (!examination.hasValue())
         return {.verdict = examination.verdict()};
 
     const InMotion moving = inMotion(motion, inputs.v, inputs.met, inputs.clo);
-    examination.look(kSpeed, moving.v);
-    examination.look(kClo, moving.clo);
+    lookAtMotion(examination, kPmvIsoRanges, moving);
     if (inputs.work > inputs.met)
-        examination.mark(kWork.name);
-    examination.look(kPa, pmvVapourPressure(inputs.ta, inputs.RH));
+        examination.mark(kPmvIsoRanges.work.name);
+    examination.look(kPmvIsoVapour, pmvVapourPressure(inputs.ta, inputs.RH));
 
     PmvInputs actual = inputs;
     actual.v = moving.v;
     actual.clo = moving.clo;
     const std::optional<MeanVote> vote = meanVote(actual);
-    if (!vote)
-        examination.refuse(Reason::NoRoot, "t_cl");
-    else if (!std::isfinite(vote->pmv))
-        examination.refuse(Reason::Undefined, kPmv.name);
-    else
-        examination.look(kPmv, vote->pmv);
+    lookAtVote(examination, kPmvIsoRanges, vote);
     if (!examination.hasValue())
         return {.verdict = examination.verdict(), .inMotion = moving};
     return {.verdict = examination.verdict(),

@@ -34,18 +34,20 @@ struct PmvInputs {
     double work = 0;
 };
 
-/// Ranges of the standard. The work lies within 0..met; speed and clothing are those after the motion.
-namespace pmv_iso_range {
-inline constexpr Input kTa{"ta", Quantity::Temperature, {10, 30}};
-inline constexpr Input kTr{"tr", Quantity::Temperature, {10, 40}};
-inline constexpr Input kSpeed{"vr", Quantity::Speed, {0, 1}};
-inline constexpr Input kRH{"RH", Quantity::Humidity};
-inline constexpr Input kMet{"met", Quantity::Flux, {0.8, 4}};
-inline constexpr Input kClo{"clo", Quantity::Clothing, {0, 2}};
-inline constexpr Input kWork{"work", Quantity::Flux};
-inline constexpr Input kPa{"pa", Quantity::Flux, {0, 2700}};
-inline constexpr Input kPmv{"pmv", Quantity::Any, {-2, 2}};
-} // namespace pmv_iso_range
+/// What a standard bounds. The work lies within 0..met; speed and clothing are those after the motion.
+struct PmvRanges {
+    Input ta, tr, speed, RH, met, clo, work, pmv;
+};
+
+inline constexpr PmvRanges kPmvIsoRanges{.ta = {"ta", Quantity::Temperature, {10, 30}},
+                                         .tr = {"tr", Quantity::Temperature, {10, 40}},
+                                         .speed = {"vr", Quantity::Speed, {0, 1}},
+                                         .RH = {"RH", Quantity::Humidity},
+                                         .met = {"met", Quantity::Flux, {0.8, 4}},
+                                         .clo = {"clo", Quantity::Clothing, {0, 2}},
+                                         .work = {"work", Quantity::Flux},
+                                         .pmv = {"pmv", Quantity::Any, {-2, 2}}};
+inline constexpr Input kPmvIsoVapour{"pa", Quantity::Flux, {0, 2700}};
 
 /// Categories of the thermal environment, by the size of the vote: below 0.2, 0.5 and 0.7.
 enum class ComfortCategory : std::uint8_t { A, B, C, Beyond };
@@ -98,5 +100,12 @@ struct MeanVote {
 /// The vote for relative speed and actual clothing, without a look at any range. None where the clothing
 /// has no temperature.
 std::optional<MeanVote> meanVote(const PmvInputs& inputs) noexcept;
+
+/// As typed, speed and clothing need only be a speed and a clothing: their ranges are for what the motion
+/// makes of them.
+void lookAtTyped(Examination& examination, const PmvRanges& ranges, const PmvInputs& inputs) noexcept;
+void lookAtMotion(Examination& examination, const PmvRanges& ranges, const InMotion& moving) noexcept;
+void lookAtVote(Examination& examination, const PmvRanges& ranges,
+                const std::optional<MeanVote>& vote) noexcept;
 
 } // namespace comfortics::standards
