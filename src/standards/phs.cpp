@@ -1,13 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-//   ta, tr        air, mean radiant temperature [°C]      Ist, Ia     insulation of clothing, of the air
-//   [m²K/W] tsk, tcl      skin, surface of the clothing [°C]      Itd, Iad    the same in motion tcr, tre
-//   core, rectal [°C]                       Icd         of the clothing alone, in motion tce           core
-//   by the metabolic rate alone [°C]   Rt          resistance to vapour [m²kPa/W] v, var        air speed,
-//   that relative to the body    hc          convective coefficient [W/m²/K] Wa            speed of walking,
-//   or equal to it        Ereq, Emax  evaporation required, possible [W/m²] beta          share of the skin
-//   in the body's heat    SWreq, SWp  sweat required, predicted [W/m²] c             heat capacity [W
-//   min/m²/K]              w           wettedness of the skin [-]
+//   ta, tr        air, mean radiant temperature [°C]
+//   tsk, tcl      skin, surface of the clothing [°C]
+//   tcr, tre      core, rectal [°C]
+//   tce           core by the metabolic rate alone [°C]
+//   v, var        air speed, that relative to the body, or equal to it [m/s]
+//   Wa            speed of walking [m/s]
+//   hc            convective coefficient [W/m²/K]
+//   Ist, Ia       insulation of clothing, of the air [m²K/W]
+//   Itd, Iad      the same in motion
+//   Icd           of the clothing alone, in motion
+//   Rt            resistance to vapour [m²kPa/W]
+//   Ereq, Emax    evaporation required, possible [W/m²]
+//   SWreq, SWp    sweat required, predicted [W/m²]
+//   beta          share of the skin in the body's heat
+//   c             heat capacity [W min/m²/K]
+//   w             wettedness of the skin [-]
 #include "standards/phs.h"
 
 #include "formulas/bracketed_root.h"
