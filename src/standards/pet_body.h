@@ -103,8 +103,8 @@ template <class Body>
 std::optional<typename Body::State> balance(const Body& body, double ta, double tmrt, double least,
                                             double area) noexcept
 {
-    constexpr double kFar = 1e6;     // beyond the skins that are looked at, as heat
-    constexpr double kClosed = 1e-3; // a surplus that jumps over 0 has no root
+    static constexpr double kFar = 1e6; // beyond the skins that are looked at, as heat
+    constexpr double kClosed = 1e-3;    // a surplus that jumps over 0 has no root
     const auto surplusUnder = [&body](double tClothing) {
         const double tSkin = body.skinUnder(tClothing);
         if (tSkin < kPetSkins.low)
