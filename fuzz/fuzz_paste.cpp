@@ -6,6 +6,7 @@
 #include "input.h"
 
 #include "batch/frm_raw_data.h"
+#include "catalogue/categories.h"
 #include "output/csv_writer.h"
 #include "output/frm_comfortics.h"
 
@@ -117,9 +118,17 @@ void requireRun(Sheet& sheet, const Rows& rows)
         for (std::size_t index = 1; index <= catalogue::kIndexCount; ++index)
             requireEqual(results.textMatrix(row, index - 1), main.results.lbl_results[index].caption(),
                          "a row of the sheet and the same in the main window");
-        for (const std::size_t col : {std::size_t{0}, catalogue::kIndexCount - 1})
-            require(results.textMatrix(row, col).empty() == !results.note(row, col).empty(),
-                    "a blank figure, and no other, has a note", results.note(row, col));
+        for (const int index : {1, 90, 195, catalogue::kLastIndex}) {
+            const std::size_t col = static_cast<std::size_t>(index) - 1;
+            const std::string note = results.note(row, col);
+            if (results.textMatrix(row, col).empty()) {
+                require(!note.empty(), "a blank figure has a reason", note);
+                continue;
+            }
+            const auto meaning = main.calculation.meaning(index);
+            requireEqual(note, meaning ? catalogue::meaningNote(index, *meaning) : std::string(),
+                         "the note of a figure is what it means in the main window");
+        }
     }
     for (std::size_t i = 0; i < kReadingCount; ++i)
         requireEqual(sheet.main.calculation.readings.text(static_cast<classic::Reading>(i)),

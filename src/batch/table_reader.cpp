@@ -40,6 +40,8 @@ public:
     {
         convert();
         while (m_text.empty()) {
+            if (m_broken)
+                throw MalformedTable("The text is marked as UTF-16 and holds what is none.");
             char bytes[kBlock / 4];
             const std::size_t count = m_ended ? 0 : source(bytes, sizeof bytes);
             if (count == 0) {
@@ -60,15 +62,14 @@ private:
     {
         char* from = m_raw.data();
         std::size_t left = m_raw.size();
-        bool more = left > 0;
+        bool more = left > 0 && !m_broken;
         while (more) {
             char bytes[kBlock / 4];
             char* to = bytes;
             std::size_t room = sizeof bytes;
             const bool failed =
                 ::iconv(m_converter, &from, &left, &to, &room) == static_cast<std::size_t>(-1);
-            if (failed && errno == EILSEQ)
-                throw MalformedTable("The text is marked as UTF-16 and holds what is none.");
+            m_broken = m_broken || (failed && errno == EILSEQ);
             more = failed && errno == E2BIG;
             m_text.append(bytes, to);
         }
@@ -79,6 +80,7 @@ private:
     std::string m_raw;
     std::string m_text;
     bool m_ended;
+    bool m_broken = false; // behind m_text stands what is no UTF-16
 };
 
 TableReader::TableReader(Source source) : m_source(std::move(source)), m_buffer(kBlock)

@@ -88,6 +88,7 @@ TEST(TableReader, ReadsUtf16WithAMarkAndNamesWhatItCannotRead)
         {"\xFF\xFE"s, {}},
         {"\xFF\xFE\n"s, {"The text ends in the middle of a UTF-16 character."}},
         {"\xFF\xFE\x21\xDE"s, {"The text is marked as UTF-16 and holds what is none."}},
+        {"\xFF\xFEz\0\n\0\x21\xDE"s, {"1: z", "The text is marked as UTF-16 and holds what is none."}},
         {"T\0a\0"s, {neither}},
         {"\xFF\xFE\0\0T\0\0\0"s, {neither}},
     };
