@@ -7,7 +7,7 @@
 #include "catalogue/references.h"
 #include "catalogue/validity.h"
 #include "engine/recipe.h"
-#include "engine/same_letters.h"
+#include "values/same_letters.h"
 
 #include <algorithm>
 #include <array>
@@ -138,8 +138,8 @@ const QuantityInfo& info(Quantity quantity) noexcept
 std::optional<Quantity> findQuantity(std::string_view idOrSymbol) noexcept
 {
     for (std::size_t i = 0; i < kQuantityCount; ++i)
-        if (engine::sameLetters(kQuantities[i].id, idOrSymbol) ||
-            engine::sameLetters(kQuantities[i].symbol, idOrSymbol))
+        if (values::sameLetters(kQuantities[i].id, idOrSymbol) ||
+            values::sameLetters(kQuantities[i].symbol, idOrSymbol))
             return static_cast<Quantity>(i);
     return std::nullopt;
 }

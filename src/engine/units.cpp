@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <comfortics/units.h>
 
-#include "engine/same_letters.h"
 #include "formulas/units.h"
 #include "values/float_flags.h"
+#include "values/same_letters.h"
 
 #include <algorithm>
 #include <array>
@@ -59,7 +59,7 @@ std::span<const Unit> units() noexcept
 const Unit* findUnit(std::string_view symbol) noexcept
 {
     for (const Unit& unit : kAll)
-        if (engine::sameLetters(unit.symbol, symbol))
+        if (values::sameLetters(unit.symbol, symbol))
             return &unit;
     return nullptr;
 }

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace comfortics::engine {
+namespace comfortics::values {
 
 /// Whether two texts are the same but for the case of the Latin letters.
 inline bool sameLetters(std::string_view one, std::string_view other)
@@ -14,4 +14,4 @@ inline bool sameLetters(std::string_view one, std::string_view other)
                       [&](char a, char b) { return lower(a) == lower(b); });
 }
 
-} // namespace comfortics::engine
+} // namespace comfortics::values

@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What is asked of the table of the models: lookups, and one point of a model.
+#include "catalogue/addition_inputs.h"
+#include "catalogue/additions.h"
+#include "standards/pet_body.h"
+#include "values/plain_text.h"
+#include "values/same_letters.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <vector>
+
+namespace comfortics::catalogue {
+
+using standards::kNaN;
+using standards::Reason;
+using standards::Verdict;
+
+namespace {
+
+template <typename Items>
+std::optional<std::size_t> placeOf(const Items& items, auto&& matches)
+{
+    const auto found = std::ranges::find_if(items, matches);
+    if (found == items.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - items.begin());
+}
+
+/// Which of its words an option has; none for NaN and other numbers.
+std::optional<std::size_t> wordOf(const AdditionInput& option, double value)
+{
+    return placeOf(option.info->choices, [value](const Choice& choice) { return choice.value == value; });
+}
+
+bool hasWord(std::uint16_t words, std::size_t place)
+{
+    return ((words >> place) & 1U) != 0;
+}
+
+} // namespace
+
+bool AdditionInput::knows(const Choice& choice) const noexcept
+{
+    const auto place = wordOf(*this, choice.value);
+    return place && hasWord(words, *place);
+}
+
+const Scale& scaleOf(const AdditionResult& result)
+{
+    static const Scale none{};
+    return result.scaleIndex == 0 ? none : scale(result.scaleIndex);
+}
+
+std::optional<std::size_t> Addition::inputPlace(std::string_view inputId) const noexcept
+{
+    return placeOf(inputs, [inputId](const AdditionInput& input) { return input.info->id == inputId; });
+}
+
+std::optional<std::size_t> Addition::resultPlace(std::string_view resultId) const noexcept
+{
+    return placeOf(results, [resultId](const AdditionResult& result) { return result.id == resultId; });
+}
+
+bool Addition::isRead(std::size_t place, std::span<const double> given) const noexcept
+{
+    const AdditionInput& input = inputs[place];
+    if (!input.unless.empty()) {
+        const auto other = inputPlace(input.unless);
+        if (other && !std::isnan(given[*other]))
+            return false;
+    }
+    if (input.onlyFor.empty())
+        return true;
+    const auto option = inputPlace(input.onlyFor);
+    const auto word = option ? wordOf(inputs[*option], given[*option]) : std::nullopt;
+    return !word || hasWord(input.onlyForWords, *word);
+}
+
+bool Addition::isRequired(std::size_t place, std::span<const double> given) const noexcept
+{
+    return inputs[place].need == Need::Required && isRead(place, given);
+}
+
+void Addition::run(std::span<const double> given, std::span<double> figures, std::span<Verdict> verdicts,
+                   standards::Limits limits) const noexcept
+{
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+        const AdditionInput& input = inputs[i];
+        if (!input.isOption())
+            continue;
+        const auto word = wordOf(input, given[i]);
+        if ((word && hasWord(input.words, *word)) || !isRead(i, given))
+            continue;
+        const Reason reason = std::isnan(given[i]) ? Reason::Missing : Reason::BeyondPhysics;
+        std::ranges::fill(figures, kNaN);
+        std::ranges::fill(verdicts, Verdict{standards::Standing::None, reason, input.verdictName});
+        return;
+    }
+    calculate(given.data(), figures.data(), verdicts.data(), limits);
+}
+
+const Addition* additionOfId(std::string_view id)
+{
+    const auto place = placeOf(additions(), [id](const Addition& model) { return model.id == id; });
+    return place ? &additions()[*place] : nullptr;
+}
+
+std::string Figure::id() const
+{
+    return std::string(model->id) + "." + std::string(info().id);
+}
+
+std::optional<Figure> figureOfId(std::string_view id)
+{
+    const std::size_t dot = id.find('.');
+    const Addition* const model = additionOfId(id.substr(0, dot));
+    if (model == nullptr)
+        return std::nullopt;
+    if (dot == std::string_view::npos)
+        return Figure{model, 0};
+    const auto place = model->resultPlace(id.substr(dot + 1));
+    return place ? std::optional(Figure{model, *place}) : std::nullopt;
+}
+
+std::span<const InputInfo* const> additionInputs()
+{
+    static const auto all = [] {
+        std::vector<const InputInfo*> found;
+        for (const Addition& model : additions())
+            for (const AdditionInput& input : model.inputs)
+                if (std::ranges::find(found, input.info) == found.end())
+                    found.push_back(input.info);
+        return found;
+    }();
+    return all;
+}
+
+const InputInfo* additionInputOfId(std::string_view id)
+{
+    const auto all = additionInputs();
+    const auto found = std::ranges::find(all, id, [](const InputInfo* input) { return input->id; });
+    return found == all.end() ? nullptr : *found;
+}
+
+std::optional<double> choiceOf(std::span<const Choice> choices, std::string_view wordOrNumber)
+{
+    for (const Choice& choice : choices)
+        if (values::sameLetters(choice.word, wordOrNumber) || values::plainText(choice.value) == wordOrNumber)
+            return choice.value;
+    return std::nullopt;
+}
+
+const Choice* choiceWith(std::span<const Choice> choices, double value) noexcept
+{
+    const auto found = std::ranges::find(choices, value, &Choice::value);
+    return found == choices.end() ? nullptr : &*found;
+}
+
+std::string resultText(const Addition& model, std::size_t result, std::span<const double> figures)
+{
+    const AdditionResult& info = model.results[result];
+    const double value = figures[result];
+    if (std::isnan(value))
+        return {};
+    if (!info.choices.empty()) {
+        const Choice* const choice = choiceWith(info.choices, value);
+        return choice == nullptr ? std::string() : std::string(choice->text);
+    }
+    std::array<char, 400> digits; // NOLINT: as far as it is written
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                       std::chars_format::fixed, info.decimals);
+    std::string text(digits.data(), written.ptr);
+    if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos)
+        text.erase(0, 1); // no negative zero
+    if (!info.reachedBy.empty())
+        if (const auto flag = model.resultPlace(info.reachedBy); flag && figures[*flag] == 0)
+            text = "not reached in " + text;
+    return text;
+}
+
+std::span<const Subject> additionSubjects()
+{
+    static const auto all = [] {
+        std::vector<Subject> subjects;
+        for (const Addition& model : additions()) {
+            const bool hasClasses = std::ranges::any_of(model.results, [](const AdditionResult& result) {
+                return !result.choices.empty() || result.scaleIndex != 0;
+            });
+            subjects.push_back({.id = model.id,
+                                .name = model.name,
+                                .unit = model.results.front().unit,
+                                .authors = model.authors,
+                                .year = model.year,
+                                .family = familyName(model.family),
+                                .abbreviations = model.abbreviations,
+                                .description = model.description,
+                                .hasClasses = hasClasses});
+        }
+        return subjects;
+    }();
+    return all;
+}
+
+const Finder& additionFinder()
+{
+    static const Finder all{additionSubjects()};
+    return all;
+}
+
+namespace {
+constexpr double kWattsPerMet = 58.15; // of ISO [W/m²]
+} // namespace
+
+double metabolicRateFor(const InputInfo& input, double met, const Body& body)
+{
+    if (&input == &inputs::kMet)
+        return met;
+    if (&input == &inputs::kMetabolicWm2)
+        return kWattsPerMet * met;
+    const double watts = kWattsPerMet * met * standards::bodySurface(body.weight, body.height).area;
+    if (&input == &inputs::kMetabolicW)
+        return watts;
+    if (&input == &inputs::kActivityW)
+        return watts - standards::pet_body::basalRate(
+                           {.age = body.age, .sex = body.sex, .height = body.height, .weight = body.weight});
+    return kNaN;
+}
+
+double workFor(const InputInfo& input, double met)
+{
+    if (&input == &inputs::kWorkMet)
+        return met;
+    return &input == &inputs::kWorkWm2 ? kWattsPerMet * met : kNaN;
+}
+
+} // namespace comfortics::catalogue
