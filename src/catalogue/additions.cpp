@@ -9,6 +9,7 @@
 #include "standards/ireq.h"
 #include "standards/pet.h"
 #include "standards/phs.h"
+#include "standards/pmv_ashrae.h"
 #include "standards/pmv_iso.h"
 #include "standards/tmrt_flux.h"
 #include "standards/tmrt_globe.h"
@@ -144,13 +145,13 @@ constexpr DerivedName kVapourOfPmv{
 
 // clang-format off
 namespace pmv_iso {
-namespace range = standards::pmv_iso_range;
+constexpr const standards::PmvRanges& kRange = standards::kPmvIsoRanges;
 constexpr auto kInputs = std::to_array<AdditionInput>({
-    Read(inputs::kTa, range::kTa), Read(inputs::kTr, range::kTr), Read(inputs::kV, range::kSpeed).beside(kAfterMotion), Read(inputs::kRH, range::kRH),
-    Read(inputs::kMet, range::kMet), Read(inputs::kClo, range::kClo).beside(kAfterMotion),
-    Read(kWorkMet, range::kWork).beside(kWorkBeside).start(0, kNoWork), Read(kMotion).start(0, kTypedMotion)});
+    Read(inputs::kTa, kRange.ta), Read(inputs::kTr, kRange.tr), Read(inputs::kV, kRange.speed).beside(kAfterMotion), Read(inputs::kRH, kRange.RH),
+    Read(inputs::kMet, kRange.met), Read(inputs::kClo, kRange.clo).beside(kAfterMotion),
+    Read(kWorkMet, kRange.work).beside(kWorkBeside).start(0, kNoWork), Read(kMotion).start(0, kTypedMotion)});
 constexpr auto kResults = std::to_array<Results>({
-    {.id = "pmv", .name = "Predicted mean vote", .scaleIndex = 118, .range = range::kPmv.range},
+    {.id = "pmv", .name = "Predicted mean vote", .scaleIndex = 118, .range = kRange.pmv.range},
     {.id = "ppd", .name = "Predicted percentage of dissatisfied", .unit = "%", .decimals = 1},
     {.id = "category", .name = "Category of the thermal environment", .choices = kCategories},
     {.id = "t_cl", .name = "Temperature of the clothing's surface", .unit = "°C"},
@@ -163,14 +164,14 @@ constexpr auto kReferences = std::to_array({"ISO 7730:2005 (the edition of 2025 
 } // namespace pmv_iso
 
 namespace pmv_ashrae {
-namespace range = standards::pmv_ashrae_range;
+constexpr const standards::PmvRanges& kRange = standards::kPmvAshraeRanges;
 constexpr auto kInputs = std::to_array<AdditionInput>({
-    Read(inputs::kTa, range::kTa), Read(inputs::kTr, range::kTr), Read(inputs::kV, range::kSpeed).beside(kAfterMotion), Read(inputs::kRH, range::kRH),
-    Read(inputs::kMet, range::kMet), Read(inputs::kClo, range::kClo).beside(kAfterMotion),
-    Read(kWorkMet, range::kWork).beside(kWorkBeside).start(0, kNoWork), Read(kMotion).start(0, kTypedMotion),
+    Read(inputs::kTa, kRange.ta), Read(inputs::kTr, kRange.tr), Read(inputs::kV, kRange.speed).beside(kAfterMotion), Read(inputs::kRH, kRange.RH),
+    Read(inputs::kMet, kRange.met), Read(inputs::kClo, kRange.clo).beside(kAfterMotion),
+    Read(kWorkMet, kRange.work).beside(kWorkBeside).start(0, kNoWork), Read(kMotion).start(0, kTypedMotion),
     Read(kEdition).start(2020, "the newer two-node program")});
 constexpr auto kResults = std::to_array<Results>({
-    {.id = "pmv", .name = "Predicted mean vote", .scaleIndex = 118, .range = range::kPmv.range},
+    {.id = "pmv", .name = "Predicted mean vote", .scaleIndex = 118, .range = kRange.pmv.range},
     {.id = "ppd", .name = "Predicted percentage of dissatisfied", .unit = "%", .decimals = 1},
     {.id = "cooling_effect", .name = "Cooling effect of moving air", .unit = "K"},
     {.id = "compliant", .name = "Vote within the standard's limits", .choices = kNoYes},
