@@ -7,6 +7,7 @@
 #include <comfortics/catalogue.h>
 #include <comfortics/column.h>
 #include <comfortics/evaluate.h>
+#include <comfortics/models.h>
 #include <comfortics/radiation.h>
 #include <comfortics/status.h>
 #include <comfortics/units.h>

@@ -84,8 +84,7 @@ bool Addition::isRequired(std::size_t place, std::span<const double> given) cons
     return inputs[place].need == Need::Required && isRead(place, given);
 }
 
-void Addition::run(std::span<const double> given, std::span<double> figures, std::span<Verdict> verdicts,
-                   standards::Limits limits) const noexcept
+Verdict Addition::verdictOfOptions(std::span<const double> given) const noexcept
 {
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         const AdditionInput& input = inputs[i];
@@ -95,11 +94,29 @@ void Addition::run(std::span<const double> given, std::span<double> figures, std
         if ((word && hasWord(input.words, *word)) || !isRead(i, given))
             continue;
         const Reason reason = std::isnan(given[i]) ? Reason::Missing : Reason::BeyondPhysics;
-        std::ranges::fill(figures, kNaN);
-        std::ranges::fill(verdicts, Verdict{standards::Standing::None, reason, input.verdictName});
+        return {standards::Standing::None, reason, input.verdictName};
+    }
+    return {};
+}
+
+void Addition::run(std::span<const double> given, std::span<double> figures, std::span<Verdict> verdicts,
+                   standards::Limits limits) const noexcept
+{
+    const Verdict options = verdictOfOptions(given);
+    if (options.hasValue()) {
+        calculate(given.data(), figures.data(), verdicts.data(), limits);
         return;
     }
-    calculate(given.data(), figures.data(), verdicts.data(), limits);
+    std::ranges::fill(figures, kNaN);
+    std::ranges::fill(verdicts, options);
+}
+
+Verdict Addition::runCourse(std::span<const double> given, std::span<double> rows,
+                            standards::Limits limits) const noexcept
+{
+    std::ranges::fill(rows, kNaN);
+    const Verdict options = verdictOfOptions(given);
+    return options.hasValue() ? course->calculate(given, rows, limits) : options;
 }
 
 const Addition* additionOfId(std::string_view id)

@@ -251,7 +251,6 @@ std::size_t rowsOf(std::span<double> rows, std::size_t figures, std::size_t most
 template <typename Model>
 Verdict phsCourse(Model model, std::span<const double> in, std::span<double> rows, Limits limits)
 {
-    std::ranges::fill(rows, kNaN);
     const PhsArguments arguments = phsArguments(in.data());
     if (isRefused(arguments))
         return arguments.verdict;
@@ -309,7 +308,6 @@ std::size_t twoNodeMinutes(std::span<const double>) noexcept
 
 Verdict twoNodeCourse(std::span<const double> in, std::span<double> rows, Limits limits) noexcept
 {
-    std::ranges::fill(rows, kNaN);
     const TwoNodeArguments arguments = twoNodeArguments(in.data());
     std::array<standards::BodyMinute, standards::kTwoNodeMinutes> minutes;
     const std::size_t count = rowsOf(rows, kTwoNodeFigures, minutes.size());

@@ -101,9 +101,10 @@ struct AdditionCourse {
     int mostMinutes = 0;
     /// How many minutes the course of these inputs has; 0 where it has none.
     std::size_t (*minutes)(std::span<const double> inputs) noexcept = nullptr;
-    /// Puts the figures of minute 1 into the first row, and so on, for as many rows as there is room.
-    standards::Verdict (*run)(std::span<const double> inputs, std::span<double> rows,
-                              standards::Limits limits) noexcept = nullptr;
+    /// Puts the figures of minute 1 into the first row, and so on, for as many rows as there is room. Behind
+    /// Addition::runCourse.
+    standards::Verdict (*calculate)(std::span<const double> inputs, std::span<double> rows,
+                                    standards::Limits limits) noexcept = nullptr;
 };
 
 /// What a verdict can name beside inputs and figures.
@@ -138,6 +139,11 @@ struct Addition {
     void run(std::span<const double> inputs, std::span<double> results,
              std::span<standards::Verdict> verdicts,
              standards::Limits limits = standards::Limits::Mark) const noexcept;
+    /// The course of one point likewise, where there is one: see AdditionCourse. Rows beyond it are NaN.
+    standards::Verdict runCourse(std::span<const double> inputs, std::span<double> rows,
+                                 standards::Limits limits = standards::Limits::Mark) const noexcept;
+    /// What an option is in the way of, which has no number of the table; ok where all have.
+    standards::Verdict verdictOfOptions(std::span<const double> inputs) const noexcept;
 
     /// Places in the table, none for another id.
     std::optional<std::size_t> inputPlace(std::string_view inputId) const noexcept;

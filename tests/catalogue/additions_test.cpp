@@ -258,7 +258,7 @@ TEST(Additions, FollowTheBodyToItsFigures)
         const std::size_t minutes = model.course->minutes(answer.inputs);
         const std::size_t width = model.course->figures.size();
         std::vector<double> rows(minutes * width);
-        EXPECT_TRUE(model.course->run(answer.inputs, rows, standards::Limits::Mark).hasValue());
+        EXPECT_TRUE(model.runCourse(answer.inputs, rows).hasValue());
         for (std::size_t i = 0; i < 4; ++i) {
             const auto place = model.resultPlace(model.course->figures[i].id);
             ASSERT_TRUE(place);
