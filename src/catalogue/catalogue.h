@@ -120,6 +120,9 @@ struct CatalogueRow {
     /// Author and year of the published formula, from the end of the name; empty for read-outs
     /// whose name gives none.
     std::string_view source() const;
+
+    /// The unit beside a value; empty where the index has none, which lists tell as "[-]".
+    constexpr std::string_view shownUnit() const { return unit == "[-]" ? std::string_view() : unit; }
 };
 
 /// The indices; row i - 1 is index i.

@@ -118,8 +118,8 @@ std::string boundsInWords(int index, const Category& category)
         text = "from " + values::plainText(category.lower);
     else
         text = "from " + values::plainText(category.lower) + " to below " + values::plainText(category.upper);
-    const std::string_view unit = row(index).unit;
-    if (unit != "[-]")
+    const std::string_view unit = row(index).shownUnit();
+    if (!unit.empty())
         text += " " + std::string(unit);
     return text;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "python/ufuncs.h"
 
+#include "catalogue/catalogue.h"
 #include "texts/text.h"
 #include "values/plain_text.h"
 
@@ -156,8 +157,8 @@ std::string docstring(const Index& index)
                std::string(input.unit) + "].\n";
     }
     doc += "\nReturns\n-------\nndarray or scalar\n    ";
-    doc += index.unit == "[-]" ? std::string("The index, which has no unit")
-                               : "The index [" + std::string(index.unit) + "]";
+    const std::string unit(catalogue::row(index.number).shownUnit());
+    doc += unit.empty() ? std::string("The index, which has no unit") : "The index [" + unit + "]";
     doc += "; NaN where an input is NaN or the formula\n    has no defined value.\n\nNotes\n-----\nIndex " +
            std::to_string(index.number) + " (" + lowered(familyName(index.family)) + "). " +
            limitsText(index.limits) + "\n";

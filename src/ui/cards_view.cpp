@@ -45,8 +45,7 @@ constexpr double kCorner = 6;
 
 QString unitOf(int index)
 {
-    const std::string_view unit = catalogue::row(index).unit;
-    return unit == "[-]" ? QString() : toQt(unit);
+    return toQt(catalogue::row(index).shownUnit());
 }
 
 QFont valueFont(const QFont& font)

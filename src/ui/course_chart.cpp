@@ -188,7 +188,9 @@ QString CourseChart::valueAxisTitle(double room) const
 {
     const QFontMetricsF metrics(font());
     const catalogue::CatalogueRow& row = catalogue::row(m_course->request.index);
-    const QString unit = row.unit == "[-]" ? QString() : QStringLiteral(" [%1]").arg(toQt(row.unit));
+    QString unit = toQt(row.shownUnit());
+    if (!unit.isEmpty())
+        unit = QStringLiteral(" [%1]").arg(unit);
     QString name = toQt(row.name).trimmed();
     const auto abbreviations = catalogue::note(row.number).abbreviations;
     if (!abbreviations.empty())
@@ -467,11 +469,11 @@ void CourseChart::read(std::optional<std::size_t> place)
     }
     const CoursePoint& point = m_course->points[*place];
     const auto& info = classic::kReadingInfo[static_cast<std::size_t>(m_course->moved)];
-    const std::string_view unit = catalogue::row(m_course->request.index).unit;
+    const std::string_view unit = catalogue::row(m_course->request.index).shownUnit();
     QString text = QStringLiteral("%1 %2: ").arg(toQt(point.readingText), toQt(info.unit()));
     if (has(point)) {
         text += toQt(point.text);
-        if (unit != "[-]")
+        if (!unit.empty())
             text += QLatin1Char(' ') + toQt(unit);
         if (point.meaning)
             text += QStringLiteral(", ") + toQt(catalogue::inWords(*point.meaning));

@@ -144,7 +144,7 @@ public:
         ComparisonRow row;
         row.index = index;
         row.cells.push_back(textCell(std::string(name)));
-        row.cells.push_back(textCell(unit == "[-]" ? std::string() : std::string(unit)));
+        row.cells.push_back(textCell(std::string(unit)));
         for (std::size_t i = 0; i < cells.size(); ++i) {
             row.cells.push_back(cells[i]);
             if (i > 0)
@@ -236,7 +236,7 @@ ComparisonTable comparisonTable(const Comparison& comparison, const std::vector<
                        });
     for (const int index : indices)
         builder.addRow(
-            catalogue::row(index).name, catalogue::row(index).unit,
+            catalogue::row(index).name, catalogue::row(index).shownUnit(),
             [index](const Situation& situation, std::size_t) { return indexCell(situation, index); }, index);
     return builder.take();
 }

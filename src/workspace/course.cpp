@@ -328,8 +328,8 @@ std::string Course::inWords() const
         return problem;
     const catalogue::CatalogueRow& row = catalogue::row(request.index);
     const auto valueAt = [&](const CoursePoint& point) {
-        return point.text + (row.unit == "[-]" ? "" : " " + std::string(row.unit)) + " at " +
-               withUnit(point.readingText, moved);
+        const std::string unit(row.shownUnit());
+        return point.text + (unit.empty() ? unit : " " + unit) + " at " + withUnit(point.readingText, moved);
     };
     std::string words = std::string(row.name) + " over the " + nameOf(moved) + " from " +
                         points.front().readingText + " to " + withUnit(points.back().readingText, moved) +

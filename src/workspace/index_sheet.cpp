@@ -198,7 +198,7 @@ IndexSheet indexSheet(const Situation& situation, const classic::Limits& limits,
     sheet.number = index;
     sheet.id = reference.id;
     sheet.name = row.name;
-    sheet.unit = row.unit == "[-]" ? std::string_view() : row.unit;
+    sheet.unit = row.shownUnit();
     sheet.family = catalogue::familyName(reference.family);
     sheet.abbreviations.assign(note.abbreviations.begin(), note.abbreviations.end());
     sheet.description = note.description;
