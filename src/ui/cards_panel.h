@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "workspace/situation_runner.h"
+#include "workspace/latest_runner.h"
 #include "workspace/workspace.h"
 
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
 class QComboBox;
@@ -47,7 +48,7 @@ private:
     QLabel* m_note;
     CardsView* m_cards;
     std::vector<QWidget*> m_tabOrder;
-    workspace::SituationRunner m_runner;
+    workspace::LatestRunner<classic::Inputs, std::shared_ptr<const workspace::Situation>> m_runner;
 };
 
 } // namespace comfortics::ui

@@ -188,10 +188,14 @@ QString factsHtml(const IndexSheet& sheet, const QPalette& palette)
 SheetPanel::SheetPanel(workspace::Workspace& workspace, controls::FileDialogs& files,
                        controls::Messages& messages, QWidget* parent)
     : QWidget(parent), m_workspace(workspace), m_files(files), m_messages(messages),
-      m_runner(workspace.limits(), [this] {
-          QMetaObject::invokeMethod(
-              this, [this] { takeCourse(); }, Qt::QueuedConnection);
-      })
+      m_runner(
+          [&limits = workspace.limits()](const workspace::CourseRequest& request, const auto& goOn) {
+              return workspace::courseOf(limits, request, goOn);
+          },
+          [this] {
+              QMetaObject::invokeMethod(
+                  this, [this] { takeCourse(); }, Qt::QueuedConnection);
+          })
 {
     auto* const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(buildTop());

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "controls/dialogs.h"
-#include "workspace/course_runner.h"
+#include "workspace/course.h"
 #include "workspace/index_sheet.h"
+#include "workspace/latest_runner.h"
 #include "workspace/workspace.h"
 
 #include <QWidget>
@@ -64,7 +65,8 @@ private:
     QString m_shownId;
     bool m_late = false; // a refresh is on its way
     std::optional<workspace::CourseRequest> m_asked;
-    workspace::CourseRunner m_runner; // last: its thread ends first
+    workspace::LatestRunner<workspace::CourseRequest, workspace::Course>
+        m_runner; // last: its thread ends first
 };
 
 } // namespace comfortics::ui

@@ -4,13 +4,11 @@
 #include "no_windows.h"
 #include "prepared_answers.h"
 #include "texts/number_text.h"
-#include "workspace/course_runner.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <future>
 #include <string>
 
 namespace comfortics::workspace {
@@ -167,23 +165,14 @@ TEST(Course, KnowsWhereAFormulaTurnsItsSign)
         }
 }
 
-TEST(CourseRunner, HandsOutTheCourseThatWasAskedForLast)
+TEST(Course, EndsWhereNobodyWantsItAnyMore)
 {
-    std::promise<void> done;
-    CourseRunner runner(limits(), [&done] { done.set_value(); });
-    const CourseRequest first = request(90, CourseAxis::AirTemperature, {"30", "", "300", "", "50", "1"});
-    CourseRequest second = first;
-    second.index = 88;
-    runner.ask(first);
-    runner.ask(second); // so soon that the first is not done
-    done.get_future().wait();
-    const auto course = runner.take();
-    ASSERT_TRUE(course);
-    EXPECT_EQ(course->request, second);
-    EXPECT_FALSE(runner.take());
-
-    runner.ask(first);
-    runner.cancel();
+    int asked = 0;
+    const Course course =
+        courseOf(limits(), request(90, CourseAxis::AirTemperature, {"30", "", "300", "", "50", "1"}),
+                 [&asked] { return ++asked < 3; });
+    EXPECT_EQ(asked, 3);
+    EXPECT_TRUE(course.points.empty() && course.problem.empty());
 }
 
 } // namespace

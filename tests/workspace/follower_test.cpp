@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/follower.h"
 
-#include "workspace/situation_runner.h"
 #include "workspace_program.h"
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <vector>
 
 namespace comfortics::workspace {
@@ -102,34 +99,6 @@ TEST(Follower, WithTheOptionOffShowsTheLastCalculation)
     EXPECT_FALSE(Follower(slow.main, slow.preferences).Check_Follow.checked());
     slow.follower.Check_Follow.setChecked(true);
     EXPECT_EQ(slow.asked.back().readings, slow.main.inputs().readings);
-}
-
-TEST(SituationRunner, AnswersTheLastOfManyQuestions)
-{
-    tests::Program program;
-    std::mutex mutex;
-    std::condition_variable there;
-    bool finished = false;
-    SituationRunner runner(program.limits, [&] {
-        const std::lock_guard lock(mutex);
-        finished = true;
-        there.notify_all();
-    });
-    for (const char* const wind : {"1", "2", "3", "4", "5"}) {
-        program.type("31", "600", "50", wind);
-        runner.ask(program.main.inputs());
-    }
-    for (std::shared_ptr<const Situation> situation; !situation; situation = runner.take()) {
-        std::unique_lock lock(mutex);
-        there.wait(lock, [&finished] { return finished; });
-        finished = false;
-        lock.unlock();
-        if ((situation = runner.take())) {
-            EXPECT_EQ(situation->inputs.readings, program.main.inputs().readings);
-            break;
-        }
-    }
-    EXPECT_EQ(runner.take(), nullptr);
 }
 
 } // namespace
