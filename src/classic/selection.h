@@ -4,6 +4,7 @@
 #include "catalogue/catalogue.h"
 
 #include <bitset>
+#include <vector>
 
 namespace comfortics::classic {
 
@@ -16,6 +17,15 @@ public:
     bool contains(int index) const { return m_bits[static_cast<std::size_t>(index)]; }
     void set(int index, bool selected) { m_bits[static_cast<std::size_t>(index)] = selected; }
     std::size_t count() const { return m_bits.count(); }
+    /// Those that it holds, in their order.
+    std::vector<int> indices() const
+    {
+        std::vector<int> indices;
+        for (int index = 1; index <= catalogue::kLastIndex; ++index)
+            if (contains(index))
+                indices.push_back(index);
+        return indices;
+    }
 
     friend bool operator==(const Selection&, const Selection&) = default;
 

@@ -244,10 +244,7 @@ CardsModel::CardsModel(workspace::Workspace& workspace, QObject* parent)
 void CardsModel::repeatSet()
 {
     beginResetModel();
-    m_indices.clear();
-    for (const std::string& id : m_workspace.sets.shown().ids)
-        if (const int index = catalogue::indexOfId(id); index > 0)
-            m_indices.push_back(index);
+    m_indices = m_workspace.sets.shownIndices();
     endResetModel();
 }
 

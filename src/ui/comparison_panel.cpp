@@ -202,22 +202,10 @@ ComparisonPanel::ComparisonPanel(Comparison& comparison, controls::Clipboard& cl
       m_choices(std::move(choices))
 {
     workspace::Workspace& workspace = m_comparison.workspace();
-    m_choices.push_back({QStringLiteral("Of the cards"), [&workspace] {
-                             std::vector<int> shown;
-                             for (const std::string& id : workspace.sets.shown().ids)
-                                 if (const int index = catalogue::indexOfId(id); index != 0)
-                                     shown.push_back(index);
-                             return shown;
-                         }});
-    classic::Frm_Main& form = workspace.form();
-    m_choices.push_back({QStringLiteral("Ticked in the list"), [&form] {
-                             std::vector<int> ticked;
-                             const classic::Selection selection = form.settings().selection;
-                             for (int index = 1; index <= catalogue::kLastIndex; ++index)
-                                 if (selection.contains(index))
-                                     ticked.push_back(index);
-                             return ticked;
-                         }});
+    m_choices.push_back(
+        {QStringLiteral("Of the cards"), [&workspace] { return workspace.sets.shownIndices(); }});
+    m_choices.push_back({QStringLiteral("Ticked in the list"),
+                         [&workspace] { return workspace.form().settings().selection.indices(); }});
     auto* const row = buildRow();
     buildTable();
     m_note = new QLabel;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/index_sets.h"
 
+#include "catalogue/references.h"
 #include "texts/text.h"
 
 #include <nlohmann/json.hpp>
@@ -115,6 +116,15 @@ std::optional<std::size_t> IndexSets::placeOf(std::string_view name) const
     if (found == m_sets.end())
         return std::nullopt;
     return static_cast<std::size_t>(found - m_sets.begin());
+}
+
+std::vector<int> IndexSets::shownIndices() const
+{
+    std::vector<int> indices;
+    for (const std::string& id : shown().ids)
+        if (const int index = catalogue::indexOfId(id); index != 0)
+            indices.push_back(index);
+    return indices;
 }
 
 void IndexSets::show(std::size_t place)

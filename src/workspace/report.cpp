@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/report.h"
 
-#include "catalogue/references.h"
 #include "comfortics/version.h"
 #include "workspace/live_text.h"
 #include "workspace/scale_strip.h"
@@ -63,15 +62,6 @@ std::string shortNumber(double value)
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%.6g", value);
     return text.data();
-}
-
-std::vector<int> chosen(const ReportRequest& request)
-{
-    std::vector<int> indices;
-    for (const std::string& id : request.ids)
-        if (const int index = catalogue::indexOfId(id); index > 0)
-            indices.push_back(index);
-    return indices;
 }
 
 std::string_view nameOf(int index)
@@ -236,7 +226,6 @@ std::string chartOf(const Situation& situation, const std::vector<int>& indices)
 
 std::string page(const Situation& situation, const ReportRequest& request, const std::string& chart)
 {
-    const std::vector<int> indices = chosen(request);
     const std::string heading = request.heading.empty() ? "Thermal conditions" : request.heading;
     std::string html = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" +
                        escaped(heading) + "</title><style>" + kStyle + "</style></head><body>\n<h1>" +
@@ -250,14 +239,14 @@ std::string page(const Situation& situation, const ReportRequest& request, const
             "</table>\n<p><small>By " + escaped(classic::inForce(situation.inputs.settings)) + ". " +
             assumptions(situation) +
             "</small></p>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" +
-            row({"No", "Thermal index", "Value", "Unit", "Class"}, "th") + figureRows(situation, indices) +
-            "</table>\n";
+            row({"No", "Thermal index", "Value", "Unit", "Class"}, "th") +
+            figureRows(situation, request.indices) + "</table>\n";
     if (!chart.empty())
         html +=
             "<h2>Where the values stand</h2>\n" + chart +
             "\n<p><small>The numbers are the bounds of the classes. The outermost classes go on; a mark that "
             "points outwards lies farther out.</small></p>\n";
-    return html + sources(situation, indices) +
+    return html + sources(situation, request.indices) +
            "<p><small>Severity from -4 (extreme cold) to +4 (extreme heat) is a judgement made for all "
            "indices "
            "together. Comfortics " +
@@ -271,12 +260,12 @@ std::string page(const Situation& situation, const ReportRequest& request, const
 
 std::string reportHtml(const Situation& situation, const ReportRequest& request)
 {
-    return page(situation, request, chartOf(situation, chosen(request)));
+    return page(situation, request, chartOf(situation, request.indices));
 }
 
 ReportPage reportPage(const Situation& situation, const ReportRequest& request)
 {
-    const std::string chart = chartOf(situation, chosen(request));
+    const std::string chart = chartOf(situation, request.indices);
     return {page(situation, request,
                  chart.empty()
                      ? chart

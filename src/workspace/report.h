@@ -14,10 +14,10 @@ namespace comfortics::workspace {
 
 /// What a report is made of besides the situation.
 struct ReportRequest {
-    std::string heading;          ///< "Thermal conditions" where it is empty
-    std::string notes;            ///< several lines as they are
-    std::string when;             ///< date and time as they stand on the page
-    std::vector<std::string> ids; ///< of the indices, in their order; an unknown one is left out
+    std::string heading;      ///< "Thermal conditions" where it is empty
+    std::string notes;        ///< several lines as they are
+    std::string when;         ///< date and time as they stand on the page
+    std::vector<int> indices; ///< in their order
 };
 
 /// The page as HTML that needs nothing beside it: style and chart are inside. UTF-8.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/report_desk.h"
 
-#include "catalogue/references.h"
 #include "output/whole_file.h"
 
 #include <array>
@@ -22,16 +21,15 @@ ReportDesk::ReportDesk(Workspace& workspace, SessionDesk& session, controls::Fil
 {
 }
 
-std::vector<std::string> ReportDesk::ids() const
+std::vector<int> ReportDesk::indices() const
 {
     if (choice == Choice::Cards)
-        return m_workspace.sets.shown().ids;
-    std::vector<std::string> ids;
-    const classic::Selection ticked = m_workspace.form().settings().selection;
-    for (int index = 1; index <= catalogue::kLastIndex; ++index)
-        if (ticked.contains(index) && m_workspace.present().figure(index).number)
-            ids.emplace_back(catalogue::reference(index).id);
-    return ids;
+        return m_workspace.sets.shownIndices();
+    std::vector<int> ticked = m_workspace.form().settings().selection.indices();
+    std::erase_if(ticked, [&present = m_workspace.present()](int index) {
+        return !present.figure(index).number.has_value();
+    });
+    return ticked;
 }
 
 ReportRequest ReportDesk::request() const
@@ -39,7 +37,7 @@ ReportRequest ReportDesk::request() const
     return {.heading = m_session.heading,
             .notes = m_session.notes,
             .when = when.empty() ? clockText() : when,
-            .ids = ids()};
+            .indices = indices()};
 }
 
 ReportPage ReportDesk::page() const

@@ -48,7 +48,7 @@ public:
     void write(Form form, const std::string& path);
 
 private:
-    std::vector<std::string> ids() const;
+    std::vector<int> indices() const;
 
     Workspace& m_workspace;
     SessionDesk& m_session;

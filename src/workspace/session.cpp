@@ -40,9 +40,8 @@ ordered_json ticksOf(const classic::Selection& selection)
     if (selection == classic::Selection::all())
         return "all";
     ordered_json ids = ordered_json::array();
-    for (int index = 1; index <= catalogue::kLastIndex; ++index)
-        if (selection.contains(index))
-            ids.push_back(catalogue::reference(index).id);
+    for (const int index : selection.indices())
+        ids.push_back(catalogue::reference(index).id);
     return ids;
 }
 

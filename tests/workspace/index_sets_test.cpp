@@ -7,6 +7,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace comfortics::workspace {
 namespace {
@@ -118,6 +119,7 @@ TEST(IndexSets, ADamagedTextCountsAsNothingAndWhatIsUnknownIsKept)
     sets.show("Mine");
     sets.setStarred("wbgt_indoor", true);
     EXPECT_EQ(idsOf(IndexSets(preferences).shown()), "index_of_2040 utci wbgt_indoor ");
+    EXPECT_EQ(sets.shownIndices(), (std::vector{195, 199}));
 
     // Of another session: own sets of the name are replaced, ready ones are not, others stay.
     sets.take(R"([{"name":"mine","ids":["utci"]},{"name":"Cold","ids":[]},{"name":"New","ids":[]}])");
