@@ -2,9 +2,9 @@
 #include "output/csv_export.h"
 
 #include "output/csv_writer.h"
+#include "output/save_file.h"
 
 #include <filesystem>
-#include <optional>
 #include <system_error>
 
 namespace comfortics::output {
@@ -21,19 +21,14 @@ void exportSpreadsheetTable(const controls::Grid& grid, std::string_view success
                             controls::FileDialogs& files, controls::Messages& messages,
                             const std::vector<std::string>& headers)
 {
-    const auto written = [](const std::string& path) { return path + ".csv"; };
-    const std::optional<std::string> name = files.askSave({.title = kSpreadsheetTitle,
-                                                           .filter = "Comma-Separated Values (*.csv)",
-                                                           .fileName = "",
-                                                           .overwritePrompt = true,
-                                                           .written = written});
-    if (!name || name->empty())
+    const auto path = askForFile(files, {.title = kSpreadsheetTitle,
+                                         .filter = "Comma-Separated Values (*.csv)",
+                                         .fileName = "",
+                                         .overwritePrompt = true,
+                                         .written = [](const std::string& name) { return name + ".csv"; }});
+    if (!path ||
+        !succeeded(writeCsvFile(grid, CsvForm::Separated, *path, headers), messages, kSpreadsheetTitle))
         return;
-    const WriteResult result = writeCsvFile(grid, CsvForm::Separated, written(*name), headers);
-    if (!result.succeeded()) {
-        messages.show({.text = result.error, .title = kSpreadsheetTitle});
-        return;
-    }
     messages.show({.text = std::string(successText),
                    .title = kSpreadsheetTitle,
                    .buttons = controls::Buttons::Ok,
@@ -54,9 +49,7 @@ void exportRadiationTable(const controls::Grid& grid, controls::FileDialogs& fil
                        .title = "File Exists",
                        .buttons = controls::Buttons::YesNo,
                        .icon = controls::Icon::Question});
-    const WriteResult result = writeCsvFile(grid, CsvForm::Terminated, path);
-    if (!result.succeeded())
-        messages.show({.text = result.error, .title = kRadiationTitle});
+    succeeded(writeCsvFile(grid, CsvForm::Terminated, path), messages, kRadiationTitle);
 }
 
 bool FileExists(const std::string& path)

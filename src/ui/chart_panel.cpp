@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/chart_panel.h"
 
-#include "output/whole_file.h"
+#include "ui/picture_file.h"
 #include "ui/text.h"
 
 #include <QBuffer>
@@ -44,18 +44,6 @@ constexpr std::array<const char*, kFigureCount> kNames{"Horizontal", "Tilted", "
 // Told apart by colour-blind readers, too: the clouded ones are dashed.
 const std::array<QColor, kFigureCount> kColors{QColor(0xD5, 0x5E, 0x00), QColor(0x00, 0x72, 0xB2),
                                                QColor(0xE6, 0x9F, 0x00), QColor(0x56, 0xB4, 0xE9)};
-
-constexpr const char* kSaveTitle = "Save Chart";
-const QLatin1String kSvg(".svg");
-
-// The file that is written: a name without the ending of a picture gets one.
-std::string pictureName(const std::string& name)
-{
-    const QString path = toQt(name);
-    const bool isPicture =
-        path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) || path.endsWith(kSvg, Qt::CaseInsensitive);
-    return isPicture ? name : name + ".png";
-}
 
 QString hourText(double hour)
 {
@@ -229,25 +217,14 @@ bool ChartPanel::eventFilter(QObject* watched, QEvent* event)
 
 void ChartPanel::save()
 {
-    const auto name = m_files.askSave({.title = kSaveTitle,
-                                       .filter = "Pictures (*.png *.svg)",
-                                       .fileName = "Solar Radiation.png",
-                                       .overwritePrompt = true,
-                                       .written = pictureName});
-    if (name && !name->empty())
-        saveAs(toQt(pictureName(*name)));
+    if (const auto path = askForPicture(m_files, "Solar Radiation.png"))
+        saveAs(toQt(*path));
 }
 
 bool ChartPanel::saveAs(const QString& path)
 {
     hideCursor();
-    const QByteArray bytes = picture(path.endsWith(kSvg, Qt::CaseInsensitive));
-    output::WholeFile file(fromQt(path));
-    file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    const output::WriteResult result = file.commit();
-    if (!result.succeeded())
-        m_messages.show({.text = result.error, .title = kSaveTitle});
-    return result.succeeded();
+    return savePicture(fromQt(path), picture(isSvg(fromQt(path))), m_messages);
 }
 
 QByteArray ChartPanel::picture(bool asSvg)

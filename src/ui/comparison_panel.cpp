@@ -2,8 +2,7 @@
 #include "ui/comparison_panel.h"
 
 #include "catalogue/references.h"
-#include "output/whole_file.h"
-#include "texts/text.h"
+#include "output/save_file.h"
 #include "ui/bindings.h"
 #include "ui/chip.h"
 #include "ui/text.h"
@@ -47,11 +46,6 @@ constexpr int kMeaningRole = Qt::UserRole;
 int nameWidth()
 {
     return QFontMetrics(QApplication::font()).averageCharWidth() * kNameCharacters;
-}
-
-std::string csvName(const std::string& name)
-{
-    return texts::lowered(name).ends_with(".csv") ? name : name + ".csv";
 }
 
 // The classes as chips, which have their words.
@@ -505,18 +499,15 @@ void ComparisonPanel::copy()
 
 void ComparisonPanel::exportTable()
 {
-    const auto name = m_files.askSave({.title = kExportTitle,
-                                       .filter = "Comma-Separated Values (*.csv)",
-                                       .fileName = "Comparison.csv",
-                                       .overwritePrompt = true,
-                                       .written = csvName});
-    if (!name || name->empty())
-        return;
-    output::WholeFile file(csvName(*name));
-    file.write(workspace::csvTable(m_model->table()));
-    const output::WriteResult result = file.commit();
-    if (!result.succeeded())
-        m_messages.show({.text = result.error, .title = kExportTitle});
+    const auto path = output::askForFile(
+        m_files, {.title = kExportTitle,
+                  .filter = "Comma-Separated Values (*.csv)",
+                  .fileName = "Comparison.csv",
+                  .overwritePrompt = true,
+                  .written = [](const std::string& name) { return output::withEnding(name, {".csv"}); }});
+    if (path)
+        output::succeeded(output::writeWhole(*path, workspace::csvTable(m_model->table())), m_messages,
+                          kExportTitle);
 }
 
 } // namespace comfortics::ui

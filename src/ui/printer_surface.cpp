@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/printer_surface.h"
 
+#include "output/save_file.h"
 #include "ui/colors.h"
 #include "ui/fonts.h"
 #include "ui/text.h"
@@ -109,9 +110,8 @@ output::WriteResult PrinterSurface::writePdf(const std::vector<int>& pages) cons
     pdf.setResolution(m_printer.resolution());
     if (!paint(pdf, pages))
         return {"The table could not be printed: no PDF can be made."};
-    output::WholeFile file(fromQt(m_printer.outputFileName()));
-    file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    return file.commit();
+    return output::writeWhole(fromQt(m_printer.outputFileName()),
+                              {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 bool PrinterSurface::paint(QPagedPaintDevice& device, const std::vector<int>& pages) const

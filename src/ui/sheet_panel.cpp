@@ -2,11 +2,10 @@
 #include "ui/sheet_panel.h"
 
 #include "catalogue/references.h"
-#include "output/whole_file.h"
-#include "texts/text.h"
 #include "ui/bindings.h"
 #include "ui/chip.h"
 #include "ui/course_chart.h"
+#include "ui/picture_file.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 
@@ -37,15 +36,6 @@ constexpr int kAxisCharacters = 10; // at least
 constexpr int kReadingLines = 2;
 constexpr int kHeldLines = 4;
 constexpr const char* kAxisKey = "sheet/axis";
-constexpr const char* kSaveTitle = "Save Chart";
-const QLatin1String kSvg(".svg");
-
-// A name without the ending of a picture gets one.
-std::string pictureName(const std::string& name)
-{
-    const std::string lowered = texts::lowered(name);
-    return lowered.ends_with(".png") || lowered.ends_with(".svg") ? name : name + ".png";
-}
 
 QString escaped(std::string_view text)
 {
@@ -418,22 +408,11 @@ void SheetPanel::savePicture()
 {
     if (m_chart->course() == nullptr)
         return;
-    const auto name = m_files.askSave({.title = kSaveTitle,
-                                       .filter = "Pictures (*.png *.svg)",
-                                       .fileName = m_workspace.lookedAt() + ".png",
-                                       .overwritePrompt = true,
-                                       .written = pictureName});
-    if (!name || name->empty())
+    const auto path = askForPicture(m_files, m_workspace.lookedAt() + ".png");
+    if (!path)
         return;
-    const std::string path = pictureName(*name);
-    const bool svg = toQt(path).endsWith(kSvg, Qt::CaseInsensitive);
-    const QByteArray bytes =
-        m_chart->picture(svg ? CourseChart::PictureKind::Svg : CourseChart::PictureKind::Png, pictureText());
-    output::WholeFile file(path);
-    file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    const output::WriteResult result = file.commit();
-    if (!result.succeeded())
-        m_messages.show({.text = result.error, .title = kSaveTitle});
+    const auto kind = isSvg(*path) ? CourseChart::PictureKind::Svg : CourseChart::PictureKind::Png;
+    ui::savePicture(*path, m_chart->picture(kind, pictureText()), m_messages);
 }
 
 } // namespace comfortics::ui

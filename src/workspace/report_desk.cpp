@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/report_desk.h"
 
-#include "output/whole_file.h"
+#include "output/save_file.h"
 
 #include <array>
 #include <ctime>
@@ -49,17 +49,15 @@ void ReportDesk::save(Form form)
 {
     const bool pdf = form == Form::Pdf;
     const std::string ending = pdf ? ".pdf" : ".html";
-    const auto written = [&ending](const std::string& path) {
-        return std::filesystem::path(path).extension() == ending ? path : path + ending;
-    };
-    const auto path = m_files.askSave({.title = kTitle,
-                                       .filter = pdf ? "PDF (*.pdf)|*.pdf" : "HTML (*.html)|*.html",
-                                       .fileName = "report" + ending,
-                                       .overwritePrompt = true,
-                                       .written = written});
-    if (!path || path->empty())
-        return;
-    write(form, written(*path));
+    const auto path = output::askForFile(
+        m_files,
+        {.title = kTitle,
+         .filter = pdf ? "PDF (*.pdf)|*.pdf" : "HTML (*.html)|*.html",
+         .fileName = "report" + ending,
+         .overwritePrompt = true,
+         .written = [&ending](const std::string& name) { return output::withEnding(name, {ending}); }});
+    if (path)
+        write(form, *path);
 }
 
 void ReportDesk::write(Form form, const std::string& path)
@@ -70,13 +68,8 @@ void ReportDesk::write(Form form, const std::string& path)
         m_messages.show({.text = "The report could not be made.", .title = kTitle});
         return;
     }
-    output::WholeFile file(path);
-    file.write(bytes);
-    if (const output::WriteResult result = file.commit(); !result.succeeded()) {
-        m_messages.show({.text = result.error, .title = kTitle});
-        return;
-    }
-    m_workspace.form().tell(std::filesystem::path(path).filename().string() + " was written.");
+    if (output::succeeded(output::writeWhole(path, bytes), m_messages, kTitle))
+        m_workspace.form().tell(std::filesystem::path(path).filename().string() + " was written.");
 }
 
 std::string clockText()

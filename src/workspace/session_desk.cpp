@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/session_desk.h"
 
-#include "output/whole_file.h"
+#include "output/save_file.h"
 #include "texts/bounded_file.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <filesystem>
-#include <optional>
 
 namespace comfortics::workspace {
 
@@ -132,24 +131,20 @@ void SessionDesk::save()
 
 void SessionDesk::saveAs()
 {
-    const auto path = m_files.askSave({.title = "Save Session",
-                                       .filter = kFilter,
-                                       .fileName = m_path.empty() ? std::string("session") : m_path,
-                                       .overwritePrompt = true,
-                                       .written = withEnding});
-    if (path && !path->empty())
-        saveTo(withEnding(*path));
+    if (const auto path =
+            output::askForFile(m_files, {.title = "Save Session",
+                                         .filter = kFilter,
+                                         .fileName = m_path.empty() ? std::string("session") : m_path,
+                                         .overwritePrompt = true,
+                                         .written = withEnding}))
+        saveTo(*path);
 }
 
 void SessionDesk::saveTo(const std::string& path)
 {
     const Session session = collect();
-    output::WholeFile file(path);
-    file.write(sessionText(session));
-    if (const output::WriteResult result = file.commit(); !result.succeeded()) {
-        complain(result.error);
+    if (!output::succeeded(output::writeWhole(path, sessionText(session)), m_messages, kTitle))
         return;
-    }
     m_path = path;
     m_saved = session;
     remember(path);
