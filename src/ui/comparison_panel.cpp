@@ -472,29 +472,11 @@ void ComparisonPanel::removePin()
 
 void ComparisonPanel::copy()
 {
-    ComparisonTable chosen;
     const ComparisonTable& table = m_model->table();
-    const QModelIndexList selected = m_table->selectionModel()->selectedIndexes();
-    if (selected.size() <= 1) {
-        m_clipboard.setText(workspace::plainTable(table));
-        return;
-    }
-    // The rows and columns that have selected cells, under their headings.
-    std::set<std::size_t> rows;
-    std::set<std::size_t> columns{0}; // the quantities
-    for (const QModelIndex& index : selected) {
-        rows.insert(static_cast<std::size_t>(index.row()));
-        columns.insert(static_cast<std::size_t>(index.column()));
-    }
-    for (const std::size_t column : columns)
-        chosen.columns.push_back(table.columns.at(column));
-    for (const std::size_t row : rows) {
-        workspace::ComparisonRow cells;
-        for (const std::size_t column : columns)
-            cells.cells.push_back(table.rows.at(row).cells.at(column));
-        chosen.rows.push_back(std::move(cells));
-    }
-    m_clipboard.setText(workspace::plainTable(chosen));
+    std::set<workspace::ComparisonPlace> cells;
+    for (const QModelIndex& index : m_table->selectionModel()->selectedIndexes())
+        cells.emplace(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
+    m_clipboard.setText(workspace::plainTable(cells.size() > 1 ? workspace::partOf(table, cells) : table));
 }
 
 void ComparisonPanel::exportTable()

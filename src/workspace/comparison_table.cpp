@@ -241,6 +241,26 @@ ComparisonTable comparisonTable(const Comparison& comparison, const std::vector<
     return builder.take();
 }
 
+ComparisonTable partOf(const ComparisonTable& table, const std::set<ComparisonPlace>& cells)
+{
+    std::set<std::size_t> rows;
+    std::set<std::size_t> columns{0}; // the quantities
+    for (const auto& [row, column] : cells) {
+        rows.insert(row);
+        columns.insert(column);
+    }
+    ComparisonTable part;
+    for (const std::size_t column : columns)
+        part.columns.push_back(table.columns.at(column));
+    for (const std::size_t row : rows) {
+        ComparisonRow& taken = part.rows.emplace_back();
+        taken.index = table.rows.at(row).index;
+        for (const std::size_t column : columns)
+            taken.cells.push_back(table.rows.at(row).cells.at(column));
+    }
+    return part;
+}
+
 std::string plainTable(const ComparisonTable& table)
 {
     return lines(table, '\t', "\n", [](std::string& text, std::string cell) {

@@ -6,9 +6,12 @@
 #include "catalogue/categories.h"
 #include "workspace/comparison.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics::workspace {
@@ -46,6 +49,12 @@ struct ComparisonTable {
 /// present number less the pinned one, before either was rounded, with the decimals of the texts; where one
 /// of them has no number there is none. Assumptions are rows where they differ.
 ComparisonTable comparisonTable(const Comparison& comparison, const std::vector<int>& indices);
+
+/// A cell by its row and column.
+using ComparisonPlace = std::pair<std::size_t, std::size_t>;
+
+/// The rows and columns in which the given cells lie, whole, with the quantities before them.
+ComparisonTable partOf(const ComparisonTable& table, const std::set<ComparisonPlace>& cells);
 
 /// For the clipboard: cells apart by tabs, all decimals.
 std::string plainTable(const ComparisonTable& table);
