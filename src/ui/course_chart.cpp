@@ -31,10 +31,6 @@ constexpr double kMarker = 5;         // radius of the present point [pixel]
 constexpr double kBandOpacity = 0.45; // the curve stays the strongest
 constexpr float kGridOpacity = 0.18F;
 constexpr float kGapOpacity = 0.35F;
-constexpr int kReadingSteps = 6;
-constexpr int kValueSteps = 5;
-constexpr double kAround = 0.06;        // of the span of the values, above and below
-constexpr double kLeastSpan = 1e-3;     // of the values, as a share of the largest
 constexpr double kSharpness = 2;        // pixels of a picture to a pixel of the screen
 constexpr QSize kPictureSize(760, 460); // whatever the size of the panel
 
@@ -75,16 +71,16 @@ std::optional<int> bandSeverity(const Course& course, const catalogue::Category&
 /// Where the plot lies, and the scales of its axes.
 struct CourseChart::Frame {
     QRectF plot;
-    Axis readings;
-    Axis values;
+    workspace::Axis readings;
+    workspace::Axis values;
 
     double x(double reading) const
     {
-        return plot.left() + (reading - readings.low) / (readings.high - readings.low) * plot.width();
+        return plot.left() + (reading - readings.low) / readings.span() * plot.width();
     }
     double y(double value) const
     {
-        return plot.bottom() - (value - values.low) / (values.high - values.low) * plot.height();
+        return plot.bottom() - (value - values.low) / values.span() * plot.height();
     }
     QPointF at(const CoursePoint& point) const { return {x(point.reading), y(point.value.value_or(0))}; }
 };
@@ -108,16 +104,6 @@ QSize CourseChart::minimumSizeHint() const
     return {fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 13};
 }
 
-// Steps of 1, 2 or 5 times a power of ten; the ends lie on a step.
-CourseChart::Axis CourseChart::niceAxis(double low, double high, int steps)
-{
-    const double wanted = (high - low) / steps;
-    const double power = std::pow(10, std::floor(std::log10(wanted)));
-    const double share = wanted / power;
-    const double step = power * (share <= 1 ? 1 : share <= 2 ? 2 : share <= 5 ? 5 : 10);
-    return {std::floor(low / step) * step, std::ceil(high / step) * step, step};
-}
-
 void CourseChart::show(Course course)
 {
     m_cursor.reset();
@@ -128,42 +114,10 @@ void CourseChart::show(Course course)
         update();
         return;
     }
-    const double first = course.points.front().reading;
-    const double last = std::max(course.points.back().reading, first + kLeastSpan);
-    m_readings = niceAxis(first, last, kReadingSteps);
-    m_readings.low = first; // no reading beyond those that can be
-    m_readings.high = last;
+    m_readings = readingAxis(course);
+    m_values = valueAxis(course);
     m_course = std::move(course);
-    m_values = valueAxis();
     update();
-}
-
-CourseChart::Axis CourseChart::valueAxis() const
-{
-    double low = std::numeric_limits<double>::infinity();
-    double high = -low;
-    for (const CoursePoint& point : m_course->points)
-        if (has(point)) {
-            low = std::min(low, *point.value);
-            high = std::max(high, *point.value);
-        }
-    if (low > high) // no value anywhere
-        low = high = 0;
-    // Beside a pole all that matters would be a line along the ground: the curve leaves the chart.
-    const auto categories = catalogue::scale(m_course->request.index).categories;
-    if (catalogue::hasPole(m_course->request.index) && categories.size() > 1) {
-        const double lowest = categories.front().upper;
-        const double highest = categories.back().lower;
-        low = std::max(low, lowest - (highest - lowest));
-        high = std::min(high, highest + (highest - lowest));
-        if (m_course->present && has(m_course->points[*m_course->present])) {
-            low = std::min(low, *m_course->points[*m_course->present].value);
-            high = std::max(high, *m_course->points[*m_course->present].value);
-        }
-    }
-    const double least = std::max({std::abs(low), std::abs(high), 1.0}) * kLeastSpan;
-    const double around = std::max((high - low) * kAround, least);
-    return niceAxis(low - around, high + around, kValueSteps);
 }
 
 void CourseChart::showNone(const QString& why)
@@ -177,10 +131,7 @@ void CourseChart::showNone(const QString& why)
 
 bool CourseChart::curveLeaves() const
 {
-    const auto isBeyond = [this](const CoursePoint& point) {
-        return has(point) && (*point.value < m_values.low || *point.value > m_values.high);
-    };
-    return m_course && std::any_of(m_course->points.begin(), m_course->points.end(), isBeyond);
+    return m_course && leaves(*m_course, m_values);
 }
 
 // A long name gives way to its unit.

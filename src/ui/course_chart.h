@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "workspace/course.h"
+#include "workspace/axis.h"
 
 #include <QByteArray>
 #include <QWidget>
@@ -52,19 +52,12 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    struct Axis {
-        double low = 0;
-        double high = 1;
-        double step = 1;
-    };
     struct Frame;
-    static Axis niceAxis(double low, double high, int steps);
     Frame frameIn(const QRectF& room) const;
     void paint(QPainter& painter, const QRectF& room) const;
     struct Run;
     template <typename Is>
     std::vector<Run> runsOf(Is is) const;
-    Axis valueAxis() const;
     void paintBands(QPainter& painter, const Frame& frame) const;
     void paintBandLabels(QPainter& painter, const Frame& frame) const;
     void paintGaps(QPainter& painter, const Frame& frame) const;
@@ -76,8 +69,8 @@ private:
 
     std::optional<workspace::Course> m_course;
     QString m_why;
-    Axis m_readings;
-    Axis m_values;
+    workspace::Axis m_readings;
+    workspace::Axis m_values;
     std::optional<std::size_t> m_cursor;
 };
 
