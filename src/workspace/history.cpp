@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/history.h"
 
+#include "workspace/situation.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -65,15 +67,11 @@ void History::go(std::size_t to)
 {
     m_at = to;
     m_typing = kNothing;
-    const State wanted = m_states[to];
-    classic::AssumptionTexts assumptions;
-    std::copy(std::next(wanted.begin(), classic::kReadingCount), wanted.end(), assumptions.begin());
-    m_form.calculation.assumptions.write(assumptions);
-    std::array<std::string_view, classic::kReadingCount> readings;
-    std::copy_n(wanted.begin(), classic::kReadingCount, readings.begin());
-    classic::ReadingBoxes& boxes = m_form.calculation.readings;
-    boxes.clear(); // no rule of a pair sees what stood there
-    boxes.write(readings);
+    const State& state = m_states[to];
+    classic::Inputs wanted;
+    std::copy_n(state.begin(), classic::kReadingCount, wanted.readings.begin());
+    std::copy(std::next(state.begin(), classic::kReadingCount), state.end(), wanted.assumptions.begin());
+    write(wanted, m_form.calculation);
     m_states[to] = present(); // a rule may judge a text that was being typed
     changed.raise();
 }

@@ -3,11 +3,9 @@
 
 #include "catalogue/references.h"
 #include "workspace/inputs_json.h"
+#include "workspace/situation.h"
 
 #include <nlohmann/json.hpp>
-
-#include <algorithm>
-#include <array>
 
 namespace comfortics::workspace {
 
@@ -120,7 +118,6 @@ SessionRead readSession(std::string_view text)
 
 void write(const classic::Inputs& inputs, classic::Frm_Main& form)
 {
-    form.calculation.assumptions.write(inputs.assumptions);
     form.Opt_Limits.select(inputs.settings.ignoreLimits ? 1 : 0);
     for (std::size_t i = 0; i < classic::kAllRules.size(); ++i)
         if (classic::kAllRules[i] == inputs.settings.rules)
@@ -128,10 +125,7 @@ void write(const classic::Inputs& inputs, classic::Frm_Main& form)
     form.List_Indices.selectAll(inputs.settings.selection == classic::Selection::all());
     for (std::size_t row = 0; row < form.List_Indices.count(); ++row)
         form.List_Indices.setSelected(row, inputs.settings.selection.contains(static_cast<int>(row) + 1));
-    form.calculation.readings.clear(); // no rule of a pair sees what stood there before
-    std::array<std::string_view, classic::kReadingCount> readings;
-    std::copy(inputs.readings.begin(), inputs.readings.end(), readings.begin());
-    form.calculation.readings.write(readings);
+    write(inputs, form.calculation);
 }
 
 } // namespace comfortics::workspace

@@ -43,14 +43,20 @@ Figure figureOf(const classic::Calculation& calculation, int index)
 
 } // namespace
 
+void write(const classic::Inputs& inputs, classic::Calculation& calculation)
+{
+    calculation.assumptions.write(inputs.assumptions);
+    calculation.readings.clear(); // no rule of a pair sees what stood there
+    std::array<std::string_view, classic::kReadingCount> readings;
+    std::copy(inputs.readings.begin(), inputs.readings.end(), readings.begin());
+    calculation.readings.write(readings);
+}
+
 Situation evaluate(const classic::Limits& limits, const classic::Inputs& inputs)
 {
     NoMessages messages;
     classic::Calculation calculation(limits, messages);
-    std::array<std::string_view, classic::kReadingCount> readings;
-    std::copy(inputs.readings.begin(), inputs.readings.end(), readings.begin());
-    calculation.readings.write(readings);
-    calculation.assumptions.write(inputs.assumptions);
+    write(inputs, calculation);
 
     Situation situation;
     situation.inputs = inputs;

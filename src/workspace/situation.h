@@ -53,6 +53,10 @@ struct Situation {
     }
 };
 
+/// Writes readings and assumptions to the boxes of a calculation, as if they were typed into empty ones. The
+/// settings are none of them.
+void write(const classic::Inputs& inputs, classic::Calculation& calculation);
+
 /// Calculates all indices, whatever is ticked, in a calculation of its own: the boxes, captions and results
 /// of others stay untouched, and any number can run at once. Takes some tenths of a millisecond; by the
 /// classic and robust rules at the edge of what converges some hundred milliseconds.

@@ -88,14 +88,21 @@ double UnitEntry::share() const
     return exponent ? std::pow(kBoxHeight / kMastHeight, *exponent) : std::nan("");
 }
 
+std::string_view UnitEntry::boxSymbol() const
+{
+    return m_wind ? kWinds.front() : kTemperatures.front();
+}
+
+std::string_view UnitEntry::entrySymbol() const
+{
+    return m_wind ? kWinds[unit().selected()] : kTemperatures[unit().selected()];
+}
+
 void UnitEntry::toBox()
 {
     m_writing = true;
     const auto number = texts::numericValue(txt_Entry.text());
-    const std::string_view symbol = m_wind ? kWinds[unit().selected()] : kTemperatures[unit().selected()];
-    const double value =
-        number ? convert(*number, symbol, m_wind ? kWinds.front() : kTemperatures.front()) * share()
-               : std::nan("");
+    const double value = number ? convert(*number, entrySymbol(), boxSymbol()) * share() : std::nan("");
     m_box.setText(std::isfinite(value) ? rounded(value, kBoxSteps) : std::string());
     m_own = true;
     m_writing = false;
@@ -106,10 +113,7 @@ void UnitEntry::fromBox()
     m_writing = true;
     m_own = false;
     const auto number = texts::numericValue(m_box.text());
-    const std::string_view symbol = m_wind ? kWinds[unit().selected()] : kTemperatures[unit().selected()];
-    const double value =
-        number ? convert(*number / share(), m_wind ? kWinds.front() : kTemperatures.front(), symbol)
-               : std::nan("");
+    const double value = number ? convert(*number / share(), boxSymbol(), entrySymbol()) : std::nan("");
     txt_Entry.setText(std::isfinite(value) ? rounded(value, kEntrySteps) : std::string());
     m_writing = false;
 }

@@ -48,6 +48,8 @@ public:
 
 private:
     double share() const;
+    std::string_view boxSymbol() const;
+    std::string_view entrySymbol() const;
     void toBox();
     void fromBox();
 
