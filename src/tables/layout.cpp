@@ -1,0 +1,522 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tables/layout.h"
+
+#include "tables/column_units.h"
+#include "tables/moment.h"
+#include "tables/words.h"
+#include "texts/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <map>
+#include <set>
+#include <utility>
+
+namespace comfortics::tables {
+
+using texts::trimmed;
+
+namespace {
+
+constexpr std::size_t kMostLines = 300; // that are looked at
+constexpr std::size_t kLookRows = 200;
+constexpr std::array<char, 5> kSeparators{'\t', ';', ',', '|', ' '};
+constexpr std::string_view kCommentMarks[] = {"#", "%", "!", "//", "*"};
+
+std::string separatorName(char separator)
+{
+    switch (separator) {
+    case '\t':
+        return "tabs";
+    case ' ':
+        return "blanks";
+    default:
+        return std::string("\"") + separator + "\"";
+    }
+}
+
+// One line of the sample.
+struct Line {
+    std::string_view text;
+    std::size_t number = 0;
+    std::string_view comment; // the mark that it begins with
+};
+
+std::vector<Line> linesOf(std::string_view text, bool whole)
+{
+    std::vector<Line> lines;
+    std::size_t number = 1;
+    while (!text.empty() && lines.size() < kMostLines) {
+        const std::size_t end = text.find_first_of("\r\n");
+        if (end == std::string_view::npos && !whole && !lines.empty())
+            break; // cut off
+        const std::string_view line = text.substr(0, end);
+        if (!trimmed(line).empty()) {
+            Line& added = lines.emplace_back(Line{line, number, {}});
+            for (const std::string_view mark : kCommentMarks)
+                if (line.starts_with(mark))
+                    added.comment = mark;
+        }
+        if (end == std::string_view::npos)
+            break;
+        text.remove_prefix(text.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
+        ++number;
+    }
+    return lines;
+}
+
+enum class CellKind { Gap, Point, Comma, Whole, Time, Text };
+
+CellKind kindOf(std::string_view written)
+{
+    const std::string_view cell = trimmed(written);
+    if (isUsualGap(cell))
+        return CellKind::Gap;
+    if (const bool point = cellNumber(cell, '.').has_value(); point || cellNumber(cell, ',')) {
+        if (cell.find('.') != std::string_view::npos)
+            return CellKind::Point;
+        return cell.find(',') != std::string_view::npos ? CellKind::Comma : CellKind::Whole;
+    }
+    return looksLikeTime(cell) ? CellKind::Time : CellKind::Text;
+}
+
+// The lines as one separator divides them.
+struct Division {
+    char separator = ',';
+    std::vector<std::vector<std::string>> cells; // of each line
+    std::size_t columns = 1;                     // of most lines with readings
+    double score = 0;
+    std::size_t points = 0;
+    std::size_t commas = 0;
+
+    bool isData(std::size_t line) const
+    {
+        const auto& row = cells[line];
+        if (row.size() != columns)
+            return false;
+        std::size_t readings = 0;
+        std::size_t numbers = 0;
+        std::size_t used = 0;
+        for (const std::string& cell : row) {
+            const CellKind kind = kindOf(cell);
+            used += trimmed(cell).empty() ? 0U : 1U;
+            readings += kind != CellKind::Text && !trimmed(cell).empty() ? 1U : 0U;
+            numbers +=
+                kind == CellKind::Point || kind == CellKind::Comma || kind == CellKind::Whole ? 1U : 0U;
+        }
+        return numbers > 0 && 2 * readings >= used;
+    }
+};
+
+Division divide(const std::vector<Line>& lines, char separator)
+{
+    Division division;
+    division.separator = separator;
+    std::map<std::size_t, std::size_t> widths;
+    double goodCells = 0;
+    std::map<std::size_t, double> good;
+    for (const Line& line : lines) {
+        auto& row = division.cells.emplace_back();
+        if (!splitLine(line.text, separator, row))
+            row.assign(1, std::string(line.text));
+        if (!line.comment.empty())
+            continue;
+        std::size_t readings = 0;
+        for (const std::string& cell : row) {
+            const CellKind kind = kindOf(cell);
+            readings += kind != CellKind::Text ? 1U : 0U;
+            division.points += kind == CellKind::Point ? 1U : 0U;
+            division.commas += kind == CellKind::Comma ? 1U : 0U;
+        }
+        if (readings * 2 < row.size() || readings == 0)
+            continue;
+        ++widths[row.size()];
+        good[row.size()] += static_cast<double>(readings) / static_cast<double>(row.size());
+    }
+    for (const auto& [width, count] : widths)
+        if (good[width] > goodCells) {
+            goodCells = good[width];
+            division.columns = width;
+        }
+    std::size_t counted = 0;
+    for (const Line& line : lines)
+        counted += line.comment.empty() ? 1U : 0U;
+    division.score = counted > 0 && division.columns > 1 ? goodCells / static_cast<double>(counted) : 0;
+    return division;
+}
+
+Division bestDivision(const std::vector<Line>& lines, const Shape& told)
+{
+    if (told.separator)
+        return divide(lines, *told.separator);
+    Division best;
+    bool any = false;
+    for (const char separator : kSeparators) {
+        Division division = divide(lines, separator);
+        // The earlier one of two that are as good; blanks stand within cells of the others.
+        if (!any || division.score > best.score + 1e-9) {
+            best = std::move(division);
+            any = true;
+        }
+    }
+    return best.score > 0 ? best : divide(lines, ',');
+}
+
+// A unit in brackets or behind a blank or an underscore at the end of a name.
+std::string unitInName(std::string_view name)
+{
+    const std::string_view text = trimmed(name);
+    for (const auto& [open, close] : {std::pair('[', ']'), std::pair('(', ')'), std::pair('{', '}')}) {
+        const std::size_t begin = text.rfind(open);
+        const std::size_t end = begin == std::string_view::npos ? begin : text.find(close, begin);
+        if (end != std::string_view::npos) {
+            const std::string_view inside = text.substr(begin + 1, end - begin - 1);
+            // "(10 m)" tells a height, no unit
+            if (!unitSymbol(inside).empty())
+                return std::string(inside);
+        }
+    }
+    for (const char mark : {',', ' ', '_'}) {
+        const std::size_t at = text.rfind(mark);
+        if (at == std::string_view::npos || at == 0)
+            continue;
+        const std::string_view last = trimmed(text.substr(at + 1));
+        if (last != "1" && !unitSymbol(last).empty())
+            return std::string(last);
+    }
+    return {};
+}
+
+bool isUnitLine(const std::vector<std::string>& cells)
+{
+    std::size_t used = 0;
+    std::size_t units = 0;
+    for (const std::string& cell : cells) {
+        used += trimmed(cell).empty() ? 0U : 1U;
+        units += unitSymbol(trimmed(cell)).empty() ? 0U : 1U;
+    }
+    // Loggers call the units of time and number TS and RN, and some units nobody calculates with.
+    return units > 0 && 3 * units >= used;
+}
+
+void findHeader(Layout& layout, const std::vector<Line>& lines, const Division& division, std::size_t data)
+{
+    std::vector<std::size_t> above; // lines of names, units and the like, nearest last
+    for (std::size_t i = 0; i < data; ++i)
+        if (lines[i].comment.empty() && division.cells[i].size() == division.columns)
+            above.push_back(i);
+        else if (lines[i].comment.empty() && !above.empty())
+            above.clear(); // a line between them ends what stands above
+    std::vector<std::vector<std::string>> heads;
+    for (const std::size_t i : above) {
+        const auto& cells = division.cells[i];
+        const auto used = std::count_if(cells.begin(), cells.end(),
+                                        [](const std::string& cell) { return !trimmed(cell).empty(); });
+        if (used > 1 || division.columns < 3) // a cell alone is a title
+            heads.push_back(cells);
+    }
+    if (heads.empty() && data > 0 && !lines[data - 1].comment.empty()) {
+        // Names can stand in the last comment.
+        std::vector<std::string> cells;
+        std::string_view text = lines[data - 1].text;
+        text.remove_prefix(lines[data - 1].comment.size());
+        if (splitLine(trimmed(text), division.separator, cells) && cells.size() == division.columns)
+            heads.push_back(std::move(cells));
+    }
+    layout.names.assign(division.columns, "");
+    layout.units.assign(division.columns, "");
+    layout.header = !heads.empty();
+    bool unitsSeen = false;
+    for (const auto& head : heads) {
+        if (!unitsSeen && &head != heads.data() && isUnitLine(head)) {
+            unitsSeen = true;
+            for (std::size_t i = 0; i < head.size(); ++i)
+                layout.units[i] = trimmed(head[i]);
+            continue;
+        }
+        if (unitsSeen)
+            continue; // "Avg", "Smp" and the like
+        for (std::size_t i = 0; i < head.size(); ++i) {
+            std::string name;
+            for (const char c : trimmed(head[i]))
+                name += c == '\n' || c == '\r' ? ' ' : c;
+            if (!name.empty())
+                layout.names[i] += (layout.names[i].empty() ? "" : " ") + name;
+        }
+    }
+    for (std::size_t i = 0; i < layout.names.size(); ++i)
+        if (layout.units[i].empty())
+            layout.units[i] = unitInName(layout.names[i]);
+    if (unitsSeen)
+        layout.because.emplace_back("A line of units stands below the names.");
+    makeNamesDiffer(layout.names);
+}
+
+// The columns of an EPW file, with the unit of those that have one.
+struct EpwColumn {
+    std::string_view name;
+    std::string_view unit;
+};
+constexpr std::array<EpwColumn, 35> kEpwColumns{{
+    {"Year", ""},
+    {"Month", ""},
+    {"Day", ""},
+    {"Hour", ""},
+    {"Minute", ""},
+    {"Uncertainty Flags", ""},
+    {"Dry Bulb Temperature", "°C"},
+    {"Dew Point Temperature", "°C"},
+    {"Relative Humidity", "%"},
+    {"Atmospheric Pressure", "Pa"},
+    {"Extraterrestrial Horizontal Radiation", "Wh/m2"},
+    {"Extraterrestrial Direct Normal Radiation", "Wh/m2"},
+    {"Horizontal Infrared Radiation", "Wh/m2"},
+    {"Global Horizontal Radiation", "Wh/m2"},
+    {"Direct Normal Radiation", "Wh/m2"},
+    {"Diffuse Horizontal Radiation", "Wh/m2"},
+    {"Global Horizontal Illuminance", "lux"},
+    {"Direct Normal Illuminance", "lux"},
+    {"Diffuse Horizontal Illuminance", "lux"},
+    {"Zenith Luminance", "Cd/m2"},
+    {"Wind Direction", "°"},
+    {"Wind Speed", "m/s"},
+    {"Total Sky Cover", ""},
+    {"Opaque Sky Cover", ""},
+    {"Visibility", "km"},
+    {"Ceiling Height", "m"},
+    {"Present Weather Observation", ""},
+    {"Present Weather Codes", ""},
+    {"Precipitable Water", "mm"},
+    {"Aerosol Optical Depth", ""},
+    {"Snow Depth", "cm"},
+    {"Days Since Last Snowfall", ""},
+    {"Albedo", ""},
+    {"Liquid Precipitation Depth", "mm"},
+    {"Liquid Precipitation Quantity", "hr"},
+}};
+
+constexpr std::size_t kEpwHeaderLines = 8;
+constexpr std::size_t kEpwNeeded = 22; // columns, up to the wind speed
+
+bool isEpw(std::string_view sample)
+{
+    return texts::lowered(sample.substr(0, 9)) == "location,";
+}
+
+Layout epwLayout(const std::vector<Line>& lines)
+{
+    constexpr std::size_t kPlaceCells = 10;
+    std::vector<std::string> location;
+    if (lines.size() <= kEpwHeaderLines || !splitLine(lines.front().text, ',', location) ||
+        location.size() < kPlaceCells)
+        throw TableFault("The weather file has no eight header lines with a place in the first.");
+    Layout layout;
+    layout.kind = FileKind::Epw;
+    layout.header = true;
+    layout.dataLine = lines[kEpwHeaderLines].number;
+    std::vector<std::string> first;
+    splitLine(lines[kEpwHeaderLines].text, ',', first);
+    if (first.size() < kEpwNeeded)
+        throw TableFault("Line " + std::to_string(layout.dataLine) + ": the row has " +
+                         std::to_string(first.size()) + " cells where a weather file has 35.");
+    for (std::size_t i = 0; i < first.size(); ++i) {
+        layout.names.emplace_back(i < kEpwColumns.size() ? kEpwColumns[i].name : "");
+        layout.units.emplace_back(i < kEpwColumns.size() ? kEpwColumns[i].unit : "");
+    }
+    makeNamesDiffer(layout.names);
+    for (const std::size_t i : {1U, 2U, 3U})
+        if (const std::string_view part = trimmed(location[i]); !part.empty() && part != "-")
+            layout.place += (layout.place.empty() ? "" : ", ") + std::string(part);
+    const auto zone = cellNumber(trimmed(location[8]), '.');
+    if (zone && std::abs(*zone) <= 14)
+        layout.zone = static_cast<int>(std::lround(*zone * 60));
+    else
+        layout.doubts.emplace_back("The first line tells no zone of time.");
+    layout.because.emplace_back("The file begins as EPW weather files do.");
+    return layout;
+}
+
+/// The rows of a table from its first row of readings on. A row of another length is refused.
+class DataRows final : public RowSource {
+public:
+    DataRows(std::unique_ptr<TextRows> rows, std::size_t firstLine, std::size_t columns)
+        : m_rows(std::move(rows)), m_firstLine(firstLine), m_columns(columns)
+    {
+    }
+
+    bool next(Row& row) override
+    {
+        do {
+            if (!m_rows->next(row))
+                return false;
+        } while (row.line < m_firstLine);
+        if (!row.refused.empty())
+            return true;
+        while (row.cells.size() > m_columns && row.cells.back().empty())
+            row.cells.pop_back(); // separators behind the last cell
+        if (row.cells.size() != m_columns)
+            row.refused = "the row has " + std::to_string(row.cells.size()) + " cells where the table has " +
+                          std::to_string(m_columns) + " columns";
+        return true;
+    }
+
+private:
+    std::unique_ptr<TextRows> m_rows;
+    std::size_t m_firstLine;
+    std::size_t m_columns;
+};
+
+std::string decoded(std::string_view sample, Coding coding)
+{
+    std::string text;
+    std::size_t at = 0;
+    Decoder decoder(
+        [&](char* buffer, std::size_t size) {
+            const std::size_t count = sample.copy(buffer, size, at);
+            at += count;
+            return count;
+        },
+        coding);
+    while (decoder.more(text)) {
+    }
+    return text;
+}
+
+} // namespace
+
+bool isUsualGap(std::string_view cell)
+{
+    static constexpr std::string_view kMarks[] = {"",      "na",     "n/a",    "nan",  "null",   "none",
+                                                  "-",     "--",     "---",    "-999", "-9999",  "9999",
+                                                  "99999", "-99999", "-999.9", "#n/a", "missing"};
+    if (cell.size() > 8)
+        return false;
+    const std::string word = texts::lowered(cell);
+    if (std::find(std::begin(kMarks), std::end(kMarks), word) != std::end(kMarks))
+        return true;
+    const auto number = cellNumber(cell, '.');
+    return number &&
+           (*number == -999 || *number == -9999 || *number == 9999 || *number == -99999 || *number == 99999);
+}
+
+std::optional<double> cellNumber(std::string_view cell, char decimal)
+{
+    cell = trimmed(cell);
+    std::string plain;
+    if (decimal == ',' && cell.find(',') != std::string_view::npos) {
+        if (cell.find('.') != std::string_view::npos)
+            return std::nullopt;
+        plain = cell;
+        plain[plain.find(',')] = '.';
+        cell = plain;
+    }
+    if (cell.starts_with('+'))
+        cell.remove_prefix(1);
+    const std::size_t digits = cell.starts_with('-') ? 1 : 0;
+    if (cell.size() <= digits || !((cell[digits] >= '0' && cell[digits] <= '9') || cell[digits] == '.'))
+        return std::nullopt; // no words such as "inf"
+    double value = 0;
+    const auto [end, error] = std::from_chars(cell.data(), cell.data() + cell.size(), value);
+    if (error != std::errc() || end != cell.data() + cell.size())
+        return std::nullopt;
+    return value;
+}
+
+void makeNamesDiffer(std::vector<std::string>& names)
+{
+    std::set<std::string> taken;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i].empty())
+            names[i] = "Column " + std::to_string(i + 1);
+        const std::string name = names[i];
+        for (std::size_t n = 2; !taken.insert(names[i]).second; ++n)
+            names[i] = name + " (" + std::to_string(n) + ")";
+    }
+}
+
+Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
+{
+    CodingGuess coding;
+    if (told.coding)
+        coding.coding = *told.coding;
+    else
+        coding = guessCoding(sample, whole);
+    const std::string text = decoded(sample, coding.coding);
+    std::vector<Line> lines = linesOf(text, whole);
+    if (lines.empty())
+        throw TableFault("The table is empty.");
+    if (text.find('\0') != std::string::npos)
+        throw TableFault("The file is no text: it holds zero bytes.");
+    if (isEpw(text)) {
+        Layout layout = epwLayout(lines);
+        layout.coding = coding.coding;
+        return layout;
+    }
+    if (!told.comment.empty())
+        for (Line& line : lines)
+            line.comment =
+                line.text.starts_with(told.comment) ? std::string_view(told.comment) : std::string_view();
+    const Division division = bestDivision(lines, told);
+    std::size_t data = 0;
+    while (data < lines.size() && !(lines[data].comment.empty() && division.isData(data)))
+        ++data;
+    if (data == lines.size())
+        throw TableFault("No row of numbers was found in the first " + std::to_string(lines.size()) +
+                         " lines.");
+
+    Layout layout;
+    layout.coding = coding.coding;
+    layout.form.separator = division.separator;
+    for (const Line& line : lines)
+        if (!line.comment.empty() && layout.form.comment.empty())
+            layout.form.comment = line.comment;
+    if (!told.comment.empty())
+        layout.form.comment = told.comment;
+    layout.dataLine = lines[data].number;
+    layout.decimal = told.decimal ? *told.decimal : division.commas > division.points ? ',' : '.';
+    findHeader(layout, lines, division, data);
+
+    if (!coding.because.empty())
+        layout.because.push_back("Read as " + std::string(codingName(coding.coding)) + ": " + coding.because +
+                                 ".");
+    if (!coding.sure)
+        layout.doubts.push_back("The characters could be of another code page than " +
+                                std::string(codingName(coding.coding)) + ".");
+    layout.because.push_back("Divided by " + separatorName(division.separator) + " into " +
+                             std::to_string(division.columns) + " columns.");
+    if (division.points > 0 && division.commas > 0 && !told.decimal)
+        layout.doubts.emplace_back("Some numbers have a decimal point and others a comma.");
+    if (layout.decimal == ',')
+        layout.because.emplace_back("Numbers have a decimal comma.");
+    return layout;
+}
+
+OpenTable openText(ByteSource source, const Shape& told)
+{
+    auto input = std::make_shared<SampledSource>(std::move(source));
+    OpenTable table;
+    table.layout = guessLayout(input->sample(), input->whole(), told);
+    const Layout& layout = table.layout;
+    const auto rowsOf = [&layout](ByteSource bytes) {
+        return std::make_unique<DataRows>(
+            std::make_unique<TextRows>(std::move(bytes), layout.coding, layout.form), layout.dataLine,
+            layout.columns());
+    };
+    std::size_t at = 0;
+    const auto look = rowsOf([&](char* buffer, std::size_t size) {
+        const std::size_t count = input->sample().copy(buffer, size, at);
+        at += count;
+        return count;
+    });
+    Row row;
+    while (table.look.size() < kLookRows && look->next(row))
+        table.look.push_back(row);
+    if (!input->whole() && !table.look.empty() && table.look.size() < kLookRows)
+        table.look.pop_back(); // perhaps cut off
+    table.rows = rowsOf([input](char* buffer, std::size_t size) { return input->read(buffer, size); });
+    return table;
+}
+
+} // namespace comfortics::tables

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace comfortics::tables {
+
+/// A text in lower case and without accents, Latin and Greek alike: "Taupunkt-Température" and
+/// "ΘΕΡΜΟΚΡΑΣΊΑ" as "taupunkt-temperature" and "θερμοκρασια". Other characters stand.
+std::string folded(std::string_view text);
+
+/// The words of a folded text: runs of letters and digits. A small letter before a large one, and a letter
+/// before a digit, part words, too, as in "AirTemp" and "wind10".
+std::vector<std::string> words(std::string_view text);
+
+/// Whether the words stand among the others, one behind the other.
+bool contains(const std::vector<std::string>& all, const std::vector<std::string>& wanted);
+
+} // namespace comfortics::tables

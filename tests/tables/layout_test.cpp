@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "open_tables.h"
+
+#include <gtest/gtest.h>
+
+namespace comfortics::tests {
+namespace {
+
+using namespace std::string_literals;
+
+std::string joined(const std::vector<std::string>& texts)
+{
+    std::string all;
+    for (const std::string& text : texts)
+        all += (&text == texts.data() ? "" : "|") + text;
+    return all;
+}
+
+TEST(TableLayout, IsFoundForTheUsualShapes)
+{
+    const struct {
+        const char* what;
+        std::string text;
+        std::string names;
+        std::string units;
+        char decimal;
+        std::string firstRow;
+    } rows[] = {
+        {"commas", "Ta,RH\n20.5,50\n21,51\n", "Ta|RH", "|", '.', "2: 20.5|50"},
+        {"semicolons, decimal commas", "a (F);b\n20,5;50,1\n21;51\n", "a (F)|b", "F|", ',', "2: 20,5|50,1"},
+        {"quoted decimal commas", "a,b\n\"20,5\",\"50,1\"\n", "a|b", "|", ',', "2: 20,5|50,1"},
+        {"tabs", "a\tb\n1,5\t2,5\n", "a|b", "|", ',', "2: 1,5|2,5"},
+        {"bars", "a|b\n1.5|2.5\n", "a|b", "|", '.', "2: 1.5|2.5"},
+        {"blanks", "  Date Time  T_C\n 2024-01-01 10:00   1.5\n 2024-01-01 11:00  -2.5\n", "Date|Time|T_C",
+         "||C", '.', "2: 2024-01-01|10:00|1.5"},
+        {"no header", "2024-01-01 10:00;1,5\n", "Column 1|Column 2", "|", ',', "1: 2024-01-01 10:00|1,5"},
+        {"names in a comment", "# made by hand\n# a,b\n1,2\n", "a|b", "|", '.', "3: 1|2"},
+        {"two lines of names, units, a kind", "Air,Wind,\nTemp,Speed,Id\n[K],[kn],\nAvg,Avg,Smp\n1,2,3\n",
+         "Air Temp|Wind Speed|Id", "[K]|[kn]|", '.', "5: 1|2|3"},
+        {"equal names", "a,a,\n1,2,3\n", "a|a (2)|Column 3", "||", '.', "2: 1|2|3"},
+        {"title above", "Station A\n\nTa;x\n1,5;2\n", "Ta|x", "|", ',', "4: 1,5|2"},
+        {"UTF-16",
+         "\xFF\xFE"
+         "T\0;\0\xB0\0\n\0"
+         "1\0;\0"
+         "2\0\n\0"s,
+         "T|°", "|", '.', "2: 1|2"},
+        {"UTF-16 without mark",
+         "\0T\0;\0a\0\n\0"
+         "1\0;\0"
+         "2"s,
+         "T|a", "|", '.', "2: 1|2"},
+        {"Windows-1252",
+         "T (\xB0"
+         "C);H\xF6he\n1;2\n",
+         "T (°C)|Höhe", "°C|", '.', "2: 1|2"},
+        {"Windows-1253", "\xC8\xE5\xF1\xEC\xEF\xEA\xF1\xE1\xF3\xDF\xE1;b\n1;2\n", "Θερμοκρασία|b", "|", '.',
+         "2: 1|2"},
+    };
+    for (const auto& row : rows) {
+        for (const std::size_t piece : {std::size_t{1}, std::size_t{1000}}) {
+            tables::OpenTable table = openTable(row.text, {}, piece);
+            EXPECT_EQ(joined(table.layout.names), row.names) << row.what;
+            EXPECT_EQ(joined(table.layout.units), row.units) << row.what;
+            EXPECT_EQ(table.layout.decimal, row.decimal) << row.what;
+            EXPECT_EQ(shownRows(*table.rows).front(), row.firstRow) << row.what;
+        }
+    }
+}
+
+TEST(TableLayout, ARowThatCannotBeReadIsRefusedWithItsLineAndTheNextOnesFollow)
+{
+    const std::string text = "a,b\r\n1,2\r\n3\r\n\r\n\"5\n\",6\r\n#\r\n7,\"8\r\n9,1\xE9\r\n1,2,,\r\n" +
+                             std::string((1U << 20) + 9, '1') + "\r\n3,4";
+    tables::OpenTable table =
+        openTable(text, {.coding = tables::Coding::Utf8, .separator = ',', .comment = "#"});
+    EXPECT_EQ(shownRows(*table.rows),
+              (std::vector<std::string>{"2: 1|2", "3: the row has 1 cells where the table has 2 columns",
+                                        "5: 5\n|6", "8: a quote is opened and never closed",
+                                        "9: the row holds bytes that are no UTF-8", "10: 1|2",
+                                        "11: the row is longer than a megabyte", "12: 3|4"}));
+}
+
+TEST(TableLayout, WhatIsNoTableIsOneSentence)
+{
+    const std::pair<std::string, std::string> rows[] = {
+        {"", "The table is empty."},
+        {"one\ntwo\n", "No row of numbers was found in the first 2 lines."},
+        {"a\0b\0\0\0"s, "The file is no text: it holds zero bytes."},
+        {"LOCATION,a\n1,2\n", "The weather file has no eight header lines with a place in the first."},
+    };
+    for (const auto& [text, says] : rows) {
+        try {
+            openTable(text);
+            ADD_FAILURE() << says;
+        } catch (const tables::TableFault& fault) {
+            EXPECT_EQ(fault.what(), says);
+        }
+    }
+}
+
+} // namespace
+} // namespace comfortics::tests

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "open_tables.h"
+
+#include <gtest/gtest.h>
+
+namespace comfortics::tests {
+namespace {
+
+using tables::Mapping;
+using tables::Quantity;
+using tables::Role;
+
+// 36 km/h at 10 m are 10 (1.1 / 10)^0.2 = 6.4310 m/s; 12.3 hPa are saturated at 10.0202 °C by Murray (1967).
+TEST(TableMapping, ReadingsComeInTheirUnits)
+{
+    const struct {
+        std::string column;
+        std::string cell;
+        std::string readings; // ta|tg|sr|td|rh|ws
+    } rows[] = {
+        {"ta=x", "21.50", "21.50|||||"},
+        {"ta=x:F", "75.2", "24|||||"},
+        {"tg=x:K", "300", "|26.85||||"},
+        {"td=x:degC", "+4", "|||+4||"},
+        {"rh=x:1", "0.455", "||||45.5|"},
+        {"ws=x:km/h@10m", "36", "|||||6.431"},
+        {"ws=x:kn@1.1m", "20", "|||||10.2891"},
+        {"sr=x:J/cm2@10min", "33", "||550|||"},
+        {"sr=x:kWh/m2@1h", "0.4", "||400|||"},
+        {"sr=x:kW/m2", "0.55", "||550|||"},
+        {"ea=x:kPa", "1.23", "|||10.0202||"},
+        {"ta=x", "-9999", "|||||"},
+        {"ta=x,gap=-99.9", "-99.90", "|||||"},
+        {"ta=x", "NaN", "|||||"},
+        {"ta=x", "2O", "refused: \"2O\" in the column \"x\" is no number"},
+        {"ea=x:hPa", "0", "refused: \"0\" in the column \"x\" has no value in °C"},
+    };
+    for (const auto& row : rows) {
+        const std::string text = "x,y\n" + row.cell + ",1\n";
+        const Mapping mapping = tables::mappingOfText(row.column, openTable(text).layout);
+        EXPECT_EQ(mappedRows(openTable(text), mapping), std::vector<std::string>{row.readings}) << row.column;
+    }
+}
+
+TEST(TableMapping, TheFilesOfStationsAreReadByTheirGuess)
+{
+    const struct {
+        const char* file;
+        std::size_t place; // of the first row that is compared
+        std::vector<std::string> rows;
+    } files[] = {
+        {"logger.dat",
+         1,
+         {"2024-07-01T10:10:00 26.73|38.9|||47.5|1.71", "2024-07-01T10:20:00 |39.4|||46.9|2.02"}},
+        {"station.csv",
+         2,
+         {"2024-07-13T12:20:00 ||541|13.2||2.2509", "2024-07-13T12:30:00 25.3|||12.9||3.2155",
+          "refused: \"zwölf\" in the column \"Windgeschwindigkeit 10 m (km/h)\" is no number"}},
+        {"two_days.epw",
+         4,
+         {"2005-07-01T05:00:00+02:00 ||0|14.3|77|2.5081", "2005-07-01T06:00:00+02:00 22.8||0|14.3||2.5724"}},
+        {"two_days.epw", 23, {"2005-07-02T00:00:00+02:00 22.8||0|14.3|73|1.3505"}},
+    };
+    for (const auto& file : files) {
+        const std::vector<std::string> all = mappedRows(
+            openTable(tableFile(file.file)), tables::guessMapping(openTable(tableFile(file.file))));
+        for (std::size_t i = 0; i < file.rows.size(); ++i)
+            EXPECT_EQ(all.at(file.place + i), file.rows[i]) << file.file;
+    }
+}
+
+TEST(TableMapping, NamesInFiveLanguagesAreKnown)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"air_temperature [K]", "ta:K"},
+        {"Température de l'air (°C)", "ta:°C"},
+        {"Θερμοκρασία (°C)", "ta:°C"},
+        {"Temp_Out_F", "ta:F"},
+        {"SW radiation out (W/m2)", "none"},
+        {"Bodentemperatur 5 cm (°C)", "none"},
+        {"Max Temp (°C)", "none"},
+        {"Punto de rocío (°C)", "td:°C"},
+        {"Humedad relativa (%)", "rh:%"},
+        {"Σχετική υγρασία %", "rh:%"},
+        {"surface_downwelling_shortwave_flux_in_air (W m-2)", "sr:W/m2"},
+        {"Vitesse du vent à 10 m (km/h)", "ws:km/h@10"},
+        {"Wind direction (m/s)", "none"},
+        {"Wind gust km/h", "none"},
+        {"Windgeschwindigkeit [m/s]", "ws:m/s?"},
+        {"Temp", "ta:°C?"},
+        {"Temperature (hPa)", "ta:°C?"},
+        {"vapour pressure (hPa)", "ea:hPa"},
+        {"Globe Temp (°F)", "tg:F"},
+    };
+    for (const auto& [name, expected] : rows) {
+        const Mapping mapping = tables::guessMapping(openTable("Id;" + std::string(name) + "\n1;20\n2;21\n"));
+        const tables::ColumnUse& use = mapping.columns.back();
+        std::string shown = "none";
+        if (use.role == Role::Reading)
+            shown = std::string(infoOf(use.quantity).key) + ":" + use.unit +
+                    (use.height > 0 ? "@" + std::to_string(static_cast<int>(use.height)) : "") +
+                    (use.doubt.empty() ? "" : "?");
+        EXPECT_EQ(shown, expected) << name;
+        EXPECT_EQ(use.because.empty(), use.role == Role::Carried) << name;
+    }
+}
+
+TEST(TableMapping, DatesThatCanBeReadInTwoWaysAreDoubted)
+{
+    const auto order = [](const std::string& first, const std::string& second) {
+        const Mapping mapping =
+            tables::guessMapping(openTable("Date;Time;x\n" + first + ";1:00;1\n" + second + ";2:00;2\n"));
+        return std::string(orderName(mapping.order)) + (mapping.columns.front().doubt.empty() ? "" : "?");
+    };
+    EXPECT_EQ(order("1/2/2024", "12/2/2024"), "dmy?");
+    EXPECT_EQ(order("1/2/2024", "13/2/2024"), "dmy");
+    EXPECT_EQ(order("1/2/2024", "1/13/2024"), "mdy");
+    EXPECT_EQ(order("01.02.2024", "02.02.2024"), "dmy");
+    EXPECT_EQ(order("2024-02-01", "2024-02-02"), "ymd");
+}
+
+TEST(TableMapping, AFileOfItGivesItBackAndIsKnownAgainByItsTable)
+{
+    const tables::OpenTable table = openTable(tableFile("station.csv"));
+    Mapping mapping = tables::guessMapping(table);
+    mapping.name = "Süd";
+    mapping.zone = -210;
+    mapping.gaps = {"x", "-99"};
+    mapping.shape = {.coding = tables::Coding::Windows1252,
+                     .separator = ';',
+                     .decimal = ',',
+                     .comment = "#",
+                     .sheet = "S"};
+    mapping.columns.back().step = 600;
+    EXPECT_EQ(tables::readMapping(tables::mappingText(mapping)).mapping, mapping);
+    const std::vector<Mapping> known{{.name = "other"}, mapping};
+    EXPECT_EQ(tables::recognised(table.layout, known), &known[1]);
+    EXPECT_EQ(tables::recognised(openTable(tableFile("logger.dat")).layout, known), nullptr);
+}
+
+TEST(TableMapping, ADamagedFileIsOneClause)
+{
+    const std::string start = R"({"comfortics": "table mapping", "version": 1, "columns": )";
+    const std::pair<std::string, std::string> rows[] = {
+        {"{", "it is damaged: it is no JSON"},
+        {"[]", "it is damaged: it is no mapping of a table"},
+        {R"({"comfortics": "table mapping", "version": 2})",
+         "it is damaged: it is of a later version of the program"},
+        {start + "[]}", "it is damaged: it has no list of columns"},
+        {start + R"([{"column": "a", "reading": "ta", "unit": "hPa"}]})",
+         "it is damaged: \"hPa\" is no unit of the air temperature"},
+        {start + R"([{"column": "a"}, {"column": "a"}]})", "it is damaged: it has \"a\" twice"},
+        {start + std::string(50, '[') + std::string(50, ']') + "}",
+         "it is damaged: it is no mapping of a table"},
+    };
+    for (const auto& [text, says] : rows)
+        EXPECT_EQ(tables::readMapping(text).fault, says) << text;
+}
+
+TEST(TableMapping, AWrongTextOfTheCommandLineIsOneSentence)
+{
+    const tables::Layout layout = openTable("Temp, in;x\n1;2\n").layout;
+    EXPECT_EQ(tables::mappingOfText("TA=Temp\\, in:K,time=#2", layout).columns.front().unit, "K");
+    const std::pair<std::string, std::string> rows[] = {
+        {"ta=y", "The table has no column \"y\"."},
+        {"ta=#3", "The table has no column \"#3\"."},
+        {"ta", "\"ta\" stands without a column; write ta=COLUMN."},
+        {"ta=x:km/h", "\"km/h\" is no unit of the air temperature."},
+        {"sr=x:MJ/m2", "The radiation in MJ/m2 needs the step over which it is summed, as MJ/m2@10min."},
+        {"ws=x@10",
+         "\"@10\" is neither the height of a wind, as @10m, nor the step of a radiation, as @10min."},
+        {"tb=x", "\"tb\" is nothing that a column can be."},
+        {"ta=x,tg=#2", "The column \"x\" is told twice."},
+        {"zone=Athens", "\"Athens\" is no zone of time, such as UTC or +02:00."},
+    };
+    for (const auto& [text, says] : rows) {
+        try {
+            tables::mappingOfText(text, layout);
+            ADD_FAILURE() << text;
+        } catch (const tables::TableFault& fault) {
+            EXPECT_EQ(fault.what(), says);
+        }
+    }
+}
+
+} // namespace
+} // namespace comfortics::tests
