@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formulas/wind_chill_equivalent.h"
 
-#include "formula_cases.h"
 #include "long_tests.h"
+
+#include <gtest/gtest.h>
 
 #include <bit>
 #include <cstdint>
 #include <random>
+#include <string>
 
 namespace {
 
 using namespace comfortics::formulas;
-using comfortics::tests::expectAll;
-using comfortics::tests::FormulaCase;
 using comfortics::values::RunFailure;
 
 /// The bits of the temperature, or why there is none.
@@ -51,24 +51,6 @@ TEST(WindChillEquivalent, FastIsPlain)
         ASSERT_EQ(outcome(quick, WS, Ta), outcome(Index_215_plain<Number>, WS, Ta))
             << "WS " << WS << " Ta " << Ta << ", search " << i << " of seed " << kSeed;
     }
-}
-
-TEST(WindChillEquivalent, Values)
-{
-    const FormulaCase cases[] = {
-        {"cold", Index_215<Number>, {6.3, -18}, "-39.12"},
-        {"weak wind", Index_215<Number>, {1.2, -5}, "-4.12"},
-        {"mild", Index_215<Number>, {25, 12}, "-3"},
-        {"one step beyond agreement", Index_215<Number>, {1.34, 0}, "-0.01"},
-        {"upward, still air", Index_215<Number>, {0, -20}, "6.23"},
-        {"upward, a storm that warms", Index_215<Number>, {140, -10}, "56.35"},
-        {"no cooling", Index_215<Number>, {9, 33}, "32.99"},
-        {"above skin temperature", Index_215<Number>, {0.5, 38}, "37.12"},
-        {"equal coolings lead up", Index_215<Number>, {0.03, -23.171231391406327}, "0.01"},
-        {"negative wind", Index_215<Number>, {-0.1, -5}, "fails"},
-        {"overflow", Index_215<Number>, {1e300, 1e300}, "fails"},
-    };
-    expectAll(cases);
 }
 
 // The coolings as the index states them are equal at the precise temperature, and the walk ends beside it.
