@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The models of src/standards/ over inputs of all kinds within their ranges, on one thread: read "points".
+// Those named "library" are the same points through the columns of the library.
+#include <comfortics/models.h>
+
 #include "standards/ireq.h"
 #include "standards/pet.h"
 #include "standards/pet_wg.h"
@@ -28,8 +31,7 @@ struct Point {
     double ta, tr, v, RH, met, clo;
 };
 
-template <typename Solve>
-void points(benchmark::State& state, Point low, Point high, Solve solve)
+std::vector<Point> drawPoints(const Point& low, const Point& high)
 {
     std::mt19937_64 random(3);
     const auto draw = [&random](double from, double to) {
@@ -39,11 +41,56 @@ void points(benchmark::State& state, Point low, Point high, Solve solve)
     for (Point& p : drawn)
         p = {draw(low.ta, high.ta), draw(low.tr, high.tr),   draw(low.v, high.v),
              draw(low.RH, high.RH), draw(low.met, high.met), draw(low.clo, high.clo)};
+    return drawn;
+}
+
+template <typename Solve>
+void points(benchmark::State& state, Point low, Point high, Solve solve)
+{
+    const std::vector<Point> drawn = drawPoints(low, high);
     for (auto _ : state) {
         double sum = 0;
         for (const Point& p : drawn)
             sum += solve(p);
         benchmark::DoNotOptimize(sum);
+    }
+    state.counters["points"] =
+        benchmark::Counter(static_cast<double>(drawn.size()), benchmark::Counter::kIsIterationInvariantRate);
+}
+
+/// The first figure of a model. `met` names the input that the metabolic rate goes to, in units of `unit`.
+void library(benchmark::State& state, Point low, Point high, const char* id, const char* met, double unit)
+{
+    std::vector<Point> drawn = drawPoints(low, high);
+    for (Point& p : drawn)
+        p.met *= unit;
+    const comfortics::Model& model = *comfortics::findModel(id);
+    std::vector<comfortics::Column> inputs;
+    constexpr std::ptrdiff_t kStride = sizeof(Point) / sizeof(double);
+    for (const comfortics::ModelInput& input : model.inputs) {
+        if (input.id == "posture" || input.id == "acclimatised")
+            inputs.emplace_back(1);
+        else if (input.id == "rh")
+            inputs.emplace_back(&drawn[0].RH, kStride);
+        else if (input.id == met)
+            inputs.emplace_back(&drawn[0].met, kStride);
+        else if (input.id == "ta")
+            inputs.emplace_back(&drawn[0].ta, kStride);
+        else if (input.id == "tr")
+            inputs.emplace_back(&drawn[0].tr, kStride);
+        else if (input.id == "v")
+            inputs.emplace_back(&drawn[0].v, kStride);
+        else if (input.id == "clo")
+            inputs.emplace_back(&drawn[0].clo, kStride);
+        else
+            inputs.emplace_back();
+    }
+    std::vector<double> values(drawn.size());
+    std::vector<comfortics::ModelStatus> statuses(drawn.size());
+    const std::array<comfortics::ModelOutput, 1> outputs{{{0, values.data(), 1, statuses.data()}}};
+    for (auto _ : state) {
+        comfortics::evaluateModel(model, inputs, drawn.size(), outputs);
+        benchmark::DoNotOptimize(values.back());
     }
     state.counters["points"] =
         benchmark::Counter(static_cast<double>(drawn.size()), benchmark::Counter::kIsIterationInvariantRate);
@@ -80,6 +127,13 @@ BENCHMARK_CAPTURE(points, petWaltherGoestchel, kOutdoorsLow, kOutdoorsHigh, [](c
         .pet;
 });
 
+BENCHMARK_CAPTURE(library, pmvIso, kRoomLow, kRoomHigh, "pmv_iso", "met", 1);
+BENCHMARK_CAPTURE(library, pmvAshrae, kRoomLow, kRoomHigh, "pmv_ashrae", "met", 1);
+BENCHMARK_CAPTURE(library, twoNode, kRoomLow, kRoomHigh, "two_node", "met", 1);
+BENCHMARK_CAPTURE(library, pet, kOutdoorsLow, kOutdoorsHigh, "pet", "activity_w", 80);
+BENCHMARK_CAPTURE(library, petWaltherGoestchel, kOutdoorsLow, kOutdoorsHigh, "pet_wg", "activity_w", 80);
+BENCHMARK_CAPTURE(library, utci, kOutdoorsLow, kOutdoorsHigh, "utci", "", 1);
+
 BENCHMARK_CAPTURE(points, utci, kOutdoorsLow, kOutdoorsHigh,
                   [](const Point& p) { return utci(p.ta, p.tr, p.v, p.RH).utci; });
 
@@ -114,6 +168,28 @@ std::vector<LiljegrenInputs> drawHours()
     }
     return drawn;
 }
+
+void libraryLiljegren(benchmark::State& state)
+{
+    const std::vector<LiljegrenInputs> drawn = drawHours();
+    std::vector<std::array<double, 16>> rows;
+    for (const LiljegrenInputs& in : drawn)
+        rows.push_back({static_cast<double>(in.year), static_cast<double>(in.month),
+                        static_cast<double>(in.day), in.hour, in.utcOffset, in.interval, in.latitude,
+                        in.longitude, in.S, in.p, in.ta, in.RH, in.v, in.z, in.dT, in.urban ? 1.0 : 0.0});
+    std::vector<comfortics::Column> inputs;
+    for (const double& first : rows[0])
+        inputs.emplace_back(&first, static_cast<std::ptrdiff_t>(rows[0].size()));
+    std::vector<double> values(drawn.size());
+    const std::array<comfortics::ModelOutput, 1> outputs{{{0, values.data()}}};
+    for (auto _ : state) {
+        comfortics::evaluateModel(*comfortics::findModel("wbgt_liljegren"), inputs, drawn.size(), outputs);
+        benchmark::DoNotOptimize(values.back());
+    }
+    state.counters["points"] =
+        benchmark::Counter(static_cast<double>(drawn.size()), benchmark::Counter::kIsIterationInvariantRate);
+}
+BENCHMARK(libraryLiljegren);
 
 void liljegren(benchmark::State& state)
 {
@@ -156,6 +232,9 @@ BENCHMARK_CAPTURE(points, phs2023, kShopLow, kShopHigh, [](const Point& p) {
     in.M *= 1.8; // W of the whole body
     return phs2023(in).waterLoss;
 });
+
+BENCHMARK_CAPTURE(library, phs2004, kShopLow, kShopHigh, "phs_2004", "metabolic_w_m2", 58.15);
+BENCHMARK_CAPTURE(library, phs2023, kShopLow, kShopHigh, "phs_2023", "metabolic_w", 58.15 * 1.8);
 
 constexpr Point kFrostLow{-40, -40, 0.4, 30, 1.2, 0.5};
 constexpr Point kFrostHigh{5, 5, 15, 95, 4, 4};

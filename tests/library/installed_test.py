@@ -136,10 +136,16 @@ UTCI, no convergence: 0 hours
 Outdoor WBGT from 7.32807 to 44.3928 °C
 """)
 
+    # 216 minutes and 37.6 °C at the end are the figures of another evaluation of the standard.
+    def test_shift(self):
+        told = run(self.build / "shift").splitlines()
+        self.assertEqual(told[1], "330 W: 216 min")
+        self.assertIn("the metabolic rate of the whole body is 600 W", told[2])
+        self.assertTrue(told[3].endswith(" 37.6 °C"), told[3])
 
     def test_output_in_the_document(self):
         document = (ROOT / "docs/library.md").read_text(encoding="utf-8")
-        shown = re.findall(r"<!-- output: (\S+) (.*) -->\n\n```\n(.*?)```\n", document, re.DOTALL)
+        shown = re.findall(r"<!-- output: (\S+)([^>\n]*) -->\n\n```\n(.*?)```\n", document, re.DOTALL)
         self.assertEqual(len(shown), document.count("<!-- output"))
         for program, arguments, output in shown:
             self.assertEqual(run(self.build / program, *arguments.split()), output)
