@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/comparison.h"
 
-#include "no_windows.h"
-#include "prepared_answers.h"
 #include "workspace/comparison_table.h"
+#include "workspace_program.h"
 
 #include <gtest/gtest.h>
 
@@ -14,22 +13,8 @@ namespace {
 
 constexpr std::chrono::sys_days kDay = std::chrono::year{2026} / 11 / 23;
 
-struct Program {
-    classic::Limits limits = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
-    comfortics::tests::RecordedMessages messages;
-    comfortics::tests::NoWindows windows;
-    classic::Frm_Main form{limits, messages, windows};
-    TransientPreferences preferences;
-    Workspace workspace{limits, form, preferences};
+struct Pinning : tests::Program {
     Comparison comparison{workspace};
-
-    void type(const char* Ta, const char* SR, const char* RH, const char* WS)
-    {
-        form.txt_TA.setText(Ta);
-        form.txt_SR.setText(SR);
-        form.txt_RH.setText(RH);
-        form.txt_WS.setText(WS);
-    }
     std::string pin() { return comparison.pinPresent(kDay + std::chrono::minutes(14 * 60 + 5)); }
 };
 
@@ -52,7 +37,7 @@ const ComparisonCell& cell(const ComparisonTable& table, const std::string& quan
 
 TEST(Comparison, TellsDifferencesOfNumbersAndNoneOfBlanks)
 {
-    Program program;
+    Pinning program;
     program.type("30.5", "0", "49.5", "1.25");
     EXPECT_EQ(program.pin(), "");
     program.comparison.rename(0, "  evening ");
@@ -96,11 +81,11 @@ TEST(Comparison, TellsDifferencesOfNumbersAndNoneOfBlanks)
 
 TEST(Comparison, ShowsByWhichOptionsAndAssumptionsSituationsDiffer)
 {
-    Program program;
+    Pinning program;
     program.type("30", "500", "50", "2");
     program.pin();
-    program.form.Opt_Rules.select(2);
-    program.form.txt_Barometric.setText("950");
+    program.main.Opt_Rules.select(2);
+    program.main.txt_Barometric.setText("950");
     const ComparisonTable table = comparisonTable(program.comparison, {});
     EXPECT_EQ(cell(table, "Calculated by", "Now").text, "precise rules, limits kept");
     EXPECT_EQ(cell(table, "Calculated by", "Situation 1").text, "classic rules, limits kept");
@@ -110,7 +95,7 @@ TEST(Comparison, ShowsByWhichOptionsAndAssumptionsSituationsDiffer)
 
 TEST(Comparison, KeepsItsOrderAndNames)
 {
-    Program program;
+    Pinning program;
     program.type("30", "500", "50", "2");
     for (std::size_t i = 0; i < Comparison::kMostPins; ++i)
         EXPECT_EQ(program.pin(), "");
@@ -136,16 +121,16 @@ TEST(Comparison, KeepsItsOrderAndNames)
 
 TEST(Comparison, ComesBackFromItsTextWithFiguresCalculatedAnew)
 {
-    Program program;
+    Pinning program;
     program.type("30.5", "0", "49.5", "1.25");
-    program.form.Opt_Rules.select(1);
-    program.form.txt_Friction.setText("0.3");
+    program.main.Opt_Rules.select(1);
+    program.main.txt_Friction.setText("0.3");
     program.pin();
     program.comparison.rename(0, "Köln, \"noon\"\t1");
     program.type("33", "700", "48.3", "2");
     program.pin();
 
-    Program later;
+    Pinning later;
     const std::string json = program.comparison.json();
     ASSERT_EQ(Comparison::fault(json), "");
     later.comparison.restore(json);
@@ -163,7 +148,7 @@ TEST(Comparison, ComesBackFromItsTextWithFiguresCalculatedAnew)
 
 TEST(Comparison, IsKeptInASessionsFile)
 {
-    Program program;
+    Pinning program;
     program.type("30.5", "0", "49.5", "1.25");
     program.pin();
     Session session;
@@ -171,7 +156,7 @@ TEST(Comparison, IsKeptInASessionsFile)
     const SessionRead read = readSession(sessionText(session));
     ASSERT_TRUE(read.session) << read.fault;
 
-    Program later;
+    Pinning later;
     SessionPart& part = later.comparison;
     ASSERT_EQ(part.fault(*read.session), "");
     part.open(*read.session);
@@ -184,7 +169,7 @@ TEST(Comparison, IsKeptInASessionsFile)
 
 TEST(Comparison, RefusesWhatIsDamaged)
 {
-    Program program;
+    Pinning program;
     program.type("30", "500", "50", "2");
     program.pin();
     const std::string good = program.comparison.json();
@@ -204,7 +189,7 @@ TEST(Comparison, RefusesWhatIsDamaged)
 
 TEST(Comparison, WritesItsTableForOtherPrograms)
 {
-    Program program;
+    Pinning program;
     program.type("30.5", "0", "49.5", "1.25");
     program.pin();
     program.comparison.rename(0, "noon, \"A\"");

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/course.h"
 
-#include "no_windows.h"
-#include "prepared_answers.h"
 #include "texts/number_text.h"
+#include "workspace_program.h"
 
 #include <gtest/gtest.h>
 
@@ -15,18 +14,12 @@ namespace comfortics::workspace {
 namespace {
 
 using classic::Reading;
-
-const classic::Limits& limits()
-{
-    static const classic::Limits all = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
-    return all;
-}
+using tests::projectLimits;
 
 CourseRequest request(int index, CourseAxis axis, std::array<std::string, 6> readings,
                       classic::Rules rules = classic::Rules::Robust)
 {
-    CourseRequest wanted{
-        {std::move(readings), {"0.77", "0.97", "1016", "75", "180", "0.20"}, {}}, index, axis};
+    CourseRequest wanted{{std::move(readings), tests::kUsualAssumptions, {}}, index, axis};
     wanted.inputs.settings.rules = rules;
     return wanted;
 }
@@ -44,8 +37,8 @@ const CoursePoint& at(const Course& course, double reading)
 TEST(Course, FollowsAPublishedTable)
 {
     for (const classic::Rules rules : {classic::Rules::Robust, classic::Rules::Precise}) {
-        const Course course =
-            courseOf(limits(), request(90, CourseAxis::Humidity, {"30", "", "300", "18", "", "1"}, rules));
+        const Course course = courseOf(
+            projectLimits(), request(90, CourseAxis::Humidity, {"30", "", "300", "18", "", "1"}, rules));
         EXPECT_EQ(course.moved, Reading::DP);
         EXPECT_EQ(std::lround(at(course, 15).value.value()), 34);
         EXPECT_EQ(std::lround(at(course, 20).value.value()), 38);
@@ -62,7 +55,7 @@ TEST(Course, IsWhatTheMainFormCalculatesAtEachPoint)
         for (std::size_t axis = 0; axis < kCourseAxisCount; ++axis) {
             const CourseRequest wanted =
                 request(195, static_cast<CourseAxis>(axis), {"31.37", "", "612.4", "", "48", "1.25"}, rules);
-            const Course course = courseOf(limits(), wanted);
+            const Course course = courseOf(projectLimits(), wanted);
             SCOPED_TRACE(course.held);
             ASSERT_GT(course.points.size(), 50U);
             ASSERT_LE(course.points.size(), 125U);
@@ -72,7 +65,7 @@ TEST(Course, IsWhatTheMainFormCalculatesAtEachPoint)
 
             comfortics::tests::RecordedMessages messages;
             comfortics::tests::NoWindows windows;
-            classic::Frm_Main form(limits(), messages, windows);
+            classic::Frm_Main form(projectLimits(), messages, windows);
             form.Opt_Rules.select(static_cast<std::size_t>(rules));
             for (std::size_t i = 0; i < course.points.size(); i += 7) {
                 for (std::size_t reading = 0; reading < classic::kReadingCount; ++reading)
@@ -90,7 +83,7 @@ TEST(Course, IsWhatTheMainFormCalculatesAtEachPoint)
 TEST(Course, LeavesGapsOutsideTheLimitsAndSaysWhy)
 {
     const CourseRequest wanted = request(90, CourseAxis::AirTemperature, {"30", "", "300", "", "50", "1"});
-    const Course course = courseOf(limits(), wanted);
+    const Course course = courseOf(projectLimits(), wanted);
     for (const CoursePoint& point : course.points)
         EXPECT_EQ(point.value.has_value(), point.reading >= 20 && point.reading <= 55) << point.readingText;
     ASSERT_EQ(course.gaps.size(), 2U);
@@ -114,7 +107,7 @@ TEST(Course, LeavesGapsOutsideTheLimitsAndSaysWhy)
 
     CourseRequest ignored = wanted;
     ignored.inputs.settings.ignoreLimits = true;
-    for (const CoursePoint& point : courseOf(limits(), ignored).points) {
+    for (const CoursePoint& point : courseOf(projectLimits(), ignored).points) {
         EXPECT_TRUE(point.value);
         EXPECT_EQ(point.inside, point.reading >= 20 && point.reading <= 55) << point.readingText;
     }
@@ -123,14 +116,14 @@ TEST(Course, LeavesGapsOutsideTheLimitsAndSaysWhy)
 TEST(Course, KeepsToReadingsThatCanBe)
 {
     // The dew point stays as given: the air begins at it and ends 10 °C above the globe.
-    const Course air =
-        courseOf(limits(), request(200, CourseAxis::AirTemperature, {"28", "31.5", "", "12.3", "", "1"}));
+    const Course air = courseOf(
+        projectLimits(), request(200, CourseAxis::AirTemperature, {"28", "31.5", "", "12.3", "", "1"}));
     EXPECT_EQ(air.points.front().readingText, "12.3");
     EXPECT_EQ(air.points.back().readingText, "41.5");
     EXPECT_TRUE(air.gaps.empty()) << air.gaps.front().reason;
 
     const Course globe =
-        courseOf(limits(), request(200, CourseAxis::Radiation, {"28", "31.5", "", "12.3", "", "1"}));
+        courseOf(projectLimits(), request(200, CourseAxis::Radiation, {"28", "31.5", "", "12.3", "", "1"}));
     EXPECT_EQ(globe.moved, Reading::TG);
     EXPECT_EQ(globe.points.front().readingText, "18");
     // No sun heats a globe of 50 mm in this wind to 30 °C above the air.
@@ -138,14 +131,16 @@ TEST(Course, KeepsToReadingsThatCanBe)
     EXPECT_GT(globe.gaps[0].from, 45);
     EXPECT_NE(globe.gaps[0].reason.find("no solar radiation"), std::string::npos) << globe.gaps[0].reason;
 
-    const Course wind = courseOf(limits(), request(211, CourseAxis::Wind, {"-8", "", "0", "", "70", "4"}));
+    const Course wind =
+        courseOf(projectLimits(), request(211, CourseAxis::Wind, {"-8", "", "0", "", "70", "4"}));
     EXPECT_EQ(wind.points.front().readingText, "0.1");
     const Course sun =
-        courseOf(limits(), request(200, CourseAxis::Radiation, {"28", "", "433", "", "50", "1"}));
+        courseOf(projectLimits(), request(200, CourseAxis::Radiation, {"28", "", "433", "", "50", "1"}));
     EXPECT_EQ(sun.moved, Reading::SR);
     EXPECT_EQ(sun.points.front().reading, 0);
 
-    const Course missing = courseOf(limits(), request(90, CourseAxis::Wind, {"", "", "0", "", "70", "4"}));
+    const Course missing =
+        courseOf(projectLimits(), request(90, CourseAxis::Wind, {"", "", "0", "", "70", "4"}));
     EXPECT_TRUE(missing.points.empty());
     EXPECT_NE(missing.problem.find("air temperature"), std::string::npos);
 }
@@ -154,7 +149,7 @@ TEST(Course, KeepsToReadingsThatCanBe)
 TEST(Course, KnowsWhereAFormulaTurnsItsSign)
 {
     const Course course =
-        courseOf(limits(), request(19, CourseAxis::AirTemperature, {"30", "", "0", "", "95", "1"}));
+        courseOf(projectLimits(), request(19, CourseAxis::AirTemperature, {"30", "", "0", "", "95", "1"}));
     for (const CoursePoint& point : course.points)
         if (point.value) {
             const double Ea = 0.95 * 6.11 * std::pow(10, 7.5 * point.reading / (237.3 + point.reading));
@@ -169,7 +164,7 @@ TEST(Course, EndsWhereNobodyWantsItAnyMore)
 {
     int asked = 0;
     const Course course =
-        courseOf(limits(), request(90, CourseAxis::AirTemperature, {"30", "", "300", "", "50", "1"}),
+        courseOf(projectLimits(), request(90, CourseAxis::AirTemperature, {"30", "", "300", "", "50", "1"}),
                  [&asked] { return ++asked < 3; });
     EXPECT_EQ(asked, 3);
     EXPECT_TRUE(course.points.empty() && course.problem.empty());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/index_sheet.h"
 
+#include "workspace_program.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,15 +11,11 @@
 namespace comfortics::workspace {
 namespace {
 
-const classic::Limits& limits()
-{
-    static const classic::Limits all = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
-    return all;
-}
+using tests::projectLimits;
 
 classic::Inputs readings(const char* Ta, const char* SR, const char* RH, const char* WS)
 {
-    return {{Ta, "", SR, "", RH, WS}, {"0.77", "0.97", "1016", "75", "180", "0.20"}, {}};
+    return {{Ta, "", SR, "", RH, WS}, tests::kUsualAssumptions, {}};
 }
 
 std::string joined(const IndexSheet& sheet)
@@ -64,10 +62,10 @@ TEST(IndexSheet, SaysWhatTheCatalogueKnows)
          "da Silva"},
         {72, "equivalent_temperature_brundl", "°C", "Ta RH", {}, 0, "sure", "Bründl"},
     };
-    const Situation situation = evaluate(limits(), readings("33", "600", "50", "2"));
+    const Situation situation = evaluate(projectLimits(), readings("33", "600", "50", "2"));
     for (const Row& row : rows) {
         SCOPED_TRACE(row.id);
-        const IndexSheet sheet = indexSheet(situation, limits(), row.index);
+        const IndexSheet sheet = indexSheet(situation, projectLimits(), row.index);
         EXPECT_EQ(sheet.id, row.id);
         EXPECT_EQ(sheet.unit, row.unit);
         EXPECT_EQ(joined(sheet), row.inputs);
@@ -113,7 +111,8 @@ TEST(IndexSheet, TellsOnWhichSideOfTheLimitsTheReadingsLie)
                 classic::Inputs inputs = readings(row.Ta, "300", row.RH, row.WS);
                 inputs.settings.rules = rules;
                 inputs.settings.ignoreLimits = ignored;
-                const IndexSheet sheet = indexSheet(evaluate(limits(), inputs), limits(), row.index);
+                const IndexSheet sheet =
+                    indexSheet(evaluate(projectLimits(), inputs), projectLimits(), row.index);
                 ASSERT_GT(sheet.limits.size(), row.limit);
                 EXPECT_EQ(sheet.limits[row.limit].side, row.side) << row.Ta;
                 EXPECT_EQ(sheet.limits[row.limit].standing(), row.standing);
@@ -121,13 +120,13 @@ TEST(IndexSheet, TellsOnWhichSideOfTheLimitsTheReadingsLie)
 
     // Compared character by character 9 comes behind 38.
     classic::Inputs inputs = readings("9", "0", "40", "1");
-    const IndexSheet byText = indexSheet(evaluate(limits(), inputs), limits(), 98);
+    const IndexSheet byText = indexSheet(evaluate(projectLimits(), inputs), projectLimits(), 98);
     EXPECT_TRUE(byText.figure.text.empty());
     EXPECT_EQ(byText.limits[0].side, Side::Below);
     inputs = readings("3", "0", "40", "1");
     inputs.readings[1] = "3.5";
     inputs.readings[2].clear();
-    const IndexSheet accepted = indexSheet(evaluate(limits(), inputs), limits(), 98);
+    const IndexSheet accepted = indexSheet(evaluate(projectLimits(), inputs), projectLimits(), 98);
     EXPECT_FALSE(accepted.figure.text.empty());
     EXPECT_EQ(accepted.limits[0].side, Side::Inside) << "3.4 lies between 10 and 38 as a text";
 }
@@ -138,7 +137,7 @@ TEST(IndexSheet, MarksTheClassOfTheValueAndSaysWhyThereIsNone)
     classic::Inputs inputs = readings("33", "300", "", "2");
     inputs.readings[3] = "23";
     inputs.settings.rules = classic::Rules::Robust;
-    const IndexSheet warm = indexSheet(evaluate(limits(), inputs), limits(), 90);
+    const IndexSheet warm = indexSheet(evaluate(projectLimits(), inputs), projectLimits(), 90);
     std::string marked;
     for (const SheetClass& one : warm.classes)
         if (one.isPresent)
@@ -149,13 +148,14 @@ TEST(IndexSheet, MarksTheClassOfTheValueAndSaysWhyThereIsNone)
     inputs.readings[0] = "15";
     inputs.readings[3] = "12";
     inputs.settings.ignoreLimits = true;
-    const IndexSheet cold = indexSheet(evaluate(limits(), inputs), limits(), 90);
+    const IndexSheet cold = indexSheet(evaluate(projectLimits(), inputs), projectLimits(), 90);
     EXPECT_TRUE(cold.figure.number);
     for (const SheetClass& one : cold.classes)
         EXPECT_FALSE(one.isPresent);
     EXPECT_NE(cold.classNote.find("outside of the limits"), std::string::npos);
 
-    const IndexSheet without = indexSheet(evaluate(limits(), readings("", "", "", "")), limits(), 90);
+    const IndexSheet without =
+        indexSheet(evaluate(projectLimits(), readings("", "", "", "")), projectLimits(), 90);
     EXPECT_NE(without.figure.reason.find("air temperature"), std::string::npos);
     EXPECT_EQ(without.limits[0].side, Side::Unknown);
     for (const SheetInput& input : without.inputs)

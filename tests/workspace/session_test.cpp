@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/session_desk.h"
 
-#include "prepared_answers.h"
 #include "temporary_folder.h"
 #include "workspace_program.h"
 
@@ -14,12 +13,6 @@ namespace comfortics::workspace {
 namespace {
 
 using tests::Program;
-
-struct Opener final : controls::FileDialogs {
-    std::optional<std::string> answer;
-    std::optional<std::string> askSave(const controls::SaveRequest&) override { return answer; }
-    std::optional<std::string> askOpen(const controls::OpenRequest&) override { return answer; }
-};
 
 /// A part that keeps a word and refuses one.
 struct Word final : SessionPart {
@@ -37,8 +30,7 @@ struct Word final : SessionPart {
 };
 
 struct Desk : Program {
-    comfortics::tests::RecordedMessages messages;
-    Opener files;
+    comfortics::tests::PreparedFiles files;
     Word word;
     SessionDesk desk{workspace, files, messages};
 

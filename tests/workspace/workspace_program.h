@@ -3,32 +3,28 @@
 // The main form with a workspace beside it, and nobody who looks.
 #pragma once
 
+#include "no_windows.h"
+#include "prepared_answers.h"
 #include "workspace/workspace.h"
 
 #include <string>
 
 namespace comfortics::workspace::tests {
 
-struct NoUser final : controls::Messages {
-    controls::Answer show(const controls::MessageBox&) override { return controls::Answer::Ok; }
-};
+inline const classic::Limits& projectLimits()
+{
+    static const classic::Limits all = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
+    return all;
+}
 
-struct NoWindows final : classic::Windows {
-    void showResults() override {}
-    void showRawData() override {}
-    void showRadiation() override {}
-    void showConverter() override {}
-    std::string converter_lbl_C() override { return {}; }
-    std::string converter_lbl_WS() override { return {}; }
-    std::string converter_lbl_SR() override { return {}; }
-    void unloadAll() override {}
-};
+/// The assumptions as the boxes have them at the start.
+inline const classic::AssumptionTexts kUsualAssumptions{"0.77", "0.97", "1016", "75", "180", "0.20"};
 
 struct Program {
-    classic::Limits limits = classic::Limits::Load_Limits(COMFORTICS_DATA_DIR "/Limits.Index");
-    NoUser user;
-    NoWindows windows;
-    classic::Frm_Main main{limits, user, windows};
+    const classic::Limits& limits = projectLimits();
+    comfortics::tests::RecordedMessages messages;
+    comfortics::tests::NoWindows windows;
+    classic::Frm_Main main{limits, messages, windows};
     TransientPreferences preferences;
     Workspace workspace{limits, main, preferences};
 
