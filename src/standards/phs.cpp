@@ -238,8 +238,9 @@ bool step(const Exposure& at, bool first, Body& body, PhsMinute& minute)
         return false;
     minute.dry = *dry;
     minute.breath = at.Cres + at.Eres;
-    minute.required = at.M - minute.adaptation - at.work - at.Cres - at.Eres - *dry;
-    // No sweat is asked for where heat is wanted, whatever the air can take up.
+    // Heat that is wanting is not taken from the body: this strain is one of heat alone.
+    minute.required = std::max(0.0, at.M - minute.adaptation - at.work - at.Cres - at.Eres - *dry);
+    // No sweat is asked for then, whatever the air can take up.
     double Emax = (saturation(body.tsk) - at.pa) / at.Rt;
     if (minute.required > 0 && Emax <= 0)
         Emax = 0;

@@ -86,7 +86,7 @@ struct PhsMinute {
     double tRectal = kNaN;    ///< [°C]
     double sweat = kNaN;      ///< SWp, predicted sweat rate [W/m²]
     double waterLoss = kNaN;  ///< since the start [g]
-    double required = kNaN;   ///< Ereq, evaporation that keeps the balance
+    double required = kNaN;   ///< Ereq, evaporation that keeps the balance; 0 where heat is wanting
     double evaporated = kNaN; ///< Ep, evaporation that is reached
     double dry = kNaN;        ///< convection and radiation of the skin through the clothing
     double breath = kNaN;     ///< of the breathing, dry and wet
