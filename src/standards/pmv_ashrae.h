@@ -37,7 +37,8 @@ struct PmvAshrae {
     double ppd = kNaN;           ///< [%]
     double coolingEffect = kNaN; ///< [K], 0..40
     bool compliant = false;      ///< a vote within ±0.5, the ends left out
-    /// Highest air speed that is allowed to those who cannot set it [m/s]. NaN where the standard sets none.
+    /// Highest air speed that is allowed to those who cannot set it [m/s], by speed and clothing as typed.
+    /// NaN where the standard sets none.
     double speedLimit = kNaN;
     bool beyondSpeedLimit = false;
     InMotion inMotion{}; ///< what was calculated with

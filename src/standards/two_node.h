@@ -36,7 +36,7 @@ struct TwoNodeInputs {
     double clo = kNaN;
     double work = 0;
     double pressure = 101'325;
-    Posture posture = Posture::Standing;
+    Posture posture = Posture::Standing; ///< of no effect in the edition of 2017
     Edition edition = Edition::Ashrae2020;
     std::optional<double> weight{}; ///< 70 kg, in the edition of 2017 69.9
     double area = 1.8258;

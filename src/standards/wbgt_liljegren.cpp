@@ -252,9 +252,11 @@ LiljegrenResult wbgtLiljegren(const LiljegrenInputs& in, Limits limits) noexcept
     double S = in.S;
     double F = 0;
     if (S0 > 0) {
-        const double n = std::min(S / S0, kMostClearness);
-        S = n * S0;
-        F = directShare(n);
+        // As typed where it is not cut: n * S0 may fall short of a bound of the classes by a rounding.
+        const double clearness = S / S0;
+        if (clearness > kMostClearness)
+            S = kMostClearness * S0;
+        F = directShare(std::min(clearness, kMostClearness));
     }
     const double wind = windAtReference(in, mu > 0, S);
 
