@@ -275,7 +275,7 @@ constexpr auto inputsOf(const Core& vapour, const AdditionInput& metabolic, std:
     return std::to_array<AdditionInput>({
         Read(inputs::kTa, range::kTa), Read(inputs::kTr, range::kTr).beside(kRadiantBeside), Read(inputs::kV, range::kV),
         Read(kRH, {"rh"}).unless(kEa), Read(kEa, hectopascals(vapour)).optional(kInPlaceOfHumidity),
-        metabolic, Read(kWorkWm2, range::kWork).start(0, kNoWork), Read(inputs::kClo, range::kClo).beside("with this motion of air and body there is no clothing left"),
+        metabolic, Read(kWorkWm2, range::kWork).beside(kWorkBeside).start(0, kNoWork), Read(inputs::kClo, range::kClo).beside("with this motion of air and body there is no clothing left"),
         Read(kPosture).words(kAtWork), Read(kAcclimatised), Read(kDrink).start(1, "ISO 7933: water at hand"),
         Read(inputs::kWalking, range::kWalking).optional("a motion as the metabolic rate has it"),
         Read(kWalkingAngle, range::kAngle).optional("the faster of wind and walking"),
@@ -327,7 +327,7 @@ namespace ireq {
 namespace range = standards::ireq_range;
 constexpr standards::IreqInputs kPerson;
 constexpr auto kInputs = std::to_array<AdditionInput>({
-    Read(kMetabolicWm2, range::kM), Read(kWorkWm2, range::kWork).start(0, kNoWork), Read(inputs::kTa, range::kTa), Read(inputs::kTr, range::kTr),
+    Read(kMetabolicWm2, range::kM), Read(kWorkWm2, range::kWork).beside(kWorkBeside).start(0, kNoWork), Read(inputs::kTa, range::kTa), Read(inputs::kTr, range::kTr),
     Read(inputs::kPermeability, range::kPermeability).start(kPerson.permeability, "ISO 11079"),
     Read(inputs::kWalking, range::kWalking).beside("it must be 0.0052 (M - 58) m/s at least").optional("the least that goes with the metabolic rate"),
     Read(inputs::kV, range::kV), Read(inputs::kRH, range::kRH).start(kPerson.RH, "ISO 11079"), Read(inputs::kClo, range::kClo)});

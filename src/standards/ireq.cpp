@@ -159,6 +159,8 @@ IreqResult ireq(const IreqInputs& in, Limits limits) noexcept
     Examination examination(limits);
     examination.look(kM, in.M);
     examination.look(kWork, in.work);
+    if (in.work > in.M)
+        examination.mark(kWork.name);
     examination.look(kTa, in.ta);
     examination.look(kTr, in.tr);
     examination.look(kPermeability, in.permeability);

@@ -31,7 +31,7 @@ inline constexpr Input kClo{"clo", Quantity::Clothing};
 
 struct IreqInputs {
     double M = kNaN;         ///< metabolic rate [W/m²], 58..400
-    double work = 0;         ///< effective mechanical power [W/m²]
+    double work = 0;         ///< effective mechanical power [W/m²], no more than M
     double ta = kNaN;        ///< air temperature [°C], 10 at most
     double tr = kNaN;        ///< mean radiant temperature [°C]
     double permeability = 8; ///< of the outer layer to air [l/m²/s], 1..100

@@ -280,9 +280,12 @@ void look(Examination& examination, const PhsInputs& in, PhsEdition edition, dou
     examination.look(kV, in.v);
     examination.look(of2004 ? kPa2004 : kPa2023, in.pa);
     examination.look(kM, in.M);
-    if (!withinRange(of2004 ? kM2004 : kM2023, of2004 ? in.M : in.M / area))
+    const double metabolic = of2004 ? in.M : in.M / area;
+    if (!withinRange(of2004 ? kM2004 : kM2023, metabolic))
         examination.mark(kM.name);
     examination.look(kWork, in.work);
+    if (in.work > metabolic)
+        examination.mark(kWork.name);
     examination.look(kClo, in.clo);
     if (in.walking)
         examination.look(kWalking, *in.walking);

@@ -53,7 +53,7 @@ struct PhsInputs {
     double v = kNaN;   ///< air speed [m/s], 0..3
     double pa = kNaN;  ///< vapour pressure [kPa], 0..4.5, in the edition of 2023 0.5..4.5
     double M = kNaN;   ///< metabolic rate: 2004 [W/m²], 100..450; 2023 [W], 56..250 W/m²
-    double work = 0;   ///< effective mechanical power [W/m²]
+    double work = 0;   ///< effective mechanical power [W/m²], no more than M
     double clo = kNaN; ///< static insulation of the clothing [clo], 0.1..1
     PhsPosture posture = PhsPosture::Standing;
     bool acclimatised = true;
