@@ -5,6 +5,10 @@
 #include "cli/interruption.h"
 #include "cli/reading_options.h"
 #include "output/whole_file.h"
+#include "tables/mapping.h"
+#include "tables/table_run.h"
+#include "texts/bounded_file.h"
+#include "texts/text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -100,7 +104,7 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void show(const batch::RowCounts& rows)
+    void show(std::size_t rows)
     {
         using namespace std::chrono;
         const auto now = steady_clock::now();
@@ -108,8 +112,8 @@ public:
             return;
         m_shown = now;
         const double seconds = duration<double>(now - m_start).count();
-        std::string line = std::to_string(rows.total()) + " rows, " +
-                           std::to_string(static_cast<long>(static_cast<double>(rows.total()) / seconds)) +
+        std::string line = std::to_string(rows) + " rows, " +
+                           std::to_string(static_cast<long>(static_cast<double>(rows) / seconds)) +
                            " rows per second";
         if (const auto share = m_input.share(); share && *share > 0)
             line += ", " + std::to_string(std::lround(seconds / *share - seconds)) + " s left";
@@ -147,11 +151,13 @@ public:
         command->add_option("--threads", m_threads, "Number of threads; default: all cores")
             ->type_name("N")
             ->check(CLI::Range(1, 1024));
+        addTableOptions(*command, named);
         m_options.addTo(*command);
         command->footer(
             "With a header row the columns are found by name (Ta Tg SR Td RH WS) in any order, and other\n"
             "columns are carried through; without one the six columns stand in that order.\n"
-            "Each row starts from empty boxes.");
+            "Each row starts from empty boxes.\n"
+            "Other tables want --columns or --map; weather files (.epw) want neither.");
         return command;
     }
 
@@ -169,59 +175,188 @@ public:
         options.stopped = Interruption::requested;
 
         const Interruption interruption;
-        std::optional<batch::BatchSummary> summary;
+        std::optional<tables::RunCounts> counts;
         try {
-            summary = calculate(limits, options);
+            counts = isForeign() ? calculateForeign(limits, options) : calculate(limits, options);
         } catch (const FileFailure&) {
             // An interruption can end the input in the middle of a row, or an output that waits.
             if (!Interruption::requested())
                 throw;
         }
-        if (!summary) {
+        if (!counts) {
             std::cerr << "comfortics-cli: Interrupted"
                       << (m_output.empty() ? "" : "; no output file was written") << ".\n";
             return kInterrupted;
         }
-        std::cerr << "Rows: " << summary->rows.calculated << " calculated, " << summary->rows.skipped
-                  << " skipped, " << summary->rows.failed << " failed.";
-        if (summary->rows.lostValues > 0)
-            std::cerr << " Values blank for a failure: " << summary->rows.lostValues << ".";
-        if (summary->messages > 0)
-            std::cerr << " Solvers without convergence: " << summary->messages << ".";
-        std::cerr << "\n";
+        if (!m_guess)
+            tell(*counts);
         return kDone;
     }
 
 private:
+    template <class Check>
+    void addTableOptions(CLI::App& command, const Check& named)
+    {
+        CLI::Option* const map =
+            command.add_option("--map", m_map, "Read from the mapping FILE which column is which reading")
+                ->type_name("FILE")
+                ->check(named);
+        command
+            .add_option("--columns", m_columns,
+                        "Say which column is which reading, for instance\n"
+                        "ta=Temp:F,ws=Wind:km/h@10m,time=Date+Time,station=Station")
+            ->type_name("LIST")
+            ->excludes(map);
+        command.add_flag("--guess", m_guess,
+                         "Print the guessed mapping of the table as JSON; calculate nothing");
+        command.add_option("--format", m_format, "Write csv, tsv or ndjson (one JSON object for a row)")
+            ->check(CLI::IsMember({"csv", "tsv", "ndjson"}));
+        command.add_flag("--inputs", m_inputs,
+                         "Write the time and the six readings as they were taken, in their units");
+        command.add_flag(
+            "--status", m_status,
+            "Write the line of each row, and behind each index why its value stands or is blank");
+    }
+
+    // A table of others, or results that the plain batch does not write.
+    bool isForeign() const
+    {
+        const std::string name = texts::lowered(m_input);
+        return !m_map.empty() || !m_columns.empty() || m_guess || !m_format.empty() || m_inputs || m_status ||
+               name.ends_with(".epw");
+    }
+
+    static void tell(const tables::RunCounts& counts)
+    {
+        const batch::RowCounts& rows = counts.rows;
+        std::cerr << "Rows: " << rows.calculated << " calculated, " << rows.skipped << " skipped, "
+                  << rows.failed << " failed.";
+        if (counts.refused > 0)
+            std::cerr << " Refused: " << counts.refused << ".";
+        if (rows.lostValues > 0)
+            std::cerr << " Values blank for a failure: " << rows.lostValues << ".";
+        if (counts.messages > 0)
+            std::cerr << " Solvers without convergence: " << counts.messages << ".";
+        std::cerr << "\n";
+    }
+
     // Nothing where it was interrupted. Whatever goes wrong with a file comes as a FileFailure.
-    std::optional<batch::BatchSummary> calculate(const classic::Limits& limits,
-                                                 const batch::BatchOptions& options) const
+    std::optional<tables::RunCounts> calculate(const classic::Limits& limits,
+                                               const batch::BatchOptions& options) const
     {
         InputFile input(m_input);
         Progress progress(input);
         batch::TableReader reader(
             [&input](char* buffer, std::size_t size) { return input.read(buffer, size); });
+        return toOutput([&](const tables::ByteTaker& take) -> tables::RunCounts {
+            const batch::BatchSummary summary =
+                batch::runBatch(reader, limits, options, take,
+                                [&progress](const batch::RowCounts& rows) { progress.show(rows.total()); });
+            return {summary.rows, 0, summary.messages, summary.stopped};
+        });
+    }
+
+    std::optional<tables::RunCounts> calculateForeign(const classic::Limits& limits,
+                                                      const batch::BatchOptions& options) const
+    {
+        InputFile input(m_input);
+        Progress progress(input);
+        return toOutput([&](const tables::ByteTaker& take) -> tables::RunCounts {
+            std::optional<tables::Mapping> mapping;
+            if (!m_map.empty())
+                mapping = mappingOfFile();
+            tables::OpenTable table = tables::openText(
+                [&input](char* buffer, std::size_t size) { return input.read(buffer, size); },
+                mapping ? mapping->shape : tables::Shape());
+            if (m_guess) {
+                take(tables::mappingText(tables::guessMapping(table)));
+                return {};
+            }
+            if (!m_columns.empty())
+                mapping = tables::mappingOfText(m_columns, table.layout);
+            if (!mapping)
+                mapping = untoldMapping(table);
+            const tables::RowMapper mapper(
+                *mapping, table.layout,
+                options.assumptions[static_cast<std::size_t>(classic::Assumption::Friction)]);
+            tables::RunOptions run;
+            run.settings = options.settings;
+            run.assumptions = options.assumptions;
+            run.inputs = m_inputs;
+            run.status = m_status;
+            run.live = options.live;
+            run.reasons = options.reasons;
+            run.categories = options.categories;
+            run.provenance = options.provenance;
+            run.threads = options.threads;
+            run.stopped = options.stopped;
+            const auto writer = makeWriter(take);
+            return tables::runTable(
+                *table.rows, mapper, table.layout, limits, run, *writer,
+                [&progress](const tables::RunCounts& counts) { progress.show(counts.total()); });
+        });
+    }
+
+    // Whatever goes wrong with a file comes as a FileFailure, and leaves no output.
+    template <class Run>
+    std::optional<tables::RunCounts> toOutput(const Run& run) const
+    {
         try {
             std::optional<output::WholeFile> file;
             if (!m_output.empty())
                 mustSucceed(file.emplace(m_output, Interruption::requested).result());
-            const batch::BatchSummary summary = batch::runBatch(
-                reader, limits, options,
-                [&file](std::string_view bytes) {
-                    if (!file)
-                        print(bytes);
-                    else if (!file->write(bytes))
-                        mustSucceed(file->result());
-                },
-                [&progress](const batch::RowCounts& rows) { progress.show(rows); });
+            const tables::RunCounts counts = run([&file](std::string_view bytes) {
+                if (!file)
+                    print(bytes);
+                else if (!file->write(bytes))
+                    mustSucceed(file->result());
+            });
             if (Interruption::requested())
                 return std::nullopt;
             if (file)
                 mustSucceed(file->commit());
-            return summary;
+            return counts;
         } catch (const batch::MalformedTable& error) {
-            throw FileFailure(m_input == "-" ? std::string(error.what()) : m_input + ": " + error.what());
+            fail(error.what());
+        } catch (const tables::TableFault& error) {
+            fail(error.what());
         }
+    }
+
+    [[noreturn]] void fail(const std::string& sentence) const
+    {
+        throw FileFailure(m_input == "-" ? sentence : m_input + ": " + sentence);
+    }
+
+    tables::Mapping mappingOfFile() const
+    {
+        const texts::FileText file = texts::readFile(m_map, tables::kLargestMapping);
+        if (file.state != texts::FileText::State::Read)
+            throw FileFailure("The mapping " + m_map + " cannot be read: " + file.problem + ".");
+        tables::MappingRead read = tables::readMapping(file.text);
+        if (!read.mapping)
+            throw FileFailure("The mapping " + m_map + " cannot be used: " + read.fault + ".");
+        return std::move(*read.mapping);
+    }
+
+    // Of a table that nothing is told of: only what is sure.
+    static tables::Mapping untoldMapping(const tables::OpenTable& table)
+    {
+        if (auto plain = tables::plainMapping(table))
+            return std::move(*plain);
+        tables::Mapping guess = tables::guessMapping(table);
+        const std::vector<std::string> doubts = tables::doubtsOf(guess);
+        if (!doubts.empty())
+            throw tables::TableFault("What its columns are is not sure (" + doubts.front() +
+                                     "); say it with --columns, or look at --guess and use it with --map.");
+        return guess;
+    }
+
+    std::unique_ptr<tables::ResultWriter> makeWriter(const tables::ByteTaker& take) const
+    {
+        if (m_format == "ndjson")
+            return std::make_unique<tables::JsonLinesWriter>(take);
+        return std::make_unique<tables::SeparatedWriter>(m_format == "tsv" ? '\t' : ',', take);
     }
 
     static void mustSucceed(const output::WriteResult& result)
@@ -232,6 +367,12 @@ private:
 
     std::string m_input;
     std::string m_output;
+    std::string m_map;
+    std::string m_columns;
+    std::string m_format;
+    bool m_guess = false;
+    bool m_inputs = false;
+    bool m_status = false;
     bool m_live = false;
     unsigned m_threads = 0;
     CalculationOptions m_options;

@@ -244,7 +244,7 @@ std::optional<Mapping> plainMapping(const OpenTable& table)
 {
     Mapping mapping;
     mapping.fingerprint = fingerprintOf(table.layout);
-    bool any = false;
+    std::array<bool, kQuantityCount> has{};
     for (std::size_t i = 0; i < table.layout.columns(); ++i) {
         const std::string& name = table.layout.names[i];
         ColumnUse use;
@@ -263,11 +263,14 @@ std::optional<Mapping> plainMapping(const OpenTable& table)
             use.role = Role::Reading;
             use.quantity = static_cast<Quantity>(r);
             use.unit = kQuantityInfo[r].unit;
-            any = true;
+            has[r] = true;
         }
         mapping.columns.push_back(std::move(use));
     }
-    return any ? std::optional(mapping) : std::nullopt;
+    const auto given = [&has](Quantity quantity) { return has[static_cast<std::size_t>(quantity)]; };
+    const bool complete = given(Quantity::Ta) && (given(Quantity::Tg) || given(Quantity::SR)) &&
+                          (given(Quantity::Td) || given(Quantity::RH)) && given(Quantity::WS);
+    return complete ? std::optional(mapping) : std::nullopt;
 }
 
 Mapping mappingOfText(std::string_view text, const Layout& layout)

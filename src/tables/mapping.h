@@ -16,7 +16,7 @@ namespace comfortics::tables {
 
 /// What a column is used for.
 enum class Role : std::uint8_t {
-    Carried, ///< goes through to the results as it stands
+    Carried, ///< goes through to the results as it stands, as all columns do but the dropped ones
     Dropped,
     Reading, ///< one of the quantities
     Time,    ///< a date and time, or a part of them as a text; several are joined in their order
@@ -80,7 +80,8 @@ std::vector<std::string> doubtsOf(const Mapping& mapping);
 /// two ways.
 Mapping guessMapping(const OpenTable& table);
 
-/// The mapping of a table whose columns are named as the program names them; none where no column is.
+/// The mapping of a table whose columns are named as the program names them; none where they make no whole
+/// set of readings.
 std::optional<Mapping> plainMapping(const OpenTable& table);
 
 /// Reads the command line's form: "ta=Temp:F,ws=Wind:km/h@10m,time=Date+Time,station=Station". Keys: a

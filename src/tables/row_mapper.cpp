@@ -46,7 +46,7 @@ RowMapper::RowMapper(const Mapping& mapping, const Layout& layout, std::string_v
         const Role role = use != nullptr ? use->role : Role::Carried;
         if (role == Role::Station)
             m_station = i;
-        if (role != Role::Dropped && role != Role::Reading)
+        if (role != Role::Dropped)
             m_carried.push_back(i);
         if (role != Role::Reading)
             continue;

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The batch on tables of others.
+#include "process.h"
+#include "temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace comfortics::tests {
+namespace {
+
+std::string stationFile(const std::string& name)
+{
+    return COMFORTICS_TABLE_FILES "/" + name;
+}
+
+// Index 159 shows the solar radiation that the calculation has taken.
+TEST(BatchTables, AStationsTableIsCalculatedByItsColumns)
+{
+    const Arguments options{
+        "batch",
+        stationFile("station.csv"),
+        "--select",
+        "159",
+        "--inputs",
+        "--columns",
+        "ta=Lufttemperatur (°C),td=taupunkt [°c],ws=Windgeschwindigkeit 10 m (km/h):km/h@10m,"
+        "sr=Globalstrahlung (W/m²),time=Datum+Uhrzeit,order=dmy,zone=+02:00,drop=Station"};
+    const Ending ending = runTool(options);
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_EQ(ending.err, "Rows: 2 calculated, 2 skipped, 0 failed. Refused: 1.\n");
+    for (const std::string line :
+         {"13.07.2024,12:00,24.6,13.1,14.4,512,ok,2024-07-13T12:00:00+02:00,24.6,,512,13.1,,2.5724,512.0\r\n",
+          "13.07.2024,12:20,-,13.2,12.6,541,skipped: the air temperature is missing,"
+          "2024-07-13T12:20:00+02:00,,,541,13.2,,2.2509,\r\n",
+          "13.07.2024,12:40,25.5,12.8,zwölf,560,\"refused: line 8: \"\"zwölf\"\" in the column "
+          "\"\"Windgeschwindigkeit 10 m (km/h)\"\" is no number\",2024-07-13T12:40:00+02:00,,,,,,,\r\n"})
+        EXPECT_NE(ending.out.find(line), std::string::npos) << line << ending.out;
+    EXPECT_EQ(runTool(with(options, {"--threads", "1"})).out, ending.out);
+}
+
+TEST(BatchTables, AGuessIsUsedAsAMappingAndAnotherFormHasTheSameFigures)
+{
+    const TemporaryFolder folder;
+    const std::string map = folder.file("station.json");
+    EXPECT_EQ(runTool({"batch", stationFile("station.csv"), "--guess", "-o", map}).err, "");
+    const Ending rows = runTool({"batch", stationFile("station.csv"), "--map", map, "--select", "159,195",
+                                 "--format", "ndjson", "--status"});
+    EXPECT_EQ(rows.status, 0);
+    EXPECT_NE(rows.out.find("\"Lufttemperatur (°C)\": 24.6, \"Taupunkt [°C]\": 13.1"), std::string::npos)
+        << rows.out;
+    EXPECT_NE(rows.out.find("\"Status\": \"ok\", \"Line\": 4, \"159 Solar Radiation [W/m²]\": 512.0, "
+                            "\"159 status\": \"value\""),
+              std::string::npos);
+    folder.write("station.json", "{}");
+    EXPECT_EQ(runTool({"batch", stationFile("station.csv"), "--map", map}).err,
+              "comfortics-cli: The mapping " + map +
+                  " cannot be used: it is damaged: it is no mapping of a table.\n");
+}
+
+TEST(BatchTables, OnlyWhatIsSureIsTakenUnasked)
+{
+    const Ending weather =
+        runTool({"batch", stationFile("two_days.epw"), "--select", "159", "--rules", "precise"});
+    EXPECT_EQ(weather.err, "Rows: 45 calculated, 3 skipped, 0 failed.\n");
+    const Ending logger = runTool({"batch", stationFile("logger.dat"), "--format", "tsv"});
+    EXPECT_EQ(logger.status, 5);
+    EXPECT_NE(logger.err.find("What its columns are is not sure (\"WS_ms_Avg\": The height"),
+              std::string::npos)
+        << logger.err;
+    const std::string plain = "Ta,SR,RH,WS\n30,600,50,2\n";
+    EXPECT_EQ(runTool({"batch", "-", "--format", "csv"}, plain).out, runTool({"batch", "-"}, plain).out);
+}
+
+} // namespace
+} // namespace comfortics::tests
