@@ -16,15 +16,6 @@ using values::plainText;
 
 namespace {
 
-// Names begin with a capital, but where it is a symbol or an abbreviation.
-std::string inSentence(std::string_view name)
-{
-    std::string text(name);
-    if (text.size() > 1 && text[0] >= 'A' && text[0] <= 'Z' && !(text[1] >= 'A' && text[1] <= 'Z'))
-        text[0] = static_cast<char>(text[0] - 'A' + 'a');
-    return text;
-}
-
 std::string withUnit(std::string text, std::string_view unit)
 {
     if (!unit.empty())
@@ -130,6 +121,14 @@ std::string sought(const Addition& model, const Verdict& verdict)
 }
 
 } // namespace
+
+std::string inSentence(std::string_view name)
+{
+    std::string text(name);
+    if (text.size() > 1 && text[0] >= 'A' && text[0] <= 'Z' && !(text[1] >= 'A' && text[1] <= 'Z'))
+        text[0] = static_cast<char>(text[0] - 'A' + 'a');
+    return text;
+}
 
 std::string rangeInWords(const Interval& range, std::string_view unit)
 {

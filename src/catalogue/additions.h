@@ -199,6 +199,10 @@ std::string verdictInWords(const Addition& model, const standards::Verdict& verd
 /// all of the model's.
 std::string resultText(const Addition& model, std::size_t result, std::span<const double> results);
 
+/// A name as it stands within a sentence: names begin with a capital, but where it is a symbol or an
+/// abbreviation.
+std::string inSentence(std::string_view name);
+
 /// "valid from 10 to 30 °C"; empty without a range.
 std::string rangeInWords(const standards::Interval& range, std::string_view unit);
 

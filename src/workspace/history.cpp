@@ -12,12 +12,21 @@ History::History(classic::Frm_Main& form) : m_form(form), m_states{present()}
 {
 }
 
+void History::add(controls::TextBox& box)
+{
+    m_besides.push_back(&box);
+    m_states = {present()};
+    m_at = 0;
+    m_typing = kNothing;
+}
+
 History::State History::present() const
 {
-    State state;
     const classic::Inputs inputs = m_form.inputs();
-    std::copy(inputs.readings.begin(), inputs.readings.end(), state.begin());
-    std::copy(inputs.assumptions.begin(), inputs.assumptions.end(), state.begin() + classic::kReadingCount);
+    State state(inputs.readings.begin(), inputs.readings.end());
+    state.insert(state.end(), inputs.assumptions.begin(), inputs.assumptions.end());
+    for (const controls::TextBox* const box : m_besides)
+        state.push_back(box->text());
     return state;
 }
 
@@ -29,7 +38,7 @@ void History::note()
         return;
     std::size_t differing = kNothing;
     std::size_t count = 0;
-    for (std::size_t i = 0; i < kBoxes; ++i)
+    for (std::size_t i = 0; i < now.size(); ++i)
         if (now[i] != last[i]) {
             differing = i;
             ++count;
@@ -67,11 +76,14 @@ void History::go(std::size_t to)
 {
     m_at = to;
     m_typing = kNothing;
-    const State& state = m_states[to];
+    const State state = m_states[to];
     classic::Inputs wanted;
     std::copy_n(state.begin(), classic::kReadingCount, wanted.readings.begin());
-    std::copy(std::next(state.begin(), classic::kReadingCount), state.end(), wanted.assumptions.begin());
+    std::copy_n(std::next(state.begin(), classic::kReadingCount), classic::kAssumptionCount,
+                wanted.assumptions.begin());
     write(wanted, m_form.calculation);
+    for (std::size_t i = 0; i < m_besides.size(); ++i)
+        m_besides[i]->setText(state[kBoxes + i]);
     m_states[to] = present(); // a rule may judge a text that was being typed
     changed.raise();
 }

@@ -3,10 +3,8 @@
 
 #include "catalogue/notes.h"
 #include "catalogue/references.h"
-#include "formulas/primitives.h"
 #include "texts/number_text.h"
 #include "values/plain_text.h"
-#include "values/run_failure.h"
 
 #include <comfortics/catalogue.h>
 
@@ -23,21 +21,6 @@ namespace {
 constexpr values::Format kBrief{2, 1};
 constexpr int kWbgtOutdoor = 200;
 
-std::string windAt10m(const Situation& situation)
-{
-    const auto& wind = situation.liveFigure(Live::WS).number;
-    if (!wind)
-        return {};
-    formulas::Assumptions assumptions;
-    assumptions.Friction =
-        texts::val(situation.inputs.assumptions[static_cast<std::size_t>(classic::Assumption::Friction)]);
-    try {
-        return plainText(formulas::Wind_At_10m(assumptions, values::Number(*wind)).value());
-    } catch (const values::RunFailure&) {
-        return {};
-    }
-}
-
 std::string presentText(const Situation& situation, Quantity quantity)
 {
     switch (quantity) {
@@ -45,8 +28,10 @@ std::string presentText(const Situation& situation, Quantity quantity)
         const auto& wbgt = situation.figure(kWbgtOutdoor).number;
         return wbgt ? plainText(*wbgt) : std::string();
     }
-    case Quantity::WindSpeedAt10m:
-        return windAt10m(situation);
+    case Quantity::WindSpeedAt10m: {
+        const auto wind = windAt10m(situation);
+        return wind ? plainText(*wind) : std::string();
+    }
     default: // the others are the live quantities, in their order
         return situation.live.at(static_cast<std::size_t>(quantity)).text;
     }

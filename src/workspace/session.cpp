@@ -68,6 +68,7 @@ Session readParts(const ordered_json& root)
     session.inputs.settings.selection = readTicks(root);
     session.cardSet = text(root, "cards", kLongestEntry);
     session.ownSets = part(root, "sets");
+    session.person = part(root, "person");
     session.pinned = part(root, "pinned");
     const ordered_json& report = member(root, "report", ordered_json::value_t::object);
     if (report.is_object()) {
@@ -89,6 +90,7 @@ std::string sessionText(const Session& session)
     if (!session.cardSet.empty())
         root["cards"] = session.cardSet;
     putPart(root, "sets", session.ownSets);
+    putPart(root, "person", session.person);
     putPart(root, "pinned", session.pinned);
     if (!session.heading.empty() || !session.notes.empty())
         root["report"] = {{"heading", session.heading}, {"notes", session.notes}};

@@ -19,6 +19,7 @@ struct Session {
     classic::Inputs inputs; ///< the ticks of the list are its selection
     std::string cardSet;    ///< the set that the cards show; empty where none is told
     std::string ownSets;    ///< JSON as the index sets write it; empty where there are none
+    std::string person;     ///< JSON of person and place; empty where nothing of them is typed
     std::string pinned;     ///< JSON as the comparison writes it; empty where nothing is pinned
     std::string heading;    ///< of the report
     std::string notes;      ///< of the report

@@ -59,8 +59,9 @@ private:
 
 SessionDesk::SessionDesk(Workspace& workspace, controls::FileDialogs& files, controls::Messages& messages)
     : m_workspace(workspace), m_files(files), m_messages(messages),
-      m_sets(std::make_unique<SetsPart>(workspace.sets)), m_parts{m_sets.get()}, m_start(collect()),
-      m_saved(m_start), m_last(workspace.preferences().read(kLast).value_or(std::string()))
+      m_sets(std::make_unique<SetsPart>(workspace.sets)), m_parts{m_sets.get(), &workspace.person},
+      m_start(collect()), m_saved(m_start),
+      m_last(workspace.preferences().read(kLast).value_or(std::string()))
 {
 }
 

@@ -3,6 +3,7 @@
 
 #include "controls/dialogs.h"
 #include "workspace/session.h"
+#include "workspace/session_part.h"
 #include "workspace/workspace.h"
 
 #include <memory>
@@ -10,17 +11,6 @@
 #include <vector>
 
 namespace comfortics::workspace {
-
-/// Something besides the main window that a session keeps: index sets, pinned situations.
-class SessionPart {
-public:
-    virtual ~SessionPart() = default;
-    virtual void save(Session& session) const = 0;
-    /// A clause on what is damaged in its part, empty where nothing is. Changes nothing.
-    virtual std::string fault(const Session& session) const = 0;
-    /// Takes its part of a session without a fault.
-    virtual void open(const Session& session) = 0;
-};
 
 /// Opens and saves sessions, knows the recent ones, and keeps the last state between sessions.
 class SessionDesk {

@@ -2,6 +2,9 @@
 #include "workspace/situation.h"
 
 #include "controls/dialogs.h"
+#include "formulas/primitives.h"
+#include "texts/number_text.h"
+#include "values/run_failure.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,6 +45,21 @@ Figure figureOf(const classic::Calculation& calculation, int index)
 }
 
 } // namespace
+
+std::optional<double> windAt10m(const Situation& situation)
+{
+    const auto& wind = situation.liveFigure(formulas::Live::WS).number;
+    if (!wind)
+        return std::nullopt;
+    formulas::Assumptions assumptions;
+    assumptions.Friction =
+        texts::val(situation.inputs.assumptions[static_cast<std::size_t>(classic::Assumption::Friction)]);
+    try {
+        return formulas::Wind_At_10m(assumptions, values::Number(*wind)).value();
+    } catch (const values::RunFailure&) {
+        return std::nullopt;
+    }
+}
 
 void write(const classic::Inputs& inputs, classic::Calculation& calculation)
 {

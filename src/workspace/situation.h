@@ -53,6 +53,9 @@ struct Situation {
     }
 };
 
+/// The wind of a situation taken from 1.1 m to 10 m by its assumptions [m/s]; none where there is none.
+std::optional<double> windAt10m(const Situation& situation);
+
 /// Writes readings and assumptions to the boxes of a calculation, as if they were typed into empty ones. The
 /// settings are none of them.
 void write(const classic::Inputs& inputs, classic::Calculation& calculation);

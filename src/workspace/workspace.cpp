@@ -14,6 +14,9 @@ Workspace::Workspace(const classic::Limits& limits, classic::Frm_Main& form, Pre
         follower.look();
         changed.raise();
     });
+    for (const auto& box : person.boxes())
+        history.add(*box);
+    person.changed.watch([this] { changed.raise(); });
 }
 
 UnitEntry* Workspace::entry(classic::Reading reading)

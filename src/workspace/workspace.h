@@ -5,6 +5,7 @@
 #include "workspace/follower.h"
 #include "workspace/history.h"
 #include "workspace/index_sets.h"
+#include "workspace/person_and_place.h"
 #include "workspace/preferences.h"
 #include "workspace/situation.h"
 #include "workspace/unit_entry.h"
@@ -38,6 +39,9 @@ public:
     /// What the cards show.
     Follower follower;
 
+    /// What the models of standards read besides the readings.
+    PersonAndPlace person;
+
     /// Other units for typing, and the entries of the readings that have them.
     UnitChoice units;
     /// Null for a reading that is typed in its unit alone.
@@ -45,7 +49,7 @@ public:
     /// The way back through what was typed.
     History history;
 
-    /// The readings, assumptions or options may have changed.
+    /// The readings, assumptions or options, or person and place may have changed.
     controls::Event changed;
 
     /// Looks at one index, whose sheet opens; from a card, the list or the results.
