@@ -7,7 +7,7 @@
 set -euo pipefail
 
 declare -A groups=(
-    [build]="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3"
+    [build]="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libexpat1-dev libzip-dev libxlsxwriter-dev pkg-config python3"
     [window]="qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libgl1-mesa-dev qt6-wayland"
     [test]="libgtest-dev pkg-config"
     [python]="python3 python3-dev python3-numpy"

@@ -7,6 +7,8 @@
 #include "output/whole_file.h"
 #include "tables/mapping.h"
 #include "tables/table_run.h"
+#include "tables/workbook.h"
+#include "tables/workbook_writer.h"
 #include "texts/bounded_file.h"
 #include "texts/text.h"
 
@@ -16,6 +18,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cmath>
+#include <functional>
 #include <iostream>
 #include <optional>
 #include <system_error>
@@ -209,8 +212,13 @@ private:
             ->excludes(map);
         command.add_flag("--guess", m_guess,
                          "Print the guessed mapping of the table as JSON; calculate nothing");
-        command.add_option("--format", m_format, "Write csv, tsv or ndjson (one JSON object for a row)")
-            ->check(CLI::IsMember({"csv", "tsv", "ndjson"}));
+        command
+            .add_option("--format", m_format, "Write csv, tsv, ndjson (one JSON object for a row) or xlsx")
+            ->check(CLI::IsMember({"csv", "tsv", "ndjson", "xlsx"}));
+        command
+            .add_option("--sheet", m_sheet, "Read the sheet NAME of an XLSX workbook instead of the first")
+            ->type_name("NAME")
+            ->check(named);
         command.add_flag("--inputs", m_inputs,
                          "Write the time and the six readings as they were taken, in their units");
         command.add_flag(
@@ -223,7 +231,7 @@ private:
     {
         const std::string name = texts::lowered(m_input);
         return !m_map.empty() || !m_columns.empty() || m_guess || !m_format.empty() || m_inputs || m_status ||
-               name.ends_with(".epw");
+               !m_sheet.empty() || name.ends_with(".epw") || tables::isWorkbook(m_input);
     }
 
     static void tell(const tables::RunCounts& counts)
@@ -265,9 +273,15 @@ private:
             std::optional<tables::Mapping> mapping;
             if (!m_map.empty())
                 mapping = mappingOfFile();
-            tables::OpenTable table = tables::openText(
-                [&input](char* buffer, std::size_t size) { return input.read(buffer, size); },
-                mapping ? mapping->shape : tables::Shape());
+            tables::Shape shape = mapping ? mapping->shape : tables::Shape();
+            if (!m_sheet.empty())
+                shape.sheet = m_sheet;
+            tables::OpenTable table =
+                tables::isWorkbook(m_input)
+                    ? tables::openWorkbook(m_input, shape)
+                    : tables::openText(
+                          [&input](char* buffer, std::size_t size) { return input.read(buffer, size); },
+                          shape);
             if (m_guess) {
                 take(tables::mappingText(tables::guessMapping(table)));
                 return {};
@@ -290,10 +304,19 @@ private:
             run.provenance = options.provenance;
             run.threads = options.threads;
             run.stopped = options.stopped;
-            const auto writer = makeWriter(take);
-            return tables::runTable(
-                *table.rows, mapper, table.layout, limits, run, *writer,
-                [&progress](const tables::RunCounts& counts) { progress.show(counts.total()); });
+            tables::RunCounts done;
+            const auto metadata = [&] {
+                tables::Metadata lines = tables::runMetadata(*mapping, table.layout, run, done);
+                lines.insert(lines.begin(),
+                             {{"Program", "Comfortics " COMFORTICS_VERSION}, {"Source file", m_input}});
+                return lines;
+            };
+            const auto writer = makeWriter(take, metadata);
+            return tables::runTable(*table.rows, mapper, table.layout, limits, run, *writer,
+                                    [&](const tables::RunCounts& counts) {
+                                        done = counts;
+                                        progress.show(counts.total());
+                                    });
         });
     }
 
@@ -352,8 +375,11 @@ private:
         return guess;
     }
 
-    std::unique_ptr<tables::ResultWriter> makeWriter(const tables::ByteTaker& take) const
+    std::unique_ptr<tables::ResultWriter> makeWriter(const tables::ByteTaker& take,
+                                                     const std::function<tables::Metadata()>& metadata) const
     {
+        if (m_format == "xlsx")
+            return std::make_unique<tables::WorkbookWriter>(metadata, take);
         if (m_format == "ndjson")
             return std::make_unique<tables::JsonLinesWriter>(take);
         return std::make_unique<tables::SeparatedWriter>(m_format == "tsv" ? '\t' : ',', take);
@@ -370,6 +396,7 @@ private:
     std::string m_map;
     std::string m_columns;
     std::string m_format;
+    std::string m_sheet;
     bool m_guess = false;
     bool m_inputs = false;
     bool m_status = false;

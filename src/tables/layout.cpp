@@ -214,7 +214,7 @@ void findHeader(Layout& layout, const std::vector<Line>& lines, const Division& 
         const auto& cells = division.cells[i];
         const auto used = std::count_if(cells.begin(), cells.end(),
                                         [](const std::string& cell) { return !trimmed(cell).empty(); });
-        if (used > 1 || division.columns < 3) // a cell alone is a title
+        if (used > 1 || !heads.empty() || division.columns < 3) // a cell alone is a title
             heads.push_back(cells);
     }
     if (heads.empty() && data > 0 && !lines[data - 1].comment.empty()) {

@@ -8,6 +8,7 @@
 #include "catalogue/categories.h"
 #include "formulas/live_quantity.h"
 #include "texts/text.h"
+#include "values/plain_text.h"
 
 #include <algorithm>
 #include <exception>
@@ -224,6 +225,36 @@ std::vector<ResultColumn> resultColumns(const RowMapper& mapper, const Layout& l
         }
     }
     return columns;
+}
+
+std::vector<std::pair<std::string, std::string>>
+runMetadata(const Mapping& mapping, const Layout& layout, const RunOptions& options, const RunCounts& counts)
+{
+    std::vector<std::pair<std::string, std::string>> lines;
+    if (!layout.place.empty())
+        lines.emplace_back("Place", layout.place);
+    lines.emplace_back("Rules", classic::ruleName(options.settings.rules));
+    lines.emplace_back("Limits", classic::limitsUse(options.settings));
+    for (std::size_t i = 0; i < classic::kAssumptionCount; ++i) {
+        const classic::AssumptionInfo& info = classic::kAssumptionInfo[i];
+        const std::string unit = info.unit.empty() ? "" : " " + std::string(info.unit);
+        lines.emplace_back(info.hint, options.assumptions[i] + unit);
+    }
+    lines.emplace_back("Rows calculated", std::to_string(counts.rows.calculated));
+    lines.emplace_back("Rows skipped", std::to_string(counts.rows.skipped));
+    lines.emplace_back("Rows failed", std::to_string(counts.rows.failed));
+    lines.emplace_back("Rows refused", std::to_string(counts.refused));
+    for (const ColumnUse& use : mapping.columns) {
+        if (use.role != Role::Reading)
+            continue;
+        std::string text = "\"" + use.column + "\" in " + use.unit;
+        if (use.height > 0)
+            text += ", measured at " + values::plainText(use.height) + " m";
+        if (use.step > 0)
+            text += ", summed over " + values::plainText(use.step) + " s";
+        lines.emplace_back("Column of the " + std::string(infoOf(use.quantity).name), text);
+    }
+    return lines;
 }
 
 RunCounts runTable(RowSource& rows, const RowMapper& mapper, const Layout& layout,

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace comfortics::tables {
@@ -43,6 +44,11 @@ std::string_view outcomeWord(classic::OutcomeKind kind);
 /// besides, and the indices.
 std::vector<ResultColumn> resultColumns(const RowMapper& mapper, const Layout& layout,
                                         const RunOptions& options);
+
+/// What a reader of the results wants to know: rules, limits, assumptions, which column was which reading,
+/// and how many rows came to what.
+std::vector<std::pair<std::string, std::string>>
+runMetadata(const Mapping& mapping, const Layout& layout, const RunOptions& options, const RunCounts& counts);
 
 /// Streams a table through the calculation, on several threads, and writes the results in the order of the
 /// rows. Memory does not grow with the table; what is written does not depend on the number of threads. A row

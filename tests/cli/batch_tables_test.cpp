@@ -74,5 +74,19 @@ TEST(BatchTables, OnlyWhatIsSureIsTakenUnasked)
     EXPECT_EQ(runTool({"batch", "-", "--format", "csv"}, plain).out, runTool({"batch", "-"}, plain).out);
 }
 
+TEST(BatchTables, AWorkbookIsReadAndWritten)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.file("out.xlsx");
+    const Ending first = runTool({"batch", stationFile("roof.xlsx"), "--sheet", "Second", "--select", "159",
+                                  "--format", "xlsx", "-o", path});
+    EXPECT_EQ(first.err, "Rows: 1 calculated, 0 skipped, 0 failed.\n");
+    EXPECT_EQ(runTool({"batch", path, "--select", "159"}).out,
+              "Ta,SR,RH,WS,Status,159 Solar Radiation [W/m²],Status,159 Solar Radiation [W/m²]\r\n"
+              "30,600,50,2,ok,600,ok,600.0\r\n");
+    EXPECT_EQ(runTool({"batch", path, "--sheet", "x"}).err,
+              "comfortics-cli: " + path + ": The workbook has no sheet \"x\".\n");
+}
+
 } // namespace
 } // namespace comfortics::tests
