@@ -212,9 +212,17 @@ private:
             ->excludes(map);
         command.add_flag("--guess", m_guess,
                          "Print the guessed mapping of the table as JSON; calculate nothing");
+        CLI::Option* const format =
+            command
+                .add_option("--format", m_format,
+                            "Write csv, tsv, ndjson (one JSON object for a row) or xlsx")
+                ->check(CLI::IsMember({"csv", "tsv", "ndjson", "xlsx"}));
         command
-            .add_option("--format", m_format, "Write csv, tsv, ndjson (one JSON object for a row) or xlsx")
-            ->check(CLI::IsMember({"csv", "tsv", "ndjson", "xlsx"}));
+            .add_option("--summary", m_summary,
+                        "Write in place of the rows what they come to for each index: csv or json, or the "
+                        "hours in each class by month as CSV: classes")
+            ->check(CLI::IsMember({"csv", "json", "classes"}))
+            ->excludes(format);
         command
             .add_option("--sheet", m_sheet, "Read the sheet NAME of an XLSX workbook instead of the first")
             ->type_name("NAME")
@@ -231,7 +239,8 @@ private:
     {
         const std::string name = texts::lowered(m_input);
         return !m_map.empty() || !m_columns.empty() || m_guess || !m_format.empty() || m_inputs || m_status ||
-               !m_sheet.empty() || name.ends_with(".epw") || tables::isWorkbook(m_input);
+               !m_sheet.empty() || !m_summary.empty() || name.ends_with(".epw") ||
+               tables::isWorkbook(m_input);
     }
 
     static void tell(const tables::RunCounts& counts)
@@ -311,12 +320,20 @@ private:
                              {{"Program", "Comfortics " COMFORTICS_VERSION}, {"Source file", m_input}});
                 return lines;
             };
-            const auto writer = makeWriter(take, metadata);
-            return tables::runTable(*table.rows, mapper, table.layout, limits, run, *writer,
-                                    [&](const tables::RunCounts& counts) {
-                                        done = counts;
-                                        progress.show(counts.total());
-                                    });
+            const auto writer = m_summary.empty() ? makeWriter(take, metadata) : nullptr;
+            tables::TableSummary summary;
+            const tables::RunCounts counts = tables::runTable(
+                *table.rows, mapper, table.layout, limits, run, writer.get(),
+                [&](const tables::RunCounts& soFar) {
+                    done = soFar;
+                    progress.show(soFar.total());
+                },
+                m_summary.empty() ? nullptr : &summary);
+            if (!m_summary.empty() && !counts.stopped)
+                take(m_summary == "json"      ? tables::summaryJson(summary)
+                     : m_summary == "classes" ? tables::classesCsv(summary)
+                                              : tables::summaryCsv(summary));
+            return counts;
         });
     }
 
@@ -397,6 +414,7 @@ private:
     std::string m_columns;
     std::string m_format;
     std::string m_sheet;
+    std::string m_summary;
     bool m_guess = false;
     bool m_inputs = false;
     bool m_status = false;

@@ -30,6 +30,7 @@ struct Done {
     ResultBlock results;
     std::string prepared;
     RunCounts counts;
+    std::vector<Moment> times; // of the rows that have one, where a summary is wanted
 };
 
 bool isStopped(const RunOptions& options)
@@ -54,17 +55,21 @@ bool hasScale(int index)
 class Worker {
 public:
     Worker(const RowMapper& mapper, const Layout& layout, const classic::Limits& limits,
-           const RunOptions& options, const ResultWriter& writer, std::size_t columns)
+           const RunOptions& options, const ResultWriter* writer, std::size_t columns, bool summarize)
         : m_mapper(mapper), m_layout(layout), m_options(options), m_writer(writer), m_columns(columns),
           m_indices(batch::selectedIndices(options.settings.selection)),
           m_calculator(batch::makeRowCalculator(limits, options.settings, options.assumptions,
-                                                {m_indices, options.live, options.categories}))
+                                                {m_indices, options.live, options.categories || summarize}))
     {
+        if (summarize)
+            m_summarizer.emplace(m_indices);
     }
+
+    const Summarizer& summarizer() const { return *m_summarizer; }
 
     Done run(const Block& block)
     {
-        Done done{ResultBlock(m_columns), {}, {}};
+        Done done{ResultBlock(m_columns), {}, {}, {}};
         m_mapped.resize(block.size());
         m_readings.clear();
         for (std::size_t i = 0; i < block.size(); ++i) {
@@ -78,13 +83,13 @@ public:
         const auto passRefused = [&] {
             for (; at < block.size() && !m_mapped[at].refused.empty(); ++at) {
                 ++done.counts.refused;
-                append(done.results, block[at], m_mapped[at], nullptr);
+                take(done, block[at], m_mapped[at], nullptr);
             }
         };
         passRefused();
         if (!isStopped(m_options))
             m_calculator->calculate(m_readings, [&](std::size_t, batch::RowFigures& figures) {
-                append(done.results, block[at], m_mapped[at], &figures);
+                take(done, block[at], m_mapped[at], &figures);
                 ++at;
                 passRefused();
                 return !isStopped(m_options); // nobody will write what is done then
@@ -93,11 +98,25 @@ public:
         done.counts.rows = {after.calculated - before.calculated, after.skipped - before.skipped,
                             after.failed - before.failed, after.lostValues - before.lostValues};
         done.counts.messages = m_calculator->messages() - messagesBefore;
-        done.prepared = m_writer.prepared(done.results);
+        if (m_writer != nullptr)
+            done.prepared = m_writer->prepared(done.results);
         return done;
     }
 
 private:
+    void take(Done& done, const Row& row, const MappedRow& mapped, batch::RowFigures* figures)
+    {
+        if (m_writer != nullptr)
+            append(done.results, row, mapped, figures);
+        if (!m_summarizer)
+            return;
+        if (mapped.time)
+            done.times.push_back(*mapped.time);
+        const bool told = m_mapper.station() && row.refused.empty();
+        m_summarizer->add(told ? texts::trimmed(row.cells[*m_mapper.station()]) : std::string_view(),
+                          row.line, mapped.time, figures);
+    }
+
     void append(ResultBlock& results, const Row& row, const MappedRow& mapped, batch::RowFigures* figures)
     {
         for (const std::size_t column : m_mapper.carried())
@@ -148,13 +167,14 @@ private:
     const RowMapper& m_mapper;
     const Layout& m_layout;
     const RunOptions& m_options;
-    const ResultWriter& m_writer;
+    const ResultWriter* m_writer;
     std::size_t m_columns;
     std::vector<int> m_indices;
     std::unique_ptr<batch::RowCalculator> m_calculator;
     std::vector<MappedRow> m_mapped;
     std::vector<batch::RowCalculator::Readings> m_readings;
     std::string m_cell;
+    std::optional<Summarizer> m_summarizer;
 };
 
 using Crew = batch::OrderedCrew<Block, Done>;
@@ -258,14 +278,19 @@ runMetadata(const Mapping& mapping, const Layout& layout, const RunOptions& opti
 }
 
 RunCounts runTable(RowSource& rows, const RowMapper& mapper, const Layout& layout,
-                   const classic::Limits& limits, const RunOptions& options, ResultWriter& writer,
-                   const std::function<void(const RunCounts&)>& progress)
+                   const classic::Limits& limits, const RunOptions& options, ResultWriter* writer,
+                   const std::function<void(const RunCounts&)>& progress, TableSummary* summary)
 {
     const std::vector<ResultColumn> columns = resultColumns(mapper, layout, options);
-    writer.begin(columns);
+    if (writer != nullptr)
+        writer->begin(columns);
     RunCounts counts;
+    StepFinder steps;
+    std::vector<std::shared_ptr<Worker>> workers;
     Crew crew(options.threads, [&]() -> Crew::Work {
-        const auto worker = std::make_shared<Worker>(mapper, layout, limits, options, writer, columns.size());
+        const auto worker = std::make_shared<Worker>(mapper, layout, limits, options, writer, columns.size(),
+                                                     summary != nullptr);
+        workers.push_back(worker);
         return [worker](const Block& block) { return worker->run(block); };
     });
     const auto finishOne = [&] {
@@ -276,7 +301,10 @@ RunCounts runTable(RowSource& rows, const RowMapper& mapper, const Layout& layou
         counts.rows.add(done.counts.rows);
         counts.refused += done.counts.refused;
         counts.messages += done.counts.messages;
-        writer.write(done.results, done.prepared);
+        if (writer != nullptr)
+            writer->write(done.results, done.prepared);
+        for (const Moment& time : done.times)
+            steps.add(time);
         progress(counts);
     };
 
@@ -310,8 +338,16 @@ RunCounts runTable(RowSource& rows, const RowMapper& mapper, const Layout& layou
         finishOne();
     if (fault)
         std::rethrow_exception(fault);
-    if (!counts.stopped)
-        writer.end();
+    if (counts.stopped)
+        return counts;
+    if (writer != nullptr)
+        writer->end();
+    if (summary != nullptr) {
+        Summarizer all(batch::selectedIndices(options.settings.selection));
+        for (const auto& worker : workers)
+            all.add(worker->summarizer());
+        *summary = all.summary(steps.step());
+    }
     return counts;
 }
 

@@ -4,6 +4,7 @@
 #include "batch/row_figures.h"
 #include "tables/results.h"
 #include "tables/row_mapper.h"
+#include "tables/summary.h"
 
 #include <cstddef>
 #include <functional>
@@ -52,9 +53,11 @@ runMetadata(const Mapping& mapping, const Layout& layout, const RunOptions& opti
 
 /// Streams a table through the calculation, on several threads, and writes the results in the order of the
 /// rows. Memory does not grow with the table; what is written does not depend on the number of threads. A row
-/// that is refused is written with its line and reason as its status. `progress` is told after each block.
+/// that is refused is written with its line and reason as its status. `progress`
+/// is told after each block. Without a writer the rows are not written; `summary`, where it is given, gets
+/// what they come to.
 RunCounts runTable(RowSource& rows, const RowMapper& mapper, const Layout& layout,
-                   const classic::Limits& limits, const RunOptions& options, ResultWriter& writer,
-                   const std::function<void(const RunCounts&)>& progress);
+                   const classic::Limits& limits, const RunOptions& options, ResultWriter* writer,
+                   const std::function<void(const RunCounts&)>& progress, TableSummary* summary = nullptr);
 
 } // namespace comfortics::tables

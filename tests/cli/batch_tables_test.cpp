@@ -88,5 +88,25 @@ TEST(BatchTables, AWorkbookIsReadAndWritten)
               "comfortics-cli: " + path + ": The workbook has no sheet \"x\".\n");
 }
 
+// The figures are what pandas makes of the rows that the tool writes.
+TEST(BatchTables, ASummaryTellsWhatTheRowsComeTo)
+{
+    const Arguments options{"batch", stationFile("two_days.epw"), "--select", "195", "--rules", "precise"};
+    const Ending summary = runTool(with(options, {"--summary", "csv"}));
+    EXPECT_NE(summary.out.find("°C,45,0,0,0,0,3,0,0,28.9644444444444,16.8,17,21.2,27.5,38.7,42.3,42.58,"
+                               "16.8,2005-07-01T04:00:00+02:00,12,42.8,2005-07-01T14:00:00+02:00,22\r\n"),
+              std::string::npos)
+        << summary.out;
+    const Ending classes = runTool(with(options, {"--summary", "classes", "--threads", "1"}));
+    EXPECT_NE(classes.out.find(",2005-07,strong heat stress,2,6,6\r\n"), std::string::npos) << classes.out;
+    const std::string stations =
+        "Station,Ta,SR,RH,WS\nB,30,600,50,2\nA,31,600,50,2\nB,32,600,50,2\nC,,600,50,2\n";
+    EXPECT_NE(runTool({"batch", "-", "--select", "159", "--columns",
+                       "ta=Ta,sr=SR,rh=RH,ws=WS,station=Station", "--summary", "json"},
+                      stations)
+                  .out.find("\"station\": \"B\",\n      \"rows\": {\n        \"calculated\": 2,"),
+              std::string::npos);
+}
+
 } // namespace
 } // namespace comfortics::tests
