@@ -26,6 +26,7 @@ constexpr double kReadingScale = 1.25;
 constexpr int kReadingCharacters = 7;
 constexpr int kEntryCharacters = 4;
 constexpr int kCalculateIcon = 40;
+constexpr int kFieldSpacing = 2; // between heading and box
 
 void scaleFont(QWidget& widget, double scale)
 {
@@ -55,7 +56,7 @@ QWidget* ReadingsPanel::readingField(Reading reading)
     auto* const field = new QWidget;
     auto* const layout = new QGridLayout(field);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setVerticalSpacing(2);
+    layout->setVerticalSpacing(kFieldSpacing);
     auto* const heading = new QLabel(toQt(info.heading));
     auto* const line = new QLineEdit;
     auto* const unit = new QLabel(toQt(info.unit()));
@@ -143,9 +144,15 @@ QWidget* ReadingsPanel::buildReadings()
     const auto pair = [this, grid](int row, Reading left, Reading right) {
         grid->addWidget(readingField(left), row, 0, Qt::AlignTop);
         grid->addWidget(readingField(right), row, 2, Qt::AlignTop);
-        QLabel* const either = quietLabel(QStringLiteral("or"));
-        either->setFixedHeight(m_readings.front()->sizeHint().height()); // beside the boxes
-        grid->addWidget(either, row, 1, Qt::AlignBottom);
+        // Beside the boxes, whatever stands below them.
+        auto* const either = new QVBoxLayout;
+        either->setSpacing(kFieldSpacing);
+        either->addWidget(new QLabel(QStringLiteral(" ")));
+        auto* const word = quietLabel(QStringLiteral("or"));
+        word->setFixedHeight(m_readings[static_cast<std::size_t>(left)]->sizeHint().height());
+        either->addWidget(word);
+        either->addStretch();
+        grid->addLayout(either, row, 1);
     };
     grid->addWidget(readingField(Reading::TA), 0, 0, 1, 3);
     pair(1, Reading::TG, Reading::SR);
