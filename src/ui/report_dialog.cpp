@@ -7,16 +7,20 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTextBrowser>
+#include <QTextFrame>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
 
 namespace comfortics::ui {
@@ -26,7 +30,10 @@ using workspace::ReportDesk;
 namespace {
 
 constexpr QSize kSize(760, 700);
+constexpr QColor kInk(0x11, 0x11, 0x11);
 constexpr int kNoteLines = 3;
+constexpr int kMargin = 16; // around the page
+constexpr int kLeastChart = 200;
 constexpr std::chrono::milliseconds kPause{200};
 
 } // namespace
@@ -52,8 +59,13 @@ ReportDialog::ReportDialog(ReportDesk& report, workspace::SessionDesk& session, 
                QStringLiteral("What the report tells of"));
     nameWidget(*m_page, QStringLiteral("page"), QStringLiteral("The report"),
                QStringLiteral("The page as it will be"));
+    m_page->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that the page keeps its width, which fits
+    m_page->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Paper is white, whatever the palette.
-    m_page->setStyleSheet(QStringLiteral("background:white;color:#111"));
+    QPalette paper = m_page->palette();
+    paper.setColor(QPalette::Base, Qt::white);
+    paper.setColor(QPalette::Text, kInk);
+    m_page->setPalette(paper);
 
     auto* const form = new QFormLayout;
     const auto field = [form](const QString& text, QWidget* widget) {
@@ -93,7 +105,17 @@ ReportDialog::ReportDialog(ReportDesk& report, workspace::SessionDesk& session, 
     m_soon.setInterval(kPause);
     connect(&m_soon, &QTimer::timeout, this, &ReportDialog::showPage);
     resize(kSize);
+    layout->activate();
     showPage();
+    m_page->viewport()->installEventFilter(this);
+}
+
+// The chart goes with the width.
+bool ReportDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize)
+        m_soon.start();
+    return QDialog::eventFilter(watched, event);
 }
 
 void ReportDialog::print()
@@ -114,7 +136,12 @@ void ReportDialog::print()
 void ReportDialog::showPage()
 {
     const int place = m_page->verticalScrollBar()->value();
-    write(m_report.page(), *m_page->document());
+    const int room = m_page->maximumViewportSize().width() - 2 * kMargin;
+    write(m_report.page(std::clamp(room, kLeastChart, workspace::kReportWidth)), *m_page->document());
+    QTextFrame* const frame = m_page->document()->rootFrame();
+    QTextFrameFormat format = frame->frameFormat();
+    format.setMargin(kMargin);
+    frame->setFrameFormat(format);
     m_page->moveCursor(QTextCursor::Start); // else its end comes into view
     m_page->verticalScrollBar()->setValue(place);
 }

@@ -17,6 +17,9 @@ class ReportDialog : public QDialog {
 public:
     ReportDialog(workspace::ReportDesk& report, workspace::SessionDesk& session, QWidget* parent = nullptr);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void print();
     void showPage();

@@ -23,11 +23,14 @@ constexpr double kMarkWidth = 5;
 constexpr double kLabelWidth = 30; // of a bound
 
 constexpr const char* kStyle =
-    "body{font-family:sans-serif;font-size:10pt;color:#111;background:#fff;max-width:510pt;margin:20pt auto}"
+    "body{font-family:sans-serif;font-size:10pt;color:#111;background:#fff}"
     "h1{font-size:16pt;margin:0 0 6pt}h2{font-size:11pt;margin:14pt 0 3pt}p{margin:3pt 0}"
     "table{border-collapse:collapse;width:100%}"
     "td,th{text-align:left;padding:1pt 6pt 1pt 2pt;vertical-align:top;border-bottom:1px solid #ccc}"
     "small{color:#444;font-size:8pt}.chip{padding:0 4pt}";
+
+// A browser has no paper, whose margins are those of the page.
+constexpr const char* kBrowserStyle = "body{max-width:510pt;margin:20pt auto}";
 
 std::string escaped(std::string_view text)
 {
@@ -224,11 +227,12 @@ std::string chartOf(const Situation& situation, const std::vector<int>& indices)
     return svg + "</svg>";
 }
 
-std::string page(const Situation& situation, const ReportRequest& request, const std::string& chart)
+std::string page(const Situation& situation, const ReportRequest& request, const std::string& chart,
+                 const char* style = "")
 {
     const std::string heading = request.heading.empty() ? "Thermal conditions" : request.heading;
     std::string html = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" +
-                       escaped(heading) + "</title><style>" + kStyle + "</style></head><body>\n<h1>" +
+                       escaped(heading) + "</title><style>" + kStyle + style + "</style></head><body>\n<h1>" +
                        escaped(heading) + "</h1>\n<p>" + escaped(request.when) + "</p>\n";
     if (!request.notes.empty())
         html += "<p>" + escaped(request.notes) + "</p>\n";
@@ -260,16 +264,15 @@ std::string page(const Situation& situation, const ReportRequest& request, const
 
 std::string reportHtml(const Situation& situation, const ReportRequest& request)
 {
-    return page(situation, request, chartOf(situation, request.indices));
+    return page(situation, request, chartOf(situation, request.indices), kBrowserStyle);
 }
 
-ReportPage reportPage(const Situation& situation, const ReportRequest& request)
+ReportPage reportPage(const Situation& situation, const ReportRequest& request, int width)
 {
     const std::string chart = chartOf(situation, request.indices);
     return {page(situation, request,
-                 chart.empty()
-                     ? chart
-                     : R"(<p><img src="chart.svg" width=")" + std::to_string(kReportWidth) + "\"></p>"),
+                 chart.empty() ? chart
+                               : R"(<p><img src="chart.svg" width=")" + std::to_string(width) + "\"></p>"),
             chart};
 }
 

@@ -20,17 +20,18 @@ struct ReportRequest {
     std::vector<int> indices; ///< in their order
 };
 
+/// The width of the chart [SVG units].
+inline constexpr int kReportWidth = 680;
+
 /// The page as HTML that needs nothing beside it: style and chart are inside. UTF-8.
 std::string reportHtml(const Situation& situation, const ReportRequest& request);
 
-/// The same for a printer, whose chart stands beside it: the page refers to it as "chart.svg".
+/// The same for a printer or a screen, whose chart stands beside it: the page refers to it as "chart.svg" and
+/// shows it in a width.
 struct ReportPage {
     std::string html;
     std::string chart; ///< SVG; empty where no chosen index with a value has classes
 };
-ReportPage reportPage(const Situation& situation, const ReportRequest& request);
-
-/// The width of the chart [SVG units].
-inline constexpr int kReportWidth = 680;
+ReportPage reportPage(const Situation& situation, const ReportRequest& request, int width = kReportWidth);
 
 } // namespace comfortics::workspace

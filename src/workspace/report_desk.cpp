@@ -40,9 +40,9 @@ ReportRequest ReportDesk::request() const
             .indices = indices()};
 }
 
-ReportPage ReportDesk::page() const
+ReportPage ReportDesk::page(int width) const
 {
-    return reportPage(m_workspace.present(), request());
+    return reportPage(m_workspace.present(), request(), width);
 }
 
 void ReportDesk::save(Form form)

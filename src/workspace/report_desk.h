@@ -40,7 +40,8 @@ public:
     std::string when;
 
     ReportRequest request() const;
-    ReportPage page() const;
+    /// With the chart in a width.
+    ReportPage page(int width = kReportWidth) const;
 
     /// Asks for a file and writes the report, whole or not at all.
     void save(Form form);

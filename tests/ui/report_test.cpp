@@ -58,6 +58,12 @@ TEST(Report, TheDialogShowsThePageThatIsSavedWhole)
     EXPECT_TRUE(page.toPlainText().contains(QStringLiteral("Accepted Level")));
     find<QComboBox>(dialog, "choice").setCurrentIndex(0);
     EXPECT_EQ(tests::nameless(dialog), "");
+    for (const int width : {dialog.width(), 500}) {
+        dialog.resize(width, dialog.height());
+        EXPECT_TRUE(QTest::qWaitFor([&page] {
+            return page.document()->size().width() <= page.viewport()->width() + 1; // for rounded columns
+        })) << width;
+    }
 
     const comfortics::tests::TemporaryFolder folder;
     program.files.answer = folder.file("report");
