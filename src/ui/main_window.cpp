@@ -23,6 +23,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
@@ -40,7 +41,8 @@ namespace comfortics::ui {
 namespace {
 
 constexpr std::chrono::seconds kPause{1}; // after which what is typed is another step
-constexpr int kConverterWidth = 280;      // what placing leaves free at the side
+constexpr std::chrono::seconds kQuietBeforeKeeping{2};
+constexpr int kConverterWidth = 280; // what placing leaves free at the side
 constexpr int kLeastWidth = 1100;
 constexpr double kScreenShare = 0.92;
 constexpr int kHeightInLines = 48; // some cards high, where the screen has it
@@ -67,6 +69,12 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
     m_area->claimWidth(kContentShare);
     setCentralWidget(m_area);
     buildPanels();
+    m_keeping.setObjectName(QStringLiteral("keeping"));
+    m_keeping.setSingleShot(true);
+    m_keeping.setInterval(kQuietBeforeKeeping);
+    connect(&m_keeping, &QTimer::timeout, this, &MainWindow::keepLayout);
+    connect(m_panels, &Panels::changed, &m_keeping, qOverload<>(&QTimer::start));
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepLayout);
 
     addKeys(QStringLiteral("Search the list"), {QKeySequence::Find}, [this] {
         showPanel(kIndices);
@@ -365,8 +373,12 @@ void MainWindow::placeOnScreen()
     m_resultsPanel->hide(); // until there are results
 }
 
+// However the program will end; closing it hides all windows at once, of which nothing is kept any more.
 void MainWindow::keepLayout()
 {
+    m_keeping.stop();
+    if (!m_form.visible())
+        return;
     workspace::Preferences& preferences = m_workspace.preferences();
     keepPlace(*this, preferences, kPlaceKey);
     workspace::keepBytes(preferences, kPanelsKey, m_panels->state().toStdString());
@@ -416,6 +428,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_resultsPanel && event->type() == QEvent::Close && m_results)
         m_results->close();
+    if (watched == m_results && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
+        m_keeping.start();
     if (watched == m_results && event->type() == QEvent::Hide && m_results->isWindow())
         keepPlace(*m_results, m_workspace.preferences(), kResultsPlaceKey);
     return FormWindow::eventFilter(watched, event);
@@ -435,10 +449,21 @@ void MainWindow::placeAsNew()
                                                   (usable.height() - this->height()) / 3));
 }
 
+void MainWindow::moveEvent(QMoveEvent* event)
+{
+    FormWindow::moveEvent(event);
+    m_keeping.start();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    FormWindow::resizeEvent(event);
+    m_keeping.start();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (m_form.visible())
-        keepLayout(); // Yes hides all windows at once
+    keepLayout();
     if (m_form.visible() && m_form.Form_QueryUnload())
         event->ignore();
     else

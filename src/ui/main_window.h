@@ -69,6 +69,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -110,6 +112,7 @@ private:
     CutLabel* m_status = nullptr;
     QTimer m_noting;
     QTimer m_pause;
+    QTimer m_keeping{this}; // until the layout is kept
 };
 
 } // namespace comfortics::ui

@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QEvent>
 #include <QMenu>
 #include <QTabBar>
 
@@ -44,7 +45,9 @@ QDockWidget& Panels::add(const QString& name, const QString& title, QWidget* con
     m_panels.push_back({dock, place, open});
     put(m_panels.back());
     m_menu.insertAction(m_before, dock->toggleViewAction());
+    dock->installEventFilter(this);
     connect(dock, &QDockWidget::visibilityChanged, this, &Panels::nameTabs);
+    connect(dock, &QDockWidget::visibilityChanged, this, &Panels::changed);
     connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool shown) {
         if (shown)
             dock->raise(); // it may stand behind a tab
@@ -106,6 +109,13 @@ void Panels::reset()
     for (const Panel& one : m_panels)
         if (one.open)
             one.dock->raise();
+}
+
+bool Panels::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
+        emit changed();
+    return QObject::eventFilter(watched, event);
 }
 
 // Qt makes the tabs by itself and says nothing of them to those who hear the window.

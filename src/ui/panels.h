@@ -44,6 +44,13 @@ public:
     /// Puts the panels where they stood before the user moved any.
     void reset();
 
+signals:
+    /// A panel was moved, sized, opened, closed or brought to the front.
+    void changed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct Panel {
         QDockWidget* dock;

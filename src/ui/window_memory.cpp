@@ -25,9 +25,11 @@ bool restorePlace(QMainWindow& window, const workspace::Preferences& preferences
     // Of a screen that is no longer there, or is smaller now.
     const QRect usable = window.screen()->availableGeometry();
     window.resize(window.size().boundedTo(usable.size()));
-    window.move(
+    const QPoint place(
         std::clamp(window.x(), usable.left(), std::max(usable.left(), usable.right() + 1 - window.width())),
         std::clamp(window.y(), usable.top(), std::max(usable.top(), usable.bottom() + 1 - window.height())));
+    if (place != window.pos()) // a move means the frame, of which nothing is known yet: it would wander
+        window.move(place);
     return true;
 }
 

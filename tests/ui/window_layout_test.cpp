@@ -110,6 +110,20 @@ TEST_F(Layout, ComesBackInTheNextSessionAndCanBeReset)
     }
 }
 
+TEST_F(Layout, IsKeptWhileTheProgramRunsForItMayEndInAnyWay)
+{
+    Session running;
+    auto& quiet = *running.main.findChild<QTimer*>(QStringLiteral("keeping"));
+    running.panel("panel_sheet").show();
+    running.main.resize(running.main.width(), 640);
+    ASSERT_TRUE(quiet.isActive());
+    quiet.start(0);
+    ASSERT_TRUE(QTest::qWaitFor([&quiet] { return !quiet.isActive(); }));
+    Session next;
+    EXPECT_EQ(next.main.height(), 640);
+    EXPECT_TRUE(next.panel("panel_sheet").isVisible());
+}
+
 TEST_F(Layout, StartsAsNewFromADamagedFile)
 {
     QFile file(settingsFile());
