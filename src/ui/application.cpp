@@ -9,12 +9,14 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QMenu>
 #include <QPalette>
 
 #include <chrono>
 #include <functional>
+#include <utility>
 
 // Outside of all namespaces, as the macro wants it. The pictures lie in a library, which the linker
 // would leave out otherwise.
@@ -74,8 +76,11 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event)
 Application::Application(const std::filesystem::path& programFolder)
     : m_shell(programFolder, {m_messages, m_clipboard, m_files, m_printing, &m_maps, &m_preferences}),
       m_report(m_shell.workspace(), m_shell.session(), m_files, m_messages, m_pdf),
-      m_main(m_shell.workspace(), toQt(m_shell.limitsWarning()))
+      m_main(m_shell.workspace(), toQt(m_shell.limitsWarning())),
+      m_situations(m_shell.workspace().limits(),
+                   [this](auto situation) { m_shell.workspace().arrived(std::move(situation)); })
 {
+    m_shell.workspace().onAsk([this](const classic::Inputs& inputs) { m_situations.ask(inputs); });
     m_preferences.onFailure = [this](const std::string& sentence) { m_main.warn(toQt(sentence)); };
     addPanels();
     m_main.placeOnScreen();
@@ -107,10 +112,18 @@ Application::Application(const std::filesystem::path& programFolder)
     QObject::connect(&m_keep, &QTimer::timeout, &m_main, [this] { m_shell.session().keepLast(); });
     m_shell.workspace().changed.watch([this] { m_keep.start(); });
     m_shell.comparison().changed.watch([this] { m_keep.start(); });
+    // The desktop ends the session: nobody may be asked by then.
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &m_main,
+                     [this] { m_shell.session().keepLast(); });
     m_shell.ended.watch([this] {
         m_shell.session().keepLast();
         QCoreApplication::exit();
     });
+}
+
+Application::~Application()
+{
+    m_shell.workspace().onAsk({});
 }
 
 void Application::addPanels()

@@ -12,6 +12,7 @@
 #include "ui/radiation_window.h"
 #include "ui/raw_data_window.h"
 #include "ui/results_window.h"
+#include "ui/situation_runner.h"
 #include "ui/splash_window.h"
 #include "ui/tile_source.h"
 
@@ -38,6 +39,9 @@ class Application {
 public:
     /// Needs a QApplication. Limits.Index is read from the program's folder.
     explicit Application(const std::filesystem::path& programFolder);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
 
     /// Shows the splash screen; the main window follows.
     void start();
@@ -71,6 +75,7 @@ private:
     workspace::ReportDesk m_report;
     MainWindow m_main;
     QTimer m_keep; // until the last state is kept for the next session
+    SituationRunner m_situations;
     std::unique_ptr<SplashWindow> m_splash;
     std::unique_ptr<ResultsWindow> m_results;
     std::unique_ptr<ConverterWindow> m_converter;

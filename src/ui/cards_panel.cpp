@@ -20,20 +20,9 @@ namespace comfortics::ui {
 
 CardsPanel::CardsPanel(workspace::Workspace& workspace, QWidget* parent)
     : QWidget(parent), m_workspace(workspace), m_sets(new QComboBox), m_note(new QLabel),
-      m_cards(new CardsView(workspace)),
-      m_runner(
-          [&limits = workspace.limits()](const classic::Inputs& inputs, const auto&) {
-              return std::make_shared<const workspace::Situation>(workspace::evaluate(limits, inputs));
-          },
-          [this] {
-              QMetaObject::invokeMethod(
-                  this,
-                  [this] {
-                      if (auto situation = m_runner.take())
-                          m_workspace.follower.arrived(std::move(*situation));
-                  },
-                  Qt::QueuedConnection);
-          })
+      m_cards(new CardsView(workspace)), m_runner(workspace.limits(), [&workspace](auto situation) {
+          workspace.follower.arrived(std::move(situation));
+      })
 {
     nameWidget(*m_sets, QStringLiteral("cards_set"), QStringLiteral("Set of indices"),
                QStringLiteral("Which indices the cards show"));

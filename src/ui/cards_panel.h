@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "workspace/latest_runner.h"
+#include "ui/situation_runner.h"
 #include "workspace/workspace.h"
 
 #include <QWidget>
 
-#include <memory>
 #include <vector>
 
 class QComboBox;
@@ -48,7 +47,7 @@ private:
     QLabel* m_note;
     CardsView* m_cards;
     std::vector<QWidget*> m_tabOrder;
-    workspace::LatestRunner<classic::Inputs, std::shared_ptr<const workspace::Situation>> m_runner;
+    SituationRunner m_runner;
 };
 
 } // namespace comfortics::ui

@@ -23,6 +23,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <chrono>
 #include <set>
 
 namespace comfortics::ui {
@@ -42,6 +43,7 @@ constexpr int kNameCharacters = 25; // of a quantity, in view; the tooltip has a
 constexpr int kCellCharacters = 18;
 constexpr int kChoiceCharacters = 8; // a narrow panel cuts the choice, not its buttons
 constexpr int kMeaningRole = Qt::UserRole;
+constexpr std::chrono::milliseconds kPatience{50};
 
 int nameWidth()
 {
@@ -218,7 +220,14 @@ ComparisonPanel::ComparisonPanel(Comparison& comparison, controls::Clipboard& cl
     layout->addLayout(below);
 
     listen(*this, m_comparison.changed, [this] { notice(); });
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(kPatience);
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        const workspace::Workspace& known = m_comparison.workspace();
+        showTable(workspace::awaited(known.presentInputs()));
+    });
     listen(*this, workspace.changed, [this] { notice(); });
+    listen(*this, workspace.found, [this] { notice(); });
     listen(*this, workspace.sets.changed, [this] { notice(); });
     refresh();
 }
@@ -365,11 +374,25 @@ void ComparisonPanel::showEvent(QShowEvent* event)
 
 void ComparisonPanel::refresh()
 {
+    if (const workspace::Situation* const present = m_comparison.workspace().presentSoon())
+        showTable(*present);
+    else if (!m_patience.isActive())
+        m_patience.start();
+}
+
+void ComparisonPanel::complete()
+{
+    showTable(m_comparison.workspace().present());
+}
+
+void ComparisonPanel::showTable(const workspace::Situation& present)
+{
+    m_patience.stop();
     const int columns = m_model->columnCount();
     const int rows = m_model->rowCount();
     const QModelIndex current = m_table->currentIndex();
     m_model->take(workspace::comparisonTable(
-        m_comparison, m_choices.at(static_cast<std::size_t>(m_choice->currentIndex())).indices()));
+        present, m_comparison, m_choices.at(static_cast<std::size_t>(m_choice->currentIndex())).indices()));
     if (!m_table->currentIndex().isValid() && current.isValid())
         m_table->setCurrentIndex(m_model->index(std::min(current.row(), m_model->rowCount() - 1),
                                                 std::min(current.column(), m_model->columnCount() - 1)));
@@ -441,7 +464,7 @@ void ComparisonPanel::showCurrent()
 void ComparisonPanel::pin()
 {
     const std::string fault = m_comparison.pinPresent(std::chrono::system_clock::now());
-    refresh();
+    complete();
     if (fault.empty())
         goTo(m_comparison.count() - 1);
     else
@@ -472,6 +495,7 @@ void ComparisonPanel::removePin()
 
 void ComparisonPanel::copy()
 {
+    complete();
     const ComparisonTable& table = m_model->table();
     std::set<workspace::ComparisonPlace> cells;
     for (const QModelIndex& index : m_table->selectionModel()->selectedIndexes())
@@ -481,6 +505,7 @@ void ComparisonPanel::copy()
 
 void ComparisonPanel::exportTable()
 {
+    complete();
     const auto path = output::askForFile(
         m_files, {.title = kExportTitle,
                   .filter = "Comma-Separated Values (*.csv)",

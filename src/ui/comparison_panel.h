@@ -5,6 +5,7 @@
 #include "workspace/comparison_table.h"
 
 #include <QAbstractTableModel>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -62,6 +63,8 @@ public:
     void pin();
     /// Repeats the comparison now, for a panel that is in sight.
     void refresh();
+    /// The same with the present figures, though they take a while.
+    void complete();
     /// Copies the selected cells, or the table where no more than one is.
     void copy();
     /// Asks for a name and writes the table as CSV (UTF-8), whole or not at all.
@@ -75,6 +78,7 @@ protected:
 private:
     void buildTable();
     QWidget* buildRow();
+    void showTable(const workspace::Situation& present);
     void notice();
     void fitColumns();
     void showCurrent();
@@ -99,6 +103,7 @@ private:
     QPushButton* m_copy = nullptr;
     QLabel* m_note = nullptr;
     bool m_late = false;
+    QTimer m_patience; // for which figures of other readings stand
 };
 
 } // namespace comfortics::ui

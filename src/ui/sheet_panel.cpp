@@ -23,6 +23,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 namespace comfortics::ui {
 
 using workspace::CourseAxis;
@@ -35,6 +37,7 @@ constexpr int kHeightInLines = 34;
 constexpr int kAxisCharacters = 10; // at least
 constexpr int kReadingLines = 2;
 constexpr int kHeldLines = 4;
+constexpr std::chrono::milliseconds kPatience{50};
 constexpr const char* kAxisKey = "sheet/axis";
 
 QString escaped(std::string_view text)
@@ -152,11 +155,14 @@ QString literatureHtml(const IndexSheet& sheet)
     return heading("Literature") + paragraph(html);
 }
 
-QString factsHtml(const IndexSheet& sheet, const QPalette& palette)
+QString headingHtml(const IndexSheet& sheet)
 {
-    QString html =
-        QStringLiteral("<h3>%1. %2</h3>").arg(QString::number(sheet.number), escaped(sheet.name).trimmed());
-    html += valueHtml(sheet);
+    return QStringLiteral("<h3>%1. %2</h3>")
+        .arg(QString::number(sheet.number), escaped(sheet.name).trimmed());
+}
+
+QString aboutHtml(const IndexSheet& sheet)
+{
     QString about = escaped(sheet.description);
     if (!sheet.abbreviations.empty()) {
         QStringList names;
@@ -165,12 +171,24 @@ QString factsHtml(const IndexSheet& sheet, const QPalette& palette)
         about += (about.isEmpty() ? QString() : QStringLiteral(" ")) +
                  QStringLiteral("Asked for as %1.").arg(names.join(QStringLiteral(", ")));
     }
-    html += paragraph(about);
+    QString html = paragraph(about);
     for (const std::string& warning : sheet.warnings)
         html += paragraph(QStringLiteral("<b>Mind:</b> %1.").arg(escaped(warning)));
-    html += inputsHtml(sheet) + limitsHtml(sheet) + classesHtml(sheet, palette) + literatureHtml(sheet);
-    return html +
+    return html;
+}
+
+QString factsHtml(const IndexSheet& sheet, const QPalette& palette)
+{
+    return headingHtml(sheet) + valueHtml(sheet) + aboutHtml(sheet) + inputsHtml(sheet) + limitsHtml(sheet) +
+           classesHtml(sheet, palette) + literatureHtml(sheet) +
            paragraph(QStringLiteral("Family: %1. Id: %2.").arg(escaped(sheet.family), escaped(sheet.id)));
+}
+
+// What is known before the figures are.
+QString awaitedHtml(const IndexSheet& sheet)
+{
+    return headingHtml(sheet) + paragraph(escaped(sheet.figure.reason)) + aboutHtml(sheet) +
+           literatureHtml(sheet);
 }
 
 } // namespace
@@ -197,8 +215,13 @@ SheetPanel::SheetPanel(workspace::Workspace& workspace, controls::FileDialogs& f
     layout->setContentsMargins(kSmallGap, kSmallGap, kSmallGap, kSmallGap);
     layout->addWidget(splitter);
 
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(kPatience);
+    connect(&m_patience, &QTimer::timeout, this,
+            [this] { refreshFacts(catalogue::indexOfId(m_workspace.lookedAt()), false); });
     listen(*this, m_workspace.changed, [this] { notice(); });
     listen(*this, m_workspace.looked, [this] { notice(); });
+    listen(*this, m_workspace.found, [this] { notice(); });
     refresh();
 }
 
@@ -291,10 +314,8 @@ void SheetPanel::notice()
     m_late = true;
     if (m_asked) {
         const auto axis = static_cast<CourseAxis>(m_axis->currentIndex());
-        classic::Inputs inputs = m_workspace.form().inputs();
-        inputs.settings.selection = classic::Selection::all();
         const int index = catalogue::indexOfId(m_workspace.lookedAt());
-        if (*m_asked != workspace::CourseRequest{std::move(inputs), index, axis})
+        if (*m_asked != workspace::CourseRequest{m_workspace.presentInputs(), index, axis})
             m_chart->showNone({});
     }
     QTimer::singleShot(0, this, [this] {
@@ -329,18 +350,31 @@ void SheetPanel::refresh()
         m_chart->showNone({});
         return;
     }
-    showFacts(workspace::indexSheet(m_workspace.present(), m_workspace.limits(), index));
+    refreshFacts(index, true);
     askCourse(index);
 }
 
-// What is selected stays so where the text is the same, and the place where another has the same index.
-void SheetPanel::showFacts(const IndexSheet& sheet)
+// Earlier figures stand while there is patience.
+void SheetPanel::refreshFacts(int index, bool patiently)
 {
-    const QString html = factsHtml(sheet, palette());
+    const workspace::Situation* const present = m_workspace.presentSoon();
+    if (present == nullptr && patiently) {
+        if (!m_patience.isActive())
+            m_patience.start();
+        return;
+    }
+    m_patience.stop();
+    const IndexSheet sheet = workspace::indexSheet(
+        present ? *present : workspace::awaited(m_workspace.presentInputs()), m_workspace.limits(), index);
+    showFacts(toQt(sheet.id), present ? factsHtml(sheet, palette()) : awaitedHtml(sheet));
+}
+
+// What is selected stays so where the text is the same, and the place where another has the same index.
+void SheetPanel::showFacts(const QString& id, const QString& html)
+{
     if (html == m_html)
         return;
     m_html = html;
-    const QString id = toQt(sheet.id);
     const int place = id == m_shownId ? m_text->verticalScrollBar()->value() : 0;
     m_shownId = id;
     m_text->setHtml(html);
@@ -349,7 +383,7 @@ void SheetPanel::showFacts(const IndexSheet& sheet)
 
 void SheetPanel::askCourse(int index)
 {
-    workspace::CourseRequest request{m_workspace.present().inputs, index,
+    workspace::CourseRequest request{m_workspace.presentInputs(), index,
                                      static_cast<CourseAxis>(m_axis->currentIndex())};
     const bool isThere = m_chart->course() != nullptr && m_chart->course()->request == request;
     m_picture->setEnabled(isThere);

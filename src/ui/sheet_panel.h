@@ -7,6 +7,7 @@
 #include "workspace/latest_runner.h"
 #include "workspace/workspace.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -45,7 +46,8 @@ private:
     QWidget* buildTop();
     QWidget* buildBottom();
     void notice();
-    void showFacts(const workspace::IndexSheet& sheet);
+    void showFacts(const QString& id, const QString& html);
+    void refreshFacts(int index, bool patiently);
     void askCourse(int index);
     void takeCourse();
     void nameAxes();
@@ -64,6 +66,7 @@ private:
     QString m_html;
     QString m_shownId;
     bool m_late = false; // a refresh is on its way
+    QTimer m_patience;   // for which figures of other readings stand
     std::optional<workspace::CourseRequest> m_asked;
     workspace::LatestRunner<workspace::CourseRequest, workspace::Course>
         m_runner; // last: its thread ends first

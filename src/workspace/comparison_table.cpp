@@ -53,6 +53,8 @@ ComparisonCell differenceOf(const ComparisonCell& present, const ComparisonCell&
         cell.number = difference;
         cell.shown = differenceText(difference, present.shown, pinned.shown);
         cell.text = differenceText(difference, present.text, pinned.text);
+    } else if (present.note == kAwaited) {
+        cell.note = kAwaited;
     } else if (!present.text.empty() || !pinned.text.empty()) {
         if (!present.number && present.text.empty())
             cell.note = "No difference: at present there is no value. " + present.note;
@@ -112,9 +114,9 @@ ComparisonCell indexCell(const Situation& situation, int index)
 
 class Builder {
 public:
-    Builder(const Comparison& comparison, bool withClasses) : m_withClasses(withClasses)
+    Builder(const Situation& present, const Comparison& comparison, bool withClasses)
+        : m_withClasses(withClasses), m_situations{&present}
     {
-        m_situations.push_back(&comparison.workspace().present());
         for (std::size_t i = 0; i < comparison.count(); ++i)
             m_situations.push_back(&comparison.situation(i));
 
@@ -198,12 +200,13 @@ std::string lines(const ComparisonTable& table, char separator, const char* end,
 
 } // namespace
 
-ComparisonTable comparisonTable(const Comparison& comparison, const std::vector<int>& indices)
+ComparisonTable comparisonTable(const Situation& present, const Comparison& comparison,
+                                const std::vector<int>& indices)
 {
     const bool withClasses = std::any_of(indices.begin(), indices.end(), [](int index) {
         return !catalogue::scale(index).categories.empty();
     });
-    Builder builder(comparison, withClasses);
+    Builder builder(present, comparison, withClasses);
     if (comparison.count() > 0)
         builder.addRow("Pinned", {}, [&](const Situation&, std::size_t place) {
             return place == 0 ? textCell({}, "The present situation is not pinned.")

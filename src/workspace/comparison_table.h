@@ -45,10 +45,12 @@ struct ComparisonTable {
     std::vector<ComparisonRow> rows;
 };
 
-/// Readings, live quantities and the given indices of the present and of what is pinned. A difference is the
+/// Readings, live quantities and the given indices of a situation, the present one, and of what is pinned. A
+/// difference is the
 /// present number less the pinned one, before either was rounded, with the decimals of the texts; where one
 /// of them has no number there is none. Assumptions are rows where they differ.
-ComparisonTable comparisonTable(const Comparison& comparison, const std::vector<int>& indices);
+ComparisonTable comparisonTable(const Situation& present, const Comparison& comparison,
+                                const std::vector<int>& indices);
 
 /// A cell by its row and column.
 using ComparisonPlace = std::pair<std::size_t, std::size_t>;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 namespace comfortics::workspace {
 
@@ -44,6 +45,14 @@ Figure figureOf(const classic::Calculation& calculation, int index)
     return figure;
 }
 
+// Has no figures, for one reason.
+void lack(Situation& situation, std::string problem)
+{
+    situation.problem = std::move(problem);
+    for (Figure& figure : situation.figures)
+        figure.reason = situation.problem;
+}
+
 } // namespace
 
 std::optional<double> windAt10m(const Situation& situation)
@@ -70,6 +79,14 @@ void write(const classic::Inputs& inputs, classic::Calculation& calculation)
     calculation.readings.write(readings);
 }
 
+Situation awaited(const classic::Inputs& inputs)
+{
+    Situation situation;
+    situation.inputs = inputs;
+    lack(situation, kAwaited);
+    return situation;
+}
+
 Situation evaluate(const classic::Limits& limits, const classic::Inputs& inputs)
 {
     NoMessages messages;
@@ -84,9 +101,7 @@ Situation evaluate(const classic::Limits& limits, const classic::Inputs& inputs)
     if (situation.status == classic::RunStatus::Rejected) {
         // What a rule of the run has emptied is missing only now.
         const std::string wrong = incomplete.empty() ? calculation.readings.whatIsWrong() : incomplete;
-        situation.problem = "Nothing is calculated: " + wrong + ".";
-        for (Figure& figure : situation.figures)
-            figure.reason = situation.problem;
+        lack(situation, "Nothing is calculated: " + wrong + ".");
         return situation;
     }
     if (calculation.failure())

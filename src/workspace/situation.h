@@ -60,6 +60,12 @@ std::optional<double> windAt10m(const Situation& situation);
 /// settings are none of them.
 void write(const classic::Inputs& inputs, classic::Calculation& calculation);
 
+/// Why there is no figure while it is being calculated.
+inline constexpr const char* kAwaited = "It is being calculated.";
+
+/// What stands for a situation meanwhile, with that reason in place of each figure.
+Situation awaited(const classic::Inputs& inputs);
+
 /// Calculates all indices, whatever is ticked, in a calculation of its own: the boxes, captions and results
 /// of others stay untouched, and any number can run at once. Takes some tenths of a millisecond; by the
 /// classic and robust rules at the edge of what converges some hundred milliseconds.

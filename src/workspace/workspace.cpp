@@ -24,17 +24,54 @@ UnitEntry* Workspace::entry(classic::Reading reading)
     return m_entries[static_cast<std::size_t>(reading)].get();
 }
 
-const Situation& Workspace::present()
+classic::Inputs Workspace::presentInputs() const
 {
     classic::Inputs inputs = m_form.inputs();
     inputs.settings.selection = classic::Selection::all();
-    if (!m_present || m_present->inputs != inputs) {
-        // The cards may have it already.
-        const Situation* const known = follower.situation();
-        m_present = std::make_unique<Situation>(
-            known && known->inputs == inputs ? *known : evaluate(m_limits, inputs));
-    }
+    return inputs;
+}
+
+bool Workspace::knowsPresent(const classic::Inputs& inputs)
+{
+    if (m_present && m_present->inputs == inputs)
+        return true;
+    // The cards may have it already.
+    const Situation* const known = follower.situation();
+    if (known == nullptr || known->inputs != inputs)
+        return false;
+    m_present = std::make_shared<const Situation>(*known);
+    return true;
+}
+
+const Situation& Workspace::present()
+{
+    const classic::Inputs inputs = presentInputs();
+    if (!knowsPresent(inputs))
+        m_present = std::make_shared<const Situation>(evaluate(m_limits, inputs));
     return *m_present;
+}
+
+const Situation* Workspace::presentSoon()
+{
+    if (!m_ask)
+        return &present();
+    const classic::Inputs inputs = presentInputs();
+    if (knowsPresent(inputs))
+        return m_present.get();
+    if (m_asked != inputs) {
+        m_asked = inputs;
+        m_ask(inputs);
+    }
+    return nullptr;
+}
+
+void Workspace::arrived(std::shared_ptr<const Situation> situation)
+{
+    if (m_asked != situation->inputs)
+        return; // something else is wanted by now
+    m_asked.reset();
+    m_present = std::move(situation);
+    found.raise();
 }
 
 void Workspace::lookAt(std::string_view id)

@@ -11,9 +11,12 @@
 #include "workspace/unit_entry.h"
 
 #include <array>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace comfortics::workspace {
 
@@ -33,6 +36,16 @@ public:
     /// What the readings, assumptions and options come to that stand in the form now, calculated when first
     /// asked for. What the form shows stays as it is.
     const Situation& present();
+    /// The same where it is known, or where there is nobody to calculate it meanwhile; else null: it was
+    /// asked for, and `found` tells when it is there.
+    const Situation* presentSoon();
+    /// All that it depends on.
+    classic::Inputs presentInputs() const;
+    /// Who calculates meanwhile: asked for a situation, he calls arrived() with it, in this thread; of
+    /// several the last one counts. Nobody where the function is empty.
+    void onAsk(std::function<void(const classic::Inputs&)> ask) { m_ask = std::move(ask); }
+    void arrived(std::shared_ptr<const Situation> situation);
+    controls::Event found;
 
     /// The sets of indices that the cards show.
     IndexSets sets;
@@ -60,10 +73,14 @@ public:
     controls::Event looked;
 
 private:
+    bool knowsPresent(const classic::Inputs& inputs);
+
     const classic::Limits& m_limits;
     classic::Frm_Main& m_form;
     Preferences& m_preferences;
-    std::unique_ptr<Situation> m_present;
+    std::shared_ptr<const Situation> m_present;
+    std::function<void(const classic::Inputs&)> m_ask;
+    std::optional<classic::Inputs> m_asked; // and not there yet
     std::array<std::unique_ptr<UnitEntry>, classic::kReadingCount> m_entries;
     std::string m_lookedAt;
 };

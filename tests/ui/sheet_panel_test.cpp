@@ -13,7 +13,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace comfortics::ui {
 namespace {
@@ -93,6 +95,28 @@ TEST(SheetPanel, IsReadAndTurnedByKeys)
     EXPECT_TRUE(
         told.last().first().toString().startsWith(QStringLiteral("0.1 m/s: no value. Outside its limits")));
     EXPECT_EQ(opened.shell.workspace().preferences().read("sheet/axis"), "2");
+}
+
+// Figures that take a while: nothing of the earlier readings is left, and what is known stands.
+TEST(SheetPanel, SaysThatFiguresAreBeingCalculated)
+{
+    Opened opened;
+    workspace::Workspace& workspace = opened.shell.workspace();
+    opened.write("33", "600", "50", "2");
+    workspace.lookAt("humidex_masterson");
+    ASSERT_TRUE(opened.waitForCourse());
+    std::vector<classic::Inputs> asked;
+    workspace.onAsk([&asked](const classic::Inputs& inputs) { asked.push_back(inputs); });
+    opened.form.txt_TA.setText("35");
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&opened] { return opened.text().find("It is being calculated.") != std::string::npos; }));
+    EXPECT_NE(opened.text().find("Masterton"), std::string::npos);
+    EXPECT_EQ(opened.text().find("no value"), std::string::npos) << "nobody knows yet";
+    ASSERT_EQ(asked.size(), 1U);
+    workspace.arrived(
+        std::make_shared<const workspace::Situation>(workspace::evaluate(workspace.limits(), asked[0])));
+    ASSERT_TRUE(QTest::qWaitFor([&opened] { return opened.text().find("Now 35 °C") != std::string::npos; }));
+    workspace.onAsk({});
 }
 
 TEST(SheetPanel, SavesTheChartWholeOrNotAtAll)

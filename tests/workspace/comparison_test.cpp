@@ -15,6 +15,10 @@ constexpr std::chrono::sys_days kDay = std::chrono::year{2026} / 11 / 23;
 
 struct Pinning : tests::Program {
     Comparison comparison{workspace};
+    ComparisonTable table(const std::vector<int>& indices)
+    {
+        return comparisonTable(workspace.present(), comparison, indices);
+    }
     std::string pin() { return comparison.pinPresent(kDay + std::chrono::minutes(14 * 60 + 5)); }
 };
 
@@ -43,7 +47,7 @@ TEST(Comparison, TellsDifferencesOfNumbersAndNoneOfBlanks)
     program.comparison.rename(0, "  evening ");
     program.type("33", "0", "48.3", "2");
     // 65 is Ta - 0.4 (Ta - 10) (1 - RH / 100): 28.2436 now and 26.359 then. 88 begins at 26.7 °C.
-    const ComparisonTable table = comparisonTable(program.comparison, {65, 88});
+    const ComparisonTable table = program.table({65, 88});
 
     EXPECT_EQ(cell(table, "Air Temperature", "Now less evening").text, "+2.5");
     EXPECT_EQ(cell(table, "Wind Speed", "Now less evening").text, "+0.75");
@@ -59,7 +63,7 @@ TEST(Comparison, TellsDifferencesOfNumbersAndNoneOfBlanks)
     EXPECT_NE(globe.note.find("Derived"), std::string::npos) << "no globe was typed";
 
     program.type("20", "0", "90", "2");
-    const ComparisonTable cold = comparisonTable(program.comparison, {88});
+    const ComparisonTable cold = program.table({88});
     EXPECT_EQ(cell(cold, "Heat Index", "Now").text, "");
     EXPECT_NE(cell(cold, "Heat Index", "Now").note.find("Outside its limits"), std::string::npos);
     EXPECT_EQ(cell(cold, "Heat Index", "Now less evening").text, "");
@@ -68,7 +72,7 @@ TEST(Comparison, TellsDifferencesOfNumbersAndNoneOfBlanks)
     EXPECT_EQ(cell(cold, "Heat Index", "Class now").text, "");
 
     program.type("", "", "", "");
-    const ComparisonTable empty = comparisonTable(program.comparison, {88});
+    const ComparisonTable empty = program.table({88});
     for (const ComparisonRow& row : empty.rows)
         if (row.cells[0].text != "Calculated by") {
             EXPECT_EQ(row.cells[columnOf(empty, "Now")].text, "") << row.cells[0].text;
@@ -86,7 +90,7 @@ TEST(Comparison, ShowsByWhichOptionsAndAssumptionsSituationsDiffer)
     program.pin();
     program.main.Opt_Rules.select(2);
     program.main.txt_Barometric.setText("950");
-    const ComparisonTable table = comparisonTable(program.comparison, {});
+    const ComparisonTable table = program.table({});
     EXPECT_EQ(cell(table, "Calculated by", "Now").text, "precise rules, limits kept");
     EXPECT_EQ(cell(table, "Calculated by", "Situation 1").text, "classic rules, limits kept");
     EXPECT_EQ(cell(table, "Barometric Pressure", "Now less Situation 1").text, "-66");
@@ -146,6 +150,22 @@ TEST(Comparison, ComesBackFromItsTextWithFiguresCalculatedAnew)
     EXPECT_EQ(later.comparison.json(), "");
 }
 
+TEST(Comparison, ShowsWhatIsPinnedWhileThePresentIsBeingCalculated)
+{
+    Pinning program;
+    program.type("30.5", "0", "49.5", "1.25");
+    program.pin();
+    program.type("33", "0", "48.3", "2");
+    const Situation meanwhile = awaited(program.workspace.presentInputs());
+    const ComparisonTable table = comparisonTable(meanwhile, program.comparison, {65});
+    EXPECT_EQ(cell(table, "Air Temperature", "Now").text, "33") << "as typed";
+    EXPECT_EQ(cell(table, "Effective Temperature (Houghten", "Now").text, "");
+    for (const char* const heading : {"Now", "Now less Situation 1"})
+        EXPECT_EQ(cell(table, "Effective Temperature (Houghten", heading).note, kAwaited) << heading;
+    EXPECT_EQ(cell(table, "Effective Temperature (Houghten", "Situation 1").text,
+              program.comparison.situation(0).figure(65).text);
+}
+
 TEST(Comparison, IsKeptInASessionsFile)
 {
     Pinning program;
@@ -194,7 +214,7 @@ TEST(Comparison, WritesItsTableForOtherPrograms)
     program.pin();
     program.comparison.rename(0, "noon, \"A\"");
     program.type("33", "0", "48.3", "2");
-    const ComparisonTable table = comparisonTable(program.comparison, {65});
+    const ComparisonTable table = program.table({65});
     const std::string csv = csvTable(table);
     EXPECT_TRUE(csv.starts_with("Quantity,Unit,Now,Class now,\"noon, \"\"A\"\"\",")) << csv;
     EXPECT_NE(csv.find("\r\nAir Temperature,°C,33,,30.5,+2.5,\r\n"), std::string::npos) << csv;

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace comfortics::workspace {
 namespace {
@@ -64,6 +66,39 @@ TEST(Situation, SaysWhatIsMissingOrFailedAndShowsNoFigureThen)
 
     program.main.Opt_Rules.select(1);
     EXPECT_TRUE(program.workspace.present().figure(90).number) << "other options, another situation";
+}
+
+TEST(Workspace, AsksForThePresentOnceAndTakesWhatIsStillWanted)
+{
+    Program program;
+    Workspace& workspace = program.workspace;
+    program.type("31", "600", "50", "1");
+    EXPECT_NE(workspace.presentSoon(), nullptr) << "there is nobody to wait for";
+    std::vector<classic::Inputs> asked;
+    int found = 0;
+    workspace.onAsk([&asked](const classic::Inputs& inputs) { asked.push_back(inputs); });
+    workspace.found.handle([&found] { ++found; });
+    const auto answer = [&](std::size_t place) {
+        workspace.arrived(std::make_shared<const Situation>(evaluate(program.limits, asked.at(place))));
+    };
+    EXPECT_NE(workspace.presentSoon(), nullptr) << "known";
+    program.main.txt_WS.setText("2");
+    EXPECT_EQ(workspace.presentSoon(), nullptr);
+    EXPECT_EQ(workspace.presentSoon(), nullptr);
+    program.main.txt_WS.setText("3");
+    EXPECT_EQ(workspace.presentSoon(), nullptr);
+    ASSERT_EQ(asked.size(), 2U);
+    answer(0);
+    EXPECT_EQ(found, 0) << "of other readings by now";
+    EXPECT_EQ(workspace.presentSoon(), nullptr);
+    answer(1);
+    EXPECT_EQ(found, 1);
+    ASSERT_NE(workspace.presentSoon(), nullptr);
+    EXPECT_EQ(workspace.presentSoon()->inputs.readings, program.main.inputs().readings);
+    EXPECT_EQ(asked.size(), 2U);
+    // Whoever cannot wait has it at once.
+    program.main.txt_WS.setText("4");
+    EXPECT_EQ(workspace.present().inputs.readings[5], "4");
 }
 
 } // namespace
