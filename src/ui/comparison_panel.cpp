@@ -25,6 +25,7 @@
 #include <algorithm>
 #include <chrono>
 #include <set>
+#include <utility>
 
 namespace comfortics::ui {
 
@@ -48,6 +49,21 @@ constexpr std::chrono::milliseconds kPatience{50};
 int nameWidth()
 {
     return QFontMetrics(QApplication::font()).averageCharWidth() * kNameCharacters;
+}
+
+// Two where the name is longer than one: the beginning alone does not tell some indices apart.
+QString inLines(const QString& name)
+{
+    const QFontMetrics metrics{QApplication::font()};
+    const auto fitting = [&metrics](const QString& text) {
+        return metrics.elidedText(text, Qt::ElideRight, nameWidth());
+    };
+    qsizetype end = name.size();
+    while (end > 0 && metrics.horizontalAdvance(name.left(end)) > nameWidth())
+        end = name.lastIndexOf(QLatin1Char(' '), end - 1);
+    if (end <= 0 || end == name.size())
+        return fitting(name);
+    return name.left(end) + QLatin1Char('\n') + fitting(name.mid(end + 1));
 }
 
 // The classes as chips, which have their words.
@@ -174,7 +190,7 @@ QVariant ComparisonModel::headerData(int section, Qt::Orientation orientation, i
             return {};
         const QString name = toQt(m_table.rows[place].cells.front().text).trimmed();
         if (role == Qt::DisplayRole)
-            return QFontMetrics(QApplication::font()).elidedText(name, Qt::ElideRight, nameWidth());
+            return inLines(name);
         return role == Qt::ToolTipRole || role == Qt::AccessibleTextRole ? QVariant(name) : QVariant();
     }
     if (place >= m_table.columns.size())
@@ -388,22 +404,27 @@ void ComparisonPanel::complete()
 void ComparisonPanel::showTable(const workspace::Situation& present)
 {
     m_patience.stop();
-    const int columns = m_model->columnCount();
-    const int rows = m_model->rowCount();
+    const auto shape = [this] {
+        std::vector<int> rows;
+        for (const workspace::ComparisonRow& row : m_model->table().rows)
+            rows.push_back(row.index);
+        return std::pair(m_model->columnCount(), std::move(rows));
+    };
+    const auto before = shape();
     const QModelIndex current = m_table->currentIndex();
     m_model->take(workspace::comparisonTable(
         present, m_comparison, m_choices.at(static_cast<std::size_t>(m_choice->currentIndex())).indices()));
     if (!m_table->currentIndex().isValid() && current.isValid())
         m_table->setCurrentIndex(m_model->index(std::min(current.row(), m_model->rowCount() - 1),
                                                 std::min(current.column(), m_model->columnCount() - 1)));
-    if (m_model->columnCount() != columns || m_model->rowCount() != rows) {
+    if (shape() != before) {
         m_table->hideColumn(0); // a table made anew shows it
         fitColumns();
     }
     showCurrent();
 }
 
-// To the figures: longer words have their tooltips.
+// To figures and names: longer words have their tooltips.
 void ComparisonPanel::fitColumns()
 {
     const QFontMetrics metrics = m_table->fontMetrics();
@@ -419,6 +440,11 @@ void ComparisonPanel::fitColumns()
                 width = std::max(width, metrics.horizontalAdvance(cell.data().toString()) + 4 * kSmallGap);
         }
         m_table->setColumnWidth(column, std::min(width, widest));
+    }
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const QString name = m_model->headerData(row, Qt::Vertical, Qt::DisplayRole).toString();
+        const int lines = 1 + static_cast<int>(name.count(QLatin1Char('\n')));
+        m_table->setRowHeight(row, lines * metrics.lineSpacing() + kSmallGap);
     }
 }
 
