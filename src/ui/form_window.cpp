@@ -5,6 +5,8 @@
 #include "ui/text.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QDockWidget>
 #include <QKeyEvent>
 #include <QScreen>
@@ -13,6 +15,18 @@
 #include <utility>
 
 namespace comfortics::ui {
+
+namespace {
+
+// As the menu key does, which not every keyboard has; Qt knows that one alone.
+void askForMenu(QWidget& widget)
+{
+    const QPoint middle = widget.rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, middle, widget.mapToGlobal(middle));
+    QApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
 
 FormWindow::FormWindow(controls::Form& form, QString chapter) : m_form(form), m_chapter(std::move(chapter))
 {
@@ -64,6 +78,9 @@ void FormWindow::keyPressEvent(QKeyEvent* event)
 {
     if (QAction* const action = m_part ? ownAction(*event) : nullptr)
         action->trigger();
+    else if (QWidget* const focus = focusWidget();
+             event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier && focus)
+        askForMenu(*focus);
     else
         QMainWindow::keyPressEvent(event);
 }

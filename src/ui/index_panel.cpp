@@ -105,6 +105,13 @@ QWidget* IndexPanel::buildFind()
         connect(new QShortcut(forward ? Qt::Key_F3 : Qt::SHIFT | Qt::Key_F3, this, nullptr, nullptr,
                               Qt::WidgetWithChildrenShortcut),
                 &QShortcut::activated, this, [this, forward] { m_find->beginOrStep(forward); });
+    // The list has the key itself.
+    connect(new QShortcut(Qt::CTRL | Qt::Key_I, m_find, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, [this] {
+                const auto row = m_list->standing();
+                if (row && m_finding.holds(*row))
+                    emit m_list->sheetWanted(*row);
+            });
 
     m_later = new QTimer(this);
     m_later->setSingleShot(true);

@@ -11,6 +11,7 @@
 #include "ui/widgets.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCursor>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -145,15 +146,24 @@ void ResultsWindow::buildMenu()
     addAction(sheet); // the key works while the menu is closed
     connect(sheet, &QAction::triggered, this, [this] { openSheet(); });
     QAction* const star = m_menu->addAction(QString(), this, [this] { turnStar(m_workspace, m_menuId); });
-    connect(m_menu, &QMenu::aboutToShow, this, [this, star] {
+    connect(m_menu, &QMenu::aboutToShow, this, [this, sheet, star] {
         m_menuId = idOf(m_menuRow > 0 ? m_menuRow : m_form.visibleGrid().row());
         m_menuRow = 0;
-        star->setText(starWords(m_workspace, m_menuId));
-        star->setEnabled(!m_menuId.empty());
+        const bool ofIndex = !m_menuId.empty();
+        sheet->setText(ofIndex ? QStringLiteral("&Index Sheet of ") + shortName(m_menuId)
+                               : QStringLiteral("&Index Sheet"));
+        sheet->setEnabled(ofIndex);
+        star->setText(ofIndex ? starWords(m_workspace, m_menuId) : QStringLiteral("Add to the Cards"));
+        star->setEnabled(ofIndex);
     });
     // What is chosen comes after the menu has closed.
     connect(
-        m_menu, &QMenu::aboutToHide, this, [this] { m_menuId.clear(); }, Qt::QueuedConnection);
+        m_menu, &QMenu::aboutToHide, this,
+        [this, sheet] {
+            m_menuId.clear();
+            sheet->setEnabled(true); // its key is of whatever row is the current one
+        },
+        Qt::QueuedConnection);
     listen(*this, m_form.popUpMenu_Copy, [this] {
         m_menuRow = m_form.visibleGrid().mouseRow();
         m_menu->popup(QCursor::pos());
@@ -348,7 +358,17 @@ void ResultsWindow::openSheet()
 // The keys of the table are the grid's; it has no use for Enter.
 bool ResultsWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && (watched == m_table || watched == m_searched)) {
+    const bool ofTable = watched == m_table || watched == m_searched;
+    if (ofTable && event->type() == QEvent::ContextMenu) { // of the mouse's the grid hears itself
+        if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
+            const GridView& table = visibleTable();
+            const QRect cell = table.visualRect(table.currentIndex());
+            m_menu->popup(table.viewport()->mapToGlobal(
+                (cell.isValid() ? cell : table.viewport()->rect()).bottomLeft()));
+        }
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && ofTable) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             openSheet();

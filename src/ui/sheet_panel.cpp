@@ -6,6 +6,7 @@
 #include "ui/chip.h"
 #include "ui/course_chart.h"
 #include "ui/picture_file.h"
+#include "ui/star.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 
@@ -37,6 +38,7 @@ constexpr int kHeightInLines = 34;
 constexpr int kAxisCharacters = 10; // at least
 constexpr int kReadingLines = 2;
 constexpr int kHeldLines = 4;
+constexpr int kSetCharacters = 20; // of its name
 constexpr std::chrono::milliseconds kPatience{50};
 constexpr const char* kAxisKey = "sheet/axis";
 
@@ -222,6 +224,8 @@ SheetPanel::SheetPanel(workspace::Workspace& workspace, controls::FileDialogs& f
     listen(*this, m_workspace.changed, [this] { notice(); });
     listen(*this, m_workspace.looked, [this] { notice(); });
     listen(*this, m_workspace.found, [this] { notice(); });
+    listen(*this, m_workspace.sets.changed, [this] { showStar(); });
+    addStarKey(*this, m_workspace, [this] { return m_workspace.lookedAt(); });
     refresh();
 }
 
@@ -232,7 +236,19 @@ QWidget* SheetPanel::buildTop()
     m_text->setAccessibleName(QStringLiteral("Sheet of the index"));
     m_text->setOpenExternalLinks(true);
     m_text->setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
-    return m_text;
+
+    m_star = new QToolButton;
+    m_star->setCheckable(true);
+    m_star->setFocusPolicy(Qt::TabFocus);
+    m_star->setObjectName(QStringLiteral("sheet_star"));
+    connect(m_star, &QToolButton::clicked, this, [this] { turnStar(m_workspace, m_workspace.lookedAt()); });
+    auto* const top = new QWidget;
+    auto* const layout = new QVBoxLayout(top);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kSmallGap);
+    layout->addWidget(m_star, 0, Qt::AlignLeft);
+    layout->addWidget(m_text, 1);
+    return top;
 }
 
 QWidget* SheetPanel::buildBottom()
@@ -343,6 +359,7 @@ void SheetPanel::refresh()
     m_axis->setEnabled(index != 0);
     m_picture->setEnabled(false);
     nameAxes();
+    showStar();
     if (index == 0) {
         m_text->setPlainText(
             QStringLiteral("No index is looked at. A card or a row of the list or of the results "
@@ -352,6 +369,22 @@ void SheetPanel::refresh()
     }
     refreshFacts(index, true);
     askCourse(index);
+}
+
+void SheetPanel::showStar()
+{
+    const std::string& id = m_workspace.lookedAt();
+    const bool starred = m_workspace.sets.isStarred(id);
+    m_star->setVisible(!id.empty());
+    m_star->setChecked(starred);
+    const QString set = withMnemonic(fromQt(shortened(toQt(m_workspace.sets.starredName()), kSetCharacters)));
+    m_star->setText(
+        (starred ? QStringLiteral("\u2605 In \"%1\"") : QStringLiteral("\u2606 Add to \"%1\"")).arg(set));
+    if (id.empty())
+        return;
+    const QString words = starText(m_workspace, id);
+    m_star->setAccessibleName(words);
+    m_star->setToolTip(tip(words + QStringLiteral(" (%1)").arg(QLatin1String(kStarKey))));
 }
 
 // Earlier figures stand while there is patience.

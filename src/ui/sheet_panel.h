@@ -46,6 +46,7 @@ private:
     QWidget* buildTop();
     QWidget* buildBottom();
     void notice();
+    void showStar();
     void showFacts(const QString& id, const QString& html);
     void refreshFacts(int index, bool patiently);
     void askCourse(int index);
@@ -58,6 +59,7 @@ private:
     controls::FileDialogs& m_files;
     controls::Messages& m_messages;
     QTextBrowser* m_text = nullptr;
+    QToolButton* m_star = nullptr;
     QComboBox* m_axis = nullptr;
     QToolButton* m_picture = nullptr;
     CourseChart* m_chart = nullptr;

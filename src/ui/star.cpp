@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/star.h"
 
+#include "catalogue/references.h"
 #include "ui/text.h"
 
 #include <QMenu>
@@ -16,12 +17,28 @@ void turnStar(workspace::Workspace& workspace, const std::string& id)
         workspace.sets.setStarred(id, !workspace.sets.isStarred(id));
 }
 
+QString shortened(const QString& text, qsizetype most)
+{
+    return text.size() > most ? text.left(most - 1).trimmed() + QChar(0x2026) : text;
+}
+
+QString shortName(const std::string& id)
+{
+    constexpr qsizetype kMost = 40; // characters
+    return shortened(toQt(catalogue::row(catalogue::indexOfId(id)).name).trimmed(), kMost);
+}
+
+QString starText(const workspace::Workspace& workspace, const std::string& id)
+{
+    return (workspace.sets.isStarred(id) ? QStringLiteral("Take %1 off the cards of \"%2\"")
+                                         : QStringLiteral("Add %1 to the cards of \"%2\""))
+        .arg(shortName(id), toQt(workspace.sets.starredName()));
+}
+
 QString starWords(const workspace::Workspace& workspace, const std::string& id)
 {
     // A key behind a tab is shown, not listened to: the widgets have it already.
-    return (workspace.sets.isStarred(id) ? QStringLiteral("Take off the cards of \"%1\"\t%2")
-                                         : QStringLiteral("Add to the cards of \"%1\"\t%2"))
-        .arg(withMnemonic(workspace.sets.starredName()), QLatin1String(kStarKey));
+    return withMnemonic(fromQt(starText(workspace, id))) + QLatin1Char('\t') + QLatin1String(kStarKey);
 }
 
 void addStarEntry(QMenu& menu, workspace::Workspace& workspace, const std::string& id)

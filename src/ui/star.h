@@ -19,7 +19,16 @@ inline constexpr const char* kStarKey = "Ctrl+B";
 /// Stars the index of an id, or takes its star away; nothing for an empty id.
 void turnStar(workspace::Workspace& workspace, const std::string& id);
 
-/// The words of the entry that does so, which name the set and the key.
+/// A text with no more than so many characters.
+QString shortened(const QString& text, qsizetype most);
+
+/// The name of an index for a menu or a button; a long one is cut.
+QString shortName(const std::string& id);
+
+/// What turning the star does: names the index and the set.
+QString starText(const workspace::Workspace& workspace, const std::string& id);
+
+/// The same as the words of a menu's entry, with the key.
 QString starWords(const workspace::Workspace& workspace, const std::string& id);
 
 /// Adds that entry to a menu.

@@ -96,6 +96,14 @@ TEST(FindInTheList, ShowsWhatIsFoundAndStepsThroughIt)
     opened.shell.workspace().looked.watch([&] { looked = opened.shell.workspace().lookedAt(); });
     QTest::keyClick(&opened.list, Qt::Key_I, Qt::ControlModifier);
     EXPECT_EQ(looked, "humidex_masterson");
+    looked.clear();
+    opened.line.setFocus();
+    QTest::keyClick(&opened.line, Qt::Key_I, Qt::ControlModifier);
+    EXPECT_EQ(looked, "humidex_masterson") << "where the words lead to";
+    opened.type("humidxx");
+    looked.clear();
+    QTest::keyClick(&opened.line, Qt::Key_I, Qt::ControlModifier);
+    EXPECT_EQ(looked, "") << "nothing is found";
 
     QTest::keyClick(&opened.list, Qt::Key_Escape);
     EXPECT_EQ(opened.shown().size(), 222U);
@@ -170,12 +178,24 @@ TEST(FindInTheResults, MarksAndHidesInTheViewAlone)
     QTest::mouseClick(table.viewport(), Qt::RightButton, {},
                       table.visualRect(table.model()->index(193, 0)).center());
     auto& menu = find<QMenu>(*opened.window, "Menu_Copy");
-    for (QAction* const action : menu.actions())
-        if (action->text() == QStringLiteral("&Index Sheet"))
-            action->trigger();
+    const auto entry = [&menu](const char* text) {
+        for (QAction* const action : menu.actions())
+            if (action->text().contains(QString::fromUtf8(text)))
+                return action;
+        throw std::runtime_error(std::string("there is no entry ") + text);
+    };
+    entry("Index Sheet of Tropical Summer Index")->trigger();
     menu.close();
     EXPECT_EQ(looked, "tropical_summer_index_sharma");
     EXPECT_EQ(form.Flex.row(), 195U);
+    QTest::qWait(0);
+    // The keyboard asks for the row that it stands on.
+    QTest::keyClick(&table, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_TRUE(menu.isVisible());
+    entry("Add Universal Thermal Climate Index")->trigger();
+    menu.close();
+    EXPECT_TRUE(opened.shell.workspace().sets.isStarred("utci"));
+    QTest::qWait(0);
 
     QTest::keyClick(&line, Qt::Key_Escape);
     choose(*opened.window, "With a value");

@@ -6,10 +6,12 @@
 #include "ui/sheet_panel.h"
 #include "ui/text.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QSignalSpy>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -95,6 +97,21 @@ TEST(SheetPanel, IsReadAndTurnedByKeys)
     EXPECT_TRUE(
         told.last().first().toString().startsWith(QStringLiteral("0.1 m/s: no value. Outside its limits")));
     EXPECT_EQ(opened.shell.workspace().preferences().read("sheet/axis"), "2");
+}
+
+TEST(SheetPanel, PutsItsIndexOnTheCards)
+{
+    Opened opened;
+    workspace::IndexSets& sets = opened.shell.workspace().sets;
+    auto& star = find<QToolButton>(opened.panel, "sheet_star");
+    EXPECT_FALSE(star.isVisible()) << "there is no index yet";
+    opened.shell.workspace().lookAt("utci");
+    QTest::qWait(0);
+    QTest::mouseClick(&star, Qt::LeftButton);
+    EXPECT_TRUE(sets.isStarred("utci") && star.isChecked());
+    QApplication::setActiveWindow(&opened.panel);
+    QTest::keyClick(&opened.panel, Qt::Key_B, Qt::ControlModifier);
+    EXPECT_FALSE(sets.isStarred("utci") || star.isChecked());
 }
 
 // Figures that take a while: nothing of the earlier readings is left, and what is known stands.
