@@ -105,22 +105,6 @@ TEST(WetBulb, SolvesTheBalance)
     });
 }
 
-std::string radiant(double Ta, double Tg, double WS)
-{
-    return shown([&] { return MRT_From_Globe<Number>(Ta, Tg, WS); });
-}
-
-TEST(RadiantTemperature, ComesFromTheGlobe)
-{
-    expectAll({
-        {"wind decides", radiant(22, 31, 1.3), "52.1285984"},
-        {"buoyancy decides", radiant(22, 31, 0.02), "36.4028397"},
-        {"globe below air", radiant(30, 24, 2.1), "-1.42237823"},
-        {"globe at air temperature", radiant(25, 25, 7), "25"},
-        {"globe far below air", radiant(60, 0, 9), "fails: negative base with a fractional exponent "},
-    });
-}
-
 // The fast solvers against the plain ones, by bits, status and wording of the failure.
 TEST(FastSolvers, AreThePlainOnes)
 {
