@@ -42,15 +42,19 @@ include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# comfortics_room(<room> SOURCES ... LINKS ...): one library per folder of src/. LINKS names the rooms that this
-# one may include: tools/check_rooms.py finds an include from any other, and what it calls there does not link.
+# comfortics_room(<room> [UNITY] SOURCES ... LINKS ...): one library per folder of src/. LINKS names the rooms that this
+# one may include: tools/check_rooms.py finds an include from any other, and what it calls there does not link. UNITY
+# says that the sources share no nameless name: the sanitizers compile them as one.
 function(comfortics_room room)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(arg "UNITY" "" "SOURCES;LINKS" ${ARGN})
   add_library(comfortics_${room} STATIC ${arg_SOURCES})
   add_library(comfortics::${room} ALIAS comfortics_${room})
   target_include_directories(comfortics_${room} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(comfortics_${room} PUBLIC ${arg_LINKS} PRIVATE comfortics_options)
   target_compile_features(comfortics_${room} PUBLIC cxx_std_20)
+  if(arg_UNITY AND COMFORTICS_SANITIZE)
+    comfortics_unity(comfortics_${room})
+  endif()
 endfunction()
 
 # comfortics_vectorise(<source>...): the loops over many points, which are worth the longer compilation.

@@ -24,20 +24,20 @@ using namespace formulas;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-struct Answer {
+struct PointAnswer {
     PointStatus status;
     std::uint64_t bits; ///< of a value, 0 without one
-    friend bool operator==(const Answer&, const Answer&) = default;
+    friend bool operator==(const PointAnswer&, const PointAnswer&) = default;
 };
 
-std::ostream& operator<<(std::ostream& out, const Answer& answer)
+std::ostream& operator<<(std::ostream& out, const PointAnswer& answer)
 {
     return out << "status " << static_cast<int>(answer.status) << " value "
                << std::bit_cast<double>(answer.bits);
 }
 
-Answer checked(const FormulaCall& call, const std::vector<double>& point, const Assumptions& site,
-               Rules rules)
+PointAnswer checked(const FormulaCall& call, const std::vector<double>& point, const Assumptions& site,
+                    Rules rules)
 {
     FormulaInputs inputs;
     for (std::size_t i = 0; i < point.size(); ++i) {
@@ -47,14 +47,14 @@ Answer checked(const FormulaCall& call, const std::vector<double>& point, const 
     }
     try {
         const auto value = call.function({site, rules}, inputs);
-        return value ? Answer{PointStatus::Value, std::bit_cast<std::uint64_t>(value->value())}
-                     : Answer{PointStatus::NoValue, 0};
+        return value ? PointAnswer{PointStatus::Value, std::bit_cast<std::uint64_t>(value->value())}
+                     : PointAnswer{PointStatus::NoValue, 0};
     } catch (const values::RunFailure&) {
         return {PointStatus::Undefined, 0};
     }
 }
 
-Answer answer(double value, PointStatus status)
+PointAnswer answer(double value, PointStatus status)
 {
     EXPECT_EQ(std::isnan(value), status != PointStatus::Value);
     return {status, status == PointStatus::Value ? std::bit_cast<std::uint64_t>(value) : 0};

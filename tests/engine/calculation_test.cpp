@@ -20,11 +20,11 @@
 namespace comfortics {
 namespace {
 
+using test::kNaN;
 using test::PlainPoint;
 using test::Typed;
 using test::Value;
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kPoints = 2 * 512 + 77; // blocks, and a part of one
 
 /// Weather from polar night to desert noon, with readings at its ends that nothing can have.

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "plain_point.h"
+
 #include <comfortics/comfortics.h>
 
 #include "standards/pmv_iso.h"
@@ -16,7 +18,7 @@
 namespace comfortics {
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+using test::kNaN;
 
 void expectSameBits(double one, double other)
 {

@@ -13,9 +13,12 @@
 #include "models/utci_polynomial.h"
 #include "values/run_failure.h"
 
+#include <limits>
 #include <optional>
 
 namespace comfortics::test {
+
+inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 using Value = std::optional<double>; ///< none where there is no value, for whatever reason
 

@@ -60,8 +60,6 @@ struct CsvExport : testing::Test {
     }
 };
 
-} // namespace
-
 // As Python's codec "cp1252" encodes them.
 TEST(CodePage, HoldsLatinAndTypographicSignsAndAQuestionMarkForOthers)
 {
@@ -163,4 +161,5 @@ TEST_F(CsvExport, TheRadiationDialogWritesWhateverIsAnswered)
     EXPECT_FALSE(output::FileExists(std::string(5000, 'x'))) << "an error counts as none";
 }
 
+} // namespace
 } // namespace comfortics::tests

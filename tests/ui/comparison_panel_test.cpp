@@ -18,14 +18,14 @@ namespace {
 
 using tests::find;
 
-struct Opened : tests::Program {
+struct OpenedComparison : tests::Program {
     workspace::Comparison& comparison = shell.comparison();
     ComparisonPanel panel{comparison, clipboard, files, messages, {{QStringLiteral("Two"), [] {
                                                                         return std::vector<int>{65, 88};
                                                                     }}}};
     QTableView& table = find<QTableView>(panel, "comparison");
 
-    Opened()
+    OpenedComparison()
     {
         panel.show();
         QApplication::setActiveWindow(&panel);
@@ -56,7 +56,7 @@ struct Opened : tests::Program {
 // A morning is pinned, the afternoon typed, and both go to a spreadsheet; with keys alone.
 TEST(ComparisonPanel, LeadsThroughAComparison)
 {
-    Opened opened;
+    OpenedComparison opened;
     EXPECT_EQ(tests::nameless(opened.panel), "");
     EXPECT_FALSE(find<QLineEdit>(opened.panel, "pin_name").isEnabled());
     tests::press(opened.panel, "Pin Now");
@@ -108,7 +108,7 @@ TEST(ComparisonPanel, LeadsThroughAComparison)
 
 TEST(ComparisonPanel, OpensTheSheetOfARow)
 {
-    Opened opened;
+    OpenedComparison opened;
     opened.write("31", "0", "60", "1");
     QTest::qWait(0);
     opened.table.setFocus();

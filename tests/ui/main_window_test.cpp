@@ -35,10 +35,10 @@ QAction& entry(const MainWindow& window, const char* text)
     throw std::runtime_error(std::string("there is no menu ") + text);
 }
 
-struct Opened : tests::Program {
+struct OpenedMain : tests::Program {
     MainWindow window{shell.workspace()};
 
-    Opened()
+    OpenedMain()
     {
         window.placeOnScreen();
         form.show();
@@ -55,7 +55,7 @@ struct Opened : tests::Program {
 
 TEST(MainWindow, EachBoxHasItsWidgetInBothDirections)
 {
-    Opened opened;
+    OpenedMain opened;
     classic::Frm_Main& form = opened.form;
     const std::pair<controls::TextBox&, const char*> rows[] = {{form.txt_TA, "txt_TA"},
                                                                {form.txt_TG, "txt_TG"},
@@ -87,7 +87,7 @@ TEST(MainWindow, EachBoxHasItsWidgetInBothDirections)
 
 TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
 {
-    Opened opened;
+    OpenedMain opened;
     EXPECT_EQ(opened.focused(), "txt_TA");
     const std::vector<std::pair<Qt::Key, std::string>> walk = {
         {Qt::Key_Down, "txt_TG"}, {Qt::Key_Right, "txt_SR"}, {Qt::Key_Down, "txt_RH"},
@@ -126,7 +126,7 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
 
 TEST(MainWindow, TypesInOtherUnitsAndTakesBackWhatWasTyped)
 {
-    Opened opened;
+    OpenedMain opened;
     QLineEdit& entry = opened.line("entry_TA");
     EXPECT_FALSE(entry.isVisible());
     opened.shell.workspace().units.Check_Units.setChecked(true);
@@ -158,7 +158,7 @@ TEST(MainWindow, EachButtonCalculatesAndTheRightOnesOpenTheResults)
     for (const auto& [button, opens] :
          {std::pair{"Img_Calculate", true}, {"cmd_Show_Results", true}, {"cmd_Calculate", false}}) {
         SCOPED_TRACE(button);
-        Opened opened;
+        OpenedMain opened;
         opened.write("30", "600", "50", "2");
         QTest::keyClick(&find<QPushButton>(opened.window, button), Qt::Key_Return);
         EXPECT_EQ(opened.shell.results.get() != nullptr, opens);
@@ -177,7 +177,7 @@ TEST(MainWindow, EachButtonCalculatesAndTheRightOnesOpenTheResults)
 
 TEST(MainWindow, MenusReadLetterForLetterAndClosingAsks)
 {
-    Opened opened;
+    OpenedMain opened;
     const auto texts = [](const QList<QAction*>& actions) {
         std::string result;
         for (const QAction* const action : actions)
@@ -198,7 +198,7 @@ TEST(MainWindow, MenusReadLetterForLetterAndClosingAsks)
 
 TEST(ConverterWindow, EachBoxConvertsOnItsPanelAndADoubleClickTakesTheResult)
 {
-    Opened opened;
+    OpenedMain opened;
     opened.menu("Conversion of Units");
     converter::Frm_Converter& form = *opened.shell.converter.get();
     ConverterWindow window(form, opened.window, [] {});

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "test_program.h"
+
 #include "ui/platform_preferences.h"
 
 #include <QDir>
@@ -13,10 +15,7 @@
 namespace comfortics::ui {
 namespace {
 
-QString settingsFile()
-{
-    return QSettings(QStringLiteral("comfortics"), QStringLiteral("comfortics")).fileName();
-}
+using tests::settingsFile;
 
 TEST(PlatformPreferences, KeepTextsAndForgiveADamagedFile)
 {

@@ -156,12 +156,12 @@ TEST(GridView, EachNotchIsAPageAndSmallTurnsAddUp)
     EXPECT_EQ(shown.grid.topRow(), 8U);
 }
 
-struct OpenedResults : tests::Program {
+struct OpenedTable : tests::Program {
     MainWindow main{shell.workspace()};
     std::unique_ptr<ResultsWindow> window;
     bool closed = false;
 
-    OpenedResults()
+    OpenedTable()
     {
         write("30", "600", "50", "2");
         form.Img_Calculate.click.raise();
@@ -177,7 +177,7 @@ struct OpenedResults : tests::Program {
 
 TEST(ResultsWindow, SearchSortCopyExportAndPrint)
 {
-    OpenedResults opened;
+    OpenedTable opened;
     GridView& table = opened.table("Flex");
     GridView& found = opened.table("Flex_Search");
     Grid& grid = opened.results().Flex;

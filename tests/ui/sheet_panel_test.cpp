@@ -24,11 +24,11 @@ namespace {
 
 using tests::find;
 
-struct Opened : tests::Program {
+struct OpenedSheet : tests::Program {
     SheetPanel panel{shell.workspace(), files, messages};
     CourseChart& chart = find<CourseChart>(panel, "course");
 
-    Opened()
+    OpenedSheet()
     {
         form.Opt_Rules.select(1);
         panel.show();
@@ -46,7 +46,7 @@ struct Opened : tests::Program {
 
 TEST(SheetPanel, FollowsTheReadingsAndShowsNoCurveOfEarlierOnes)
 {
-    Opened opened;
+    OpenedSheet opened;
     EXPECT_NE(opened.text().find("No index is looked at"), std::string::npos);
     opened.write("33", "600", "50", "2");
     opened.shell.workspace().lookAt("humidex_masterson");
@@ -74,7 +74,7 @@ TEST(SheetPanel, FollowsTheReadingsAndShowsNoCurveOfEarlierOnes)
 
 TEST(SheetPanel, IsReadAndTurnedByKeys)
 {
-    Opened opened;
+    OpenedSheet opened;
     opened.write("33", "600", "50", "2");
     opened.shell.workspace().lookAt("utci");
     ASSERT_TRUE(opened.waitForCourse());
@@ -138,7 +138,7 @@ TEST(SheetPanel, SaysThatFiguresAreBeingCalculated)
 
 TEST(SheetPanel, SavesTheChartWholeOrNotAtAll)
 {
-    Opened opened;
+    OpenedSheet opened;
     opened.write("33", "600", "50", "2");
     opened.shell.workspace().lookAt("utci");
     ASSERT_TRUE(opened.waitForCourse());

@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QSettings>
 #include <QTest>
 #include <QWidget>
 
@@ -42,6 +43,12 @@ struct Program {
         form.txt_WS.setText(WS);
     }
 };
+
+/// Where the desktop keeps the settings.
+inline QString settingsFile()
+{
+    return QSettings(QStringLiteral("comfortics"), QStringLiteral("comfortics")).fileName();
+}
 
 /// The widget of a control, by the control's name or what a screen reader says.
 template <class Widget>

@@ -13,7 +13,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
-#include <QSettings>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -22,11 +21,7 @@ namespace comfortics::ui {
 namespace {
 
 using tests::find;
-
-QString settingsFile()
-{
-    return QSettings(QStringLiteral("comfortics"), QStringLiteral("comfortics")).fileName();
-}
+using tests::settingsFile;
 
 // As new; whatever stands in the place of the settings is gone afterwards, too.
 struct Layout : testing::Test {

@@ -65,8 +65,6 @@ protected:
     }
 };
 
-} // namespace
-
 TEST_F(QuickExponential, HasTheLibrarysBitsOfMillionsOfNumbers)
 {
     std::mt19937_64 random(19700101);
@@ -111,4 +109,5 @@ TEST_F(QuickExponential, IsNoNumberBeyond)
         EXPECT_TRUE(std::isnan(quick::exponential(odd))) << odd;
 }
 
+} // namespace
 } // namespace comfortics::values
