@@ -50,10 +50,10 @@ bool isStopped(const BatchOptions& options)
 class Worker {
 public:
     Worker(const classic::Limits& limits, const BatchOptions& options, const ColumnMap& columns,
-           const std::vector<int>& indices)
-        : m_options(options), m_columns(columns), m_indices(indices),
+           const std::vector<int>& indices, const ModelColumns& models)
+        : m_options(options), m_columns(columns), m_indices(indices), m_models(models),
           m_calculator(makeRowCalculator(limits, options.settings, options.assumptions,
-                                         {indices, options.live, options.categories}))
+                                         {indices, options.live || models.readsLive(), options.categories}))
     {
         if (options.provenance)
             m_provenance = "," + std::string(classic::ruleName(options.settings.rules)) + "," +
@@ -116,12 +116,16 @@ private:
             if (meaning)
                 csv += std::to_string(meaning->severity);
         }
+        m_models.appendRow(csv, row, [&](formulas::Live quantity) {
+            return values ? std::string(figures.live(quantity)) : std::string();
+        });
         csv += "\r\n";
     }
 
     const BatchOptions& m_options;
     const ColumnMap& m_columns;
     const std::vector<int>& m_indices;
+    const ModelColumns& m_models;
     std::unique_ptr<RowCalculator> m_calculator;
     std::vector<RowCalculator::Readings> m_readings;
     std::string m_provenance;       // its two cells
@@ -130,7 +134,8 @@ private:
 
 using Crew = OrderedCrew<Block, Done>;
 
-std::string headerLine(const ColumnMap& columns, const BatchOptions& options, const std::vector<int>& indices)
+std::string headerLine(const ColumnMap& columns, const BatchOptions& options, const std::vector<int>& indices,
+                       const ModelColumns& models)
 {
     std::string line;
     for (const std::string& name : columns.names()) {
@@ -152,6 +157,7 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
         if (options.categories && !catalogue::scale(index).categories.empty())
             line += "," + std::to_string(index) + " category," + std::to_string(index) + " severity";
     }
+    models.appendHeader(line);
     return line + "\r\n";
 }
 
@@ -173,10 +179,11 @@ BatchSummary runBatch(TableReader& reader, const classic::Limits& limits, const 
         throw MalformedTable("The table is empty.");
     const ColumnMap columns = ColumnMap::from(row, reader.separator());
     const std::vector<int> indices = selectedIndices(options.settings.selection);
-    write(headerLine(columns, options, indices));
+    const ModelColumns models(options.models, columns.names(), options.reasons);
+    write(headerLine(columns, options, indices, models));
 
     Crew crew(options.threads, [&]() -> Crew::Work {
-        const auto worker = std::make_shared<Worker>(limits, options, columns, indices);
+        const auto worker = std::make_shared<Worker>(limits, options, columns, indices, models);
         return [worker](const Block& block) { return worker->run(block); };
     });
     const auto finishOne = [&] {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "batch/column_map.h"
+#include "batch/model_columns.h"
 #include "batch/row_runner.h"
 #include "batch/table_reader.h"
 
@@ -20,6 +21,7 @@ struct BatchOptions {
     bool reasons = false;    ///< a column that tells what failed in a row, index by index
     bool categories = false; ///< columns behind each index with a scale: its class in words, and the severity
     bool provenance = false; ///< columns that tell the rules and the use of limits
+    ModelRequest models{};   ///< their columns stand behind those of the indices
     unsigned threads = 1;
     std::function<bool()> stopped; ///< asked before each row, on any thread: true ends the batch
 };

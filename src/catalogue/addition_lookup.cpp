@@ -170,32 +170,61 @@ std::optional<double> choiceOf(std::span<const Choice> choices, std::string_view
     return std::nullopt;
 }
 
+std::optional<double> inputValue(const InputInfo& input, std::string_view text)
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    if (!input.choices.empty())
+        return choiceOf(input.choices, text);
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    double value = kNaN;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool isWhole = error == std::errc() && end == text.data() + text.size();
+    return isWhole && std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
 const Choice* choiceWith(std::span<const Choice> choices, double value) noexcept
 {
     const auto found = std::ranges::find(choices, value, &Choice::value);
     return found == choices.end() ? nullptr : &*found;
 }
 
-std::string resultText(const Addition& model, std::size_t result, std::span<const double> figures)
+std::string plainResult(const AdditionResult& result, double value)
 {
-    const AdditionResult& info = model.results[result];
-    const double value = figures[result];
     if (std::isnan(value))
         return {};
-    if (!info.choices.empty()) {
-        const Choice* const choice = choiceWith(info.choices, value);
+    const Choice* const choice = choiceWith(result.choices, value);
+    return choice == nullptr ? values::plainText(value) : std::string(choice->word);
+}
+
+std::string resultText(const AdditionResult& result, double value)
+{
+    if (std::isnan(value))
+        return {};
+    if (!result.choices.empty()) {
+        const Choice* const choice = choiceWith(result.choices, value);
         return choice == nullptr ? std::string() : std::string(choice->text);
     }
-    std::array<char, 400> digits; // NOLINT: as far as it is written
+    constexpr std::size_t kLongest = 400; // more than any double has in fixed digits
+    std::array<char, kLongest> digits;    // NOLINT: as far as it is written
     const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                       std::chars_format::fixed, info.decimals);
+                                       std::chars_format::fixed, result.decimals);
     std::string text(digits.data(), written.ptr);
     if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos)
         text.erase(0, 1); // no negative zero
-    if (!info.reachedBy.empty())
-        if (const auto flag = model.resultPlace(info.reachedBy); flag && figures[*flag] == 0)
-            text = "not reached in " + text;
     return text;
+}
+
+std::string resultText(const Addition& model, std::size_t result, std::span<const double> figures)
+{
+    const AdditionResult& info = model.results[result];
+    std::string text = resultText(info, figures[result]);
+    const auto flag = info.reachedBy.empty() ? std::nullopt : model.resultPlace(info.reachedBy);
+    return !text.empty() && flag && figures[*flag] == 0 ? "not reached in " + text : text;
 }
 
 std::span<const Subject> additionSubjects()

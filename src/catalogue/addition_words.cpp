@@ -177,4 +177,17 @@ std::string verdictInWords(const Addition& model, const Verdict& verdict, std::s
     return "No value: " + derivedNamed(model, verdict.about) + ".";
 }
 
+std::string remarks(const Addition& model, std::span<const Verdict> verdicts, std::span<const double> inputs)
+{
+    std::string text;
+    for (const Verdict& verdict : verdicts) {
+        if (verdict.reason == Reason::Nothing)
+            continue;
+        const std::string words = verdictInWords(model, verdict, inputs);
+        if (!words.empty() && text.find(words) == std::string::npos)
+            text += (text.empty() ? "" : " ") + words;
+    }
+    return text;
+}
+
 } // namespace comfortics::catalogue

@@ -85,6 +85,13 @@ public:
         made.m_input.unless = other.id;
         return made;
     }
+    constexpr Read besideReading(const InputInfo& reading, double value) const
+    {
+        Read made = *this;
+        made.m_input.besideReading = reading.id;
+        made.m_input.readingValue = value;
+        return made;
+    }
     constexpr Read onlyFor(const InputInfo& option, std::uint16_t known) const
     {
         Read made = *this;
@@ -133,6 +140,9 @@ constexpr auto kCoolings = std::to_array<Choice>({{0, "none", "no local cooling"
                                                   {2, "skin_may_freeze", "bare skin may freeze"},
                                                   {3, "within_10_min", "bare skin freezes within 10 minutes"},
                                                   {4, "within_2_min", "bare skin freezes within 2 minutes"}});
+
+constexpr double kReadingsWindHeight = 1.1; // [m]
+constexpr double kReadingsGlobe = 0.05;     // diameter [m]
 
 // What several models say.
 constexpr auto kNoWork = "no external work, as most activities have"sv;
@@ -371,7 +381,7 @@ constexpr auto kInputs = std::to_array<AdditionInput>({
     Read(inputs::kHour, range::kHour), Read(inputs::kUtcOffset, range::kUtcOffset), Read(inputs::kInterval, range::kInterval),
     Read(inputs::kLatitude, standards::sun_range::kLatitude), Read(inputs::kLongitude, standards::sun_range::kLongitude),
     Read(kSR, range::kS).beside("it is more than arrives outside of the air"), Read(inputs::kPressure, range::kP), Read(inputs::kTa, range::kTa),
-    Read(inputs::kRH, range::kRH).beside("the wet bulb has no value in this air"), Read(inputs::kV, range::kV), Read(inputs::kWindHeight, range::kZ),
+    Read(inputs::kRH, range::kRH).beside("the wet bulb has no value in this air"), Read(inputs::kV, range::kV), Read(inputs::kWindHeight, range::kZ).besideReading(inputs::kV, kReadingsWindHeight),
     Read(kTemperatureDifference, range::kDT).optional("nothing by day or with the wind of 2 m, else no value"), Read(kUrban)});
 constexpr auto kResults = std::to_array<Results>({
     {.id = "wbgt", .name = "Wet-bulb globe temperature outdoors", .unit = "°C", .decimals = 1, .scaleIndex = 200},
@@ -481,7 +491,7 @@ namespace range = standards::tmrt_globe_range;
 constexpr standards::TmrtGlobeInputs kStart;
 constexpr auto kInputs = std::to_array<AdditionInput>({
     Read(inputs::kTg, range::kTg), Read(inputs::kTa, range::kTa), Read(inputs::kV, range::kV),
-    Read(kDiameter, range::kD).start(kStart.D, "ISO 7726: the standard globe"), Read(inputs::kEmissivity, range::kEmissivity).start(kStart.emissivity, "ISO 7726: black paint")});
+    Read(kDiameter, range::kD).start(kStart.D, "ISO 7726: the standard globe").besideReading(inputs::kTg, kReadingsGlobe), Read(inputs::kEmissivity, range::kEmissivity).start(kStart.emissivity, "ISO 7726: black paint")});
 constexpr auto kAbbreviations = std::to_array({"Tmrt"sv, "MRT"sv});
 constexpr auto kWarnings = std::to_array({"the globe of the readings has 50 mm, the standard's 150 mm"sv, "the standard's printed factors are rounded"sv});
 constexpr auto kReferences = std::to_array({"ISO 7726:1998"sv});
@@ -535,7 +545,7 @@ namespace range = standards::utci_range;
 constexpr auto kInputs = std::to_array<AdditionInput>({
     Read(inputs::kTa, range::kTa), Read(kTr, range::kTmrt), Read(inputs::kV, range::kSpeed).beside("taken to 10 m it lies outside 0.5 to 17 m/s"),
     Read(inputs::kRH, range::kRH).beside("its vapour pressure must be below 5 kPa"),
-    Read(kWindHeight, range::kHeight).beside("there is no wind so near to the ground").start(standards::kUtciWindHeight, "UTCI: the wind at 10 m")});
+    Read(kWindHeight, range::kHeight).beside("there is no wind so near to the ground").start(standards::kUtciWindHeight, "UTCI: the wind at 10 m").besideReading(inputs::kV, kReadingsWindHeight)});
 constexpr auto kResults = std::to_array<Results>({
     {.id = "utci", .name = "Universal Thermal Climate Index", .unit = "°C", .decimals = 1, .scaleIndex = 195},
     {.id = "stress", .name = "Category of thermal stress", .choices = kStresses},

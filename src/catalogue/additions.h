@@ -71,6 +71,10 @@ struct AdditionInput {
     std::string_view unless{};      ///< id of the input whose presence makes this one needless
     std::string_view onlyFor{};     ///< id of the option that decides whether it is read
     std::uint16_t onlyForWords = 0; ///< with these of its words
+    /// Id of the input and what this one is where that one is a reading of the program, whose globe has 50 mm
+    /// and whose wind stands 1.1 m above the ground.
+    std::string_view besideReading{};
+    double readingValue = standards::kNaN;
     std::string_view verdictName{}; ///< as verdicts of the model name it
 
     bool knows(const Choice& choice) const noexcept;
@@ -185,6 +189,10 @@ std::span<const InputInfo* const> additionInputs();
 /// The input of an id, null where there is none.
 const InputInfo* additionInputOfId(std::string_view id);
 
+/// The number that a text gives an input: a word or a number of an option, a finite number else. None for
+/// others.
+std::optional<double> inputValue(const InputInfo& input, std::string_view text);
+
 /// The number of a word or of a number of an option, whatever the case; none for others.
 std::optional<double> choiceOf(std::span<const Choice> choices, std::string_view wordOrNumber);
 /// The word of a number; null where there is none.
@@ -198,6 +206,17 @@ std::string verdictInWords(const Addition& model, const standards::Verdict& verd
 /// A figure as it is shown, without its unit: its decimals, or its word; "" without a value. `results` are
 /// all of the model's.
 std::string resultText(const Addition& model, std::size_t result, std::span<const double> results);
+
+/// The same of a figure by itself, of a course for instance.
+std::string resultText(const AdditionResult& result, double value);
+
+/// The same of its number in full, as programs read it, a word in its short form.
+std::string plainResult(const AdditionResult& result, double value);
+
+/// All that verdicts say of the results of a point, each sentence once. Of a figure that the inputs only do
+/// not ask for nothing is said.
+std::string remarks(const Addition& model, std::span<const standards::Verdict> verdicts,
+                    std::span<const double> inputs);
 
 /// A name as it stands within a sentence: names begin with a capital, but where it is a symbol or an
 /// abbreviation.

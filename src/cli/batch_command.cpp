@@ -21,6 +21,7 @@
 #include <functional>
 #include <iostream>
 #include <optional>
+#include <stdexcept>
 #include <system_error>
 #include <thread>
 
@@ -130,6 +131,18 @@ private:
     std::chrono::steady_clock::time_point m_shown = m_start;
 };
 
+/// What an argument is refused with; empty where it is not.
+template <typename Parse>
+std::string sentenceOf(Parse parse)
+{
+    try {
+        parse();
+    } catch (const std::invalid_argument& error) {
+        return error.what();
+    }
+    return {};
+}
+
 class BatchCommand final : public Command {
 public:
     CLI::App* addTo(CLI::App& tool) override
@@ -154,13 +167,39 @@ public:
         command->add_option("--threads", m_threads, "Number of threads; default: all cores")
             ->type_name("N")
             ->check(CLI::Range(1, 1024));
+        command
+            ->add_option("--models", m_models,
+                         "Calculate models of standards too, for instance pmv_iso,utci (see comfortics-cli "
+                         "model --list)")
+            ->type_name("LIST")
+            ->group("Models")
+            ->check([](const std::string& list) {
+                return sentenceOf([&list] { batch::ModelRequest::parseModels(list); });
+            });
+        command
+            ->add_option("--with", m_with,
+                         "Inputs of the models that all rows share, for instance met=1.2,posture=sitting")
+            ->type_name("LIST")
+            ->group("Models")
+            ->needs("--models")
+            ->check([](const std::string& list) {
+                return sentenceOf([&list] { batch::ModelRequest::parseConstants(list); });
+            });
+        command
+            ->add_option("--model-limits", m_modelLimits,
+                         "Values beyond the range of a model: mark, or blank for none")
+            ->check(CLI::IsMember({"mark", "blank"}))
+            ->capture_default_str()
+            ->group("Models");
         addTableOptions(*command, named);
         m_options.addTo(*command);
         command->footer(
             "With a header row the columns are found by name (Ta Tg SR Td RH WS) in any order, and other\n"
             "columns are carried through; without one the six columns stand in that order.\n"
             "Each row starts from empty boxes.\n"
-            "Other tables want --columns or --map; weather files (.epw) want neither.");
+            "Other tables want --columns or --map; weather files (.epw) want neither.\n"
+            "Columns named by the ids of inputs are inputs of the models; a required input that neither a\n"
+            "column nor --with gives is the live quantity of the row that it is, such as Tmrt for tr.");
         return command;
     }
 
@@ -176,6 +215,28 @@ public:
         options.categories = m_options.categories;
         options.threads = m_threads > 0 ? m_threads : std::max(1U, std::thread::hardware_concurrency());
         options.stopped = Interruption::requested;
+        if (!m_models.empty() && isForeign()) {
+            std::cerr
+                << "comfortics-cli: --models is for tables of the usual shape, without --columns, --map, "
+                   "--format and the like.\n";
+            return kUsage;
+        }
+        if (!m_models.empty())
+            options.models.models = batch::ModelRequest::parseModels(m_models);
+        if (!m_with.empty())
+            options.models.constants = batch::ModelRequest::parseConstants(m_with);
+        if (m_modelLimits == "blank")
+            options.models.limits = standards::Limits::Blank;
+        for (const auto& [input, value] : options.models.constants) {
+            const bool isRead = std::ranges::any_of(options.models.models,
+                                                    [id = input->id](const catalogue::Addition* model) {
+                                                        return model->inputPlace(id).has_value();
+                                                    });
+            if (!isRead) {
+                std::cerr << "comfortics-cli: --with: none of the models reads " << input->id << ".\n";
+                return kUsage;
+            }
+        }
 
         const Interruption interruption;
         std::optional<tables::RunCounts> counts;
@@ -420,6 +481,9 @@ private:
     bool m_status = false;
     bool m_live = false;
     unsigned m_threads = 0;
+    std::string m_models;
+    std::string m_with;
+    std::string m_modelLimits = "mark";
     CalculationOptions m_options;
 };
 

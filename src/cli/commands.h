@@ -28,6 +28,7 @@ public:
 
 std::unique_ptr<Command> makeCalcCommand();
 std::unique_ptr<Command> makeBatchCommand();
+std::unique_ptr<Command> makeModelCommand();
 std::unique_ptr<Command> makeListCommand();
 std::unique_ptr<Command> makeRadiationCommand();
 std::unique_ptr<Command> makeConvertCommand();

@@ -4,8 +4,8 @@
 #include "catalogue/references.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
+#include "cli/model_lists.h"
 #include "cli/reading_options.h"
-#include "cli/text_table.h"
 #include "output/csv_cell.h"
 #include "texts/text.h"
 
@@ -64,6 +64,11 @@ public:
             ->type_name("TEXT")
             ->excludes("--search");
         addLimitsOption(*command, m_limitsFile);
+        command
+            ->add_flag("--models", m_models,
+                       "List the models of standards in place of the indices (see comfortics-cli model)")
+            ->excludes("--search")
+            ->excludes("--limits");
         command->add_flag(
             "--references", m_references,
             "Show the id of each index and where it was published, in place of inputs and limits");
@@ -75,6 +80,10 @@ public:
 
     int run() override
     {
+        if (m_models) {
+            print(modelList(modelsFound(m_find), m_format));
+            return kDone;
+        }
         const classic::Limits limits = readLimits(m_limitsFile);
         std::vector<const CatalogueRow*> rows;
         if (!m_find.empty())
@@ -98,12 +107,8 @@ private:
         std::vector<const CatalogueRow*> rows;
         for (const std::size_t place : finder.find(m_find))
             rows.push_back(&catalogue::rows()[place]);
-        if (rows.empty()) {
-            std::string meant;
-            for (const std::string& text : finder.didYouMean(m_find))
-                meant += (meant.empty() ? " Did you mean " : " or ") + text;
-            std::cerr << "comfortics-cli: Nothing found." << meant << (meant.empty() ? "" : "?") << '\n';
-        }
+        if (rows.empty())
+            sayNothingFound(finder, m_find);
         return rows;
     }
 
@@ -145,44 +150,7 @@ private:
     }
 
     // The first line has the headers.
-    std::string table(const Lines& lines) const
-    {
-        using enum TextTable::Align;
-        const std::vector<std::string>& headers = lines.front();
-        if (m_format == "text") {
-            std::vector<TextTable::Align> aligns(headers.size(), Left);
-            aligns.front() = Right;
-            TextTable result(headers, aligns);
-            for (std::size_t i = 1; i < lines.size(); ++i)
-                result.add(lines[i]);
-            return result.text();
-        }
-        const bool markdown = m_format == "markdown";
-        std::string result;
-        const auto addLine = [&result, markdown](const std::vector<std::string>& line) {
-            for (std::size_t i = 0; i < line.size(); ++i) {
-                if (markdown) {
-                    std::string cell = line[i];
-                    for (std::size_t at = 0; (at = cell.find('|', at)) != std::string::npos; at += 2)
-                        cell.insert(at, 1, '\\');
-                    result += (i == 0 ? "| " : " ") + cell + " |";
-                } else {
-                    result += i == 0 ? "" : ",";
-                    output::appendCsvCell(result, line[i]);
-                }
-            }
-            result += markdown ? "\n" : "\r\n";
-        };
-        addLine(headers);
-        if (markdown) {
-            for (std::size_t i = 0; i < headers.size(); ++i)
-                result += i == 0 ? "|---:|" : "---|";
-            result += "\n";
-        }
-        for (std::size_t i = 1; i < lines.size(); ++i)
-            addLine(lines[i]);
-        return result;
-    }
+    std::string table(const Lines& lines) const { return formattedTable(lines, m_format); }
 
     std::string json(const std::vector<const CatalogueRow*>& rows, const classic::Limits& limits) const
     {
@@ -223,6 +191,7 @@ private:
     std::string m_limitsFile;
     std::string m_format = "text";
     bool m_references = false;
+    bool m_models = false;
 };
 
 } // namespace

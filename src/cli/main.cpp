@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <csignal>
@@ -36,6 +37,11 @@ void print(std::string_view text)
 
 namespace {
 
+std::size_t nameLength(std::string_view option)
+{
+    return std::min(option.find('='), option.size());
+}
+
 int run(int argc, char** argv)
 {
     CLI::App tool("Thermal indices of bioclimatology and occupational heat and cold stress.");
@@ -46,8 +52,8 @@ int run(int argc, char** argv)
                 "5 a file could not be read or written.");
 
     std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands;
-    for (auto* make : {&makeCalcCommand, &makeBatchCommand, &makeListCommand, &makeRadiationCommand,
-                       &makeConvertCommand}) {
+    for (auto* make : {&makeCalcCommand, &makeBatchCommand, &makeModelCommand, &makeListCommand,
+                       &makeRadiationCommand, &makeConvertCommand}) {
         auto command = make();
         CLI::App* const app = command->addTo(tool);
         commands.emplace_back(app, std::move(command));
@@ -64,12 +70,16 @@ int run(int argc, char** argv)
     // The parser takes the next argument for the value of "--ta=", which is an empty text.
     std::vector<std::string> arguments;
     for (int i = argc - 1; i > 0; --i) { // parsed from the back
-        const std::string_view argument = argv[i];
+        std::string argument = argv[i];
+        // Inputs of models are options by their ids, whichever way they are written.
+        if (argument.starts_with("--"))
+            std::replace(argument.begin(),
+                         argument.begin() + static_cast<std::ptrdiff_t>(nameLength(argument)), '_', '-');
         if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
             arguments.emplace_back();
             arguments.emplace_back(argument.substr(0, argument.size() - 1));
         } else {
-            arguments.emplace_back(argument);
+            arguments.emplace_back(std::move(argument));
         }
     }
     try {

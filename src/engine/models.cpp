@@ -156,7 +156,7 @@ Columns completed(const Addition& model, std::span<const Column> inputs)
                                     " inputs, not " + std::to_string(inputs.size()));
     Columns columns;
     // What tells whether an input is read: a number that is given as one, or any number of a column.
-    std::array<double, kMostAdditionInputs> known;
+    std::array<double, kMostAdditionInputs> known{};
     known.fill(kNaN);
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         columns[i] = inputs[i].given() ? inputs[i] : Column(model.inputs[i].start);
@@ -169,10 +169,19 @@ Columns completed(const Addition& model, std::span<const Column> inputs)
         const catalogue::AdditionInput& input = model.inputs[i];
         const std::string name(input.info->id);
         if (!inputs[i].given() && model.isRequired(i, known))
-            throw std::invalid_argument("comfortics: the " + name + " of " + id + " is not given");
+            throw std::invalid_argument(std::string("comfortics: the ")
+                                            .append(name)
+                                            .append(" of ")
+                                            .append(id)
+                                            .append(" is not given"));
         if (inputs[i].given() && !input.unless.empty() && inputs[*model.inputPlace(input.unless)].given())
-            throw std::invalid_argument("comfortics: both " + name + " and " + std::string(input.unless) +
-                                        " of " + id + " are given");
+            throw std::invalid_argument(std::string("comfortics: both ")
+                                            .append(name)
+                                            .append(" and ")
+                                            .append(input.unless)
+                                            .append(" of ")
+                                            .append(id)
+                                            .append(" are given"));
     }
     return columns;
 }

@@ -19,7 +19,7 @@ def help_lines(program, *arguments):
 
 def options_of_help(lines):
     heads = [re.split(" {2,}", line.strip())[0] for line in lines if re.match(" +-", line)]
-    return {option for head in heads for option in re.findall(r"(?:^|[ ,])(-[a-z]|--[a-z-]+)(?=[ ,]|$)", head)}
+    return {option for head in heads for option in re.findall(r"(?:^|[ ,])(-[a-z]|--[a-z0-9-]+)(?=[ ,]|$)", head)}
 
 
 def commands_of_help(lines):

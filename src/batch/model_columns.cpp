@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/model_columns.h"
+
+#include "output/csv_cell.h"
+#include "texts/text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+
+namespace comfortics::batch {
+
+using catalogue::Addition;
+using catalogue::AdditionInput;
+using catalogue::InputInfo;
+using output::appendCsvCell;
+using standards::kNaN;
+
+namespace {
+
+/// Calls `take` with each part of a list.
+template <typename Take>
+void forEachPart(const std::string& list, Take take)
+{
+    for (std::string_view rest = list;;) {
+        const std::size_t comma = rest.find(',');
+        take(rest.substr(0, comma));
+        if (comma == std::string_view::npos)
+            return;
+        rest.remove_prefix(comma + 1);
+    }
+}
+
+std::string quoted(std::string_view text)
+{
+    return "\"" + std::string(text) + "\"";
+}
+
+} // namespace
+
+std::vector<const Addition*> ModelRequest::parseModels(const std::string& list)
+{
+    std::vector<const Addition*> models;
+    forEachPart(list, [&models](std::string_view id) {
+        const Addition* const model = catalogue::additionOfId(texts::trimmed(id));
+        if (model == nullptr)
+            throw std::invalid_argument("there is no model " + quoted(id));
+        models.push_back(model);
+    });
+    return models;
+}
+
+std::vector<std::pair<const InputInfo*, double>> ModelRequest::parseConstants(const std::string& list)
+{
+    std::vector<std::pair<const InputInfo*, double>> constants;
+    forEachPart(list, [&constants](std::string_view part) {
+        const std::size_t sign = part.find('=');
+        const InputInfo* const input = catalogue::additionInputOfId(texts::trimmed(part.substr(0, sign)));
+        if (sign == std::string_view::npos || input == nullptr)
+            throw std::invalid_argument(quoted(part) + " is no input of a model with its value, as met=1.2");
+        const auto value = catalogue::inputValue(*input, part.substr(sign + 1));
+        if (!value)
+            throw std::invalid_argument(quoted(part.substr(sign + 1)) + " is no value of " +
+                                        std::string(input->id));
+        constants.emplace_back(input, *value);
+    });
+    return constants;
+}
+
+ModelColumns::ModelColumns(ModelRequest request, const std::vector<std::string>& names, bool reasons)
+    : m_request(std::move(request)), m_reasons(reasons)
+{
+    for (const Addition* model : m_request.models)
+        m_models.push_back(columnsOf(*model, names));
+}
+
+ModelColumns::Source ModelColumns::givenSource(const InputInfo& input,
+                                               const std::vector<std::string>& names) const
+{
+    Source source;
+    for (const auto& [info, value] : m_request.constants)
+        if (info == &input)
+            source.value = value;
+    if (!std::isnan(source.value))
+        return source;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (texts::lowered(texts::trimmed(names[i])) != input.id)
+            continue;
+        if (source.column)
+            throw MalformedTable("Two columns give " + std::string(input.id) + ".");
+        source.column = i;
+    }
+    return source;
+}
+
+ModelColumns::Columns ModelColumns::columnsOf(const Addition& model, const std::vector<std::string>& names)
+{
+    Columns made{.model = &model, .sources = {}};
+    // What tells whether an input is read, where it is the same for all rows; 0 stands for any number.
+    std::vector<double> known;
+    std::vector<bool> isGiven;
+    for (const AdditionInput& input : model.inputs) {
+        const Source source = givenSource(*input.info, names);
+        isGiven.push_back(source.column || !std::isnan(source.value));
+        made.sources.push_back(source);
+        if (!isGiven.back())
+            made.sources.back().value = input.start;
+        known.push_back(!source.column ? made.sources.back().value : input.isOption() ? kNaN : 0);
+    }
+    for (std::size_t i = 0; i < isGiven.size(); ++i)
+        if (!isGiven[i] && model.isRequired(i, known))
+            made.sources[i].live = model.inputs[i].info->live;
+    for (std::size_t i = 0; i < isGiven.size(); ++i) {
+        const AdditionInput& input = model.inputs[i];
+        Source& source = made.sources[i];
+        m_readsLive = m_readsLive || source.live;
+        if (isGiven[i] || source.live)
+            continue;
+        if (const auto reading = model.inputPlace(input.besideReading);
+            reading && made.sources[*reading].live)
+            source.value = input.readingValue;
+        if (std::isnan(source.value) && model.isRequired(i, known))
+            throw MalformedTable(std::string(model.id) + " needs " + std::string(input.info->id) + ", the " +
+                                 catalogue::inSentence(input.info->name) +
+                                 ": no column and no constant gives it.");
+    }
+    return made;
+}
+
+void ModelColumns::appendHeader(std::string& line) const
+{
+    for (const Columns& columns : m_models) {
+        for (const catalogue::AdditionResult& result : columns.model->results) {
+            line += ',';
+            const std::string unit = result.unit.empty() ? "" : " [" + std::string(result.unit) + "]";
+            appendCsvCell(line, std::string(columns.model->id) + "." + std::string(result.id) + unit);
+        }
+        if (m_reasons)
+            line += "," + std::string(columns.model->id) + " reasons";
+    }
+}
+
+void ModelColumns::appendRow(std::string& line, const TableRow& row, const LiveText& liveText) const
+{
+    std::vector<double> inputs;
+    std::vector<double> results;
+    std::vector<standards::Verdict> verdicts;
+    for (const Columns& columns : m_models) {
+        const Addition& model = *columns.model;
+        inputs.clear();
+        std::string unreadable;
+        for (std::size_t i = 0; i < columns.sources.size(); ++i) {
+            const Source& source = columns.sources[i];
+            const InputInfo& info = *model.inputs[i].info;
+            double value = source.value;
+            if (source.column || source.live) {
+                std::string text = source.column ? row.cells[*source.column] : liveText(*source.live);
+                if (text.find('.') == std::string::npos)
+                    std::ranges::replace(text, ',', '.'); // a decimal comma, as in the readings
+                value = catalogue::inputValue(info, text).value_or(kNaN);
+                if (std::isnan(value) && !texts::trimmed(text).empty() && unreadable.empty())
+                    unreadable =
+                        "No value: " + quoted(text) + " is no " + catalogue::inSentence(info.name) + ".";
+            }
+            inputs.push_back(value);
+        }
+        results.assign(model.results.size(), kNaN);
+        verdicts.assign(model.results.size(), {});
+        // A cell that cannot be read is not the same as none.
+        if (unreadable.empty())
+            model.run(inputs, results, verdicts, m_request.limits);
+        for (std::size_t i = 0; i < results.size(); ++i) {
+            line += ',';
+            appendCsvCell(line, catalogue::plainResult(model.results[i], results[i]));
+        }
+        if (m_reasons) {
+            line += ',';
+            appendCsvCell(line,
+                          unreadable.empty() ? catalogue::remarks(model, verdicts, inputs) : unreadable);
+        }
+    }
+}
+
+} // namespace comfortics::batch

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "process.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace comfortics::tests {
+namespace {
+
+const Arguments kRoom{"model", "pmv_iso", "--tr",  "26",  "--v",   "0.15",
+                      "--rh",  "50",      "--met", "1.2", "--clo", "0.5"};
+
+void expectHas(const std::string& text, const std::string& part)
+{
+    EXPECT_NE(text.find(part), std::string::npos) << part << " in\n" << text;
+}
+
+// Figures of ISO 7730 and of the papers; what is typed in one way or the other is the same.
+TEST(Model, CalculatesInEachFormat)
+{
+    expectHas(runTool(with(kRoom, {"--ta", "26", "--format", "csv"})).out, "pmv,Predicted mean vote,0.2546");
+    expectHas(runTool(with(kRoom, {"--ta=26", "--format=json"})).out, "\"note\": \"start: no external work");
+    const Ending text = runTool(with(kRoom, {"--ta", "26", "--work_met", "0"}));
+    EXPECT_EQ(text.status, 0) << text.err;
+    expectHas(text.out, "ppd                6.3  %");
+    const Ending cold = runTool({"model", "wind_chill", "--ta", "-25", "--v10", "8", "--format", "csv"});
+    expectHas(cold.out, "wct,Wind chill temperature,-38.853");
+    expectHas(cold.out, ",within_10_min,");
+}
+
+TEST(Model, MarksOrBlanksWhatIsOutside)
+{
+    const std::string reason =
+        "Outside the range of the standard: the air temperature is 42 °C, valid from 10 to 30 °C.";
+    const Ending mark = runTool(with(kRoom, {"--ta", "42", "--format", "csv"}));
+    EXPECT_EQ(mark.status, 0);
+    expectHas(mark.out, ",outside,,\"" + reason);
+    const Ending blank = runTool(with(kRoom, {"--ta", "42", "--format", "csv", "--limits", "blank"}));
+    EXPECT_EQ(blank.status, 0);
+    expectHas(blank.out, "pmv,Predicted mean vote,,,none,,\"" + reason);
+}
+
+TEST(Model, FollowsTheCourse)
+{
+    const Ending ending = runTool({"model",
+                                   "phs_2004",
+                                   "--ta",
+                                   "40",
+                                   "--tr",
+                                   "40",
+                                   "--v",
+                                   "0.3",
+                                   "--ea",
+                                   "25",
+                                   "--metabolic-w-m2",
+                                   "150",
+                                   "--clo",
+                                   "0.5",
+                                   "--posture",
+                                   "standing",
+                                   "--acclimatised",
+                                   "yes",
+                                   "--course",
+                                   "--format",
+                                   "csv"});
+    EXPECT_EQ(ending.status, 0) << ending.err;
+    expectHas(ending.out, "minute,t_re [°C],t_cr [°C]");
+    expectHas(ending.out, "\r\n480,37.52498"); // the standard prints 37.5
+}
+
+TEST(Model, TellsOfWorkAndRest)
+{
+    const Ending ending = runTool({"model", "work_rest", "--wbgt-eff", "30", "--table"});
+    EXPECT_EQ(ending.status, 0) << ending.err;
+    expectHas(ending.out, "ISO 7243");
+    expectHas(ending.out, "moderate        300  yes                   30.7          29.3");
+}
+
+TEST(Model, RefusesInOneSentence)
+{
+    const std::vector<std::tuple<Arguments, int, std::string>> calls{
+        {{"model"}, 2, "model needs the ID of a model, or --list."},
+        {{"model", "pmw_iso"}, 2, "There is no model \"pmw_iso\""},
+        {{"model", "pmv_iso", "--sex", "male"}, 2, "pmv_iso has no input --sex"},
+        {{"model", "utci", "--course"}, 2, "utci has no course."},
+        {{"model", "pmv_iso", "--table"}, 2, "--table is for work_rest alone."},
+        {kRoom, 3, "pmv_iso needs the air temperature in °C (--ta)."},
+        {with(kRoom, {"--ta", "2x"}), 3, "\"2x\" is no number for --ta."},
+        {with(kRoom, {"--ta", "26", "--motion", "run"}), 3,
+         "no word for --motion, which knows none, ashrae, iso."},
+        {with(kRoom, {"--ta", "-300"}), 3,
+         "the air temperature is -300 °C, possible is from -100 to 150 °C."},
+        {{"model", "pet", "--ta", "30", "--tr", "60", "--v", "1", "--rh", "50", "--ea", "21"},
+         3,
+         "--rh and --ea are both given"},
+        {{"model", "tmrt_globe", "--tg", "20", "--ta", "45", "--v", "5"},
+         4,
+         "less than nothing would be radiated."},
+        {{"batch", "-", "--models", "pmv"}, 2, "there is no model \"pmv\""},
+        {{"batch", "-", "--models", "utci", "--with", "sex=male"}, 2, "none of the models reads sex"},
+        {{"batch", "-", "--models", "utci", "--with", "rh=wet"}, 2, "\"wet\" is no value of rh"},
+    };
+    for (const auto& [arguments, status, says] : calls) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        const Ending ending = runTool(arguments);
+        EXPECT_EQ(ending.status, status);
+        EXPECT_EQ(ending.out, "");
+        expectHas(ending.err, says);
+        EXPECT_EQ(ending.err.find('\n'), ending.err.size() - 1) << ending.err;
+    }
+}
+
+TEST(Model, StandsBesideTheIndicesOfABatch)
+{
+    const std::string input = "Ta,SR,RH,WS,tr\n"
+                              "26,0,50,2,\"26,0\"\n"
+                              "26,0,50,2,hot\n";
+    const Ending ending = runTool({"batch", "-", "--select", "5", "--models", "pmv_iso", "--with",
+                                   "v=0.15,met=1.2,clo=0.5", "--reasons", "--rules", "robust"},
+                                  input);
+    EXPECT_EQ(ending.status, 0) << ending.err;
+    expectHas(ending.out, "Actual Vapor Pressure [hPa],pmv_iso.pmv,pmv_iso.ppd [%],");
+    expectHas(ending.out, ",0.2546");
+    expectHas(ending.out, ",,,,,,,\"No value: \"\"hot\"\" is no mean radiant temperature.\"\r\n");
+
+    // The wind of the readings stands at 1.1 m: 2 m/s are 2 log(10 / 0.01) / log(1.1 / 0.01) = 2.939 at 10 m.
+    for (const char* rules : {"robust", "precise"})
+        expectHas(runTool({"batch", "-", "--select", "5", "--models", "utci", "--rules", rules},
+                          "Ta,SR,RH,WS\n30,600,50,2\n")
+                      .out,
+                  ",2.93916993");
+    const Ending lacking = runTool({"batch", "-", "--models", "pmv_iso"}, "Ta,SR,RH,WS\n30,600,50,2\n");
+    EXPECT_EQ(lacking.status, 5);
+    expectHas(lacking.err, "pmv_iso needs met, the metabolic rate: no column and no constant gives it.");
+}
+
+} // namespace
+} // namespace comfortics::tests
