@@ -101,7 +101,7 @@ TEST(SheetPanel, IsReadAndTurnedByKeys)
 
 TEST(SheetPanel, PutsItsIndexOnTheCards)
 {
-    Opened opened;
+    OpenedSheet opened;
     workspace::IndexSets& sets = opened.shell.workspace().sets;
     auto& star = find<QToolButton>(opened.panel, "sheet_star");
     EXPECT_FALSE(star.isVisible()) << "there is no index yet";
@@ -117,7 +117,7 @@ TEST(SheetPanel, PutsItsIndexOnTheCards)
 // Figures that take a while: nothing of the earlier readings is left, and what is known stands.
 TEST(SheetPanel, SaysThatFiguresAreBeingCalculated)
 {
-    Opened opened;
+    OpenedSheet opened;
     workspace::Workspace& workspace = opened.shell.workspace();
     opened.write("33", "600", "50", "2");
     workspace.lookAt("humidex_masterson");
