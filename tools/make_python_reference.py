@@ -35,7 +35,7 @@ def reference():
     from comfortics._accessor import Comfortics
 
     names = ["calculate", "explain", "index", "convert", "solar_radiation", "Indices", "Index", "Category", "Limits", "Quantity",
-             "Status", "UnknownIndexError"]
+             "Status", "UnknownIndexError", "Model", "Models", "ModelInput", "ModelResult", "ModelChoice", "ModelStatus"]
     parts = [section(name, getattr(comfortics, name)) for name in names]
     return TOP + "".join(parts) + section("Dataset.comfortics", Comfortics).replace("Dataset.comfortics.", "dataset.comfortics.")
 

@@ -7,6 +7,8 @@
 
 #include "catalogue/catalogue.h"
 #include "python/calculate.h"
+#include "python/lists.h"
+#include "python/models.h"
 #include "python/reference.h"
 #include "python/ufuncs.h"
 #include "texts/number_text.h"
@@ -38,31 +40,9 @@ void raiseCurrentException() noexcept
 
 namespace {
 
-Reference number(long value)
-{
-    return Reference(PyLong_FromLong(value));
-}
-
-Reference number(double value)
-{
-    return Reference(PyFloat_FromDouble(value));
-}
-
 Reference truth(bool value)
 {
     return number(value ? 1L : 0L);
-}
-
-template <class Items, class Make>
-Reference list(const Items& items, Make make)
-{
-    Reference all(PyList_New(0));
-    for (const auto& item : items) {
-        const Reference made = make(item);
-        if (PyList_Append(all.get(), made.get()) < 0)
-            throw PythonError();
-    }
-    return all;
 }
 
 Reference limitsOf(const Limits& limits)
@@ -212,7 +192,7 @@ PyObject* solarRadiationArrays(PyObject* /*module*/, PyObject* arguments)
     });
 }
 
-std::array<PyMethodDef, 10> methods{{
+std::array<PyMethodDef, 14> methods{{
     {"catalogue", catalogue, METH_NOARGS, nullptr},
     {"quantities", quantities, METH_NOARGS, nullptr},
     {"units", allUnits, METH_NOARGS, nullptr},
@@ -222,6 +202,10 @@ std::array<PyMethodDef, 10> methods{{
     {"explain_point", explainPoint, METH_VARARGS, nullptr},
     {"convert_array", convertArray, METH_VARARGS, nullptr},
     {"solar_radiation_arrays", solarRadiationArrays, METH_VARARGS, nullptr},
+    {"models", models, METH_NOARGS, nullptr},
+    {"evaluate_model", evaluateModels, METH_VARARGS, nullptr},
+    {"explain_model", explainModels, METH_VARARGS, nullptr},
+    {"model_course", courseOfModel, METH_VARARGS, nullptr},
     {nullptr, nullptr, 0, nullptr},
 }};
 

@@ -16,6 +16,7 @@ from comfortics._calculate import calculate, explain
 from comfortics._catalogue import Category, Index, Indices, Limits, Quantity, Status, index, indices, quantities
 from comfortics._comfortics import version as __version__
 from comfortics._errors import UnknownIndexError
+from comfortics._models import Model, ModelChoice, ModelInput, ModelResult, Models, ModelStatus, models
 from comfortics._radiation import solar_radiation
 from comfortics._units import convert
 from comfortics.ufuncs import *  # noqa: F403
@@ -27,6 +28,12 @@ __all__ = [
     "Index",
     "Indices",
     "Limits",
+    "Model",
+    "ModelChoice",
+    "ModelInput",
+    "ModelResult",
+    "ModelStatus",
+    "Models",
     "Quantity",
     "Status",
     "UnknownIndexError",
@@ -35,6 +42,7 @@ __all__ = [
     "explain",
     "index",
     "indices",
+    "models",
     "quantities",
     "solar_radiation",
     "ufuncs",

@@ -129,6 +129,81 @@ def explain(
     body_height: float | None = None,
     body_mass: float | None = None,
 ) -> str: ...
+
+class ModelStatus(enum.IntEnum):
+    OK = 0
+    OUTSIDE = 1
+    NONE = 2
+
+@dataclass(frozen=True)
+class ModelChoice:
+    value: float
+    word: str
+    text: str
+
+@dataclass(frozen=True)
+class ModelInput:
+    id: str
+    symbol: str
+    name: str
+    unit: str
+    range: tuple[float, float]
+    need: str
+    start: float | None
+    start_source: str
+    without: str
+    unless: str
+    only_for: str
+    choices: tuple[ModelChoice, ...]
+
+@dataclass(frozen=True)
+class ModelResult:
+    id: str
+    name: str
+    unit: str
+    decimals: int
+    choices: tuple[ModelChoice, ...]
+    categories: tuple[Category, ...]
+
+class Model:
+    id: str
+    name: str
+    authors: str
+    year: str
+    family: str
+    description: str
+    warnings: tuple[str, ...]
+    references: tuple[str, ...]
+    inputs: tuple[ModelInput, ...]
+    results: tuple[ModelResult, ...]
+    course_figures: tuple[ModelResult, ...]
+    def __init__(self, row: tuple[Any, ...]) -> None: ...
+    def __call__(
+        self,
+        *,
+        limits: Literal["mark", "blank"] = "mark",
+        status: bool = False,
+        results: str | Iterable[str] = "all",
+        threads: int = 1,
+        **inputs: _Readings,
+    ) -> Any: ...
+    def explain(
+        self, *, result: str | None = None, limits: Literal["mark", "blank"] = "mark", **inputs: Any
+    ) -> str: ...
+    def course(self, *, limits: Literal["mark", "blank"] = "mark", **inputs: Any) -> Any: ...
+
+class Models:
+    def __init__(self, rows: Iterable[Model]) -> None: ...
+    def __len__(self) -> int: ...
+    def __iter__(self) -> Iterator[Model]: ...
+    def __contains__(self, key: str | Model) -> bool: ...
+    def __getitem__(self, key: str | Model) -> Model: ...
+    def __getattr__(self, name: str) -> Model: ...
+    def search(self, words: str) -> Models: ...
+    def to_pandas(self) -> DataFrame: ...
+
+models: Models
+
 @overload
 def convert(values: float, source: str, wanted: str) -> float: ...
 @overload
