@@ -103,11 +103,11 @@ inline constexpr InputInfo kEa{"ea", "Ea", "Vapour pressure", "hPa", physicalBou
 inline constexpr InputInfo kSR{"sr", "SR", "Global solar radiation", "W/m²", physicalBounds(Of::Flux), Weather, {}, Live::SR};
 inline constexpr InputInfo kOutdoorPrevailing{"t_outdoor_prevailing", "t_p", "Prevailing mean outdoor temperature", "°C", physicalBounds(Of::Temperature), Weather};
 inline constexpr InputInfo kOutdoorRunning{"t_outdoor_running", "t_m", "Running mean outdoor temperature", "°C", physicalBounds(Of::Temperature), Weather};
-inline constexpr InputInfo kDirectNormal{"direct_normal", "I", "Direct solar radiation, normal to the beam", "W/m²", physicalBounds(Of::Flux), Weather};
-inline constexpr InputInfo kDirectHorizontal{"direct_horizontal", "D_h", "Direct solar radiation, on the horizontal", "W/m²", physicalBounds(Of::Flux), Weather};
-inline constexpr InputInfo kShortNet{"short_net", "", "Net short-wave radiation, downward less upward", "W/m²", physicalBounds(Of::Any), Weather};
-inline constexpr InputInfo kLongDown{"long_down", "L", "Long-wave radiation, downward", "W/m²", physicalBounds(Of::Flux), Weather};
-inline constexpr InputInfo kLongNet{"long_net", "", "Net long-wave radiation, downward less upward", "W/m²", physicalBounds(Of::Any), Weather};
+inline constexpr InputInfo kDirectNormal{"direct_normal", "I", "Direct solar radiation normal to the beam", "W/m²", physicalBounds(Of::Flux), Weather};
+inline constexpr InputInfo kDirectHorizontal{"direct_horizontal", "D_h", "Direct solar radiation on the horizontal", "W/m²", physicalBounds(Of::Flux), Weather};
+inline constexpr InputInfo kShortNet{"short_net", "", "Net short-wave radiation (downward less upward)", "W/m²", physicalBounds(Of::Any), Weather};
+inline constexpr InputInfo kLongDown{"long_down", "L", "Downward long-wave radiation", "W/m²", physicalBounds(Of::Flux), Weather};
+inline constexpr InputInfo kLongNet{"long_net", "", "Net long-wave radiation (downward less upward)", "W/m²", physicalBounds(Of::Any), Weather};
 inline constexpr std::array<InputInfo, 6> kShortSides{{
     {"short_north", "K", "Short-wave radiation on a surface facing north", "W/m²", physicalBounds(Of::Flux), Weather},
     {"short_east", "K", "Short-wave radiation on a surface facing east", "W/m²", physicalBounds(Of::Flux), Weather},
@@ -123,15 +123,15 @@ inline constexpr std::array<InputInfo, 6> kLongSides{{
     {"long_facing_up", "L", "Long-wave radiation on a surface facing up", "W/m²", physicalBounds(Of::Flux), Weather},
     {"long_facing_down", "L", "Long-wave radiation on a surface facing down", "W/m²", physicalBounds(Of::Flux), Weather}}};
 inline constexpr InputInfo kWbgt{"wbgt", "WBGT", "Wet-bulb globe temperature", "°C", physicalBounds(Of::Temperature), Weather};
-inline constexpr InputInfo kWbgtEff{"wbgt_eff", "WBGT_eff", "Effective wet-bulb globe temperature, with what the clothing adds", "°C", physicalBounds(Of::Temperature), Weather};
+inline constexpr InputInfo kWbgtEff{"wbgt_eff", "WBGT_eff", "Effective wet-bulb globe temperature (with what the clothing adds)", "°C", physicalBounds(Of::Temperature), Weather};
 inline constexpr InputInfo kWbgtEffRest{"wbgt_eff_rest", "", "Effective wet-bulb globe temperature where the rest is taken", "°C", physicalBounds(Of::Temperature), Weather};
 
 // The person. Three units of the metabolic rate and two of the work, see metabolicRateFor and workFor.
 inline constexpr InputInfo kMet{"met", "M", "Metabolic rate", "met", physicalBounds(Of::Flux), Person};
 inline constexpr InputInfo kMetabolicWm2{"metabolic_w_m2", "M", "Metabolic rate", "W/m²", physicalBounds(Of::Positive), Person};
 inline constexpr InputInfo kMetabolicW{"metabolic_w", "M", "Metabolic rate of the whole body", "W", physicalBounds(Of::Positive), Person};
-inline constexpr InputInfo kActivityW{"activity_w", "", "Metabolic rate above the basal one, of the whole body", "W", physicalBounds(Of::Flux), Person};
-inline constexpr InputInfo kRestW{"rest_w", "", "Metabolic rate at rest, of the whole body", "W", physicalBounds(Of::Positive), Person};
+inline constexpr InputInfo kActivityW{"activity_w", "", "Metabolic rate of the whole body above the basal one", "W", physicalBounds(Of::Flux), Person};
+inline constexpr InputInfo kRestW{"rest_w", "", "Metabolic rate of the whole body at rest", "W", physicalBounds(Of::Positive), Person};
 inline constexpr InputInfo kWorkMet{"work_met", "W", "External work", "met", physicalBounds(Of::Flux), Person};
 inline constexpr InputInfo kWorkWm2{"work_w_m2", "W", "External work", "W/m²", physicalBounds(Of::Flux), Person};
 inline constexpr InputInfo kClo{"clo", "", "Clothing insulation", "clo", physicalBounds(Of::Clothing), Person};
@@ -141,8 +141,8 @@ inline constexpr InputInfo kHeight{"height", "", "Body height", "m", physicalBou
 inline constexpr InputInfo kArea{"area", "A", "Body surface", "m²", physicalBounds(Of::Positive), Person};
 inline constexpr InputInfo kAge{"age", "", "Age", "years", physicalBounds(Of::Positive), Person};
 inline constexpr InputInfo kSex{"sex", "", "Sex", "", {0, 1}, Person, kSexes};
-inline constexpr InputInfo kAcclimatised{"acclimatised", "", "Acclimatised to heat", "", {0, 1}, Person, kNoYes};
-inline constexpr InputInfo kDrink{"drink", "", "Free to drink", "", {0, 1}, Person, kNoYes};
+inline constexpr InputInfo kAcclimatised{"acclimatised", "", "Acclimatisation to heat", "", {0, 1}, Person, kNoYes};
+inline constexpr InputInfo kDrink{"drink", "", "Freedom to drink", "", {0, 1}, Person, kNoYes};
 inline constexpr InputInfo kWalking{"walking", "", "Walking speed", "m/s", physicalBounds(Of::Speed), Person};
 inline constexpr InputInfo kWalkingAngle{"walking_angle", "", "Angle between walking direction and wind", "°", physicalBounds(Of::Any), Person};
 inline constexpr InputInfo kWorkClothing{"work_clothing", "", "Work clothing", "", {0, 9}, Person, kWorkClothes};
@@ -153,20 +153,20 @@ inline constexpr InputInfo kYear{"year", "", "Year", "", {-32767, 32767}, Place}
 inline constexpr InputInfo kMonth{"month", "", "Month", "", {1, 12}, Place};
 inline constexpr InputInfo kDay{"day", "", "Day of the month", "", {1, 31}, Place};
 inline constexpr InputInfo kHour{"hour", "", "Local time of day", "h", {0, 24}, Place};
-inline constexpr InputInfo kHourUtc{"hour_utc", "", "Time of day, UTC", "h", {0, 24}, Place};
+inline constexpr InputInfo kHourUtc{"hour_utc", "", "Time of day (UTC)", "h", {0, 24}, Place};
 inline constexpr InputInfo kUtcOffset{"utc_offset", "", "Local time less UTC", "h", physicalBounds(Of::Any), Place};
-inline constexpr InputInfo kInterval{"interval", "", "Interval of averaging, which ends at the time", "min", physicalBounds(Of::Flux), Place};
-inline constexpr InputInfo kLatitude{"latitude", "", "Latitude, north positive", "°", {-90, 90}, Place};
-inline constexpr InputInfo kLongitude{"longitude", "", "Longitude, east positive", "°", {-180, 360}, Place};
+inline constexpr InputInfo kInterval{"interval", "", "Interval of averaging (which ends at the time)", "min", physicalBounds(Of::Flux), Place};
+inline constexpr InputInfo kLatitude{"latitude", "", "Latitude (north positive)", "°", {-90, 90}, Place};
+inline constexpr InputInfo kLongitude{"longitude", "", "Longitude (east positive)", "°", {-180, 360}, Place};
 inline constexpr InputInfo kPressure{"pressure", "p", "Air pressure", "hPa", physicalBounds(Of::Hectopascal), Place};
 inline constexpr InputInfo kWindHeight{"wind_height", "z", "Height at which the wind is measured", "m", physicalBounds(Of::Positive), Place};
 inline constexpr InputInfo kTemperatureDifference{"dt", "dT", "Air temperature above less that below", "K", physicalBounds(Of::Any), Place};
-inline constexpr InputInfo kUrban{"urban", "", "Urban surroundings", "", {0, 1}, Place, kNoYes};
+inline constexpr InputInfo kUrban{"urban", "", "Urban site", "", {0, 1}, Place, kNoYes};
 inline constexpr InputInfo kSunAltitude{"sun_altitude", "", "Altitude of the sun", "°", {0, 90}, Place};
 inline constexpr InputInfo kSunSine{"sun_sine", "mu", "Sine of the altitude of the sun", "", {-1, 1}, Place};
 
 // Of a model alone.
-inline constexpr InputInfo kMotion{"motion", "", "Speed and clothing in motion", "", {0, 2}, Own, kMotions};
+inline constexpr InputInfo kMotion{"motion", "", "Motion of the body", "", {0, 2}, Own, kMotions};
 inline constexpr InputInfo kEdition{"edition", "", "Edition of ASHRAE 55", "", {2017, 2020}, Own, kEditions};
 inline constexpr InputInfo kMostWettedness{"w_max", "", "Largest skin wettedness", "", {physicalBounds(Of::Positive).low, physicalBounds(Of::Positive).high}, Own};
 inline constexpr InputInfo kMostBlood{"blood_max", "", "Largest skin blood flow", "L/m²h", physicalBounds(Of::Positive), Own};
@@ -176,15 +176,15 @@ inline constexpr InputInfo kImst{"imst", "i_mst", "Static moisture permeability 
 inline constexpr InputInfo kAp{"ap", "Ap", "Share of the clothed surface that reflects", "", physicalBounds(Of::Flux), Own};
 inline constexpr InputInfo kFr{"fr", "Fr", "Emissivity (2004) or reflectance (2023) of the reflecting share", "", physicalBounds(Of::Flux), Own};
 inline constexpr InputInfo kPermeability{"permeability", "", "Air permeability of the outer layer", "l/m²s", physicalBounds(Of::Positive), Own};
-inline constexpr InputInfo kSun{"sun", "", "Sun on the body", "", {0, 1}, Own, kNoYes};
+inline constexpr InputInfo kSun{"sun", "", "Sunlight on the body", "", {0, 1}, Own, kNoYes};
 inline constexpr InputInfo kReference{"reference", "", "Reference value", "", {0, 1}, Own, kReferences};
 inline constexpr InputInfo kBasis{"basis", "", "Basis", "", {0, 2}, Own, kBases};
-inline constexpr InputInfo kCapacityLimit{"capacity_limits", "", "Limits of the work capacity", "", {0, 1}, Own, kCapacityLimits};
+inline constexpr InputInfo kCapacityLimit{"capacity_limits", "", "Choice of limits of the work capacity", "", {0, 1}, Own, kCapacityLimits};
 inline constexpr InputInfo kSunshine{"sunshine", "", "Sunshine", "", {0, 2}, Own, kSunshines};
 inline constexpr InputInfo kDiameter{"diameter", "D", "Diameter of the globe", "m", physicalBounds(Of::Positive), Own};
 inline constexpr InputInfo kEmissivity{"emissivity", "", "Emissivity of the globe", "", physicalBounds(Of::Positive), Own};
-inline constexpr InputInfo kShortAbsorptance{"short_absorptance", "", "Absorptance of the body, short-wave", "", physicalBounds(Of::Flux), Own};
-inline constexpr InputInfo kLongAbsorptance{"long_absorptance", "", "Absorptance of the body, long-wave", "", physicalBounds(Of::Positive), Own};
+inline constexpr InputInfo kShortAbsorptance{"short_absorptance", "", "Short-wave absorptance of the body", "", physicalBounds(Of::Flux), Own};
+inline constexpr InputInfo kLongAbsorptance{"long_absorptance", "", "Long-wave absorptance of the body", "", physicalBounds(Of::Positive), Own};
 inline constexpr InputInfo kSharp{"sharp", "SHARP", "Horizontal angle of the sun from the front of the person", "°", {0, 180}, Own};
 inline constexpr InputInfo kTransmittance{"transmittance", "T", "Solar transmittance of the glazing", "", physicalBounds(Of::Flux), Own};
 inline constexpr InputInfo kSkyView{"sky_view", "f_s", "Share of the sky seen through the window", "", physicalBounds(Of::Flux), Own};

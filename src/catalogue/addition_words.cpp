@@ -96,10 +96,18 @@ std::string outside(const Addition& model, const Verdict& verdict, const Additio
     return of + is + ": " + std::string(input->beside) + ".";
 }
 
-std::string impossible(const AdditionInput* input, std::string_view about, double value)
+/// What a verdict names that is no input by this name.
+std::string otherName(const Addition& model, std::string_view name)
+{
+    const std::string derived = derivedNamed(model, name);
+    return derived.empty() ? std::string(name) : derived;
+}
+
+std::string impossible(const Addition& model, const AdditionInput* input, std::string_view about,
+                       double value)
 {
     if (input == nullptr)
-        return "No value: " + std::string(about) + " is beyond what there can be.";
+        return "No value: " + otherName(model, about) + " is beyond what there can be.";
     const std::string is =
         "No value: the " + inSentence(input->info->name) + " is " + valueText(*input, value);
     if (input->isOption())
@@ -148,11 +156,11 @@ std::string verdictInWords(const Addition& model, const Verdict& verdict, std::s
         return outside(model, verdict, input, value);
     case Reason::Missing: {
         if (input == nullptr)
-            return "No value: " + std::string(verdict.about) + " is missing.";
+            return "No value: " + otherName(model, verdict.about) + " is missing.";
         return "No value: the " + inSentence(input->info->name) + " is missing.";
     }
     case Reason::BeyondPhysics:
-        return impossible(input, verdict.about, value);
+        return impossible(model, input, verdict.about, value);
     case Reason::NoRoot:
         return "No value: there is no solution for " + sought(model, verdict) + ".";
     case Reason::Undefined:

@@ -147,7 +147,7 @@ constexpr double kReadingsGlobe = 0.05;     // diameter [m]
 // What several models say.
 constexpr auto kNoWork = "no external work, as most activities have"sv;
 constexpr auto kTypedMotion = "the standard's own inputs: typed speed and clothing are taken as they are"sv;
-constexpr auto kAfterMotion = "with what the motion makes of it it lies outside the range"sv;
+constexpr auto kAfterMotion = "with what the motion makes of it, it lies outside the range"sv;
 constexpr auto kWorkBeside = "the external work must not exceed the metabolic rate"sv;
 constexpr auto kInPlaceOfHumidity = "the relative humidity is taken"sv;
 constexpr DerivedName kVapourOfPmv{
@@ -191,7 +191,7 @@ constexpr auto kResults = std::to_array<Results>({
     {.id = "clo_actual", .name = "Actual clothing insulation, as calculated with", .unit = "clo", .decimals = 3}});
 constexpr auto kDerived = std::to_array<DerivedName>({
     {"speed_limit", "the standard sets no limit of the air speed from 0.7 clo or 1.3 met on"},
-    {"set", "SET, from which the cooling effect follows, has no solution"}});
+    {"set", "SET, from which the cooling effect follows"}});
 constexpr auto kAbbreviations = std::to_array({"PMV"sv, "PPD"sv, "SET"sv});
 constexpr auto kWarnings = std::to_array({"speed and clothing are relative and actual ones, unless motion derives them"sv});
 constexpr auto kReferences = std::to_array({"ASHRAE Standard 55-2020 and 55-2023"sv});
@@ -568,7 +568,7 @@ constexpr auto kReferences = std::to_array({"Rothfusz LP (1990) The heat index e
 
 namespace wind_chill {
 namespace range = standards::wind_chill_range;
-constexpr auto kInputs = std::to_array<AdditionInput>({Read(inputs::kTa, range::kTemperatureTa), Read(kV10, range::kTemperatureSpeed).within(0, range::kLossSpeed.range.high).beside("of the wind chill temperature: at least 1.333 m/s, 4.8 km/h")});
+constexpr auto kInputs = std::to_array<AdditionInput>({Read(inputs::kTa, range::kTemperatureTa), Read(kV10, range::kTemperatureSpeed).within(0, range::kLossSpeed.range.high).beside("the wind chill temperature wants 1.333 m/s (4.8 km/h) or more")});
 constexpr auto kResults = std::to_array<Results>({
     {.id = "wct", .name = "Wind chill temperature", .unit = "°C", .decimals = 1, .scaleIndex = 211},
     {.id = "wci", .name = "Wind chill index, a heat loss", .unit = "W/m²", .decimals = 0},

@@ -209,7 +209,7 @@ struct Told {
 constexpr Told kTold[] = {
     {"pmv_iso", "ta=42 tr=25 v=0.1 rh=30 met=1.2 clo=0.5", 0, "Outside the range of the standard: the air temperature is 42 °C, valid from 10 to 30 °C."},
     {"pmv_iso", "ta=29 tr=25 v=0.1 rh=90 met=1.2 clo=0.5", 0, "Outside the range of the standard: the vapour pressure, from air temperature and humidity, is above 2700 Pa."},
-    {"pmv_iso", "ta=25 tr=25 v=0.9 rh=50 met=3 clo=0.5 motion=iso", 0, "Outside the range of the standard: the air speed is 0.9 m/s: with what the motion makes of it it lies outside the range."},
+    {"pmv_iso", "ta=25 tr=25 v=0.9 rh=50 met=3 clo=0.5 motion=iso", 0, "Outside the range of the standard: the air speed is 0.9 m/s: with what the motion makes of it, it lies outside the range."},
     {"pmv_iso", "ta=11 tr=10 v=0.9 rh=50 met=0.9 clo=0.1", 0, "Outside the range of the standard: the result, predicted mean vote, is valid from -2 to 2."},
     {"pmv_iso", "ta=25 tr=25 v=0.1 rh=120 met=1.2 clo=0.5", 0, "No value: the relative humidity is 120 %, possible is from 0 to 100 %."},
     {"pet", "ta=20 tr=20 v=1 rh=50 clo=0", 0, "No value: the clothing insulation is 0 clo: so little clothing covers nothing."},
@@ -222,7 +222,8 @@ constexpr Told kTold[] = {
     {"work_rest", "wbgt_eff=40 metabolic_w=300 acclimatised=yes", 0, "No work, no rest here: even an hour of rest is above the limit."},
     {"work_rest", "wbgt_eff=28 metabolic_w=300 acclimatised=yes", 3, "No value: the work capacity belongs to the basis capacity."},
     {"tmrt_globe", "tg=20 ta=45 v=5 diameter=0.04", 0, "No value: less than nothing would be radiated."},
-    {"wind_chill", "ta=5 v10=1", 0, "Outside the range of the standard: the wind speed at 10 m is 1 m/s: of the wind chill temperature: at least 1.333 m/s, 4.8 km/h."},
+    {"work_rest", "basis=capacity wbgt_eff=500 metabolic_w=300", 0, "No value: the effective wet-bulb globe temperature is beyond what there can be."},
+    {"wind_chill", "ta=5 v10=1", 0, "Outside the range of the standard: the wind speed at 10 m is 1 m/s: the wind chill temperature wants 1.333 m/s (4.8 km/h) or more."},
 };
 // clang-format on
 
