@@ -166,7 +166,7 @@ inline constexpr InputInfo kSunAltitude{"sun_altitude", "", "Altitude of the sun
 inline constexpr InputInfo kSunSine{"sun_sine", "mu", "Sine of the altitude of the sun", "", {-1, 1}, Place};
 
 // Of a model alone.
-inline constexpr InputInfo kMotion{"motion", "", "Motion of the body", "", {0, 2}, Own, kMotions};
+inline constexpr InputInfo kMotion{"motion", "", "Speed and clothing in motion", "", {0, 2}, Own, kMotions};
 inline constexpr InputInfo kEdition{"edition", "", "Edition of ASHRAE 55", "", {2017, 2020}, Own, kEditions};
 inline constexpr InputInfo kMostWettedness{"w_max", "", "Largest skin wettedness", "", {physicalBounds(Of::Positive).low, physicalBounds(Of::Positive).high}, Own};
 inline constexpr InputInfo kMostBlood{"blood_max", "", "Largest skin blood flow", "L/m²h", physicalBounds(Of::Positive), Own};

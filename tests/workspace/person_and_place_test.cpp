@@ -39,7 +39,7 @@ TEST(PersonAndPlace, ReadsAFieldOrTellsInASentenceWhyNot)
              {"utc_offset", "-3:30", -3.5},
              {"latitude", "-90", -90},
              {"latitude", "-90.1", std::nullopt,
-              "Latitude, north positive: -90.1\xC2\xB0 cannot be; valid from -90 to 90\xC2\xB0."},
+              "Latitude (north positive): -90.1\xC2\xB0 cannot be; valid from -90 to 90\xC2\xB0."},
              {"weight", "0", std::nullopt, "Body weight: 0 kg cannot be; valid above 0."},
          }) {
         const FieldReading read = readField(inputOf(one.id), one.text);
