@@ -46,12 +46,13 @@ public:
         return std::isnan(value) ? std::nullopt : std::optional(value);
     }
     bool yes() noexcept { return number() != 0; }
-    /// One that is read has a number of the table; one that is not may be missing.
+    /// One that is read has a number of the table; one that is not may be missing or anything.
     template <typename Enum>
     Enum option() noexcept
     {
         const double value = number();
-        return static_cast<Enum>(std::isnan(value) ? 0 : static_cast<int>(value));
+        constexpr double kMost = 10'000; // more than any option has
+        return static_cast<Enum>(value >= 0 && value <= kMost ? static_cast<int>(value) : 0);
     }
 
 private:
