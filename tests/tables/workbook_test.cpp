@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "open_tables.h"
+#include "tables/open_file.h"
 #include "tables/workbook.h"
 #include "tables/workbook_writer.h"
 #include "temporary_folder.h"
@@ -71,6 +72,21 @@ TEST(Workbook, AStationsWorkbookIsReadByItsGuess)
     EXPECT_EQ(rows.front(), "2024-07-01T23:40:00 22||0||55.5|1.2693"); // 3.2 mph at 2 m
     EXPECT_EQ(rows.at(3), "2024-07-02T00:10:00 21.3889||5|||1.071");
     EXPECT_EQ(tables::sheetNames(path), (std::vector<std::string>{"Messwerte", "Second"}));
+}
+
+TEST(OpenFile, TheKindIsToldByWhatAFileHolds)
+{
+    using tables::FileKind;
+    const std::pair<const char*, FileKind> files[] = {
+        {"roof.xlsx", FileKind::Xlsx}, {"two_days.epw", FileKind::Epw}, {"logger.dat", FileKind::Text}};
+    for (const auto& [name, kind] : files)
+        EXPECT_EQ(tables::openFile(std::string(COMFORTICS_TABLE_FILES "/") + name).layout.kind, kind) << name;
+    try {
+        tables::openFile(COMFORTICS_TABLE_FILES);
+        ADD_FAILURE();
+    } catch (const tables::TableFault& fault) {
+        EXPECT_STREQ(fault.what(), "The file " COMFORTICS_TABLE_FILES " cannot be read: Is a directory.");
+    }
 }
 
 TEST(Workbook, WhatIsDamagedOrHostileIsOneSentence)
