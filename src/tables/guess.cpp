@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <type_traits>
 #include <utility>
 
 namespace comfortics::tables {
@@ -288,19 +289,38 @@ constexpr std::string_view kStations[] = {"station",    "stations id",  "station
                                           "messstelle", "estacion",     "lieu",      "σταθμοσ", "location",
                                           "station id", "station name", "stn",       "wmo"};
 
-// As the words of a name are, for which the terms are written the same way.
-std::vector<std::string> termWords(std::string_view term)
+// The words of a term, which may stand alone or with what they tell.
+template <class Term>
+std::string_view textOf(const Term& term)
 {
-    return words(term);
+    if constexpr (std::is_convertible_v<Term, std::string_view>)
+        return term;
+    else
+        return term.words;
 }
 
-template <class Terms>
-const auto* findTerm(const Terms& terms, const std::vector<std::string>& name)
+// Terms taken apart as names are.
+template <const auto& terms>
+const std::vector<std::vector<std::string>>& termWords()
 {
-    const auto* const found = std::find_if(std::begin(terms), std::end(terms), [&name](const auto& term) {
-        return contains(name, termWords(term.words));
+    static const std::vector<std::vector<std::string>> all = [] {
+        std::vector<std::vector<std::string>> made;
+        for (const auto& term : terms)
+            made.push_back(words(textOf(term)));
+        return made;
+    }();
+    return all;
+}
+
+// The first term that stands in a name; null where none does.
+template <const auto& terms>
+const auto* findTerm(const std::vector<std::string>& name)
+{
+    const auto& all = termWords<terms>();
+    const auto found = std::find_if(all.begin(), all.end(), [&name](const std::vector<std::string>& term) {
+        return contains(name, term);
     });
-    return found == std::end(terms) ? nullptr : &*found;
+    return found == all.end() ? nullptr : &terms[found - all.begin()];
 }
 
 // A number that the text tells of: a height in metres, as in "10m", "@10 m", "wind_10m".
@@ -414,23 +434,19 @@ private:
     void useByName(std::size_t i, ColumnUse& use)
     {
         const std::vector<std::string> name = words(m_layout.names[i]);
-        if (const auto* const station =
-                std::find_if(std::begin(kStations), std::end(kStations),
-                             [&name](std::string_view term) { return name == termWords(term); });
-            station != std::end(kStations)) {
+        const auto& stations = termWords<kStations>();
+        if (std::find(stations.begin(), stations.end(), name) != stations.end()) {
             use.role = Role::Station;
             use.because = "It is called a station.";
             return;
         }
-        if (const TimeTerm* const time = findTerm(kTimeTerms, name); time != nullptr && isTime(i, *time)) {
+        if (const TimeTerm* const time = findTerm<kTimeTerms>(name); time != nullptr && isTime(i, *time)) {
             use.role = time->role;
             use.because = "Its name holds \"" + std::string(time->words) + "\".";
             return;
         }
-        const bool other =
-            std::any_of(std::begin(kOthers), std::end(kOthers),
-                        [&name](std::string_view term) { return contains(name, termWords(term)); });
-        const Term* term = findTerm(kTerms, name);
+        const bool other = findTerm<kOthers>(name) != nullptr;
+        const Term* term = findTerm<kTerms>(name);
         const bool leaves =
             contains(name, {"out"}) || contains(name, {"up"}); // of radiation; of a place, outdoors
         if (term != nullptr &&
@@ -492,8 +508,8 @@ private:
 
     static const Term* shortTerm(const std::vector<std::string>& name)
     {
-        for (const Term& term : kShortNames) {
-            const std::vector<std::string> wanted = termWords(term.words);
+        for (std::size_t i = 0; i < std::size(kShortNames); ++i) {
+            const std::vector<std::string>& wanted = termWords<kShortNames>()[i];
             if (name.size() < wanted.size() || !std::equal(wanted.begin(), wanted.end(), name.begin()))
                 continue;
             if (std::all_of(name.begin() + static_cast<std::ptrdiff_t>(wanted.size()), name.end(),
@@ -501,7 +517,7 @@ private:
                                 return std::find(std::begin(kBeside), std::end(kBeside), word) !=
                                        std::end(kBeside);
                             }))
-                return &term;
+                return &kShortNames[i];
         }
         return nullptr;
     }
@@ -583,7 +599,7 @@ private:
             use.because += ", and " + plain(use.height) + " m stand in its name";
             return;
         }
-        const bool own = name == termWords("ws") || name == termWords("wind speed m s");
+        const bool own = name == words("ws") || name == words("wind speed m s");
         if (own)
             use.because += ", as this program calls it";
         else if (use.doubt.empty())

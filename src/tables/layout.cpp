@@ -23,7 +23,7 @@ namespace {
 constexpr std::size_t kMostLines = 300; // that are looked at
 constexpr std::size_t kLookRows = 200;
 constexpr std::array<char, 5> kSeparators{'\t', ';', ',', '|', ' '};
-constexpr std::string_view kCommentMarks[] = {"#", "%", "!", "//", "*"};
+constexpr std::string_view kCommentMarks[] = {"#", "%", "!", "//"};
 
 std::string separatorName(char separator)
 {
@@ -466,12 +466,15 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
         throw TableFault("No row of numbers was found in the first " + std::to_string(lines.size()) +
                          " lines.");
 
+    if (division.columns >= kMostCells)
+        throw TableFault("The table has more columns than can be read.");
+
     Layout layout;
     layout.coding = coding.coding;
     layout.form.separator = division.separator;
-    for (const Line& line : lines)
-        if (!line.comment.empty() && layout.form.comment.empty())
-            layout.form.comment = line.comment;
+    // A mark that first stands among the readings may belong to them: nothing is left out without a word.
+    for (std::size_t i = 0; i < data && layout.form.comment.empty(); ++i)
+        layout.form.comment = lines[i].comment;
     if (!told.comment.empty())
         layout.form.comment = told.comment;
     layout.dataLine = lines[data].number;

@@ -9,7 +9,6 @@ namespace comfortics::tables {
 namespace {
 
 constexpr std::size_t kLongestRow = std::size_t{1} << 20; // bytes
-constexpr std::size_t kMostCells = 16384;
 
 bool isBlank(char c)
 {

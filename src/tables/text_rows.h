@@ -18,6 +18,9 @@ struct TextForm {
     friend bool operator==(const TextForm&, const TextForm&) = default;
 };
 
+/// What stands behind so many cells of a row is not read.
+inline constexpr std::size_t kMostCells = 16384;
+
 /// Splits one line without quotes that reach over its end. False where a quote is left open.
 bool splitLine(std::string_view line, char separator, std::vector<std::string>& cells);
 

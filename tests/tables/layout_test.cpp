@@ -81,10 +81,18 @@ TEST(TableLayout, ARowThatCannotBeReadIsRefusedWithItsLineAndTheNextOnesFollow)
                                         "11: the row is longer than a megabyte", "12: 3|4"}));
 }
 
+TEST(TableLayout, AMarkThatFirstStandsAmongTheReadingsBelongsToThem)
+{
+    EXPECT_EQ(shownRows(*openTable("# c\n1,2\n# 3,4\n").rows), (std::vector<std::string>{"2: 1|2"}));
+    EXPECT_EQ(shownRows(*openTable("a,b\n1,2\n# 3,4\n").rows),
+              (std::vector<std::string>{"2: 1|2", "3: # 3|4"}));
+}
+
 TEST(TableLayout, WhatIsNoTableIsOneSentence)
 {
     const std::pair<std::string, std::string> rows[] = {
         {"", "The table is empty."},
+        {std::string(20000, ',') + "1\n", "No row of numbers was found in the first 1 lines."},
         {"one\ntwo\n", "No row of numbers was found in the first 2 lines."},
         {"a\0b\0\0\0"s, "The file is no text: it holds zero bytes."},
         {"LOCATION,a\n1,2\n", "The weather file has no eight header lines with a place in the first."},
