@@ -25,7 +25,7 @@ QString shortened(const QString& text, qsizetype most)
 QString shortName(const std::string& id)
 {
     constexpr qsizetype kMost = 40; // characters
-    return shortened(toQt(catalogue::row(catalogue::indexOfId(id)).name).trimmed(), kMost);
+    return shortened(toQt(catalogue::row(catalogue::indexOfId(id)).name).simplified(), kMost);
 }
 
 QString starText(const workspace::Workspace& workspace, const std::string& id)
