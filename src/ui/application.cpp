@@ -78,8 +78,11 @@ Application::Application(const std::filesystem::path& programFolder)
       m_report(m_shell.workspace(), m_shell.session(), m_files, m_messages, m_pdf),
       m_main(m_shell.workspace(), toQt(m_shell.limitsWarning())),
       m_situations(m_shell.workspace().limits(),
-                   [this](auto situation) { m_shell.workspace().arrived(std::move(situation)); })
+                   [this](const auto& situation) { m_shell.workspace().arrived(situation); }),
+      m_pins(m_shell.workspace().limits(),
+             [this](const auto& situation) { m_shell.comparison().arrived(situation); })
 {
+    m_shell.comparison().onAsk([this](const classic::Inputs& inputs) { m_pins.ask(inputs); });
     m_shell.workspace().onAsk([this](const classic::Inputs& inputs) { m_situations.ask(inputs); });
     m_preferences.onFailure = [this](const std::string& sentence) { m_main.warn(toQt(sentence)); };
     addPanels();
@@ -124,6 +127,7 @@ Application::Application(const std::filesystem::path& programFolder)
 Application::~Application()
 {
     m_shell.workspace().onAsk({});
+    m_shell.comparison().onAsk({});
 }
 
 void Application::addPanels()

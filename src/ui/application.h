@@ -76,6 +76,7 @@ private:
     MainWindow m_main;
     QTimer m_keep; // until the last state is kept for the next session
     SituationRunner m_situations;
+    SituationRunner m_pins;
     std::unique_ptr<SplashWindow> m_splash;
     std::unique_ptr<ResultsWindow> m_results;
     std::unique_ptr<ConverterWindow> m_converter;

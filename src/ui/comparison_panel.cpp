@@ -398,6 +398,7 @@ void ComparisonPanel::refresh()
 
 void ComparisonPanel::complete()
 {
+    m_comparison.complete();
     showTable(m_comparison.workspace().present());
 }
 

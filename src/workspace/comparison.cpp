@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <utility>
 
 namespace comfortics::workspace {
@@ -51,10 +52,34 @@ std::string timeText(std::chrono::system_clock::time_point time)
     return text;
 }
 
-Comparison::Pinned Comparison::calculated(Pin pin) const
+void Comparison::arrived(const std::shared_ptr<const Situation>& situation)
 {
-    Situation situation = evaluate(m_workspace.limits(), pin.inputs);
-    return {std::move(pin), std::move(situation)};
+    for (Pinned& one : m_pinned)
+        if (one.awaited && one.situation->inputs == situation->inputs) {
+            one.situation = situation;
+            one.awaited = false;
+        }
+    changed.raise();
+    askNext();
+}
+
+void Comparison::askNext()
+{
+    const auto next = std::find_if(m_pinned.begin(), m_pinned.end(), std::mem_fn(&Pinned::awaited));
+    if (next == m_pinned.end())
+        return;
+    if (m_ask)
+        m_ask(next->situation->inputs);
+    else
+        complete();
+}
+
+void Comparison::complete()
+{
+    for (Pinned& one : m_pinned)
+        if (std::exchange(one.awaited, false))
+            one.situation =
+                std::make_shared<const Situation>(evaluate(m_workspace.limits(), one.situation->inputs));
 }
 
 std::string Comparison::freeName() const
@@ -74,7 +99,8 @@ std::string Comparison::pinPresent(std::chrono::system_clock::time_point time)
     const Situation& present = m_workspace.present();
     if (present.status == classic::RunStatus::Rejected)
         return present.problem;
-    m_pinned.push_back({{freeName(), timeText(time), present.inputs}, present});
+    m_pinned.push_back(
+        {{freeName(), timeText(time), present.inputs}, std::make_shared<const Situation>(present)});
     changed.raise();
     return {};
 }
@@ -137,9 +163,14 @@ std::string Comparison::fault(std::string_view json)
 void Comparison::restore(std::string_view json)
 {
     std::vector<Pinned> pinned;
-    for (Pin& pin : readPins(json))
-        pinned.push_back(calculated(std::move(pin)));
+    for (Pin& pin : readPins(json)) {
+        classic::Inputs inputs = pin.inputs;
+        inputs.settings.selection = classic::Selection::all();
+        auto situation = std::make_shared<const Situation>(awaited(inputs));
+        pinned.push_back({std::move(pin), std::move(situation), true});
+    }
     m_pinned = std::move(pinned);
+    askNext();
     changed.raise();
 }
 

@@ -7,8 +7,11 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace comfortics::workspace {
@@ -45,11 +48,19 @@ public:
 
     std::size_t count() const noexcept { return m_pinned.size(); }
     const Pin& pin(std::size_t place) const { return m_pinned.at(place).pin; }
-    const Situation& situation(std::size_t place) const { return m_pinned.at(place).situation; }
+    /// Of a pin that came from a file it may still be awaited.
+    const Situation& situation(std::size_t place) const { return *m_pinned.at(place).situation; }
     Workspace& workspace() const noexcept { return m_workspace; }
 
     /// Pins came, went, moved or have another name.
     controls::Event changed;
+
+    /// Who calculates what came from a file: asked for one situation after the other, he calls arrived() with
+    /// it, in this thread. While there is nobody (an empty function) it is calculated at once.
+    void onAsk(std::function<void(const classic::Inputs&)> ask) { m_ask = std::move(ask); }
+    void arrived(const std::shared_ptr<const Situation>& situation);
+    /// Calculates what is still awaited.
+    void complete();
 
     /// The pins as JSON; empty where there are none.
     std::string json() const;
@@ -65,13 +76,15 @@ public:
 private:
     struct Pinned {
         Pin pin;
-        Situation situation;
+        std::shared_ptr<const Situation> situation;
+        bool awaited = false;
     };
     std::string freeName() const;
-    Pinned calculated(Pin pin) const;
+    void askNext();
 
     Workspace& m_workspace;
     std::vector<Pinned> m_pinned;
+    std::function<void(const classic::Inputs&)> m_ask;
 };
 
 } // namespace comfortics::workspace

@@ -53,7 +53,7 @@ ComparisonCell differenceOf(const ComparisonCell& present, const ComparisonCell&
         cell.number = difference;
         cell.shown = differenceText(difference, present.shown, pinned.shown);
         cell.text = differenceText(difference, present.text, pinned.text);
-    } else if (present.note == kAwaited) {
+    } else if (present.note == kAwaited || pinned.note == kAwaited) {
         cell.note = kAwaited;
     } else if (!present.text.empty() || !pinned.text.empty()) {
         if (!present.number && present.text.empty())

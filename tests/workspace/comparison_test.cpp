@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace comfortics::workspace {
 namespace {
@@ -148,6 +151,30 @@ TEST(Comparison, ComesBackFromItsTextWithFiguresCalculatedAnew)
     later.comparison.restore("");
     EXPECT_EQ(later.comparison.count(), 0U);
     EXPECT_EQ(later.comparison.json(), "");
+}
+
+TEST(Comparison, CalculatesThePinsOfAFileOneAfterTheOther)
+{
+    Pinning program;
+    for (const char* const wind : {"1", "2", "3"}) {
+        program.type("30.5", "0", "49.5", wind);
+        program.pin();
+    }
+    Pinning later;
+    std::vector<classic::Inputs> asked;
+    later.comparison.onAsk([&asked](const classic::Inputs& inputs) { asked.push_back(inputs); });
+    later.comparison.restore(program.comparison.json());
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_EQ(later.comparison.situation(0).figure(195).reason, kAwaited);
+    later.comparison.arrived(std::make_shared<const Situation>(evaluate(later.limits, asked[0])));
+    ASSERT_EQ(asked.size(), 2U);
+    later.comparison.remove(1); // which is being calculated
+    later.comparison.complete();
+    for (const auto& [place, as] : {std::pair(0U, 0U), std::pair(1U, 2U)})
+        EXPECT_EQ(later.comparison.situation(place).figure(195).text,
+                  program.comparison.situation(as).figure(195).text);
+    later.comparison.arrived(std::make_shared<const Situation>(evaluate(later.limits, asked[1])));
+    EXPECT_EQ(asked.size(), 2U) << "there is nothing left to calculate";
 }
 
 TEST(Comparison, ShowsWhatIsPinnedWhileThePresentIsBeingCalculated)
