@@ -66,13 +66,13 @@ enum class Kind { Other, Small, Large, Digit };
 
 Kind kindOf(char32_t c)
 {
-    if (c >= '0' && c <= '9')
+    if ((c >= '0' && c <= '9') || c == '%') // "RH%" is two words, too
         return Kind::Digit;
     if ((c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ||
         (c >= 0x386 && c <= 0x3AB && c != 0x390))
         return Kind::Large;
-    const bool small = (c >= 'a' && c <= 'z') || (c >= 0xDF && c <= 0xFF && c != 0xF7) || c == '%' ||
-                       (c >= 0x390 && c <= 0x3CE);
+    const bool small =
+        (c >= 'a' && c <= 'z') || (c >= 0xDF && c <= 0xFF && c != 0xF7) || (c >= 0x390 && c <= 0x3CE);
     return small ? Kind::Small : Kind::Other;
 }
 

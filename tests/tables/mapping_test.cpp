@@ -81,6 +81,7 @@ TEST(TableMapping, NamesInFiveLanguagesAreKnown)
         {"Max Temp (°C)", "none"},
         {"Punto de rocío (°C)", "td:°C"},
         {"Humedad relativa (%)", "rh:%"},
+        {"RH%", "rh:%"},
         {"Σχετική υγρασία %", "rh:%"},
         {"surface_downwelling_shortwave_flux_in_air (W m-2)", "sr:W/m2"},
         {"Vitesse du vent à 10 m (km/h)", "ws:km/h@10"},
