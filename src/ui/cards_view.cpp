@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/cards_view.h"
 
-#include "catalogue/notes.h"
-#include "catalogue/references.h"
 #include "ui/bindings.h"
 #include "ui/chip.h"
 #include "ui/colors.h"
@@ -43,9 +41,15 @@ constexpr double kStripShare = 0.45; // of a card's width
 constexpr int kStripHeight = 14;
 constexpr double kCorner = 6;
 
-QString unitOf(int index)
+QString unitOf(const workspace::Item& item)
 {
-    return toQt(catalogue::row(index).shownUnit());
+    return toQt(item.unit());
+}
+
+/// A figure of a model that is one of several words.
+bool isWord(const workspace::Item& item)
+{
+    return item.model() != nullptr && !item.model()->results[item.result()].choices.empty();
 }
 
 QFont valueFont(const QFont& font)
@@ -131,7 +135,7 @@ public:
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         paintGround(*painter, option);
-        const int index = m_model.indexAt(item.row());
+        const workspace::Item& shown = m_model.itemAt(item.row());
         const workspace::Workspace& workspace = m_model.workspace();
         const QPalette palette = m_view.palette();
         const QFont font = m_view.font();
@@ -142,14 +146,14 @@ public:
         painter->setPen(palette.color(QPalette::Text));
         const QRect name(card.left(), card.top(), card.width() - starSize(font) - kBetween,
                          kNameLines * metrics.lineSpacing());
-        drawLines(*painter, name, toQt(catalogue::row(index).name), kNameLines);
-        const bool starred = workspace.sets.isStarred(catalogue::reference(index).id);
+        drawLines(*painter, name, toQt(shown.name()), kNameLines);
+        const bool starred = workspace.sets.isStarred(shown.id());
         drawStar(*painter, starRect(option.rect, font),
                  palette.color(starred ? QPalette::Text : QPalette::PlaceholderText), starred);
 
         const QRect rest(card.left(), name.bottom() + 1 + kBetween, card.width(),
                          card.bottom() - name.bottom() - kBetween);
-        paintFigure(*painter, rest, index, palette);
+        paintFigure(*painter, rest, shown, palette);
         painter->restore();
     }
 
@@ -166,7 +170,8 @@ private:
                                 kCorner);
     }
 
-    void paintFigure(QPainter& painter, const QRect& room, int index, const QPalette& palette) const
+    void paintFigure(QPainter& painter, const QRect& room, const workspace::Item& item,
+                     const QPalette& palette) const
     {
         const workspace::Workspace& workspace = m_model.workspace();
         const Follower& follower = workspace.follower;
@@ -179,10 +184,11 @@ private:
             drawLines(painter, room, toQt(follower.note()), 1);
             return;
         }
-        const Figure& figure = situation->figure(index);
+        const workspace::ItemFigure at = m_model.at(item);
+        const Figure& figure = at.figure;
         if (figure.text.empty()) {
             painter.setPen(palette.color(QPalette::PlaceholderText));
-            if (!situation->problem.empty()) { // told once, above all cards
+            if (!situation->problem.empty() && at.wantedField.empty()) { // told once, above all cards
                 painter.setFont(valueFont(font));
                 drawLines(painter, room, QStringLiteral("–"), 1);
                 return;
@@ -195,23 +201,24 @@ private:
         const int height = largeMetrics.height();
         const QString value = toQt(figure.text);
         painter.setFont(large);
-        painter.setPen(palette.color(quiet ? QPalette::PlaceholderText : QPalette::Text));
+        const bool outside = !figure.doubt.empty() && item.model() != nullptr;
+        painter.setPen(palette.color(quiet || outside ? QPalette::PlaceholderText : QPalette::Text));
         painter.drawText(QRect(room.left(), room.top(), room.width(), height),
                          Qt::AlignLeft | Qt::AlignBottom, value);
         painter.setFont(font);
         const int afterValue = room.left() + largeMetrics.horizontalAdvance(value) + kBetween;
         const int stripLeft = room.right() + 1 - static_cast<int>(room.width() * kStripShare);
-        const auto strip = workspace::stripOf(*situation, workspace.limits(), index);
+        const auto strip = workspace::stripOf(item, at, *situation, workspace.limits());
         const int unitWidth = (strip ? stripLeft - kBetween : room.right() + 1) - afterValue;
         const int lift = largeMetrics.descent() - metrics.descent(); // on the line of the value
         painter.drawText(QRect(afterValue, room.top(), unitWidth, height - lift),
                          Qt::AlignLeft | Qt::AlignBottom,
-                         metrics.elidedText(unitOf(index), Qt::ElideRight, unitWidth));
+                         metrics.elidedText(unitOf(item), Qt::ElideRight, unitWidth));
         if (strip)
             paintStrip(painter,
                        QRectF(stripLeft, room.top() + (height - kStripHeight) / 2.0,
                               room.right() + 1 - stripLeft, kStripHeight),
-                       *strip, palette, quiet);
+                       *strip, palette, quiet || outside);
 
         const QRect below(room.left(), room.top() + height + kBetween, room.width(), metrics.height() + 4);
         if (!figure.doubt.empty()) {
@@ -223,7 +230,7 @@ private:
                       1);
         } else if (figure.meaning) {
             paintChip(painter, below, Qt::AlignLeft | Qt::AlignVCenter, *figure.meaning, palette, quiet);
-        } else if (catalogue::scale(index).categories.empty()) {
+        } else if (item.scaleIndex() == 0 && !isWord(item)) {
             painter.setPen(palette.color(QPalette::PlaceholderText));
             drawLines(painter, below.adjusted(0, 2, 0, 0), QStringLiteral("No published classes"), 1);
         }
@@ -244,52 +251,57 @@ CardsModel::CardsModel(workspace::Workspace& workspace, QObject* parent)
 void CardsModel::repeatSet()
 {
     beginResetModel();
-    m_indices = m_workspace.sets.shownIndices();
+    m_items = m_workspace.sets.shownItems();
     endResetModel();
 }
 
 void CardsModel::repeatFigures()
 {
-    if (!m_indices.empty())
-        emit dataChanged(index(0), index(static_cast<int>(m_indices.size()) - 1));
+    if (!m_items.empty())
+        emit dataChanged(index(0), index(static_cast<int>(m_items.size()) - 1));
 }
 
 int CardsModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_indices.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_items.size());
 }
 
 QVariant CardsModel::data(const QModelIndex& item, int role) const
 {
     if (!item.isValid())
         return {};
-    const int index = indexAt(item.row());
+    const workspace::Item& shown = itemAt(item.row());
     switch (role) {
     case Qt::DisplayRole:
-        return toQt(catalogue::row(index).name);
+        return toQt(shown.name());
     case Qt::AccessibleTextRole:
-        return spoken(index);
+        return spoken(shown);
     case Qt::ToolTipRole:
-        return tip(hint(index));
+        return tip(hint(shown));
     case Qt::AccessibleDescriptionRole:
-        return hint(index);
+        return hint(shown);
     default:
         return {};
     }
 }
 
+workspace::ItemFigure CardsModel::at(const workspace::Item& item) const
+{
+    return workspace::itemFigure(item, *m_workspace.follower.situation(), m_workspace.person.texts());
+}
+
 // What a card says at a glance: "Humidex (Masterson; 1979): 41.9 °C, great discomfort +2".
-QString CardsModel::spoken(int index) const
+QString CardsModel::spoken(const workspace::Item& item) const
 {
     const Follower& follower = m_workspace.follower;
-    const QString name = toQt(catalogue::row(index).name) + QStringLiteral(": ");
+    const QString name = toQt(item.name()) + QStringLiteral(": ");
     if (follower.standing() == Follower::Standing::Calculating || follower.situation() == nullptr)
         return name + toQt(follower.note());
-    const Figure& figure = follower.situation()->figure(index);
+    const Figure figure = at(item).figure;
     if (figure.text.empty())
         return name + toQt(figure.reason);
     QString text = name + toQt(figure.text);
-    if (const QString unit = unitOf(index); !unit.isEmpty())
+    if (const QString unit = unitOf(item); !unit.isEmpty())
         text += QLatin1Char(' ') + unit;
     if (!figure.doubt.empty())
         text += QStringLiteral(", outside its limits");
@@ -300,26 +312,30 @@ QString CardsModel::spoken(int index) const
     return text;
 }
 
-QString CardsModel::hint(int index) const
+QString CardsModel::hint(const workspace::Item& item) const
 {
     const Follower& follower = m_workspace.follower;
-    QString text = toQt(catalogue::row(index).name);
+    QString text = toQt(item.name());
     const auto add = [&text](const std::string& more) {
         if (!more.empty())
             text += QLatin1Char('\n') + toQt(more);
     };
-    add(std::string(catalogue::note(index).description));
-    for (const std::string_view warning : catalogue::note(index).warnings)
+    add(std::string(item.description()));
+    for (const std::string_view warning : item.warnings())
         add("Mind: " + std::string(warning) + ".");
     if (follower.standing() == Follower::Standing::Calculating || follower.situation() == nullptr) {
         add(follower.note());
         return text;
     }
-    const Figure& figure = follower.situation()->figure(index);
+    const workspace::ItemFigure there = at(item);
+    const Figure& figure = there.figure;
     add(figure.reason);
+    if (!there.wantedField.empty())
+        add("F2 leads to its field.");
     add(figure.doubt);
+    add(there.assumed);
     if (figure.meaning)
-        add(catalogue::meaningNote(index, *figure.meaning));
+        add(catalogue::meaningNote(item.scaleIndex(), *figure.meaning));
     return text;
 }
 
@@ -344,6 +360,7 @@ CardsView::CardsView(workspace::Workspace& workspace, QWidget* parent)
     addStarKey(*this, workspace, [this] { return idAt(currentIndex()); });
     listen(*this, workspace.sets.changed, [this] { repeatSet(); });
     listen(*this, workspace.follower.changed, [this] { m_model->repeatFigures(); });
+    listen(*this, workspace.person.changed, [this] { m_model->repeatFigures(); });
 }
 
 // Whoever works with the keyboard stays where he was, or near.
@@ -363,9 +380,8 @@ void CardsView::repeatSet()
 
 std::string CardsView::idAt(const QModelIndex& index) const
 {
-    return index.isValid() && index.row() < m_model->rowCount()
-               ? std::string(catalogue::reference(m_model->indexAt(index.row())).id)
-               : std::string();
+    return index.isValid() && index.row() < m_model->rowCount() ? m_model->itemAt(index.row()).id()
+                                                                : std::string();
 }
 
 QSize CardsView::minimumSizeHint() const
@@ -411,6 +427,8 @@ void CardsView::keyPressEvent(QKeyEvent* event)
     const bool alt = event->modifiers() == Qt::AltModifier;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         open(currentIndex());
+    else if (event->key() == Qt::Key_F2)
+        mend(currentIndex());
     else if (event->matches(QKeySequence::Copy))
         copyValue();
     else if (alt && event->key() == Qt::Key_Up)
@@ -445,6 +463,9 @@ void CardsView::contextMenuEvent(QContextMenuEvent* event)
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(QStringLiteral("Open its sheet\tEnter"), this, [this, index] { open(index); });
+    if (!wantedField(index).empty())
+        menu->addAction(QStringLiteral("Go to the field that is missing\tF2"), this,
+                        [this, index] { mend(index); });
     addStarEntry(*menu, m_workspace, id);
     menu->addAction(QStringLiteral("Copy the value\tCtrl+C"), this, [this] { copyValue(); });
     if (m_workspace.sets.shown().own) {
@@ -463,6 +484,19 @@ void CardsView::open(const QModelIndex& index)
         m_workspace.lookAt(id);
 }
 
+std::string CardsView::wantedField(const QModelIndex& index) const
+{
+    if (!index.isValid() || m_workspace.follower.situation() == nullptr)
+        return {};
+    return m_model->at(m_model->itemAt(index.row())).wantedField;
+}
+
+void CardsView::mend(const QModelIndex& index)
+{
+    if (const std::string field = wantedField(index); !field.empty())
+        m_workspace.person.lookAt(field);
+}
+
 void CardsView::move(int by)
 {
     // By its place among all ids of the set: one that is not shown keeps its own.
@@ -479,7 +513,7 @@ void CardsView::copyValue()
     const workspace::Situation* const situation = m_workspace.follower.situation();
     if (!currentIndex().isValid() || situation == nullptr)
         return;
-    const std::string& text = situation->figure(m_model->indexAt(currentIndex().row())).text;
+    const std::string text = m_model->at(m_model->itemAt(currentIndex().row())).figure.text;
     if (!text.empty())
         QApplication::clipboard()->setText(toQt(text));
 }

@@ -11,7 +11,7 @@
 
 namespace comfortics::ui {
 
-/// The indices of the chosen set that this version knows.
+/// The indices and figures of models of the chosen set that this version knows.
 class CardsModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -21,22 +21,25 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
-    /// Number of the index of a card.
-    int indexAt(int row) const { return m_indices.at(static_cast<std::size_t>(row)); }
+    /// What a card shows.
+    const workspace::Item& itemAt(int row) const { return m_items.at(static_cast<std::size_t>(row)); }
+    /// Where the cards' situation stands, which there must be.
+    workspace::ItemFigure at(const workspace::Item& item) const;
     const workspace::Workspace& workspace() const { return m_workspace; }
 
     void repeatSet();
     void repeatFigures();
 
 private:
-    QString spoken(int index) const;
-    QString hint(int index) const;
+    QString spoken(const workspace::Item& item) const;
+    QString hint(const workspace::Item& item) const;
 
     workspace::Workspace& m_workspace;
-    std::vector<int> m_indices;
+    std::vector<workspace::Item> m_items;
 };
 
-/// The cards, side by side where there is room. A click or Enter opens the sheet of an index.
+/// The cards, side by side where there is room. A click or Enter opens the sheet of an index, F2 leads to the
+/// field that a model misses.
 class CardsView : public QListView {
     Q_OBJECT
 
@@ -61,6 +64,8 @@ private:
     void open(const QModelIndex& index);
     void move(int by);
     void copyValue();
+    std::string wantedField(const QModelIndex& index) const;
+    void mend(const QModelIndex& index);
     std::string idAt(const QModelIndex& index) const;
 
     workspace::Workspace& m_workspace;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/comparison_panel.h"
 
-#include "catalogue/references.h"
 #include "output/save_file.h"
 #include "ui/bindings.h"
 #include "ui/chip.h"
@@ -215,9 +214,11 @@ ComparisonPanel::ComparisonPanel(Comparison& comparison, controls::Clipboard& cl
 {
     workspace::Workspace& workspace = m_comparison.workspace();
     m_choices.push_back(
-        {QStringLiteral("Of the cards"), [&workspace] { return workspace.sets.shownIndices(); }});
-    m_choices.push_back({QStringLiteral("Ticked in the list"),
-                         [&workspace] { return workspace.form().settings().selection.indices(); }});
+        {QStringLiteral("Of the cards"), [&workspace] { return workspace.sets.shownItems(); }});
+    m_choices.push_back({QStringLiteral("Ticked in the list"), [&workspace] {
+                             const auto ticked = workspace.form().settings().selection.indices();
+                             return std::vector<workspace::Item>(ticked.begin(), ticked.end());
+                         }});
     auto* const row = buildRow();
     buildTable();
     m_note = new QLabel;
@@ -338,10 +339,10 @@ void ComparisonPanel::buildTable()
     m_table->horizontalHeader()->setHighlightSections(true);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { showCurrent(); });
     const auto openSheet = [this](const QModelIndex& index) {
-        const int number =
-            index.isValid() ? m_model->table().rows.at(static_cast<std::size_t>(index.row())).index : 0;
-        if (number != 0)
-            m_comparison.workspace().lookAt(catalogue::reference(number).id);
+        if (!index.isValid())
+            return;
+        if (const auto& item = m_model->table().rows.at(static_cast<std::size_t>(index.row())).item)
+            m_comparison.workspace().lookAt(item->id());
     };
     connect(m_table, &QTableView::activated, this, openSheet);
     const auto key = [this](const QKeySequence& keys, auto act) {
@@ -406,9 +407,9 @@ void ComparisonPanel::showTable(const workspace::Situation& present)
 {
     m_patience.stop();
     const auto shape = [this] {
-        std::vector<int> rows;
+        std::vector<std::optional<workspace::Item>> rows;
         for (const workspace::ComparisonRow& row : m_model->table().rows)
-            rows.push_back(row.index);
+            rows.push_back(row.item);
         return std::pair(m_model->columnCount(), std::move(rows));
     };
     const auto before = shape();

@@ -50,7 +50,7 @@ public:
     /// A choice of indices to compare.
     struct Choice {
         QString name;
-        std::function<std::vector<int>()> indices;
+        std::function<std::vector<workspace::Item>()> indices;
     };
 
     /// All must outlive the panel. The first choice is that of the start; the indices of the cards and those

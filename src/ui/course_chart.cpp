@@ -53,7 +53,7 @@ bool has(const CoursePoint& point)
 // The sign of a scale of dissatisfied is that of the vote at the point: a band has it where all points agree.
 std::optional<int> bandSeverity(const Course& course, const catalogue::Category& category)
 {
-    if (catalogue::voteBeside(course.request.index) == 0)
+    if (catalogue::voteBeside(course.request.item.index()) == 0)
         return category.severity;
     std::optional<int> found;
     for (const CoursePoint& point : course.points) {
@@ -138,16 +138,20 @@ bool CourseChart::curveLeaves() const
 QString CourseChart::valueAxisTitle(double room) const
 {
     const QFontMetricsF metrics(font());
-    const catalogue::CatalogueRow& row = catalogue::row(m_course->request.index);
-    QString unit = toQt(row.shownUnit());
+    const workspace::Item& item = m_course->request.item;
+    QString unit = toQt(item.unit());
     if (!unit.isEmpty())
         unit = QStringLiteral(" [%1]").arg(unit);
-    QString name = toQt(row.name).trimmed();
-    const auto abbreviations = catalogue::note(row.number).abbreviations;
+    QString name = toQt(item.name()).trimmed();
+    const auto abbreviations =
+        item.index() != 0 ? catalogue::note(item.index()).abbreviations : std::span<const std::string_view>();
+    const QString source = item.index() != 0
+                               ? QStringLiteral("(%1)").arg(toQt(catalogue::row(item.index()).source()))
+                               : QString();
     if (!abbreviations.empty())
         name = toQt(*std::min_element(abbreviations.begin(), abbreviations.end(),
                                       [](auto a, auto b) { return a.size() < b.size(); }));
-    else if (const QString source = QStringLiteral("(%1)").arg(toQt(row.source())); name.endsWith(source))
+    else if (!source.isEmpty() && name.endsWith(source))
         name = name.chopped(source.size()).trimmed();
     return metrics.elidedText(name, Qt::ElideRight, room - metrics.horizontalAdvance(unit)) + unit;
 }
@@ -204,7 +208,7 @@ std::vector<CourseChart::Run> CourseChart::runsOf(Is is) const
 void CourseChart::paintBands(QPainter& painter, const Frame& frame) const
 {
     const std::vector<Run> runs = runsOf([](const CoursePoint& point) { return point.meaning.has_value(); });
-    for (const catalogue::Category& category : catalogue::scale(m_course->request.index).categories) {
+    for (const catalogue::Category& category : m_course->request.item.scale().categories) {
         const double low = std::max(category.lower, m_values.low);
         const double high = std::min(category.upper, m_values.high);
         if (low >= high)
@@ -235,7 +239,7 @@ void CourseChart::paintBandLabels(QPainter& painter, const Frame& frame) const
     const Run& widest = *std::max_element(
         runs.begin(), runs.end(), [](const Run& a, const Run& b) { return a.to - a.from < b.to - b.from; });
     painter.setPen(palette().color(QPalette::Text));
-    for (const catalogue::Category& category : catalogue::scale(m_course->request.index).categories) {
+    for (const catalogue::Category& category : m_course->request.item.scale().categories) {
         const double low = std::max(category.lower, m_values.low);
         const double high = std::min(category.upper, m_values.high);
         if (low >= high)
@@ -420,7 +424,7 @@ void CourseChart::read(std::optional<std::size_t> place)
     }
     const CoursePoint& point = m_course->points[*place];
     const auto& info = classic::kReadingInfo[static_cast<std::size_t>(m_course->moved)];
-    const std::string_view unit = catalogue::row(m_course->request.index).shownUnit();
+    const std::string_view unit = m_course->request.item.unit();
     QString text = QStringLiteral("%1 %2: ").arg(toQt(point.readingText), toQt(info.unit()));
     if (has(point)) {
         text += toQt(point.text);

@@ -163,6 +163,12 @@ void FindBar::setRemark(const QString& remark)
     show();
 }
 
+void FindBar::setFoundBesides(std::size_t count)
+{
+    m_besides = count;
+    show();
+}
+
 std::vector<QWidget*> FindBar::tabOrder() const
 {
     return {m_line, m_filter};
@@ -213,7 +219,9 @@ void FindBar::show()
     m_filter->setText(filter.isEmpty() ? QStringLiteral("Filter") : QStringLiteral("Filter ✓"));
 
     QString message;
-    if (m_finding.hasWords() && m_finding.count() == 0) {
+    if (m_finding.hasWords() && m_finding.count() == 0 && m_besides > 0) {
+        message = QStringLiteral("No index is found, but some among the models of standards.");
+    } else if (m_finding.hasWords() && m_finding.count() == 0) {
         QStringList meant;
         for (const std::string& text : m_finding.didYouMean())
             meant += link(text);
@@ -247,7 +255,9 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event)
         return !isOverride && clear();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (!isOverride && m_finding.count() == 0 && !m_finding.didYouMean().empty())
+        if (!isOverride && m_finding.count() == 0 && m_besides > 0)
+            emit rowsWanted();
+        else if (!isOverride && m_finding.count() == 0 && !m_finding.didYouMean().empty())
             m_line->setText(toQt(m_finding.didYouMean().front()));
         else if (!isOverride)
             emit stepWanted(!key->modifiers().testFlag(Qt::ShiftModifier));

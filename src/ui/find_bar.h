@@ -31,6 +31,8 @@ public:
 
     /// Said beside the filters while they are set.
     void setRemark(const QString& remark);
+    /// How many are found in a list of the host's beside this one.
+    void setFoundBesides(std::size_t count);
     /// For entries of the host, below those of the filters.
     QMenu& menu() { return *m_menu; }
 
@@ -59,6 +61,7 @@ private:
     QLabel* m_message;
     QMenu* m_menu = nullptr;
     QString m_remark;
+    std::size_t m_besides = 0;
 };
 
 } // namespace comfortics::ui

@@ -35,7 +35,7 @@ std::size_t place(int row)
 }
 
 constexpr int kWidthInCharacters = 96;
-constexpr int kHeightInLines = 26;
+constexpr int kHeightInLines = 19; // with the models of standards below
 
 } // namespace
 

@@ -6,6 +6,7 @@
 #include "ui/find_bar.h"
 #include "ui/index_list.h"
 #include "ui/mark_style.h"
+#include "ui/models_list.h"
 #include "ui/star.h"
 #include "ui/widgets.h"
 
@@ -67,12 +68,16 @@ IndexPanel::IndexPanel(workspace::Workspace& workspace, QWidget* parent)
     top->addWidget(m_search, 1);
     top->addWidget(all);
     layout->addLayout(top);
+    m_models = new ModelsList(m_workspace);
+    m_models->list().installEventFilter(this);
     layout->addWidget(buildFind());
     layout->addWidget(m_list, 1);
+    layout->addWidget(m_models);
     m_tabOrder = {m_search};
     for (QWidget* const widget : m_find->tabOrder())
         m_tabOrder.push_back(widget);
     m_tabOrder.push_back(m_list);
+    m_tabOrder.push_back(&m_models->list());
     m_tabOrder.push_back(all);
 }
 
@@ -100,6 +105,8 @@ QWidget* IndexPanel::buildFind()
     connect(m_find, &FindBar::rowsWanted, this, [this] {
         if (m_finding.count() > 0)
             m_list->setFocus(Qt::OtherFocusReason);
+        else
+            m_models->stand();
     });
     for (const bool forward : {true, false})
         connect(new QShortcut(forward ? Qt::Key_F3 : Qt::SHIFT | Qt::Key_F3, this, nullptr, nullptr,
@@ -148,6 +155,7 @@ catalogue::Standing IndexPanel::standing(std::size_t row) const
 void IndexPanel::showFound()
 {
     m_list->showOnly([this](std::size_t row) { return m_finding.holds(row); });
+    m_find->setFoundBesides(m_models->look(m_finding));
 }
 
 void IndexPanel::step(bool forward)

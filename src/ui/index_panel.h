@@ -15,8 +15,10 @@ namespace comfortics::ui {
 
 class FindBar;
 class IndexList;
+class ModelsList;
 
-/// The index list with its search, the tick for all, and a line that shows only what it finds.
+/// The index list, and the models of standards below it, with their search, the tick for all, and a line that
+/// shows only what it finds.
 class IndexPanel : public QWidget {
     Q_OBJECT
 
@@ -49,6 +51,7 @@ private:
     QLineEdit* m_search = nullptr;
     IndexList* m_list = nullptr;
     FindBar* m_find = nullptr;
+    ModelsList* m_models = nullptr;
     QTimer* m_later = nullptr;
     std::vector<QWidget*> m_tabOrder;
 };

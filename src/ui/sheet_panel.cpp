@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheet_panel.h"
 
-#include "catalogue/references.h"
 #include "ui/bindings.h"
-#include "ui/chip.h"
 #include "ui/course_chart.h"
+#include "ui/facts_html.h"
+#include "ui/model_facts.h"
 #include "ui/picture_file.h"
 #include "ui/star.h"
 #include "ui/text.h"
@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDesktopServices>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -41,46 +42,6 @@ constexpr int kHeldLines = 4;
 constexpr int kSetCharacters = 20; // of its name
 constexpr std::chrono::milliseconds kPatience{50};
 constexpr const char* kAxisKey = "sheet/axis";
-
-QString escaped(std::string_view text)
-{
-    return toQt(text).toHtmlEscaped();
-}
-
-// Addresses in the text become links.
-QString linked(std::string_view text)
-{
-    QString html;
-    QStringList words = toQt(text).split(QLatin1Char(' '));
-    for (QString& word : words) {
-        QString tail;
-        while (!word.isEmpty() && QStringLiteral(".,;)").contains(word.back())) {
-            tail.prepend(word.back());
-            word.chop(1);
-        }
-        const bool address =
-            word.startsWith(QLatin1String("https://")) || word.startsWith(QLatin1String("http://"));
-        const QString safe = word.toHtmlEscaped();
-        html += (html.isEmpty() ? QString() : QStringLiteral(" ")) +
-                (address ? QStringLiteral("<a href=\"%1\">%1</a>").arg(safe) : safe) + tail.toHtmlEscaped();
-    }
-    return html;
-}
-
-QString heading(const char* text)
-{
-    return QStringLiteral("<h4>%1</h4>").arg(QString::fromLatin1(text));
-}
-
-QString paragraph(const QString& html)
-{
-    return html.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(html);
-}
-
-QString withUnit(const QString& value, std::string_view unit)
-{
-    return unit.empty() ? value : value + QLatin1Char(' ') + escaped(unit);
-}
 
 QString valueHtml(const IndexSheet& sheet)
 {
@@ -125,20 +86,11 @@ QString limitsHtml(const IndexSheet& sheet)
 QString classesHtml(const IndexSheet& sheet, const QPalette& palette)
 {
     QString html = heading("Classes");
-    if (!sheet.classes.empty()) {
-        QString rows;
-        for (const workspace::SheetClass& one : sheet.classes) {
-            const QString mark = one.isPresent ? QStringLiteral("<b>%1</b>") : QStringLiteral("%1");
-            const int severity = one.isPresent ? sheet.figure.meaning->severity : one.category->severity;
-            rows += QStringLiteral("<tr><td bgcolor=\"%1\">&nbsp;&nbsp;&nbsp;</td><td>&nbsp;%2</td>"
-                                   "<td>&nbsp;&nbsp;%3</td></tr>")
-                        .arg(severityField(severity, palette).name(),
-                             mark.arg(escaped(catalogue::inWords({one.category, severity})) +
-                                      (one.isPresent ? QStringLiteral(" \u25C0 now") : QString())),
-                             mark.arg(escaped(one.bounds)));
-        }
-        html += QStringLiteral("<table cellspacing=\"1\">%1</table>").arg(rows);
-    }
+    QString rows;
+    for (const workspace::SheetClass& one : sheet.classes)
+        rows += classRow(*one.category, one.bounds, one.isPresent,
+                         one.isPresent ? sheet.figure.meaning->severity : one.category->severity, palette);
+    html += classTable(rows);
     html += paragraph(escaped(sheet.classNote));
     if (!sheet.classSource.empty())
         html += paragraph(QStringLiteral("Source: ") + linked(sheet.classSource) + QLatin1Char('.'));
@@ -219,8 +171,10 @@ SheetPanel::SheetPanel(workspace::Workspace& workspace, controls::FileDialogs& f
 
     m_patience.setSingleShot(true);
     m_patience.setInterval(kPatience);
-    connect(&m_patience, &QTimer::timeout, this,
-            [this] { refreshFacts(catalogue::indexOfId(m_workspace.lookedAt()), false); });
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        if (const auto item = workspace::Item::ofId(m_workspace.lookedAt()))
+            refreshFacts(*item, false);
+    });
     listen(*this, m_workspace.changed, [this] { notice(); });
     listen(*this, m_workspace.looked, [this] { notice(); });
     listen(*this, m_workspace.found, [this] { notice(); });
@@ -234,7 +188,8 @@ QWidget* SheetPanel::buildTop()
     m_text = new QTextBrowser;
     m_text->setObjectName(QStringLiteral("sheet"));
     m_text->setAccessibleName(QStringLiteral("Sheet of the index"));
-    m_text->setOpenExternalLinks(true);
+    m_text->setOpenLinks(false);
+    connect(m_text, &QTextBrowser::anchorClicked, this, &SheetPanel::follow);
     m_text->setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
 
     m_star = new QToolButton;
@@ -330,8 +285,8 @@ void SheetPanel::notice()
     m_late = true;
     if (m_asked) {
         const auto axis = static_cast<CourseAxis>(m_axis->currentIndex());
-        const int index = catalogue::indexOfId(m_workspace.lookedAt());
-        if (*m_asked != workspace::CourseRequest{m_workspace.presentInputs(), index, axis})
+        const auto item = workspace::Item::ofId(m_workspace.lookedAt());
+        if (!item || *m_asked != requestOf(*item, axis))
             m_chart->showNone({});
     }
     QTimer::singleShot(0, this, [this] {
@@ -355,20 +310,20 @@ void SheetPanel::changeEvent(QEvent* event)
 
 void SheetPanel::refresh()
 {
-    const int index = catalogue::indexOfId(m_workspace.lookedAt());
-    m_axis->setEnabled(index != 0);
+    const auto item = workspace::Item::ofId(m_workspace.lookedAt());
+    m_axis->setEnabled(item.has_value());
     m_picture->setEnabled(false);
     nameAxes();
     showStar();
-    if (index == 0) {
+    if (!item) {
         m_text->setPlainText(
             QStringLiteral("No index is looked at. A card or a row of the list or of the results "
                            "opens the sheet of its index."));
         m_chart->showNone({});
         return;
     }
-    refreshFacts(index, true);
-    askCourse(index);
+    refreshFacts(*item, true);
+    askCourse(*item);
 }
 
 void SheetPanel::showStar()
@@ -388,7 +343,7 @@ void SheetPanel::showStar()
 }
 
 // Earlier figures stand while there is patience.
-void SheetPanel::refreshFacts(int index, bool patiently)
+void SheetPanel::refreshFacts(const workspace::Item& item, bool patiently)
 {
     const workspace::Situation* const present = m_workspace.presentSoon();
     if (present == nullptr && patiently) {
@@ -397,8 +352,13 @@ void SheetPanel::refreshFacts(int index, bool patiently)
         return;
     }
     m_patience.stop();
-    const IndexSheet sheet = workspace::indexSheet(
-        present ? *present : workspace::awaited(m_workspace.presentInputs()), m_workspace.limits(), index);
+    const workspace::Situation situation =
+        present ? *present : workspace::awaited(m_workspace.presentInputs());
+    if (item.model() != nullptr) {
+        showFacts(toQt(item.id()), modelFacts(item, situation, m_workspace.person.texts(), palette()));
+        return;
+    }
+    const IndexSheet sheet = workspace::indexSheet(situation, m_workspace.limits(), item.index());
     showFacts(toQt(sheet.id), present ? factsHtml(sheet, palette()) : awaitedHtml(sheet));
 }
 
@@ -414,10 +374,27 @@ void SheetPanel::showFacts(const QString& id, const QString& html)
     m_text->verticalScrollBar()->setValue(place);
 }
 
-void SheetPanel::askCourse(int index)
+// An index reads nothing of the person.
+workspace::CourseRequest SheetPanel::requestOf(const workspace::Item& item, CourseAxis axis) const
 {
-    workspace::CourseRequest request{m_workspace.presentInputs(), index,
-                                     static_cast<CourseAxis>(m_axis->currentIndex())};
+    return {m_workspace.presentInputs(), item, axis,
+            item.model() != nullptr ? m_workspace.person.texts() : workspace::FieldTexts()};
+}
+
+// To an address, to the field of an input, or to another figure of the model.
+void SheetPanel::follow(const QUrl& link)
+{
+    if (link.scheme() == QLatin1String(kFieldLink))
+        m_workspace.person.lookAt(fromQt(link.path()));
+    else if (link.scheme() == QLatin1String(kFigureLink))
+        m_workspace.lookAt(fromQt(link.path()));
+    else
+        QDesktopServices::openUrl(link);
+}
+
+void SheetPanel::askCourse(const workspace::Item& item)
+{
+    workspace::CourseRequest request = requestOf(item, static_cast<CourseAxis>(m_axis->currentIndex()));
     const bool isThere = m_chart->course() != nullptr && m_chart->course()->request == request;
     m_picture->setEnabled(isThere);
     if (isThere)

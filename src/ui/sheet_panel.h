@@ -16,13 +16,14 @@ class QComboBox;
 class QLabel;
 class QTextBrowser;
 class QToolButton;
+class QUrl;
 
 namespace comfortics::ui {
 
 class CourseChart;
 
-/// The sheet of the index that is looked at: what it is, where the readings stand, and its course over one of
-/// them.
+/// The sheet of the index or model that is looked at: what it is, where the readings stand, and its course
+/// over one of them.
 class SheetPanel : public QWidget {
     Q_OBJECT
 
@@ -48,8 +49,10 @@ private:
     void notice();
     void showStar();
     void showFacts(const QString& id, const QString& html);
-    void refreshFacts(int index, bool patiently);
-    void askCourse(int index);
+    void refreshFacts(const workspace::Item& item, bool patiently);
+    void askCourse(const workspace::Item& item);
+    workspace::CourseRequest requestOf(const workspace::Item& item, workspace::CourseAxis axis) const;
+    void follow(const QUrl& link);
     void takeCourse();
     void nameAxes();
     void copyPicture();

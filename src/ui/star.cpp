@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/star.h"
 
-#include "catalogue/references.h"
 #include "ui/text.h"
 
 #include <QMenu>
@@ -25,7 +24,8 @@ QString shortened(const QString& text, qsizetype most)
 QString shortName(const std::string& id)
 {
     constexpr qsizetype kMost = 40; // characters
-    return shortened(toQt(catalogue::row(catalogue::indexOfId(id)).name).simplified(), kMost);
+    const auto item = workspace::Item::ofId(id);
+    return shortened(toQt(item ? item->name() : id).simplified(), kMost);
 }
 
 QString starText(const workspace::Workspace& workspace, const std::string& id)

@@ -43,8 +43,8 @@ Axis valueAxis(const Course& course)
         }
     if (low > high) // no value anywhere
         low = high = 0;
-    const auto categories = catalogue::scale(course.request.index).categories;
-    if (catalogue::hasPole(course.request.index) && categories.size() > 1) {
+    const auto categories = course.request.item.scale().categories;
+    if (catalogue::hasPole(course.request.item.index()) && categories.size() > 1) {
         const double lowest = categories.front().upper;
         const double highest = categories.back().lower;
         low = std::max(low, lowest - (highest - lowest));

@@ -28,8 +28,16 @@ std::vector<Pin> readPins(std::string_view json)
     for (const ordered_json& one : root) {
         if (!one.is_object())
             throw Damage("a pinned situation is not what it should be");
-        Pin pin{text(one, "name", Comparison::kLongestName), text(one, "pinned", kLongestEntry),
-                readInputs(one)};
+        Pin pin{text(one, "name", Comparison::kLongestName),
+                text(one, "pinned", kLongestEntry),
+                readInputs(one),
+                {}};
+        if (const auto person = one.find("person"); person != one.end()) {
+            const std::string fields = person->dump();
+            if (const std::string fault = faultOfFields(fields); !fault.empty())
+                throw Damage("of a pinned situation " + fault);
+            pin.person = fieldsOfText(fields);
+        }
         if (pin.name.empty())
             throw Damage("a pinned situation has no name");
         pins.push_back(std::move(pin));
@@ -99,8 +107,8 @@ std::string Comparison::pinPresent(std::chrono::system_clock::time_point time)
     const Situation& present = m_workspace.present();
     if (present.status == classic::RunStatus::Rejected)
         return present.problem;
-    m_pinned.push_back(
-        {{freeName(), timeText(time), present.inputs}, std::make_shared<const Situation>(present)});
+    m_pinned.push_back({{freeName(), timeText(time), present.inputs, m_workspace.person.texts()},
+                        std::make_shared<const Situation>(present)});
     changed.raise();
     return {};
 }
@@ -145,6 +153,8 @@ std::string Comparison::json() const
     for (const Pinned& one : m_pinned) {
         ordered_json pin{{"name", one.pin.name}, {"pinned", one.pin.time}};
         putInputs(pin, one.pin.inputs);
+        if (!one.pin.person.empty())
+            pin["person"] = ordered_json::parse(textOfFields(one.pin.person), nullptr, false);
         root.push_back(std::move(pin));
     }
     return root.dump(-1, ' ', false, ordered_json::error_handler_t::replace);

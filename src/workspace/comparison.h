@@ -21,6 +21,7 @@ struct Pin {
     std::string name;
     std::string time; ///< when it was pinned, as timeText() writes it
     classic::Inputs inputs;
+    FieldTexts person; ///< with which the models of standards are calculated
 
     friend bool operator==(const Pin&, const Pin&) = default;
 };
@@ -29,7 +30,8 @@ struct Pin {
 std::string timeText(std::chrono::system_clock::time_point time);
 
 /// The pinned situations, in the order in which they stand beside the present one. What was pinned is its
-/// readings, assumptions and options: the figures are calculated anew when a session is opened.
+/// readings, assumptions, options, person and place: the figures are calculated anew when a session is
+/// opened.
 class Comparison final : public SessionPart {
 public:
     static constexpr std::size_t kMostPins = 12;

@@ -100,15 +100,20 @@ ComparisonCell readingCell(const Situation& situation, std::size_t reading)
     return cell;
 }
 
-ComparisonCell indexCell(const Situation& situation, int index)
+ComparisonCell itemCell(const Situation& situation, const FieldTexts& person, const Item& item)
 {
-    const Figure& figure = situation.figure(index);
+    const ItemFigure at = itemFigure(item, situation, person);
+    const Figure& figure = at.figure;
     ComparisonCell cell = textCell(figure.text, figure.text.empty() ? figure.reason : figure.doubt);
     cell.number = figure.number;
     cell.meaning = figure.meaning;
     cell.doubtful = !figure.doubt.empty();
     if (cell.note.empty() && figure.meaning)
-        cell.note = catalogue::meaningNote(index, *figure.meaning);
+        cell.note = catalogue::meaningNote(item.scaleIndex(), *figure.meaning);
+    if (figure.number && !at.assumed.empty())
+        cell.note += (cell.note.empty() ? "" : " ") + at.assumed;
+    if (item.model() != nullptr && !item.model()->results[item.result()].choices.empty())
+        cell.number.reset(); // words have no difference
     return cell;
 }
 
@@ -138,13 +143,13 @@ public:
     /// A row that `cellOf` tells for each situation.
     void addRow(std::string_view name, std::string_view unit,
                 const std::function<ComparisonCell(const Situation&, std::size_t place)>& cellOf,
-                int index = 0)
+                const std::optional<Item>& item = std::nullopt)
     {
         Cells cells;
         for (std::size_t i = 0; i < m_situations.size(); ++i)
             cells.push_back(cellOf(*m_situations[i], i));
         ComparisonRow row;
-        row.index = index;
+        row.item = item;
         row.cells.push_back(textCell(std::string(name)));
         row.cells.push_back(textCell(std::string(unit)));
         for (std::size_t i = 0; i < cells.size(); ++i) {
@@ -201,12 +206,14 @@ std::string lines(const ComparisonTable& table, char separator, const char* end,
 } // namespace
 
 ComparisonTable comparisonTable(const Situation& present, const Comparison& comparison,
-                                const std::vector<int>& indices)
+                                const std::vector<Item>& items)
 {
-    const bool withClasses = std::any_of(indices.begin(), indices.end(), [](int index) {
-        return !catalogue::scale(index).categories.empty();
-    });
+    const bool withClasses =
+        std::any_of(items.begin(), items.end(), [](const Item& item) { return item.scaleIndex() != 0; });
     Builder builder(present, comparison, withClasses);
+    std::vector<FieldTexts> persons{comparison.workspace().person.texts()};
+    for (std::size_t i = 0; i < comparison.count(); ++i)
+        persons.push_back(comparison.pin(i).person);
     if (comparison.count() > 0)
         builder.addRow("Pinned", {}, [&](const Situation&, std::size_t place) {
             return place == 0 ? textCell({}, "The present situation is not pinned.")
@@ -229,6 +236,21 @@ ComparisonTable comparisonTable(const Situation& present, const Comparison& comp
             return cell;
         });
     }
+    for (const Field& field : fields()) {
+        const auto typed = [&](std::size_t place) {
+            const auto found = persons[place].find(field.info->id);
+            return found == persons[place].end() ? std::string() : found->second;
+        };
+        bool differs = false;
+        for (std::size_t place = 1; place < persons.size(); ++place)
+            differs = differs || typed(place) != typed(0);
+        if (differs)
+            builder.addRow(field.info->name, field.info->unit, [&](const Situation&, std::size_t place) {
+                ComparisonCell cell = textCell(typed(place), "Person and place, as typed.");
+                cell.number = texts::numericValue(cell.text);
+                return cell;
+            });
+    }
     for (std::size_t i = 0; i < classic::kReadingCount; ++i)
         builder.addRow(classic::kReadingInfo[i].heading, classic::kReadingInfo[i].unit(),
                        [i](const Situation& situation, std::size_t) { return readingCell(situation, i); });
@@ -237,10 +259,13 @@ ComparisonTable comparisonTable(const Situation& present, const Comparison& comp
                        [i](const Situation& situation, std::size_t) {
                            return liveCell(situation, static_cast<Live>(i));
                        });
-    for (const int index : indices)
+    for (const Item& item : items)
         builder.addRow(
-            catalogue::row(index).name, catalogue::row(index).shownUnit(),
-            [index](const Situation& situation, std::size_t) { return indexCell(situation, index); }, index);
+            item.name(), item.unit(),
+            [&](const Situation& situation, std::size_t place) {
+                return itemCell(situation, persons[place], item);
+            },
+            item);
     return builder.take();
 }
 
@@ -257,7 +282,7 @@ ComparisonTable partOf(const ComparisonTable& table, const std::set<ComparisonPl
         part.columns.push_back(table.columns.at(column));
     for (const std::size_t row : rows) {
         ComparisonRow& taken = part.rows.emplace_back();
-        taken.index = table.rows.at(row).index;
+        taken.item = table.rows.at(row).item;
         for (const std::size_t column : columns)
             taken.cells.push_back(table.rows.at(row).cells.at(column));
     }

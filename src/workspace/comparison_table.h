@@ -5,6 +5,7 @@
 
 #include "catalogue/categories.h"
 #include "workspace/comparison.h"
+#include "workspace/item.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -36,7 +37,7 @@ struct ComparisonColumn {
 };
 
 struct ComparisonRow {
-    int index = 0; ///< of an index, 0 for any other quantity
+    std::optional<Item> item{}; ///< an index or a figure of a model; none for any other quantity
     std::vector<ComparisonCell> cells;
 };
 
@@ -45,12 +46,12 @@ struct ComparisonTable {
     std::vector<ComparisonRow> rows;
 };
 
-/// Readings, live quantities and the given indices of a situation, the present one, and of what is pinned. A
-/// difference is the
-/// present number less the pinned one, before either was rounded, with the decimals of the texts; where one
-/// of them has no number there is none. Assumptions are rows where they differ.
+/// Readings, live quantities and the given items of a situation, the present one, and of what is pinned. A
+/// difference is the present number less the pinned one, before either was rounded, with the decimals of the
+/// texts; where one of them has no number there is none. Assumptions, person and place are rows where they
+/// differ.
 ComparisonTable comparisonTable(const Situation& present, const Comparison& comparison,
-                                const std::vector<int>& indices);
+                                const std::vector<Item>& items);
 
 /// A cell by its row and column.
 using ComparisonPlace = std::pair<std::size_t, std::size_t>;

@@ -67,15 +67,32 @@ std::string withUnit(const std::string& number, Reading reading)
     return number + " " + std::string(infoOf(reading).unit());
 }
 
-Range airRange(const classic::Inputs& inputs, const classic::IndexLimits& bounds, int index, double Ta)
+/// The range of a model for a quantity of the readings; none where it has no ends.
+std::optional<Range> modelRange(const Item& item, formulas::Live quantity)
 {
-    Range range{Ta - kAirAround, Ta + kAirAround};
-    const catalogue::CatalogueRow& row = catalogue::row(index);
+    for (const catalogue::AdditionInput& input : item.model()->inputs)
+        if (input.info->live == quantity && input.range.high < standards::kLargest)
+            return Range{input.range.low, input.range.high};
+    return std::nullopt;
+}
+
+std::optional<Range> airLimits(const classic::Limits& limits, const Item& item)
+{
+    if (item.model() != nullptr)
+        return modelRange(item, formulas::Live::Ta);
+    const catalogue::CatalogueRow& row = catalogue::row(item.index());
+    const classic::IndexLimits& bounds = limits.of(item.index());
     const bool limited = row.gate != catalogue::Gate::None && row.gated == catalogue::Gated::Ta &&
                          bounds.given() && bounds.Tair_min.number < bounds.Tair_max.number;
-    if (limited) {
-        const double low = std::max(bounds.Tair_min.number, kLowestAir);
-        const double high = std::min(bounds.Tair_max.number, kHighestAir);
+    return limited ? std::optional(Range{bounds.Tair_min.number, bounds.Tair_max.number}) : std::nullopt;
+}
+
+Range airRange(const classic::Inputs& inputs, const std::optional<Range>& limits, double Ta)
+{
+    Range range{Ta - kAirAround, Ta + kAirAround};
+    if (limits) {
+        const double low = std::max(limits->from, kLowestAir);
+        const double high = std::min(limits->to, kHighestAir);
         range = {std::min(low - kAirBeyondLimits, Ta), std::max(high + kAirBeyondLimits, Ta)};
     }
     range = {std::max(range.from, std::min(kLowestAir, Ta)), std::min(range.to, kHighestAir)};
@@ -86,26 +103,29 @@ Range airRange(const classic::Inputs& inputs, const classic::IndexLimits& bounds
     return range;
 }
 
-double highestWind(const classic::IndexLimits& bounds, int index)
+double highestWind(const classic::Limits& limits, const Item& item)
 {
-    const bool limited = catalogue::row(index).gate != catalogue::Gate::None && bounds.WS_max.number > 0;
-    return limited ? std::clamp(bounds.WS_max.number * 1.1, kUsualWind, kStormyWind) : kUsualWind;
+    double highest = 0;
+    if (item.model() != nullptr)
+        highest = modelRange(item, formulas::Live::WS).value_or(Range{0, 0}).to;
+    else if (catalogue::row(item.index()).gate != catalogue::Gate::None)
+        highest = limits.of(item.index()).WS_max.number;
+    return highest > 0 ? std::clamp(highest * 1.1, kUsualWind, kStormyWind) : kUsualWind;
 }
 
 Range rangeOf(const classic::Limits& limits, const CourseRequest& request, Reading moved)
 {
-    const classic::IndexLimits& bounds = limits.of(request.index);
     const double Ta = numberOf(request.inputs, Reading::TA).value_or(0);
     const double now = numberOf(request.inputs, moved).value_or(Ta);
     switch (moved) {
     case Reading::TA:
-        return airRange(request.inputs, bounds, request.index, Ta);
+        return airRange(request.inputs, airLimits(limits, request.item), Ta);
     case Reading::DP:
         return {std::min(Ta - kDewPointBelowAir, now), Ta};
     case Reading::RH:
         return {std::min(kLowestHumidity, now), kHighestHumidity};
     case Reading::WS:
-        return {kLowestWind, std::max(highestWind(bounds, request.index), now)};
+        return {kLowestWind, std::max(highestWind(limits, request.item), now)};
     case Reading::TG:
         return {Ta - kGlobeBelowAir, std::max(Ta + kGlobeAboveAir, now)};
     case Reading::SR:
@@ -153,13 +173,13 @@ std::vector<CoursePoint> placesOf(Range range, Reading moved, const std::string&
     return points;
 }
 
-void fill(CoursePoint& point, const Situation& situation, int index)
+void fill(CoursePoint& point, const Situation& situation, const CourseRequest& request)
 {
     if (situation.status == classic::RunStatus::Rejected) {
         point.reason = situation.problem;
         return;
     }
-    const Figure& figure = situation.figure(index);
+    const Figure figure = itemFigure(request.item, situation, request.person).figure;
     point.kind = figure.kind;
     point.reason = figure.reason;
     if (figure.number && !std::isfinite(*figure.number)) {
@@ -170,10 +190,10 @@ void fill(CoursePoint& point, const Situation& situation, int index)
     point.value = figure.number;
     point.text = figure.text;
     point.meaning = figure.meaning;
-    point.inside = figure.limits == OutcomeKind::Value;
+    point.inside = figure.limits == OutcomeKind::Value && figure.doubt.empty();
     const auto& Ta = situation.liveFigure(formulas::Live::Ta).number;
     const auto& Ea = situation.liveFigure(formulas::Live::Ea).number;
-    point.beyondPole = Ta && Ea && catalogue::isBeyondPole(index, *Ta, *Ea);
+    point.beyondPole = Ta && Ea && catalogue::isBeyondPole(request.item.index(), *Ta, *Ea);
 }
 
 std::string intervalOf(const classic::Bound& low, const classic::Bound& high, const char* unit)
@@ -188,20 +208,30 @@ std::string clauseOf(std::string sentence)
     return sentence;
 }
 
-std::string gapReason(std::span<const CoursePoint> points, const classic::Limits& limits, int index,
-                      Reading moved)
+/// Empty where no limit is the reason.
+std::string limitReason(OutcomeKind kind, const classic::Limits& limits, const Item& item)
 {
-    const catalogue::CatalogueRow& row = catalogue::row(index);
-    const classic::IndexLimits& bounds = limits.of(index);
-    const CoursePoint& first = points.front();
-    if (first.kind == OutcomeKind::OutsideTemperature && bounds.given())
+    if (item.model() != nullptr)
+        return {};
+    const catalogue::CatalogueRow& row = catalogue::row(item.index());
+    const classic::IndexLimits& bounds = limits.of(item.index());
+    if (kind == OutcomeKind::OutsideTemperature && bounds.given())
         return "outside its limits, " + std::string(catalogue::gatedName(row.gated)) + " from " +
                intervalOf(bounds.Tair_min, bounds.Tair_max, "°C") +
                (row.gate == catalogue::Gate::Text ? " or compared as texts" : "");
-    if (first.kind == OutcomeKind::OutsideWind)
+    if (kind == OutcomeKind::OutsideWind)
         return std::string("outside its limits, the wind ") +
                (row.gateWind == catalogue::GateWind::At10m ? "at 10 m " : "") + "from " +
                intervalOf(bounds.WS_min, bounds.WS_max, "m/s");
+    return {};
+}
+
+std::string gapReason(std::span<const CoursePoint> points, const classic::Limits& limits, const Item& item,
+                      Reading moved)
+{
+    const CoursePoint& first = points.front();
+    if (std::string reason = limitReason(first.kind, limits, item); !reason.empty())
+        return reason;
     const bool allSay = std::all_of(points.begin(), points.end(), [&first](const CoursePoint& point) {
         return point.reason == first.reason;
     });
@@ -220,7 +250,7 @@ std::vector<CourseGap> gapsOf(const Course& course, const classic::Limits& limit
                 ++end;
             gaps.push_back(
                 {points[i].reading, points[end - 1].reading, points[i].kind,
-                 gapReason(points.subspan(i, end - i), limits, course.request.index, course.moved)});
+                 gapReason(points.subspan(i, end - i), limits, course.request.item, course.moved)});
         }
         i = end;
     }
@@ -276,6 +306,11 @@ Course courseOf(const classic::Limits& limits, const CourseRequest& request,
     course.moved = movedReading(request.inputs, request.axis);
     course.held = heldOf(course);
     const std::string& presentText = textOf(request.inputs, course.moved);
+    if (const catalogue::Addition* const model = request.item.model();
+        model != nullptr && !model->results[request.item.result()].choices.empty()) {
+        course.problem = "It is a word and no number, so that it has no course.";
+        return course;
+    }
     const Situation now = evaluate(limits, request.inputs);
     if (now.status == classic::RunStatus::Rejected) {
         course.problem = now.problem;
@@ -289,7 +324,7 @@ Course courseOf(const classic::Limits& limits, const CourseRequest& request,
         if (goOn && !goOn())
             return course;
         inputs.readings[static_cast<std::size_t>(course.moved)] = point.readingText;
-        fill(point, evaluate(limits, inputs), request.index);
+        fill(point, evaluate(limits, inputs), request);
     }
     course.points = std::move(points);
     for (std::size_t i = 0; i < course.points.size(); ++i)
@@ -326,12 +361,11 @@ std::string Course::inWords() const
 {
     if (points.empty())
         return problem;
-    const catalogue::CatalogueRow& row = catalogue::row(request.index);
     const auto valueAt = [&](const CoursePoint& point) {
-        const std::string unit(row.shownUnit());
+        const std::string unit(request.item.unit());
         return point.text + (unit.empty() ? unit : " " + unit) + " at " + withUnit(point.readingText, moved);
     };
-    std::string words = std::string(row.name) + " over the " + nameOf(moved) + " from " +
+    std::string words = request.item.name() + " over the " + nameOf(moved) + " from " +
                         points.front().readingText + " to " + withUnit(points.back().readingText, moved) +
                         ": ";
     std::vector<const CoursePoint*> standing;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The course of one index while one reading moves and the others are held.
+// The course of one index or figure of a model while one reading moves and the others are held.
 #pragma once
 
 #include "classic/calculation.h"
 #include "classic/limits.h"
+#include "workspace/item.h"
 #include "workspace/situation.h"
 
 #include <cstdint>
@@ -25,8 +26,9 @@ classic::Reading movedReading(const classic::Inputs& inputs, CourseAxis axis);
 
 struct CourseRequest {
     classic::Inputs inputs;
-    int index = 1;
+    Item item = 1;
     CourseAxis axis = CourseAxis::AirTemperature;
+    FieldTexts person{}; ///< with which a model is calculated, the same at each point
 
     friend bool operator==(const CourseRequest&, const CourseRequest&) = default;
 };

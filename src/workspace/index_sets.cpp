@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/index_sets.h"
 
-#include "catalogue/references.h"
 #include "texts/text.h"
 
 #include <nlohmann/json.hpp>
@@ -22,7 +21,7 @@ constexpr const char* kFirstOwn = "My indices";
 constexpr std::size_t kLongestName = 60; // bytes; a card set's button has no more room
 
 // Chosen by what the published names are asked for where such people work; an index that says nothing in the
-// weather that the set is for is left out.
+// weather that the set is for is left out. What wants person and place besides stands behind.
 std::vector<IndexSet> readySets()
 {
     return {
@@ -32,14 +31,15 @@ std::vector<IndexSet> readySets()
          // serves where no globe hangs, then what the body makes of it.
          .ids = {"wbgt_outdoor", "wbgt_indoor", "utci", "heat_index_noaa", "humidex_masterson",
                  "environmental_stress_index_moran", "discomfort_index_tennenbaum",
-                 "heart_rate_moderate_intensity_fuller"}},
+                 "heart_rate_moderate_intensity_fuller", "wbgt_iso7243.wbgt_eff", "wbgt_iso7243.wbgt_ref",
+                 "phs_2023.d_lim"}},
         {.name = "Cold",
          .purpose = "for work and sport in frost and wind",
          // In °C first: of the seven wind chills the one that services give, not its twin in °F. Then what to
          // wear, and the skin that freezes.
          .ids = {"wind_chill_noaa", "utci", "insulation_predicted_blazejczyk",
                  "facial_skin_temperature_cheek_adamenko", "exposed_skin_temperature_brauner",
-                 "wind_chill_siple", "weather_severity_bodman"}},
+                 "wind_chill_siple", "weather_severity_bodman", "ireq.icl_neutral"}},
         {.name = "Weather service",
          .purpose = "for forecasters: what services publish",
          .ids = {"utci", "heat_index_noaa", "humidex_masterson", "wind_chill_noaa",
@@ -50,7 +50,7 @@ std::vector<IndexSet> readySets()
          .ids = {"predicted_mean_vote_low_da_silva", "predicted_dissatisfied_low_da_silva",
                  "predicted_mean_vote_resting_da_silva", "predicted_dissatisfied_resting_da_silva",
                  "operative_temperature_ashrae", "draught_risk_medium_turbulence_fanger",
-                 "summer_simmer_index_pepi"}},
+                 "summer_simmer_index_pepi", "pmv_iso.pmv", "pmv_iso.ppd", "two_node.set"}},
         {.name = "Teaching",
          .purpose = "for classes: a hundred years of ideas, one of each",
          // By year: sensation, cooling of a thermometer, wind chill, instrument, comfort in two readings,
@@ -118,13 +118,13 @@ std::optional<std::size_t> IndexSets::placeOf(std::string_view name) const
     return static_cast<std::size_t>(found - m_sets.begin());
 }
 
-std::vector<int> IndexSets::shownIndices() const
+std::vector<Item> IndexSets::shownItems() const
 {
-    std::vector<int> indices;
+    std::vector<Item> items;
     for (const std::string& id : shown().ids)
-        if (const int index = catalogue::indexOfId(id); index != 0)
-            indices.push_back(index);
-    return indices;
+        if (const auto item = Item::ofId(id))
+            items.push_back(*item);
+    return items;
 }
 
 void IndexSets::show(std::size_t place)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "controls/controls.h"
+#include "workspace/item.h"
 #include "workspace/preferences.h"
 
 #include <cstddef>
@@ -35,8 +36,8 @@ public:
     const std::vector<IndexSet>& all() const noexcept { return m_sets; }
     std::size_t shownPlace() const noexcept { return m_shown; }
     const IndexSet& shown() const { return m_sets[m_shown]; }
-    /// Its indices, in the order of the cards; ids of other versions are left out.
-    std::vector<int> shownIndices() const;
+    /// What it holds, in the order of the cards; ids of other versions are left out.
+    std::vector<Item> shownItems() const;
     /// Throws std::out_of_range where there is no such set.
     void show(std::size_t place);
     /// A name that no set has leaves the shown one.

@@ -316,6 +316,11 @@ ModelStanding modelStanding(const Addition& model, const Situation& situation, c
     model.run(inputs, std::span(results).first(count), std::span(verdicts).first(count));
     for (std::size_t i = 0; i < count; ++i)
         standing.figures[i] = figureOf(standing, i, std::span(results).first(count), verdicts[i], inputs);
+    // What was typed and cannot be has its field, too.
+    const standards::Verdict& first = verdicts.front();
+    for (std::size_t i = 0; i < inputs.size() && first.reason == standards::Reason::BeyondPhysics; ++i)
+        if (model.inputs[i].verdictName == first.about && standing.inputs[i].origin == InputOrigin::Typed)
+            standing.wantedField = fieldIdOf(*model.inputs[i].info);
     return standing;
 }
 

@@ -67,14 +67,26 @@ std::string shortNumber(double value)
     return text.data();
 }
 
-std::string_view nameOf(int index)
-{
-    return catalogue::row(index).name;
-}
+/// An item of the report with its figure.
+struct Told {
+    Item item;
+    ItemFigure at;
 
-std::string_view unitOf(int index)
+    const Figure& figure() const { return at.figure; }
+    /// The number of an index; the standards have none.
+    std::string number() const { return item.index() != 0 ? std::to_string(item.index()) : std::string(); }
+    std::string_view unit() const
+    {
+        return item.index() != 0 ? catalogue::row(item.index()).unit : item.unit();
+    }
+};
+
+std::vector<Told> toldOf(const Situation& situation, const ReportRequest& request)
 {
-    return catalogue::row(index).unit;
+    std::vector<Told> told;
+    for (const Item& item : request.indices)
+        told.push_back({item, itemFigure(item, situation, request.person)});
+    return told;
 }
 
 std::string chip(const catalogue::Meaning& meaning)
@@ -126,41 +138,44 @@ std::string assumptions(const Situation& situation)
     return text;
 }
 
-std::string figureRows(const Situation& situation, const std::vector<int>& indices)
+std::string figureRows(const std::vector<Told>& items)
 {
     std::string rows;
-    for (const int index : indices) {
-        const Figure& figure = situation.figure(index);
+    for (const Told& one : items) {
+        const Figure& figure = one.figure();
         std::string told = figure.meaning ? chip(*figure.meaning) : std::string();
         if (figure.number && !figure.meaning)
-            told = catalogue::scale(index).categories.empty() ? "<small>no published classes</small>"
-                                                              : "<small>no class here</small>";
+            told = one.item.scaleIndex() == 0 ? "<small>no published classes</small>"
+                                              : "<small>no class here</small>";
         if (!figure.number)
             told = "<small>" + escaped(figure.reason) + "</small>";
         if (!figure.doubt.empty())
             told += "<br><small>" + escaped(figure.doubt) + "</small>";
-        rows += row({std::to_string(index) + "&nbsp;", escaped(nameOf(index)),
+        if (figure.number && !one.at.assumed.empty())
+            told += "<br><small>" + escaped(one.at.assumed) + "</small>";
+        rows += row({one.number() + "&nbsp;", escaped(one.item.name()),
                      figure.number ? "<b>" + escaped(figure.text) + "</b>&nbsp;" : "–",
-                     escaped(unitOf(index)) + "&nbsp;", told});
+                     escaped(one.unit()) + "&nbsp;", told});
     }
     return rows;
 }
 
-std::string sources(const Situation& situation, const std::vector<int>& indices)
+std::string sources(const std::vector<Told>& items)
 {
     std::string text;
-    for (const int index : indices)
-        if (situation.figure(index).meaning)
-            text += "<br>" + std::to_string(index) + ": " + escaped(catalogue::scale(index).source);
+    for (const Told& one : items)
+        if (one.figure().meaning)
+            text += "<br>" + (one.item.index() != 0 ? one.number() : escaped(one.item.name())) + ": " +
+                    escaped(one.item.scale().source);
     return text.empty() ? text : "<p><small>Sources of the classes:" + text + "</small></p>";
 }
 
-std::vector<int> charted(const Situation& situation, const std::vector<int>& indices)
+std::vector<Told> charted(const std::vector<Told>& items)
 {
-    std::vector<int> result;
-    for (const int index : indices)
-        if (situation.figure(index).meaning && result.size() < kMostCharted)
-            result.push_back(index);
+    std::vector<Told> result;
+    for (const Told& one : items)
+        if (one.figure().meaning && result.size() < kMostCharted)
+            result.push_back(one);
     return result;
 }
 
@@ -171,21 +186,22 @@ std::string number(double value)
     return text.data();
 }
 
-std::string bar(const Situation& situation, int index, int top)
+std::string bar(const Told& one, int top)
 {
-    const Figure& figure = situation.figure(index);
-    const catalogue::Scale& scale = catalogue::scale(index);
+    const Figure& figure = one.figure();
+    const catalogue::Scale& scale = one.item.scale();
     const auto text = [](double x, int y, const char* anchor, const std::string& words, int size) {
         return "<text x=\"" + number(x) + "\" y=\"" + std::to_string(y) + "\" text-anchor=\"" + anchor +
                "\" font-size=\"" + std::to_string(size) + R"(" fill="#111111">)" + escaped(words) + "</text>";
     };
     std::string svg = text(0, top + 12, "start",
-                           std::string(nameOf(index)) + ": " + figure.text + " " +
-                               std::string(unitOf(index)) + ", " + catalogue::inWords(*figure.meaning),
+                           one.item.name() + ": " + figure.text + " " + std::string(one.unit()) + ", " +
+                               catalogue::inWords(*figure.meaning),
                            11);
     // The scales of the dissatisfied are magnitudes: they take the side of their vote.
     const bool flipped = figure.meaning->severity != figure.meaning->category->severity;
-    const std::optional<ScaleStrip> strip = classStrip(index, figure.number.value(), flipped ? -1 : 1);
+    const std::optional<ScaleStrip> strip =
+        classStrip(one.item.scaleIndex(), figure.number.value(), flipped ? -1 : 1);
     if (!strip)
         return svg;
     double labelled = -kLabelWidth;
@@ -212,9 +228,9 @@ std::string bar(const Situation& situation, int index, int top)
            R"(" fill="#111111" stroke="#FFFFFF"/>)";
 }
 
-std::string chartOf(const Situation& situation, const std::vector<int>& indices)
+std::string chartOf(const std::vector<Told>& items)
 {
-    const std::vector<int> rows = charted(situation, indices);
+    const std::vector<Told> rows = charted(items);
     if (rows.empty())
         return {};
     std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + std::to_string(kReportWidth) +
@@ -223,12 +239,12 @@ std::string chartOf(const Situation& situation, const std::vector<int>& indices)
                       std::to_string(static_cast<int>(rows.size()) * kRowHeight) +
                       R"(" font-family="sans-serif" role="img">)";
     for (std::size_t i = 0; i < rows.size(); ++i)
-        svg += bar(situation, rows[i], static_cast<int>(i) * kRowHeight);
+        svg += bar(rows[i], static_cast<int>(i) * kRowHeight);
     return svg + "</svg>";
 }
 
-std::string page(const Situation& situation, const ReportRequest& request, const std::string& chart,
-                 const char* style = "")
+std::string page(const Situation& situation, const ReportRequest& request, const std::vector<Told>& items,
+                 const std::string& chart, const char* style = "")
 {
     const std::string heading = request.heading.empty() ? "Thermal conditions" : request.heading;
     std::string html = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" +
@@ -243,14 +259,13 @@ std::string page(const Situation& situation, const ReportRequest& request, const
             "</table>\n<p><small>By " + escaped(classic::inForce(situation.inputs.settings)) + ". " +
             assumptions(situation) +
             "</small></p>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" +
-            row({"No", "Thermal index", "Value", "Unit", "Class"}, "th") +
-            figureRows(situation, request.indices) + "</table>\n";
+            row({"No", "Thermal index", "Value", "Unit", "Class"}, "th") + figureRows(items) + "</table>\n";
     if (!chart.empty())
         html +=
             "<h2>Where the values stand</h2>\n" + chart +
             "\n<p><small>The numbers are the bounds of the classes. The outermost classes go on; a mark that "
             "points outwards lies farther out.</small></p>\n";
-    return html + sources(situation, request.indices) +
+    return html + sources(items) +
            "<p><small>Severity from -4 (extreme cold) to +4 (extreme heat) is a judgement made for all "
            "indices "
            "together. Comfortics " +
@@ -264,13 +279,15 @@ std::string page(const Situation& situation, const ReportRequest& request, const
 
 std::string reportHtml(const Situation& situation, const ReportRequest& request)
 {
-    return page(situation, request, chartOf(situation, request.indices), kBrowserStyle);
+    const std::vector<Told> items = toldOf(situation, request);
+    return page(situation, request, items, chartOf(items), kBrowserStyle);
 }
 
 ReportPage reportPage(const Situation& situation, const ReportRequest& request, int width)
 {
-    const std::string chart = chartOf(situation, request.indices);
-    return {page(situation, request,
+    const std::vector<Told> items = toldOf(situation, request);
+    const std::string chart = chartOf(items);
+    return {page(situation, request, items,
                  chart.empty() ? chart
                                : R"(<p><img src="chart.svg" width=")" + std::to_string(width) + "\"></p>"),
             chart};

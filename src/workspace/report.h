@@ -4,6 +4,7 @@
 // where their classes are from.
 #pragma once
 
+#include "workspace/item.h"
 #include "workspace/situation.h"
 
 #include <string>
@@ -14,10 +15,11 @@ namespace comfortics::workspace {
 
 /// What a report is made of besides the situation.
 struct ReportRequest {
-    std::string heading;      ///< "Thermal conditions" where it is empty
-    std::string notes;        ///< several lines as they are
-    std::string when;         ///< date and time as they stand on the page
-    std::vector<int> indices; ///< in their order
+    std::string heading;       ///< "Thermal conditions" where it is empty
+    std::string notes;         ///< several lines as they are
+    std::string when;          ///< date and time as they stand on the page
+    std::vector<Item> indices; ///< and figures of models, in their order
+    FieldTexts person{};       ///< with which the models are calculated
 };
 
 /// The width of the chart [SVG units].

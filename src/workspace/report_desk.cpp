@@ -21,15 +21,15 @@ ReportDesk::ReportDesk(Workspace& workspace, SessionDesk& session, controls::Fil
 {
 }
 
-std::vector<int> ReportDesk::indices() const
+std::vector<Item> ReportDesk::indices() const
 {
     if (choice == Choice::Cards)
-        return m_workspace.sets.shownIndices();
+        return m_workspace.sets.shownItems();
     std::vector<int> ticked = m_workspace.form().settings().selection.indices();
     std::erase_if(ticked, [&present = m_workspace.present()](int index) {
         return !present.figure(index).number.has_value();
     });
-    return ticked;
+    return {ticked.begin(), ticked.end()};
 }
 
 ReportRequest ReportDesk::request() const
@@ -37,7 +37,8 @@ ReportRequest ReportDesk::request() const
     return {.heading = m_session.heading,
             .notes = m_session.notes,
             .when = when.empty() ? clockText() : when,
-            .indices = indices()};
+            .indices = indices(),
+            .person = m_workspace.person.texts()};
 }
 
 ReportPage ReportDesk::page(int width) const

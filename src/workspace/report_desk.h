@@ -49,7 +49,7 @@ public:
     void write(Form form, const std::string& path);
 
 private:
-    std::vector<int> indices() const;
+    std::vector<Item> indices() const;
 
     Workspace& m_workspace;
     SessionDesk& m_session;

@@ -134,9 +134,12 @@ TEST(Cards, AreReachedAndUsedByTheKeyboardAlone)
     EXPECT_EQ(program.cards.currentIndex().row(), 0);
     QTest::keyClick(&program.cards, Qt::Key_Return);
     EXPECT_EQ(program.workspace.lookedAt(), "wbgt_outdoor");
-    QTest::keyClick(&program.cards, Qt::Key_End);
+    QTest::keyClick(&program.cards, Qt::Key_End); // a model that wants a person
+    QTest::keyClick(&program.cards, Qt::Key_F2);
+    EXPECT_EQ(program.workspace.person.lookedAt(), "met");
+    program.cards.setCurrentIndex(program.cards.model()->index(7, 0));
     QTest::keyClick(&program.cards, Qt::Key_B, Qt::ControlModifier);
-    const std::string last = program.workspace.sets.shown().ids.back();
+    const std::string last = program.workspace.sets.shown().ids[7];
     EXPECT_TRUE(program.workspace.sets.isStarred(last));
     QTest::keyClick(&program.cards, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(fromQt(QApplication::clipboard()->text()),

@@ -20,9 +20,10 @@ using tests::find;
 
 struct OpenedComparison : tests::Program {
     workspace::Comparison& comparison = shell.comparison();
-    ComparisonPanel panel{comparison, clipboard, files, messages, {{QStringLiteral("Two"), [] {
-                                                                        return std::vector<int>{65, 88};
-                                                                    }}}};
+    ComparisonPanel panel{
+        comparison, clipboard, files, messages, {{QStringLiteral("Two"), [] {
+                                                      return std::vector<workspace::Item>{65, 88};
+                                                  }}}};
     QTableView& table = find<QTableView>(panel, "comparison");
 
     OpenedComparison()

@@ -102,17 +102,19 @@ TEST(MainWindow, KeysMoveTheFocusOrElseTheCaretAndSearch)
 
     opened.menu("Options");
     EXPECT_EQ(opened.focused(), "txt_ArAdu"); // typing goes to what is in sight
-    EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 19),
+    EXPECT_EQ(tests::tabOrder(opened.line("txt_ArAdu"), 20),
               "txt_ArAdu txt_Emmisivity txt_Barometric txt_Height txt_Weight txt_Friction No Classic "
-              "Check_Follow Check_Units txt_Search_List txt_Find cmd_Filter List_Indices Check_All_Indices "
+              "Check_Follow Check_Units txt_Search_List txt_Find cmd_Filter List_Indices List_Models "
+              "Check_All_Indices "
               "cards_set "
               "cards_menu cards txt_ArAdu ");
     opened.line("txt_Search_List").setFocus();
     QTest::keyClick(opened.window.focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(find<QWidget>(opened.window, "Fra_Options").isVisible());
     EXPECT_EQ(opened.focused(), "txt_TA");
-    EXPECT_EQ(tests::tabOrder(opened.line("txt_TA"), 18),
+    EXPECT_EQ(tests::tabOrder(opened.line("txt_TA"), 19),
               "txt_TA txt_TG txt_SR txt_DP txt_RH txt_WS txt_Search_List txt_Find cmd_Filter List_Indices "
+              "List_Models "
               "Check_All_Indices Img_Calculate cmd_Show_Results cmd_Calculate cards_set cards_menu cards "
               "txt_TA ");
 

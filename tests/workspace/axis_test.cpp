@@ -12,7 +12,7 @@ constexpr int kWithoutPole = 65;
 Course through(int index, std::initializer_list<std::optional<double>> values)
 {
     Course course;
-    course.request.index = index;
+    course.request.item = index;
     for (const auto& value : values) {
         CoursePoint& point = course.points.emplace_back();
         point.reading = static_cast<double>(course.points.size());

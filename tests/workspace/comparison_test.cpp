@@ -18,9 +18,9 @@ constexpr std::chrono::sys_days kDay = std::chrono::year{2026} / 11 / 23;
 
 struct Pinning : tests::Program {
     Comparison comparison{workspace};
-    ComparisonTable table(const std::vector<int>& indices)
+    ComparisonTable table(const std::vector<Item>& items)
     {
-        return comparisonTable(workspace.present(), comparison, indices);
+        return comparisonTable(workspace.present(), comparison, items);
     }
     std::string pin() { return comparison.pinPresent(kDay + std::chrono::minutes(14 * 60 + 5)); }
 };
@@ -98,6 +98,29 @@ TEST(Comparison, ShowsByWhichOptionsAndAssumptionsSituationsDiffer)
     EXPECT_EQ(cell(table, "Calculated by", "Situation 1").text, "classic rules, limits kept");
     EXPECT_EQ(cell(table, "Barometric Pressure", "Now less Situation 1").text, "-66");
     EXPECT_THROW(cell(table, "Body Mass", "Now"), std::runtime_error) << "it is the same";
+}
+
+// The vote of each situation is that of the person who was pinned with it.
+TEST(Comparison, HoldsThePersonOfEachSituation)
+{
+    Pinning program;
+    program.type("22", "0", "60", "0.1");
+    PersonAndPlace& person = program.workspace.person;
+    person.write({{"met", "1.2"}, {"clo", "0.5"}});
+    program.pin();
+    person.write({{"met", "1.2"}, {"clo", "1"}});
+    const Item vote = Item::ofId("pmv_iso.pmv").value();
+    const ComparisonTable table = program.table({vote});
+    EXPECT_EQ(cell(table, "Clothing insulation", "Now less Situation 1").text, "+0.5");
+    EXPECT_THROW(cell(table, "Metabolic rate", "Now"), std::runtime_error) << "it is the same";
+    EXPECT_GT(cell(table, "Predicted mean vote", "Now less Situation 1").number.value(), 0.3);
+
+    Session session;
+    program.comparison.save(session);
+    Pinning other;
+    other.comparison.open(session);
+    EXPECT_EQ(other.comparison.pin(0), program.comparison.pin(0));
+    EXPECT_NE(Comparison::fault(R"([{"name":"a","pinned":"b","person":[]}])"), "");
 }
 
 TEST(Comparison, KeepsItsOrderAndNames)

@@ -170,5 +170,29 @@ TEST(Course, EndsWhereNobodyWantsItAnyMore)
     EXPECT_TRUE(course.points.empty() && course.problem.empty());
 }
 
+TEST(Course, OfAModelRisesAndTellsWhereItLiesOutside)
+{
+    CourseRequest wanted = request(1, CourseAxis::AirTemperature, {"22", "", "0", "", "50", "0.1"});
+    wanted.item = Item::ofId("pmv_iso.pmv").value();
+    wanted.person = {{"met", "1.2"}, {"clo", "0.5"}};
+    const Course course = courseOf(projectLimits(), wanted);
+    ASSERT_TRUE(course.present) << course.problem;
+    EXPECT_EQ(course.points[*course.present].text,
+              itemFigure(wanted.item, evaluate(projectLimits(), wanted.inputs), wanted.person).figure.text);
+    EXPECT_LE(course.points.front().reading, 10);
+    EXPECT_GE(course.points.back().reading, 30) << "the standard goes from 10 to 30 °C";
+    for (std::size_t i = 1; i < course.points.size(); ++i) {
+        EXPECT_GT(course.points[i].value.value(), course.points[i - 1].value.value());
+        if (course.points[i].reading > 30) {
+            EXPECT_FALSE(course.points[i].inside);
+        }
+    }
+    wanted.person.clear();
+    EXPECT_NE(courseOf(projectLimits(), wanted).gapsInWords().find("the metabolic rate is missing"),
+              std::string::npos);
+    wanted.item = Item::ofId("pmv_iso.category").value();
+    EXPECT_FALSE(courseOf(projectLimits(), wanted).problem.empty());
+}
+
 } // namespace
 } // namespace comfortics::workspace

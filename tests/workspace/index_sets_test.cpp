@@ -7,6 +7,7 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace comfortics::workspace {
@@ -38,13 +39,30 @@ TEST(IndexSets, TheReadyOnesHoldIndicesThatThereAreAndEachOnce)
     for (const IndexSet& set : sets.all()) {
         EXPECT_EQ(std::set<std::string>(set.ids.begin(), set.ids.end()).size(), set.ids.size()) << set.name;
         for (const std::string& id : set.ids)
-            EXPECT_GT(catalogue::indexOfId(id), 0) << id;
+            EXPECT_TRUE(Item::ofId(id)) << id;
     }
     // What work in the heat is judged by comes first, outdoors before indoors.
     EXPECT_EQ(catalogue::indexOfId(sets.all()[0].ids[0]), 200);
     EXPECT_EQ(catalogue::indexOfId(sets.all()[0].ids[1]), 199);
     EXPECT_EQ(catalogue::indexOfId(sets.all()[0].ids[2]), 195);
     EXPECT_EQ(catalogue::indexOfId(sets.all()[1].ids[0]), 211) << "in °C, not its twin in °F";
+}
+
+TEST(Item, IsAnIndexOrAFigureByItsId)
+{
+    EXPECT_EQ(Item::ofId("utci"), Item(195)) << "the model of the name has a dot";
+    EXPECT_EQ(Item::ofId("pmv_iso"), Item::ofId("pmv_iso.pmv"));
+    EXPECT_FALSE(Item::ofId("pmv_iso.of_2040"));
+    for (const auto& [id, name, unit] :
+         {std::tuple{"utci.utci", "Universal Thermal Climate Index (Bröde; 2012)", "°C"},
+          {"pmv_iso.ppd", "Predicted percentage of dissatisfied (ISO 7730)", "%"},
+          {"humidex_masterson", "Humidex (Masterson; 1979)", "°C"}}) {
+        const auto item = Item::ofId(id);
+        ASSERT_TRUE(item) << id;
+        EXPECT_EQ(item->id(), id);
+        EXPECT_EQ(item->name(), name);
+        EXPECT_EQ(item->unit(), unit);
+    }
 }
 
 TEST(IndexSets, OwnOnesAreMadeNamedOrderedAndKept)
@@ -119,7 +137,7 @@ TEST(IndexSets, ADamagedTextCountsAsNothingAndWhatIsUnknownIsKept)
     sets.show("Mine");
     sets.setStarred("wbgt_indoor", true);
     EXPECT_EQ(idsOf(IndexSets(preferences).shown()), "index_of_2040 utci wbgt_indoor ");
-    EXPECT_EQ(sets.shownIndices(), (std::vector{195, 199}));
+    EXPECT_EQ(sets.shownItems(), (std::vector<Item>{195, 199}));
 
     // Of another session: own sets of the name are replaced, ready ones are not, others stay.
     sets.take(R"([{"name":"mine","ids":["utci"]},{"name":"Cold","ids":[]},{"name":"New","ids":[]}])");

@@ -105,6 +105,10 @@ TEST(ModelFigures, TellWhatIsMissingAndWhereItIsTyped)
               {{"year", "2024"}, {"month", "1"}, {"day", "1"}, {"hour", "1"}, {"latitude", "0"}},
               "the local time less UTC is missing.",
               "utc_offset"},
+             {"two_node",
+              {{"met", "1"}, {"clo", "1"}, {"posture", "lying"}},
+              "the posture is lying, known are standing, sitting.",
+              "posture"},
              {"body_surface", {{"weight", "70"}}, "the body height is missing.", "height"},
          }) {
         const ModelStanding standing = models.standing(one.model, one.person);

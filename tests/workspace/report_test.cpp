@@ -81,5 +81,22 @@ TEST(Report, MarksTheClassThatItTells)
     }
 }
 
+TEST(Report, TellsWhatAModelWasCalculatedWith)
+{
+    tests::Program program;
+    program.type("22", "0", "60", "0.1");
+    const ReportRequest request{
+        .heading = {},
+        .notes = {},
+        .when = {},
+        .indices = {Item::ofId("pmv_iso").value(), Item::ofId("ireq.dle_min").value()},
+        .person = {{"met", "1.2"}, {"clo", "0.5"}}};
+    const std::string page = reportHtml(program.workspace.present(), request);
+    for (const char* const told :
+         {"Predicted mean vote (ISO 7730)", "With metabolic rate 1.2 met, clothing insulation 0.5 clo.",
+          "Assumed: external work 0 met", "(ISO 11079)"})
+        EXPECT_NE(page.find(told), std::string::npos) << told;
+}
+
 } // namespace
 } // namespace comfortics::workspace

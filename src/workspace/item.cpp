@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace/item.h"
+
+#include "catalogue/notes.h"
+#include "catalogue/references.h"
+
+namespace comfortics::workspace {
+
+std::optional<Item> Item::ofId(std::string_view id)
+{
+    if (const int index = catalogue::indexOfId(id); index != 0)
+        return Item(index);
+    if (const auto figure = catalogue::figureOfId(id))
+        return Item(*figure);
+    return std::nullopt;
+}
+
+std::string Item::id() const
+{
+    return m_model != nullptr ? catalogue::Figure{m_model, m_result}.id()
+                              : std::string(catalogue::reference(m_index).id);
+}
+
+std::string Item::name() const
+{
+    if (m_model == nullptr)
+        return std::string(catalogue::row(m_index).name);
+    if (m_result == 0 || m_model->results.size() == 1)
+        return std::string(m_model->name);
+    // The standard or the author stands behind the name of the model.
+    const std::size_t behind = m_model->name.rfind('(');
+    const std::string_view source =
+        behind == std::string_view::npos ? std::string_view() : m_model->name.substr(behind);
+    return std::string(m_model->results[m_result].name) + (source.empty() ? "" : " ") + std::string(source);
+}
+
+std::string_view Item::unit() const
+{
+    return m_model != nullptr ? m_model->results[m_result].unit : catalogue::row(m_index).shownUnit();
+}
+
+std::string_view Item::description() const
+{
+    return m_model != nullptr ? m_model->description : catalogue::note(m_index).description;
+}
+
+std::span<const std::string_view> Item::warnings() const
+{
+    if (m_model != nullptr)
+        return m_model->warnings;
+    return catalogue::note(m_index).warnings;
+}
+
+int Item::scaleIndex() const
+{
+    if (m_model != nullptr)
+        return m_model->results[m_result].scaleIndex;
+    return catalogue::scale(m_index).categories.empty() ? 0 : m_index;
+}
+
+const catalogue::Scale& Item::scale() const
+{
+    return m_model != nullptr ? catalogue::scaleOf(m_model->results[m_result]) : catalogue::scale(m_index);
+}
+
+ItemFigure itemFigure(const Item& item, const Situation& situation, const FieldTexts& person)
+{
+    if (item.model() == nullptr)
+        return {situation.figure(item.index()), {}, {}};
+    ModelStanding standing = modelStanding(*item.model(), situation, person);
+    return {std::move(standing.figures[item.result()]), std::move(standing.assumed),
+            std::move(standing.wantedField)};
+}
+
+std::optional<ScaleStrip> stripOf(const Item& item, const ItemFigure& at, const Situation& situation,
+                                  const classic::Limits& limits)
+{
+    if (item.model() == nullptr)
+        return stripOf(situation, limits, item.index());
+    if (item.scaleIndex() == 0 || !at.figure.number)
+        return std::nullopt;
+    return classStrip(item.scaleIndex(), *at.figure.number);
+}
+
+} // namespace comfortics::workspace
