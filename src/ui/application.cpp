@@ -2,12 +2,15 @@
 #include "ui/application.h"
 
 #include "ui/comparison_panel.h"
+#include "ui/person_panel.h"
 #include "ui/report_dialog.h"
 #include "ui/session_menu.h"
 #include "ui/sheet_panel.h"
 #include "ui/text.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDockWidget>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QIcon>
@@ -136,6 +139,11 @@ void Application::addPanels()
     const QString sheet = QStringLiteral("sheet");
     m_main.addPanel(sheet, QStringLiteral("Index Sheet"), new SheetPanel(workspace, m_files, m_messages));
     workspace.looked.watch([this, sheet] { m_main.showPanel(sheet); });
+    const QString person = QStringLiteral("person");
+    QDockWidget& personDock =
+        m_main.addPanel(person, QStringLiteral("Person and Place"), new PersonPanel(workspace));
+    personDock.toggleViewAction()->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
+    workspace.person.looked.watch([this, person] { m_main.showPanel(person); });
     const QString comparison = QStringLiteral("comparison");
     auto* const compared = new ComparisonPanel(m_shell.comparison(), m_clipboard, m_files, m_messages);
     m_main.addPanel(comparison, QStringLiteral("Comparison"), compared);

@@ -214,10 +214,11 @@ void MainWindow::buildFileAndEdit()
     m_pause.setSingleShot(true);
     m_pause.setInterval(kPause);
     connect(&m_pause, &QTimer::timeout, this, [this] { m_workspace.history.pause(); });
-    listen(*this, m_form.standing, [this] {
-        m_noting.start();
-        m_pause.start();
-    });
+    for (controls::Event* const event : {&m_form.standing, &m_workspace.person.changed})
+        listen(*this, *event, [this] {
+            m_noting.start();
+            m_pause.start();
+        });
 
     ofResults(*m_file, QStringLiteral("&Export Results …"), QKeySequence(Qt::CTRL | Qt::Key_E),
               &output::Frm_Comfortics::Menu_Export);
