@@ -37,7 +37,7 @@ std::optional<std::size_t> wordOf(const AdditionInput& option, double value)
 
 bool hasWord(std::uint16_t words, std::size_t place)
 {
-    return ((words >> place) & 1U) != 0;
+    return ((unsigned{words} >> place) & 1U) != 0;
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include "values/plain_text.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace comfortics::catalogue {
@@ -55,11 +57,24 @@ std::string words(const AdditionInput& input)
     return text;
 }
 
+/// Six significant digits, which a calculated value has enough of; all where these lie on another side of a
+/// bound than the value.
+double brief(const AdditionInput& input, double value)
+{
+    std::array<char, 32> text{};
+    double rounded = value;
+    const auto written = std::to_chars(text.begin(), text.end(), value, std::chars_format::general, 6);
+    std::from_chars(text.begin(), written.ptr, rounded);
+    const bool sameSide = input.range.contains(rounded) == input.range.contains(value) &&
+                          input.info->bounds.contains(rounded) == input.info->bounds.contains(value);
+    return sameSide ? rounded : value;
+}
+
 std::string valueText(const AdditionInput& input, double value)
 {
     if (const Choice* const choice = choiceWith(input.info->choices, value))
         return std::string(choice->word);
-    return withUnit(plainText(value), input.info->unit);
+    return withUnit(plainText(brief(input, value)), input.info->unit);
 }
 
 const AdditionInput* inputNamed(const Addition& model, std::string_view name)

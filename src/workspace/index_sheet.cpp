@@ -13,7 +13,6 @@
 namespace comfortics::workspace {
 
 using classic::OutcomeKind;
-using formulas::Live;
 using values::plainText;
 
 namespace {

@@ -208,6 +208,8 @@ struct Told {
 // clang-format off
 constexpr Told kTold[] = {
     {"pmv_iso", "ta=42 tr=25 v=0.1 rh=30 met=1.2 clo=0.5", 0, "Outside the range of the standard: the air temperature is 42 °C, valid from 10 to 30 °C."},
+    {"pmv_iso", "ta=42.123456789 tr=25 v=0.1 rh=30 met=1.2 clo=0.5", 0, "Outside the range of the standard: the air temperature is 42.1235 °C, valid from 10 to 30 °C."},
+    {"pmv_iso", "ta=30.0000001 tr=25 v=0.1 rh=30 met=1.2 clo=0.5", 0, "Outside the range of the standard: the air temperature is 30.0000001 °C, valid from 10 to 30 °C."},
     {"pmv_iso", "ta=29 tr=25 v=0.1 rh=90 met=1.2 clo=0.5", 0, "Outside the range of the standard: the vapour pressure, from air temperature and humidity, is above 2700 Pa."},
     {"pmv_iso", "ta=25 tr=25 v=0.9 rh=50 met=3 clo=0.5 motion=iso", 0, "Outside the range of the standard: the air speed is 0.9 m/s: with what the motion makes of it, it lies outside the range."},
     {"pmv_iso", "ta=11 tr=10 v=0.9 rh=50 met=0.9 clo=0.1", 0, "Outside the range of the standard: the result, predicted mean vote, is valid from -2 to 2."},
