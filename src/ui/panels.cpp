@@ -5,7 +5,9 @@
 #include <QDockWidget>
 #include <QEvent>
 #include <QMenu>
+#include <QScreen>
 #include <QTabBar>
+#include <QTimer>
 
 #include <algorithm>
 #include <stdexcept>
@@ -48,11 +50,36 @@ QDockWidget& Panels::add(const QString& name, const QString& title, QWidget* con
     dock->installEventFilter(this);
     connect(dock, &QDockWidget::visibilityChanged, this, &Panels::nameTabs);
     connect(dock, &QDockWidget::visibilityChanged, this, &Panels::changed);
-    connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool shown) {
-        if (shown)
-            dock->raise(); // it may stand behind a tab
+    connect(dock->toggleViewAction(), &QAction::triggered, dock, [this, dock](bool shown) {
+        if (!shown)
+            return;
+        dock->raise(); // it may stand behind a tab
+        giveRoom(*dock);
     });
     return *dock;
+}
+
+// A panel that is opened is as wide as it likes; the window grows for it as far as the screen goes, and what
+// is beyond that the content gives. Widths exist only once the panel stands.
+void Panels::giveRoom(QDockWidget& dock)
+{
+    QTimer::singleShot(0, &dock, [this, panel = &dock] {
+        const Qt::DockWidgetArea area = m_window.dockWidgetArea(panel);
+        const int missing = panel->sizeHint().width() - panel->width();
+        if (missing <= 0 || !panel->isVisible() || panel->isFloating() ||
+            (area != Qt::LeftDockWidgetArea && area != Qt::RightDockWidgetArea))
+            return;
+        const QRect usable = m_window.screen()->availableGeometry();
+        const int frame = m_window.frameGeometry().width() - m_window.width();
+        const int width = std::min(m_window.width() + missing, usable.width() - frame);
+        if (!m_window.isMaximized() && !m_window.isFullScreen() && width > m_window.width()) {
+            m_window.resize(width, m_window.height());
+            const int beyond = m_window.x() + width + frame - usable.x() - usable.width();
+            if (beyond > 0)
+                m_window.move(m_window.x() - beyond, m_window.y());
+        }
+        m_window.resizeDocks({panel}, {panel->sizeHint().width()}, Qt::Horizontal);
+    });
 }
 
 // Behind the tab of the first of its place.
@@ -80,10 +107,13 @@ QDockWidget& Panels::panel(const QString& name) const
 void Panels::show(const QString& name)
 {
     QDockWidget& dock = panel(name);
+    const bool wasVisible = dock.isVisible();
     dock.show();
     dock.raise();
     if (dock.isFloating())
         dock.activateWindow();
+    else if (!wasVisible)
+        giveRoom(dock);
 }
 
 QByteArray Panels::state() const

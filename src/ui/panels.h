@@ -58,6 +58,7 @@ private:
         bool open;
     };
     void put(const Panel& panel);
+    void giveRoom(QDockWidget& dock);
     void nameTabs();
 
     QMainWindow& m_window;
