@@ -23,8 +23,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QGridLayout>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
@@ -47,6 +47,7 @@ constexpr int kLeastWidth = 1100;
 constexpr double kScreenShare = 0.92;
 constexpr int kHeightInLines = 48; // some cards high, where the screen has it
 constexpr double kContentShare = 0.75;
+constexpr double kContentShareOfLarge = 0.7;
 constexpr int kReadingsInCharacters = 68; // at most, so that on a wide screen units stay beside their boxes
 const QString kIndices = QStringLiteral("indices");
 const QString kResults = QStringLiteral("results");
@@ -106,25 +107,54 @@ MainWindow::~MainWindow() = default;
 QWidget* MainWindow::buildContent()
 {
     auto* const content = new QWidget;
-    auto* const columns = new QHBoxLayout(content);
-    columns->setContentsMargins(kGap, kGap, kGap, kGap);
-    columns->setSpacing(kGap);
+    m_columns = new QGridLayout(content);
+    m_columns->setContentsMargins(kGap, kGap, kGap, kGap);
+    m_columns->setSpacing(kGap);
     // A page of its own in place of the readings: what cannot be seen cannot be reached.
-    auto* const pages = new QStackedWidget;
+    m_pages = new QStackedWidget;
     m_readings = new ReadingsPanel(m_workspace);
     m_options = new OptionsPage(m_workspace);
-    pages->addWidget(m_readings);
-    pages->addWidget(m_options);
-    follow(*m_options, m_form.Fra_Options.appearance, [this, pages] {
-        pages->setCurrentWidget(m_form.Fra_Options.visible() ? static_cast<QWidget*>(m_options) : m_readings);
+    m_pages->addWidget(m_readings);
+    m_pages->addWidget(m_options);
+    follow(*m_options, m_form.Fra_Options.appearance, [this] {
+        m_pages->setCurrentWidget(m_form.Fra_Options.visible() ? static_cast<QWidget*>(m_options)
+                                                               : m_readings);
     });
-    pages->setMaximumWidth(fontMetrics().averageCharWidth() * kReadingsInCharacters);
-    auto* const live = new LivePanel(m_form);
-    live->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    columns->addWidget(pages, 2);
-    columns->addWidget(live);
-    columns->addWidget(m_cards = new CardsPanel(m_workspace), 3);
+    m_pages->setMaximumWidth(fontMetrics().averageCharWidth() * kReadingsInCharacters);
+    m_live = new LivePanel(m_form);
+    m_live->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    m_columns->addWidget(m_pages, 0, 0);
+    m_columns->addWidget(m_live, 0, 1);
+    m_columns->addWidget(m_cards = new CardsPanel(m_workspace), 0, 2, 2, 1);
+    m_columns->setColumnStretch(0, 2);
+    m_columns->setColumnStretch(2, 3);
+    m_columns->setRowStretch(0, 1);
     return content;
+}
+
+// Where the letters are too large for three columns on this screen, the live quantities go below the
+// readings: the cards stay in sight.
+void MainWindow::arrangeColumns()
+{
+    int needed = 0;
+    for (const QWidget* const column :
+         {static_cast<QWidget*>(m_pages), m_live, static_cast<QWidget*>(m_cards)})
+        needed += column->minimumSizeHint().width() + kGap;
+    const QRect usable = screen()->availableGeometry();
+    const bool below = needed + kGap > usable.width() * kContentShare;
+    if (below == m_liveBelow)
+        return;
+    m_liveBelow = below;
+    m_columns->removeWidget(m_live);
+    m_columns->addWidget(m_live, below ? 1 : 0, below ? 0 : 1);
+    m_live->setSizePolicy(below ? QSizePolicy::Preferred : QSizePolicy::Maximum, QSizePolicy::Preferred);
+    m_columns->setRowStretch(0, below ? 0 : 1);
+    m_columns->setRowStretch(1, below ? 1 : 0);
+    m_columns->activate();
+    m_area->claimWidth(below ? kContentShareOfLarge : kContentShare); // the list is wider, too
+    m_area->updateGeometry();
+    if (!isMaximized() && !isFullScreen())
+        resize(size().boundedTo(usable.size() - (frameGeometry().size() - size())));
 }
 
 void MainWindow::buildPanels()
@@ -262,8 +292,10 @@ void MainWindow::buildView()
          [](int) { return workspace::kZoomOriginal; });
     back.setShortcutContext(Qt::ApplicationShortcut);
     m_zoom->setPercent(workspace::keptZoom(m_workspace.preferences()));
-    connect(m_zoom, &Zoom::changed, this,
-            [this](int percent) { workspace::keepZoom(m_workspace.preferences(), percent); });
+    connect(m_zoom, &Zoom::changed, this, [this](int percent) {
+        workspace::keepZoom(m_workspace.preferences(), percent);
+        QTimer::singleShot(0, this, &MainWindow::arrangeColumns); // the columns take the letters later
+    });
 }
 
 void MainWindow::takeResults(output::Frm_Comfortics* form, ResultsWindow* window)
@@ -365,6 +397,7 @@ void MainWindow::focusOptions()
 
 void MainWindow::placeOnScreen()
 {
+    arrangeColumns();
     placeAsNew();
     const workspace::Preferences& preferences = m_workspace.preferences();
     restorePlace(*this, preferences, kPlaceKey);

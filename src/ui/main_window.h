@@ -13,9 +13,11 @@
 #include <memory>
 #include <vector>
 
+class QGridLayout;
 class QLineEdit;
 class QMenu;
 class QMenuBar;
+class QStackedWidget;
 
 namespace comfortics::ui {
 
@@ -75,6 +77,7 @@ protected:
 
 private:
     QWidget* buildContent();
+    void arrangeColumns();
     void buildPanels();
     void buildMenus();
     void buildFormsMenus(QMenuBar& bar);
@@ -93,6 +96,10 @@ private:
     workspace::Workspace& m_workspace;
     classic::Frm_Main& m_form;
     ContentArea* m_area = nullptr;
+    QGridLayout* m_columns = nullptr;
+    QStackedWidget* m_pages = nullptr; // readings or options
+    QWidget* m_live = nullptr;
+    bool m_liveBelow = false;
     ReadingsPanel* m_readings = nullptr;
     OptionsPage* m_options = nullptr;
     CardsPanel* m_cards = nullptr;

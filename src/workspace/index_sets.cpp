@@ -32,7 +32,7 @@ std::vector<IndexSet> readySets()
          .ids = {"wbgt_outdoor", "wbgt_indoor", "utci", "heat_index_noaa", "humidex_masterson",
                  "environmental_stress_index_moran", "discomfort_index_tennenbaum",
                  "heart_rate_moderate_intensity_fuller", "wbgt_iso7243.wbgt_eff", "wbgt_iso7243.wbgt_ref",
-                 "phs_2023.d_lim"}},
+                 "wbgt_iso7243.exceeds", "phs_2023.d_lim"}},
         {.name = "Cold",
          .purpose = "for work and sport in frost and wind",
          // In °C first: of the seven wind chills the one that services give, not its twin in °F. Then what to

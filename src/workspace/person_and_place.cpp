@@ -155,8 +155,11 @@ FieldReading readField(const InputInfo& info, std::string_view text)
 
 std::string valueInWords(const InputInfo& info, double value)
 {
-    if (const catalogue::Choice* const choice = catalogue::choiceWith(info.choices, value))
-        return std::string(choice->word);
+    if (const catalogue::Choice* const choice = catalogue::choiceWith(info.choices, value)) {
+        std::string word(choice->word); // its text would be a sentence within one
+        std::ranges::replace(word, '_', ' ');
+        return word;
+    }
     const std::string number = values::plainText(value);
     return info.unit.empty() ? number : number + (info.unit == "°" ? "" : " ") + std::string(info.unit);
 }

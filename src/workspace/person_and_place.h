@@ -54,7 +54,7 @@ FieldReading readField(const catalogue::InputInfo& info, std::string_view text);
 /// models need it, and what others do without it.
 std::string emptyInWords(const catalogue::InputInfo& info);
 
-/// The value with its unit, or the word of an option.
+/// The value with its unit, or the word of an option without underscores.
 std::string valueInWords(const catalogue::InputInfo& info, double value);
 
 /// The height of the wind in the readings [m], where no other is typed.
