@@ -355,6 +355,38 @@ def report(album, main):
     press("Escape")
 
 
+def show_fields(shown, letters):
+    """Shows the fields of the first model that begins so, in place of those shown. A list is named by its entry."""
+    click(shown, "combo box")
+    xdotool("type", "--delay", 40, letters)
+    press("Return")
+
+
+def standards(album, main):
+    """The site of the report by ISO 7243 and ISO 7933."""
+    xdotool("windowactivate", "--sync", main)
+    write_readings()
+    press("ctrl+shift+p")
+    show_fields("Fields of all models", "Predicted heat strain (ISO 7933; 2023")
+    write("Metabolic rate, met", "2.6")
+    write("Clothing insulation", "0.6")
+    press(*["Tab"] * 3, "Down")  # standing
+    press(*["Tab"] * 3, *["Down"] * 2)  # acclimatised
+    show_fields("Predicted heat strain", "Heat stress")
+    write("Body weight", "75")
+    write("Body height", "1.75")
+    press(*["Tab"] * 2, *["Down"] * 2)  # in the sun
+    click("My indices", "list")
+    press("End", "ctrl+i")
+    sheet = widget("Sheet of the index")
+    until("the longest exposure", lambda: "Longest exposure" in Atspi.Text.get_text(sheet, 0, -1))
+    text = sheet.get_extents(Atspi.CoordType.SCREEN)
+    widget("Course of the index")
+    album.save("heat-strain", main, left=text.x - 10, top=text.y - 30)
+    click("Person and Place", "page tab")
+    album.save("iso-7243", main)
+
+
 def main():
     program, folder = sys.argv[1], pathlib.Path(sys.argv[2])
     with tempfile.TemporaryDirectory() as scratch:
@@ -369,6 +401,7 @@ def main():
                 sheet(album, number)
                 comparison(album, number)
                 report(album, number)
+                standards(album, number)
             finally:
                 process.kill()
 

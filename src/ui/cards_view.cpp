@@ -425,7 +425,8 @@ void CardsView::focusInEvent(QFocusEvent* event)
 void CardsView::keyPressEvent(QKeyEvent* event)
 {
     const bool alt = event->modifiers() == Qt::AltModifier;
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    const bool sheet = event->key() == Qt::Key_I && event->modifiers() == Qt::ControlModifier;
+    if (sheet || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         open(currentIndex());
     else if (event->key() == Qt::Key_F2)
         mend(currentIndex());

@@ -57,7 +57,9 @@ Axis valueAxis(const Course& course)
     }
     const double least = std::max({std::abs(low), std::abs(high), 1.0}) * kLeastSpan;
     const double around = std::max((high - low) * kAround, least);
-    return niceAxis(low - around, high + around, kValueSteps);
+    // What is nowhere negative, such as minutes, has no room below 0.
+    const double floor = low >= 0 && high > 0 ? std::max(low - around, 0.0) : low - around;
+    return niceAxis(floor, high + around, kValueSteps);
 }
 
 bool leaves(const Course& course, const Axis& values)

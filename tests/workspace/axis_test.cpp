@@ -62,6 +62,9 @@ TEST(Axis, OfValuesHoldsAllOfThemUnlessTheyRunOffBesideAPole)
     pole.present = 0; // without a value
     EXPECT_LT(valueAxis(pole).span(), 1e4);
 
+    EXPECT_EQ(valueAxis(through(kWithoutPole, {400, 10})).low, 0) << "no minutes below 0";
+    EXPECT_LT(valueAxis(through(kWithoutPole, {400, -1})).low, -1);
+
     for (const Course& flat : {through(kWithoutPole, {{}, {}}), through(kWithoutPole, {7, 7})})
         EXPECT_GT(valueAxis(flat).span(), 0) << "a line needs room";
 }
