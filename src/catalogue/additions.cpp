@@ -3,6 +3,7 @@
 
 #include "catalogue/addition_inputs.h"
 #include "catalogue/addition_runs.h"
+#include "formulas/measured_wind.h"
 #include "standards/adaptive_ashrae.h"
 #include "standards/adaptive_en.h"
 #include "standards/heat_index.h"
@@ -141,8 +142,7 @@ constexpr auto kCoolings = std::to_array<Choice>({{0, "none", "no local cooling"
                                                   {3, "within_10_min", "bare skin freezes within 10 minutes"},
                                                   {4, "within_2_min", "bare skin freezes within 2 minutes"}});
 
-constexpr double kReadingsWindHeight = 1.1; // [m]
-constexpr double kReadingsGlobe = 0.05;     // diameter [m]
+constexpr double kReadingsGlobe = 0.05; // diameter [m]
 
 // What several models say.
 constexpr auto kNoWork = "no external work, as most activities have"sv;
@@ -381,7 +381,7 @@ constexpr auto kInputs = std::to_array<AdditionInput>({
     Read(inputs::kHour, range::kHour), Read(inputs::kUtcOffset, range::kUtcOffset), Read(inputs::kInterval, range::kInterval),
     Read(inputs::kLatitude, standards::sun_range::kLatitude), Read(inputs::kLongitude, standards::sun_range::kLongitude),
     Read(kSR, range::kS).beside("it is more than arrives outside of the air"), Read(inputs::kPressure, range::kP), Read(inputs::kTa, range::kTa),
-    Read(inputs::kRH, range::kRH).beside("the wet bulb has no value in this air"), Read(inputs::kV, range::kV), Read(inputs::kWindHeight, range::kZ).besideReading(inputs::kV, kReadingsWindHeight),
+    Read(inputs::kRH, range::kRH).beside("the wet bulb has no value in this air"), Read(inputs::kV, range::kV), Read(inputs::kWindHeight, range::kZ).besideReading(inputs::kV, formulas::kWindHeight),
     Read(kTemperatureDifference, range::kDT).optional("nothing by day or with the wind of 2 m, else no value"), Read(kUrban)});
 constexpr auto kResults = std::to_array<Results>({
     {.id = "wbgt", .name = "Wet-bulb globe temperature outdoors", .unit = "°C", .decimals = 1, .scaleIndex = 200},
@@ -545,7 +545,7 @@ namespace range = standards::utci_range;
 constexpr auto kInputs = std::to_array<AdditionInput>({
     Read(inputs::kTa, range::kTa), Read(kTr, range::kTmrt), Read(inputs::kV, range::kSpeed).beside("taken to 10 m it lies outside 0.5 to 17 m/s"),
     Read(inputs::kRH, range::kRH).beside("its vapour pressure must be below 5 kPa"),
-    Read(kWindHeight, range::kHeight).beside("there is no wind so near to the ground").start(standards::kUtciWindHeight, "UTCI: the wind at 10 m").besideReading(inputs::kV, kReadingsWindHeight)});
+    Read(kWindHeight, range::kHeight).beside("there is no wind so near to the ground").start(standards::kUtciWindHeight, "UTCI: the wind at 10 m").besideReading(inputs::kV, formulas::kWindHeight)});
 constexpr auto kResults = std::to_array<Results>({
     {.id = "utci", .name = "Universal Thermal Climate Index", .unit = "°C", .decimals = 1, .scaleIndex = 195},
     {.id = "stress", .name = "Category of thermal stress", .choices = kStresses},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/row_mapper.h"
 
+#include "formulas/measured_wind.h"
 #include "texts/number_text.h"
 #include "texts/text.h"
 #include "values/plain_text.h"
@@ -14,7 +15,6 @@ using texts::trimmed;
 
 namespace {
 
-constexpr double kBoxHeight = 1.1;  // [m]
 constexpr double kBoxSteps = 10000; // decimals of what is converted, as a power of 10
 
 bool isTimeRole(Role role)
@@ -59,14 +59,14 @@ RowMapper::RowMapper(const Mapping& mapping, const Layout& layout, std::string_v
             throw TableFault("\"" + use->unit + "\" is no unit of the " +
                              std::string(infoOf(use->quantity).name) + ".");
         source.way = *way;
-        if (use->height > 0 && use->height != kBoxHeight) {
+        if (use->height > 0 && use->height != formulas::kWindHeight) {
             const auto exponent = texts::numericValue(friction);
             if (!exponent)
                 throw TableFault(
                     "The wind at " + values::plainText(use->height) +
                     " m cannot be taken to the height of the box: the exponent of its profile is no "
                     "number.");
-            source.share = std::pow(kBoxHeight / use->height, *exponent);
+            source.share = formulas::windShareOf(use->height, *exponent);
         }
         m_sources.push_back(std::move(source));
     }

@@ -7,6 +7,7 @@
 
 #include "catalogue/additions.h"
 #include "controls/controls.h"
+#include "formulas/measured_wind.h"
 #include "workspace/session_part.h"
 
 #include <cstdint>
@@ -58,7 +59,7 @@ std::string emptyInWords(const catalogue::InputInfo& info);
 std::string valueInWords(const catalogue::InputInfo& info, double value);
 
 /// The height of the wind in the readings [m], where no other is typed.
-inline constexpr double kReadingsWindHeight = 1.1;
+inline constexpr double kReadingsWindHeight = formulas::kWindHeight;
 inline constexpr std::string_view kWindHeightField = "wind_height";
 
 /// A value to pick in place of typing it.

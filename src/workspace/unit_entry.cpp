@@ -2,6 +2,7 @@
 #include "workspace/unit_entry.h"
 
 #include "comfortics/units.h"
+#include "formulas/measured_wind.h"
 #include "texts/number_text.h"
 #include "values/plain_text.h"
 
@@ -19,7 +20,6 @@ constexpr const char* kTemperature = "units/temperature";
 constexpr const char* kWind = "units/wind";
 constexpr double kBoxSteps = 10'000; // decimals that the box gets, as a power of 10
 constexpr double kEntrySteps = 100;
-constexpr double kBoxHeight = 1.1; // [m]
 constexpr double kMastHeight = 10; // [m]
 
 // As the library calls them, in the order of the choices.
@@ -85,7 +85,7 @@ double UnitEntry::share() const
     if (!m_wind || !Check_10m.checked())
         return 1;
     const auto exponent = texts::numericValue(m_calculation.assumptions.txt_Friction.text());
-    return exponent ? std::pow(kBoxHeight / kMastHeight, *exponent) : std::nan("");
+    return exponent ? formulas::windShareOf(kMastHeight, *exponent) : std::nan("");
 }
 
 std::string_view UnitEntry::boxSymbol() const
