@@ -6,6 +6,7 @@
 #include "catalogue/finder.h"
 #include "catalogue/references.h"
 #include "catalogue/validity.h"
+#include "engine/category_list.h"
 #include "engine/recipe.h"
 #include "values/same_letters.h"
 
@@ -91,9 +92,7 @@ public:
                     m_inputs[at][inputs++] = *quantity;
             const catalogue::Reference& reference = catalogue::reference(row.number);
             const catalogue::Scale& scale = catalogue::scale(row.number);
-            for (const catalogue::Category& category : scale.categories)
-                m_categories.push_back(
-                    {category.lower, category.upper, category.label, category.severity, category.note});
+            engine::appendCategories(m_categories, scale);
             m_all[at] = {.number = row.number,
                          .id = reference.id,
                          .name = row.name,

@@ -2,6 +2,7 @@
 #include <comfortics/models.h>
 
 #include "catalogue/additions.h"
+#include "engine/category_list.h"
 #include "engine/work_sharing.h"
 #include "values/float_flags.h"
 
@@ -98,9 +99,7 @@ private:
     {
         const catalogue::Scale& scale = catalogue::scaleOf(result);
         std::vector<Category>& categories = parts.categories.emplace_back();
-        for (const catalogue::Category& category : scale.categories)
-            categories.push_back(
-                {category.lower, category.upper, category.label, category.severity, category.note});
+        engine::appendCategories(categories, scale);
         return {.id = result.id,
                 .name = result.name,
                 .unit = result.unit,

@@ -7,6 +7,8 @@
 #include "formulas/assumptions.h"
 #include "formulas/real.h"
 
+#include <cmath>
+
 namespace comfortics::formulas {
 
 /// hPa to mmHg.
@@ -21,6 +23,14 @@ template <class Real>
 Real Vapor_Pressure_Magnus(Real t)
 {
     return 6.11 * power(10, (7.5 * t) / (237.3 + t));
+}
+
+/// Dew point [°C] at which Vapor_Pressure_Magnus has a pressure above 0 [hPa]: its inverse. NaN or infinite
+/// elsewhere.
+inline double dewPointOfPressure(double pressure)
+{
+    const double power = std::log10(pressure / 6.11);
+    return 237.3 * power / (7.5 - power);
 }
 
 /// Saturation vapour pressure [hPa] at t [°C], Hardy (1998). Fails at and below 0 K.

@@ -2,6 +2,7 @@
 #include "tables/row_mapper.h"
 
 #include "formulas/measured_wind.h"
+#include "formulas/primitives.h"
 #include "texts/number_text.h"
 #include "texts/text.h"
 #include "values/plain_text.h"
@@ -20,14 +21,6 @@ constexpr double kBoxSteps = 10000; // decimals of what is converted, as a power
 bool isTimeRole(Role role)
 {
     return role == Role::Time || (role >= Role::Year && role <= Role::Second);
-}
-
-// The temperature [°C] at which the vapour pressure [hPa] over water is that: Vapor_Pressure_Magnus, turned
-// round.
-double dewPointOf(double pressure)
-{
-    const double power = std::log10(pressure / 6.11);
-    return 237.3 * power / (7.5 - power);
 }
 
 } // namespace
@@ -144,7 +137,7 @@ void RowMapper::takeReading(const Source& source, const Row& row, MappedRow& res
         return;
     double value = source.way(*number) * source.share;
     if (pressure)
-        value = value > 0 ? dewPointOf(value) : std::nan("");
+        value = value > 0 ? formulas::dewPointOfPressure(value) : std::nan("");
     if (!std::isfinite(value)) {
         result.refused = "\"" + std::string(cell.substr(0, 40)) + "\" in the column \"" +
                          m_names[source.column] + "\" has no value in " +

@@ -355,7 +355,8 @@ def _named(wanted, options, arrays):
     return dict(zip(_names(wanted, options), arrays))
 
 
-def _with_pandas(given, wanted, options, conversions):
+def series_columns(given, what="readings"):
+    """The index that all Series have, and all values without it."""
     import pandas
 
     index = None
@@ -363,14 +364,26 @@ def _with_pandas(given, wanted, options, conversions):
     for name, value in given.items():
         if isinstance(value, pandas.Series):
             if index is not None and not index.equals(value.index):
-                raise ValueError(f"The index of {name} is another than that of the readings before it.")
+                raise ValueError(f"The index of {name} is another than that of the {what} before it.")
             index = value.index
             value = numbers(value, name)
         columns[name] = value
-    plan, arrays = _plan(columns, options, conversions)
+    return index, columns
+
+
+def refuse_other_lengths(plan, arrays, index):
+    """Raise ValueError where an array beside Series has not their length."""
     for name, array in zip(plan.names, arrays):
         if numpy.shape(array) not in ((), (1,), (len(index),)):
             raise ValueError(f"{name} has the shape {numpy.shape(array)} beside Series of {len(index)} rows.")
+
+
+def _with_pandas(given, wanted, options, conversions):
+    import pandas
+
+    index, columns = series_columns(given)
+    plan, arrays = _plan(columns, options, conversions)
+    refuse_other_lengths(plan, arrays, index)
     columns = _named(wanted, options, plan(*arrays))
     for place in options["classes"]:
         name = wanted[place].id + "_category"

@@ -110,12 +110,8 @@ def _row(row):
                  reference, _CONFIDENCE[confidence], decimals, tuple(Category(*category) for category in categories))
 
 
-class Indices:
-    """The catalogue, a table of the indices by number.
-
-    It is iterable, and `indices[90]`, `indices["humidex_masterson"]` and
-    `indices[comfortics.humidex_masterson]` are the same row.
-    """
+class Rows:
+    """Rows of a table, each with an id."""
 
     def __init__(self, rows):
         self._rows = tuple(rows)
@@ -126,6 +122,19 @@ class Indices:
 
     def __iter__(self):
         return iter(self._rows)
+
+    def _matching(self, words, texts):
+        """The rows in whose texts all words stand, whatever their case."""
+        wanted = words.lower().split()
+        return [row for row in self._rows if all(word in " ".join(texts(row)).lower() for word in wanted)]
+
+
+class Indices(Rows):
+    """The catalogue, a table of the indices by number.
+
+    It is iterable, and `indices[90]`, `indices["humidex_masterson"]` and
+    `indices[comfortics.humidex_masterson]` are the same row.
+    """
 
     def __contains__(self, key):
         try:
@@ -158,12 +167,7 @@ class Indices:
 
     def search(self, words):
         """The rows in whose id, name, family, unit or reference all words stand, whatever their case."""
-        wanted = words.lower().split()
-        found = []
-        for row in self._rows:
-            text = " ".join((row.id, row.name, row.family, row.unit, row.reference)).lower()
-            if all(word in text for word in wanted):
-                found.append(row)
+        found = self._matching(words, lambda row: (row.id, row.name, row.family, row.unit, row.reference))
         return Indices(found) if len(found) < len(self._rows) else self
 
     def to_pandas(self):

@@ -10,8 +10,8 @@ import numpy
 from comfortics import _comfortics
 from comfortics._arrays import numbers
 from comfortics._calculate import (_calculated, _common_shape, _is_number, _is_single, _kind, _refuse_other_coordinates,
-                                   _refuse_several, _result_of, _threads)
-from comfortics._catalogue import Category
+                                   _refuse_several, _result_of, _threads, refuse_other_lengths, series_columns)
+from comfortics._catalogue import Category, Rows
 from comfortics._errors import UnknownIndexError, did_you_mean
 from comfortics._units import _BASES, _DIMENSIONS, _folded, cf, conversion
 
@@ -290,19 +290,9 @@ class Model:
     def _with_pandas(self, given, options):
         import pandas
 
-        index = None
-        columns = {}
-        for name, value in given.items():
-            if isinstance(value, pandas.Series):
-                if index is not None and not index.equals(value.index):
-                    raise ValueError(f"The index of {name} is another than that of the inputs before it.")
-                index = value.index
-                value = numbers(value, name)
-            columns[name] = value
+        index, columns = series_columns(given, "inputs")
         plan, arrays = self._plan(columns, options)
-        for name, array in zip(plan.names, arrays):
-            if numpy.shape(array) not in ((), (1,), (len(index),)):
-                raise ValueError(f"{name} has the shape {numpy.shape(array)} beside Series of {len(index)} rows.")
+        refuse_other_lengths(plan, arrays, index)
         return pandas.DataFrame(dict(zip(self._names(options), plan(*arrays))), index=index)
 
     def _with_xarray(self, given, options):
@@ -400,18 +390,8 @@ def _blank(limits):
     return limits == "blank"
 
 
-class Models:
+class Models(Rows):
     """The models: `models.pmv_iso` and `models["pmv_iso"]` are the same, and it is iterable."""
-
-    def __init__(self, rows):
-        self._rows = tuple(rows)
-        self._by_id = {row.id: row for row in self._rows}
-
-    def __len__(self):
-        return len(self._rows)
-
-    def __iter__(self):
-        return iter(self._rows)
 
     def __contains__(self, key):
         return getattr(key, "id", key) in self._by_id
@@ -436,10 +416,7 @@ class Models:
 
     def search(self, words):
         """The models in whose id, name, family or authors all words stand, whatever their case."""
-        wanted = words.lower().split()
-        return Models(row for row in self._rows
-                      if all(word in " ".join((row.id, row.name, row.family, row.authors, row.year)).lower()
-                             for word in wanted))
+        return Models(self._matching(words, lambda row: (row.id, row.name, row.family, row.authors, row.year)))
 
     def to_pandas(self):
         """The models as a DataFrame by id."""
