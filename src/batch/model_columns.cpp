@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/model_columns.h"
 
-#include "output/csv_cell.h"
+#include "batch/table_reader.h"
 #include "texts/text.h"
 
 #include <algorithm>
@@ -12,8 +12,8 @@ namespace comfortics::batch {
 
 using catalogue::Addition;
 using catalogue::AdditionInput;
+using catalogue::AdditionResult;
 using catalogue::InputInfo;
-using output::appendCsvCell;
 using standards::kNaN;
 
 namespace {
@@ -67,8 +67,8 @@ std::vector<std::pair<const InputInfo*, double>> ModelRequest::parseConstants(co
     return constants;
 }
 
-ModelColumns::ModelColumns(ModelRequest request, const std::vector<std::string>& names, bool reasons)
-    : m_request(std::move(request)), m_reasons(reasons)
+ModelColumns::ModelColumns(ModelRequest request, const std::vector<std::string>& names, ModelExtras extras)
+    : m_request(std::move(request)), m_extras(extras)
 {
     for (const Addition* model : m_request.models)
         m_models.push_back(columnsOf(*model, names));
@@ -120,65 +120,106 @@ ModelColumns::Columns ModelColumns::columnsOf(const Addition& model, const std::
             reading && made.sources[*reading].live)
             source.value = input.readingValue;
         if (std::isnan(source.value) && model.isRequired(i, known))
-            throw MalformedTable(std::string(model.id) + " needs " + std::string(input.info->id) + ", the " +
-                                 catalogue::inSentence(input.info->name) +
-                                 ": no column and no constant gives it.");
+            throw MalformedTable(
+                std::string(model.id) + " needs " + std::string(input.info->id) + ", the " +
+                catalogue::inSentence(input.info->name) +
+                (names.empty() ? ": no constant gives it." : ": no column and no constant gives it."));
     }
     return made;
 }
 
-void ModelColumns::appendHeader(std::string& line) const
+bool ModelColumns::hasCategory(const AdditionResult& result) const
 {
-    for (const Columns& columns : m_models) {
-        for (const catalogue::AdditionResult& result : columns.model->results) {
-            line += ',';
-            const std::string unit = result.unit.empty() ? "" : " [" + std::string(result.unit) + "]";
-            appendCsvCell(line, std::string(columns.model->id) + "." + std::string(result.id) + unit);
-        }
-        if (m_reasons)
-            line += "," + std::string(columns.model->id) + " reasons";
-    }
+    return m_extras.categories && !catalogue::scaleOf(result).categories.empty();
 }
 
-void ModelColumns::appendRow(std::string& line, const TableRow& row, const LiveText& liveText) const
+std::vector<ModelHeading> ModelColumns::headings() const
 {
-    std::vector<double> inputs;
-    std::vector<double> results;
-    std::vector<standards::Verdict> verdicts;
+    std::vector<ModelHeading> all;
+    for (const Columns& columns : m_models) {
+        const std::string model(columns.model->id);
+        for (const AdditionResult& result : columns.model->results) {
+            const std::string name = model + "." + std::string(result.id);
+            all.push_back({name, std::string(result.unit), result.choices.empty()});
+            if (m_extras.status)
+                all.push_back({name + " status", {}});
+            if (hasCategory(result)) {
+                all.push_back({name + " category", {}});
+                all.push_back({name + " severity", {}, true});
+            }
+        }
+        if (m_extras.reasons)
+            all.push_back({model + " reasons", {}});
+    }
+    return all;
+}
+
+void ModelColumns::calculate(const CellText& cellText, const LiveText& liveText,
+                             const std::function<void(const ModelFigures&)>& take) const
+{
+    ModelFigures figures;
     for (const Columns& columns : m_models) {
         const Addition& model = *columns.model;
-        inputs.clear();
-        std::string unreadable;
+        figures.model = &model;
+        figures.inputs.clear();
+        figures.unreadable.clear();
         for (std::size_t i = 0; i < columns.sources.size(); ++i) {
             const Source& source = columns.sources[i];
             const InputInfo& info = *model.inputs[i].info;
             double value = source.value;
             if (source.column || source.live) {
-                std::string text = source.column ? row.cells[*source.column] : liveText(*source.live);
-                if (text.find('.') == std::string::npos)
-                    std::ranges::replace(text, ',', '.'); // a decimal comma, as in the readings
+                const std::string text =
+                    source.column ? cellText(*source.column, info) : liveText(*source.live);
                 value = catalogue::inputValue(info, text).value_or(kNaN);
-                if (std::isnan(value) && !texts::trimmed(text).empty() && unreadable.empty())
-                    unreadable =
+                if (std::isnan(value) && !texts::trimmed(text).empty() && figures.unreadable.empty())
+                    figures.unreadable =
                         "No value: " + quoted(text) + " is no " + catalogue::inSentence(info.name) + ".";
             }
-            inputs.push_back(value);
+            figures.inputs.push_back(value);
         }
-        results.assign(model.results.size(), kNaN);
-        verdicts.assign(model.results.size(), {});
+        figures.results.assign(model.results.size(), kNaN);
+        figures.verdicts.assign(model.results.size(), {});
         // A cell that cannot be read is not the same as none.
-        if (unreadable.empty())
-            model.run(inputs, results, verdicts, m_request.limits);
-        for (std::size_t i = 0; i < results.size(); ++i) {
-            line += ',';
-            appendCsvCell(line, catalogue::plainResult(model.results[i], results[i]));
-        }
-        if (m_reasons) {
-            line += ',';
-            appendCsvCell(line,
-                          unreadable.empty() ? catalogue::remarks(model, verdicts, inputs) : unreadable);
-        }
+        if (figures.unreadable.empty())
+            model.run(figures.inputs, figures.results, figures.verdicts, m_request.limits);
+        take(figures);
     }
+}
+
+void ModelColumns::cells(const ModelFigures& figures, const std::function<void(std::string_view)>& take) const
+{
+    for (std::size_t i = 0; i < figures.results.size(); ++i) {
+        const AdditionResult& result = figures.model->results[i];
+        take(catalogue::plainResult(result, figures.results[i]));
+        if (m_extras.status)
+            take(figures.standing(i));
+        if (!hasCategory(result))
+            continue;
+        const catalogue::Category* const category = figures.category(i);
+        take(category != nullptr ? category->label : std::string_view());
+        take(category != nullptr ? std::to_string(category->severity) : std::string());
+    }
+    if (m_extras.reasons)
+        take(figures.remarks());
+}
+
+const catalogue::Category* ModelFigures::category(std::size_t result) const
+{
+    if (std::isnan(results[result]) || verdicts[result].standing != standards::Standing::Ok)
+        return nullptr;
+    return catalogue::scaleOf(model->results[result]).of(results[result]);
+}
+
+std::string_view ModelFigures::standing(std::size_t result) const
+{
+    if (std::isnan(results[result]))
+        return "none";
+    return verdicts[result].standing == standards::Standing::Ok ? "ok" : "outside";
+}
+
+std::string ModelFigures::remarks() const
+{
+    return unreadable.empty() ? catalogue::remarks(*model, verdicts, inputs) : unreadable;
 }
 
 } // namespace comfortics::batch

@@ -3,8 +3,8 @@
 // Models beside the indices of a batch: columns of the table are their inputs.
 #pragma once
 
-#include "batch/table_reader.h"
 #include "catalogue/additions.h"
+#include "catalogue/categories.h"
 #include "formulas/live_quantity.h"
 
 #include <cstddef>
@@ -31,20 +31,55 @@ struct ModelRequest {
 
 /// Text of a live quantity of the row; empty where it has none.
 using LiveText = std::function<std::string(formulas::Live)>;
+/// Text of a cell of the row for an input, with a point for a decimal mark; empty where it has none.
+using CellText = std::function<std::string(std::size_t column, const catalogue::InputInfo& input)>;
+
+/// What stands beside the figures of models.
+struct ModelExtras {
+    bool reasons = false;    ///< behind each model why figures have no value or a mark
+    bool status = false;     ///< behind each figure ok, outside or none
+    bool categories = false; ///< behind each figure with a scale its class in words, and the severity
+};
+
+/// A column that models add.
+struct ModelHeading {
+    std::string name;
+    std::string unit; ///< empty for none
+    bool number = false;
+};
+
+/// The figures of a model in one row.
+struct ModelFigures {
+    const catalogue::Addition* model = nullptr;
+    std::vector<double> inputs;
+    std::vector<double> results;
+    std::vector<standards::Verdict> verdicts;
+    std::string unreadable; ///< a sentence on a cell that cannot be read; there are no figures then
+
+    /// The published class of a figure inside its range; null where there is none.
+    const catalogue::Category* category(std::size_t result) const;
+    /// "ok", "outside" or "none"
+    std::string_view standing(std::size_t result) const;
+    /// Why figures have no value or a mark; empty where all is well.
+    std::string remarks() const;
+};
 
 /// The columns that models add to a batch. An input is, in this order, a constant, the column that has its
 /// id for a name, or, where it is required, the live quantity of the row that it is; else its start value.
-/// Any number of threads may append rows.
+/// Any number of threads may calculate rows.
 class ModelColumns {
 public:
     /// `names` are those of the table's columns. Throws MalformedTable where a model lacks an input or two
     /// columns give one.
-    ModelColumns(ModelRequest request, const std::vector<std::string>& names, bool reasons);
+    ModelColumns(ModelRequest request, const std::vector<std::string>& names, ModelExtras extras);
 
     bool readsLive() const noexcept { return m_readsLive; }
-    void appendHeader(std::string& line) const;
-    /// The cells of a row, each with a comma in front.
-    void appendRow(std::string& line, const TableRow& row, const LiveText& liveText) const;
+    std::vector<ModelHeading> headings() const;
+    /// The figures of a row, model by model.
+    void calculate(const CellText& cellText, const LiveText& liveText,
+                   const std::function<void(const ModelFigures&)>& take) const;
+    /// The cells of a model's figures, one under each of its headings.
+    void cells(const ModelFigures& figures, const std::function<void(std::string_view)>& take) const;
 
 private:
     /// Where an input of a model comes from.
@@ -61,9 +96,10 @@ private:
     /// By a constant or a column; else without either.
     Source givenSource(const catalogue::InputInfo& input, const std::vector<std::string>& names) const;
     Columns columnsOf(const catalogue::Addition& model, const std::vector<std::string>& names);
+    bool hasCategory(const catalogue::AdditionResult& result) const;
 
     ModelRequest m_request;
-    bool m_reasons;
+    ModelExtras m_extras;
     bool m_readsLive = false;
     std::vector<Columns> m_models;
 };

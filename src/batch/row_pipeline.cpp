@@ -116,9 +116,22 @@ private:
             if (meaning)
                 csv += std::to_string(meaning->severity);
         }
-        m_models.appendRow(csv, row, [&](formulas::Live quantity) {
-            return values ? std::string(figures.live(quantity)) : std::string();
-        });
+        m_models.calculate(
+            [&row](std::size_t column, const catalogue::InputInfo&) {
+                std::string text = row.cells[column];
+                if (text.find('.') == std::string::npos)
+                    std::ranges::replace(text, ',', '.'); // a decimal comma, as in the readings
+                return text;
+            },
+            [&](formulas::Live quantity) {
+                return values ? std::string(figures.live(quantity)) : std::string();
+            },
+            [&](const ModelFigures& ofModel) {
+                m_models.cells(ofModel, [&csv](std::string_view cell) {
+                    csv += ',';
+                    appendCsvCell(csv, cell);
+                });
+            });
         csv += "\r\n";
     }
 
@@ -157,7 +170,10 @@ std::string headerLine(const ColumnMap& columns, const BatchOptions& options, co
         if (options.categories && !catalogue::scale(index).categories.empty())
             line += "," + std::to_string(index) + " category," + std::to_string(index) + " severity";
     }
-    models.appendHeader(line);
+    for (const ModelHeading& heading : models.headings()) {
+        line += ',';
+        appendCsvCell(line, heading.unit.empty() ? heading.name : heading.name + " [" + heading.unit + "]");
+    }
     return line + "\r\n";
 }
 
@@ -179,7 +195,8 @@ BatchSummary runBatch(TableReader& reader, const classic::Limits& limits, const 
         throw MalformedTable("The table is empty.");
     const ColumnMap columns = ColumnMap::from(row, reader.separator());
     const std::vector<int> indices = selectedIndices(options.settings.selection);
-    const ModelColumns models(options.models, columns.names(), options.reasons);
+    const ModelColumns models(options.models, columns.names(),
+                              {.reasons = options.reasons, .categories = options.categories});
     write(headerLine(columns, options, indices, models));
 
     Crew crew(options.threads, [&]() -> Crew::Work {

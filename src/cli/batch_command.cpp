@@ -3,6 +3,7 @@
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/interruption.h"
+#include "cli/model_options.h"
 #include "cli/reading_options.h"
 #include "output/whole_file.h"
 #include "tables/mapping.h"
@@ -21,7 +22,6 @@
 #include <functional>
 #include <iostream>
 #include <optional>
-#include <stdexcept>
 #include <system_error>
 #include <thread>
 
@@ -131,18 +131,6 @@ private:
     std::chrono::steady_clock::time_point m_shown = m_start;
 };
 
-/// What an argument is refused with; empty where it is not.
-template <typename Parse>
-std::string sentenceOf(Parse parse)
-{
-    try {
-        parse();
-    } catch (const std::invalid_argument& error) {
-        return error.what();
-    }
-    return {};
-}
-
 class BatchCommand final : public Command {
 public:
     CLI::App* addTo(CLI::App& tool) override
@@ -167,30 +155,7 @@ public:
         command->add_option("--threads", m_threads, "Number of threads; default: all cores")
             ->type_name("N")
             ->check(CLI::Range(1, 1024));
-        command
-            ->add_option("--models", m_models,
-                         "Calculate models of standards too, for instance pmv_iso,utci (see comfortics-cli "
-                         "model --list)")
-            ->type_name("LIST")
-            ->group("Models")
-            ->check([](const std::string& list) {
-                return sentenceOf([&list] { batch::ModelRequest::parseModels(list); });
-            });
-        command
-            ->add_option("--with", m_with,
-                         "Inputs of the models that all rows share, for instance met=1.2,posture=sitting")
-            ->type_name("LIST")
-            ->group("Models")
-            ->needs("--models")
-            ->check([](const std::string& list) {
-                return sentenceOf([&list] { batch::ModelRequest::parseConstants(list); });
-            });
-        command
-            ->add_option("--model-limits", m_modelLimits,
-                         "Values beyond the range of a model: mark, or blank for none")
-            ->check(CLI::IsMember({"mark", "blank"}))
-            ->capture_default_str()
-            ->group("Models");
+        m_models.addTo(*command, "Inputs of the models that all rows share");
         addTableOptions(*command, named);
         m_options.addTo(*command);
         command->footer(
@@ -198,8 +163,9 @@ public:
             "columns are carried through; without one the six columns stand in that order.\n"
             "Each row starts from empty boxes.\n"
             "Other tables want --columns or --map; weather files (.epw) want neither.\n"
-            "Columns named by the ids of inputs are inputs of the models; a required input that neither a\n"
-            "column nor --with gives is the live quantity of the row that it is, such as Tmrt for tr.");
+            "Columns named by the ids of inputs are inputs of the models, and others by --columns, as\n"
+            "met=Activity; a required input that neither a column nor --with gives is the live quantity of\n"
+            "the row that it is, such as Tmrt for tr.");
         return command;
     }
 
@@ -215,28 +181,11 @@ public:
         options.categories = m_options.categories;
         options.threads = m_threads > 0 ? m_threads : std::max(1U, std::thread::hardware_concurrency());
         options.stopped = Interruption::requested;
-        if (!m_models.empty() && isForeign()) {
-            std::cerr
-                << "comfortics-cli: --models is for tables of the usual shape, without --columns, --map, "
-                   "--format and the like.\n";
+        if (const std::string fault = m_models.fault(); !fault.empty()) {
+            std::cerr << "comfortics-cli: " << fault << "\n";
             return kUsage;
         }
-        if (!m_models.empty())
-            options.models.models = batch::ModelRequest::parseModels(m_models);
-        if (!m_with.empty())
-            options.models.constants = batch::ModelRequest::parseConstants(m_with);
-        if (m_modelLimits == "blank")
-            options.models.limits = standards::Limits::Blank;
-        for (const auto& [input, value] : options.models.constants) {
-            const bool isRead = std::ranges::any_of(options.models.models,
-                                                    [id = input->id](const catalogue::Addition* model) {
-                                                        return model->inputPlace(id).has_value();
-                                                    });
-            if (!isRead) {
-                std::cerr << "comfortics-cli: --with: none of the models reads " << input->id << ".\n";
-                return kUsage;
-            }
-        }
+        options.models = m_models.request();
 
         const Interruption interruption;
         std::optional<tables::RunCounts> counts;
@@ -372,6 +321,7 @@ private:
             run.reasons = options.reasons;
             run.categories = options.categories;
             run.provenance = options.provenance;
+            run.models = options.models;
             run.threads = options.threads;
             run.stopped = options.stopped;
             tables::RunCounts done;
@@ -481,9 +431,7 @@ private:
     bool m_status = false;
     bool m_live = false;
     unsigned m_threads = 0;
-    std::string m_models;
-    std::string m_with;
-    std::string m_modelLimits = "mark";
+    ModelOptions m_models;
     CalculationOptions m_options;
 };
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/model_columns.h"
 #include "batch/row_runner.h"
+#include "batch/table_reader.h"
 #include "classic/calculation.h"
 #include "cli/commands.h"
 #include "cli/exit_status.h"
+#include "cli/model_options.h"
 #include "cli/reading_options.h"
 #include "cli/text_table.h"
 #include "output/csv_cell.h"
@@ -10,7 +13,10 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <cmath>
 #include <iostream>
+#include <vector>
 
 namespace comfortics::cli {
 
@@ -49,16 +55,29 @@ public:
                        "Say by which rules the values are, whether limits were kept or ignored, and which "
                        "limit a value lies outside of")
             ->group("Output");
+        m_models.addTo(*command, "Inputs of the models that are no readings");
         command->footer(
             "The texts are written to the reading boxes in the order ta, tg, sr, td, rh, ws, as if\n"
             "pasted: what is no number is dropped, and a later member of a pair (globe temperature or\n"
             "solar radiation, dew point or humidity) empties the earlier one.\n"
+            "Models read the live quantities, such as Tmrt for tr, and what --with gives.\n"
             "Example: comfortics-cli calc --ta 30 --rh 50 --ws 2 --sr 600");
         return command;
     }
 
     int run() override
     {
+        if (const std::string fault = m_models.fault(); !fault.empty()) {
+            std::cerr << "comfortics-cli: " << fault << "\n";
+            return kUsage;
+        }
+        std::optional<batch::ModelColumns> models;
+        try {
+            models.emplace(m_models.request(), std::vector<std::string>(), batch::ModelExtras());
+        } catch (const batch::MalformedTable& error) {
+            std::cerr << "comfortics-cli: The readings are rejected: " << error.what() << "\n";
+            return kReadingsRejected;
+        }
         const classic::Limits limits = m_options.limits();
         batch::MessageKeeper messages;
         Calculation calculation(limits, messages);
@@ -69,10 +88,16 @@ public:
 
         const RunStatus status =
             calculation.readings.complete() ? calculation.run(settings) : RunStatus::Rejected;
+        std::vector<batch::ModelFigures> figures;
+        models->calculate(
+            {},
+            [&calculation](Live quantity) { return std::string(calculation.liveLabel(quantity).caption()); },
+            [&figures](const batch::ModelFigures& ofModel) { figures.push_back(ofModel); });
         if (m_format == "json")
-            print(json(calculation, status, settings, messages.texts()));
+            print(json(calculation, status, settings, messages.texts(), figures));
         else if (status == RunStatus::Ok)
-            print(m_format == "csv" ? csv(calculation, settings) : text(calculation, settings));
+            print(m_format == "csv" ? csv(calculation, settings, figures)
+                                    : text(calculation, settings, figures));
 
         switch (status) {
         case RunStatus::Ok:
@@ -92,7 +117,10 @@ public:
     }
 
 private:
-    std::string text(const Calculation& calculation, const classic::Settings& settings) const
+    using ModelRows = std::vector<batch::ModelFigures>;
+
+    std::string text(const Calculation& calculation, const classic::Settings& settings,
+                     const ModelRows& models) const
     {
         using enum TextTable::Align;
         TextTable live({"Live quantity", "", "Value", "Unit"}, {Left, Left, Right, Left});
@@ -127,12 +155,49 @@ private:
                 cells.push_back(calculation.whyDoubtful(row.number));
             results.add(std::move(cells));
         }
+        std::string ofModels;
+        for (const batch::ModelFigures& figures : models) {
+            std::vector<std::string> titles{std::string(figures.model->name), "Id", "Value", "Unit"};
+            std::vector<TextTable::Align> aligns{Left, Left, Right, Left};
+            if (m_options.categories) {
+                titles.emplace_back("Class");
+                aligns.push_back(Left);
+            }
+            TextTable table(std::move(titles), std::move(aligns));
+            for (std::size_t i = 0; i < figures.results.size(); ++i) {
+                const catalogue::AdditionResult& info = figures.model->results[i];
+                std::vector<std::string> cells{
+                    std::string(info.name), std::string(figures.model->id) + "." + std::string(info.id),
+                    catalogue::resultText(*figures.model, i, figures.results), std::string(info.unit)};
+                if (m_options.categories)
+                    cells.push_back(classInWords(figures, i));
+                table.add(std::move(cells));
+            }
+            ofModels += "\n" + table.text();
+            // A mark is part of a figure, whether reasons are asked for or not.
+            if (const std::string remarks = figures.remarks(); !remarks.empty())
+                ofModels += remarks + "\n";
+        }
         const std::string closing =
             m_options.provenance ? "\nCalculated by " + classic::inForce(settings) + ".\n" : "";
-        return live.text() + "\n" + results.text() + closing;
+        return live.text() + "\n" + results.text() + ofModels + closing;
     }
 
-    std::string csv(const Calculation& calculation, const classic::Settings& settings) const
+    static std::string classInWords(const batch::ModelFigures& figures, std::size_t result)
+    {
+        const catalogue::Category* const category = figures.category(result);
+        return category == nullptr ? std::string() : catalogue::inWords({category, category->severity});
+    }
+
+    static std::string remark(const batch::ModelFigures& figures, std::size_t result)
+    {
+        return figures.unreadable.empty()
+                   ? catalogue::verdictInWords(*figures.model, figures.verdicts[result], figures.inputs)
+                   : figures.unreadable;
+    }
+
+    std::string csv(const Calculation& calculation, const classic::Settings& settings,
+                    const ModelRows& models) const
     {
         std::string result = "number,name,value,unit";
         if (m_options.categories)
@@ -171,11 +236,35 @@ private:
             }
             result += "\r\n";
         }
+        // Of a model the id stands for the number, and the remark for the reason.
+        for (const batch::ModelFigures& figures : models)
+            for (std::size_t i = 0; i < figures.results.size(); ++i) {
+                const catalogue::AdditionResult& info = figures.model->results[i];
+                const catalogue::Category* const category = figures.category(i);
+                std::vector<std::string> cells{
+                    std::string(figures.model->id) + "." + std::string(info.id),
+                    std::string(info.name) + ", " + std::string(figures.model->name),
+                    catalogue::plainResult(info, figures.results[i]), std::string(info.unit)};
+                if (m_options.categories) {
+                    cells.emplace_back(category == nullptr ? "" : category->label);
+                    cells.push_back(category == nullptr ? "" : std::to_string(category->severity));
+                }
+                if (m_options.reasons)
+                    cells.push_back(remark(figures, i));
+                if (m_options.provenance) // rules and limits are not those of a model
+                    cells.insert(cells.end(),
+                                 {"", "", figures.standing(i) == "outside" ? remark(figures, i) : ""});
+                for (const std::string& cell : cells) {
+                    result += &cell == &cells.front() ? "" : ",";
+                    output::appendCsvCell(result, cell);
+                }
+                result += "\r\n";
+            }
         return result;
     }
 
     std::string json(const Calculation& calculation, RunStatus status, const classic::Settings& settings,
-                     const std::vector<std::string>& messages) const
+                     const std::vector<std::string>& messages, const ModelRows& models) const
     {
         nlohmann::ordered_json root;
         root["status"] = status == RunStatus::Ok         ? "ok"
@@ -218,12 +307,40 @@ private:
                 entry["outside"] = calculation.whyDoubtful(row.number);
             results.push_back(std::move(entry));
         }
+        for (const batch::ModelFigures& figures : models) {
+            nlohmann::ordered_json entry{{"id", figures.model->id}, {"name", figures.model->name}};
+            for (std::size_t i = 0; i < figures.results.size(); ++i) {
+                const catalogue::AdditionResult& info = figures.model->results[i];
+                nlohmann::ordered_json figure{{"id", info.id}, {"name", info.name}, {"unit", info.unit}};
+                const catalogue::Choice* const word = catalogue::choiceWith(info.choices, figures.results[i]);
+                if (std::isnan(figures.results[i]))
+                    figure["value"] = nullptr;
+                else if (word != nullptr)
+                    figure["value"] = word->word;
+                else
+                    figure["value"] = figures.results[i];
+                figure["status"] = figures.standing(i);
+                figure["remark"] = remark(figures, i);
+                if (m_options.categories) {
+                    const catalogue::Category* const category = figures.category(i);
+                    figure["category"] = nullptr;
+                    figure["severity"] = nullptr;
+                    if (category != nullptr) {
+                        figure["category"] = category->label;
+                        figure["severity"] = category->severity;
+                    }
+                }
+                entry["results"].push_back(std::move(figure));
+            }
+            root["models"].push_back(std::move(entry));
+        }
         // Texts of the command line may be no UTF-8; they must not end the program.
         return root.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
     }
 
     ReadingOptions m_readings;
     CalculationOptions m_options;
+    ModelOptions m_models;
     std::string m_format = "text";
 };
 

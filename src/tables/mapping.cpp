@@ -2,6 +2,7 @@
 #include "tables/mapping.h"
 
 #include "batch/column_map.h"
+#include "catalogue/additions.h"
 #include "tables/names.h"
 #include "tables/words.h"
 #include "texts/number_text.h"
@@ -20,8 +21,9 @@ using texts::trimmed;
 
 namespace {
 
-constexpr std::array<std::string_view, 11> kRoleNames{
-    "carried", "dropped", "reading", "time", "year", "month", "day", "hour", "minute", "second", "station"};
+constexpr std::array<std::string_view, 12> kRoleNames{"carried", "dropped", "reading", "time",
+                                                      "year",    "month",   "day",     "hour",
+                                                      "minute",  "second",  "station", "input"};
 
 // Text up to the next mark that is no letter; a backslash takes the mark behind it for one.
 std::string upTo(std::string_view& rest, std::string_view marks, char& mark)
@@ -143,10 +145,15 @@ private:
         } else if (key == "gap") {
             m_mapping.gaps.push_back(upTo(value, "", mark));
         } else if (const auto role = key == "drop" ? Role::Dropped : roleOfName(key);
-                   role && *role != Role::Reading && *role != Role::Carried) {
+                   role && *role != Role::Reading && *role != Role::Carried && *role != Role::Input) {
             do
                 add(upTo(value, *role == Role::Time || *role == Role::Dropped ? "+" : "", mark), *role);
             while (mark != 0);
+        } else if (catalogue::additionInputOfId(key) != nullptr) {
+            for (const ColumnUse& other : m_mapping.columns)
+                if (other.input == key)
+                    fail("Two columns are told to be the input " + key + ".");
+            add(upTo(value, "", mark), Role::Input).input = key;
         } else {
             fail("\"" + key + "\" is nothing that a column can be.");
         }

@@ -27,6 +27,7 @@ enum class Role : std::uint8_t {
     Minute,
     Second,
     Station, ///< carried, and told apart in summaries
+    Input,   ///< carried, and an input of the models of standards, in the unit that these have for it
 };
 
 /// "carried", "dropped", "reading", "time", "year" and so on.
@@ -41,6 +42,7 @@ struct ColumnUse {
     std::string unit;                 ///< of a reading: a symbol that UnitWay knows
     double height = 0;             ///< of a wind: at which it was measured [m]; 0: at the height of the box
     double step = 0;               ///< of a dose: over which it was summed [s]
+    std::string input;             ///< of an input: its id, such as "met"
     std::vector<std::string> gaps; ///< what means a gap here, beside the marks of the whole table
     std::string because;           ///< of a guess: why, in a sentence
     std::string doubt;             ///< of a guess: what is to be looked at, in a sentence; empty: none
@@ -85,9 +87,10 @@ Mapping guessMapping(const OpenTable& table);
 std::optional<Mapping> plainMapping(const OpenTable& table);
 
 /// Reads the command line's form: "ta=Temp:F,ws=Wind:km/h@10m,time=Date+Time,station=Station". Keys: a
-/// quantity; time (columns joined by +), year, month, day, hour, minute, second, station, drop; order=dmy,
-/// zone=+02:00, gap=-99. A dose has its step behind @, as sr=Rad:kJ/m2@10min. A column is called by its name
-/// or by "#" and its number; a backslash before a mark takes it for a letter. Throws TableFault.
+/// quantity; time (columns joined by +), year, month, day, hour, minute, second, station, drop; the id of an
+/// input of models that is none of these, as met=Activity; order=dmy, zone=+02:00, gap=-99. A
+/// dose has its step behind @, as sr=Rad:kJ/m2@10min. A column is called by its name or by "#" and its
+/// number; a backslash before a mark takes it for a letter. Throws TableFault.
 Mapping mappingOfText(std::string_view text, const Layout& layout);
 
 /// A mapping file: JSON in UTF-8.

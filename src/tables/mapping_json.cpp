@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/additions.h"
 #include "tables/mapping.h"
 
 #include <nlohmann/json.hpp>
@@ -119,6 +120,8 @@ ordered_json columnJson(const ColumnUse& use)
             object["step"] = use.step;
     } else {
         object["role"] = roleName(use.role);
+        if (use.role == Role::Input)
+            object["input"] = use.input;
     }
     if (!use.gaps.empty())
         object["gaps"] = use.gaps;
@@ -151,6 +154,11 @@ ColumnUse readColumn(const ordered_json& object)
         use.role = oneOf<Role>(role, "use of a column", roleOfName);
         if (use.role == Role::Reading)
             throw Damage("\"" + use.column + "\" tells not which reading it is");
+        if (use.role == Role::Input) {
+            use.input = textAt(object, "input");
+            if (catalogue::additionInputOfId(use.input) == nullptr)
+                throw Damage("\"" + use.input + "\" is no input of a model");
+        }
     }
     use.gaps = textsAt(object, "gaps");
     use.because = textAt(object, "because");
@@ -183,6 +191,7 @@ Mapping readWhole(const ordered_json& object)
         throw Damage("it has no list of columns");
     std::set<std::string> names;
     std::set<Quantity> quantities;
+    std::set<std::string> inputs;
     for (const ordered_json& column : *columns) {
         mapping.columns.push_back(readColumn(column));
         const ColumnUse& use = mapping.columns.back();
@@ -190,6 +199,8 @@ Mapping readWhole(const ordered_json& object)
             throw Damage("it has \"" + use.column + "\" twice");
         if (use.role == Role::Reading && !quantities.insert(use.quantity).second)
             throw Damage("it has the " + std::string(infoOf(use.quantity).name) + " twice");
+        if (use.role == Role::Input && !inputs.insert(use.input).second)
+            throw Damage("it has the input " + use.input + " twice");
     }
     return mapping;
 }

@@ -12,6 +12,7 @@
 
 namespace comfortics::tables {
 
+using texts::lowered;
 using texts::trimmed;
 
 namespace {
@@ -37,6 +38,7 @@ RowMapper::RowMapper(const Mapping& mapping, const Layout& layout, std::string_v
     for (std::size_t i = 0; i < m_names.size(); ++i) {
         const ColumnUse* const use = mapping.find(m_names[i]);
         const Role role = use != nullptr ? use->role : Role::Carried;
+        m_uses.push_back(use != nullptr ? *use : ColumnUse());
         if (role == Role::Station)
             m_station = i;
         if (role != Role::Dropped)
@@ -112,6 +114,43 @@ void RowMapper::map(const Row& row, MappedRow& result) const
     if (!result.refused.empty())
         for (std::string& reading : result.readings)
             reading.clear();
+}
+
+std::vector<std::string> RowMapper::inputNames() const
+{
+    std::vector<std::string> names(m_names.size());
+    const auto isTaken = [&names](const std::string& name) {
+        return std::find(names.begin(), names.end(), name) != names.end();
+    };
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const ColumnUse& use = m_uses[i];
+        if (use.role == Role::Input)
+            names[i] = use.input;
+        else if (use.role == Role::Reading && use.quantity != Quantity::Ea)
+            names[i] = infoOf(use.quantity).key;
+    }
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (const std::string own = lowered(trimmed(m_names[i]));
+            m_uses[i].role != Role::Input && m_uses[i].role != Role::Reading && !isTaken(own))
+            names[i] = own;
+    return names;
+}
+
+std::string RowMapper::inputText(std::size_t column, const catalogue::InputInfo& input, const Row& row,
+                                 const MappedRow& mapped) const
+{
+    const ColumnUse& use = m_uses[column];
+    if (use.role == Role::Reading)
+        return mapped.readings[static_cast<std::size_t>(use.quantity)];
+    const std::string_view cell = trimmed(row.cells[column]);
+    std::string text(cell);
+    if (catalogue::choiceOf(input.choices, cell))
+        return text; // "none" can be a word
+    if (isGap(cell, use.gaps))
+        return {};
+    if (m_decimal == ',' && cellNumber(cell, ','))
+        std::replace(text.begin(), text.end(), ',', '.');
+    return text;
 }
 
 void RowMapper::takeReading(const Source& source, const Row& row, MappedRow& result) const

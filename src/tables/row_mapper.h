@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/additions.h"
 #include "tables/mapping.h"
 
 #include <array>
@@ -38,6 +39,14 @@ public:
 
     void map(const Row& row, MappedRow& result) const;
 
+    /// What each column is called as an input of models, by its place: the id that the mapping tells, the key
+    /// of the reading that it is, or else its own name.
+    std::vector<std::string> inputNames() const;
+    /// A cell as an input of models: that of a reading in the reading's unit, others as they stand, with a
+    /// point for a decimal mark; empty for a gap.
+    std::string inputText(std::size_t column, const catalogue::InputInfo& input, const Row& row,
+                          const MappedRow& mapped) const;
+
     /// The columns that go through, by their place.
     const std::vector<std::size_t>& carried() const noexcept { return m_carried; }
     /// Of the station, where there is one.
@@ -65,6 +74,7 @@ private:
     std::vector<std::string> m_names;
     std::vector<Source> m_sources;
     std::vector<TimeSource> m_times;
+    std::vector<ColumnUse> m_uses; // of each column
     std::vector<std::size_t> m_carried;
     std::optional<std::size_t> m_station;
     std::vector<std::string> m_gaps;

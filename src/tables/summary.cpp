@@ -27,6 +27,15 @@ bool isBefore(const Extreme& one, const Extreme& other)
     return one.line < other.line;
 }
 
+// Months since the year 0; 0 without a time.
+int monthOf(const std::optional<Moment>& time)
+{
+    if (!time)
+        return 0;
+    const ClockTime clock = clockTime(*time);
+    return clock.year * 12 + clock.month - 1;
+}
+
 std::string monthText(int month)
 {
     return month == 0 ? std::string() : momentText(*momentOf({month / 12, month % 12 + 1})).substr(0, 7);
@@ -68,17 +77,50 @@ ordered_json extremeJson(const Extreme& extreme)
     return object;
 }
 
+// What an index or a figure of a model is called.
+struct Called {
+    std::string number; // or id
+    std::string name;
+    std::string_view unit;
+};
+
+Called called(const IndexSummary& index)
+{
+    if (index.figure)
+        return {index.figure->id(),
+                std::string(index.figure->info().name) + ", " + std::string(index.figure->model->name),
+                index.figure->info().unit};
+    const catalogue::CatalogueRow& row = catalogue::row(index.index);
+    return {std::to_string(index.index), std::string(row.name), row.unit};
+}
+
+bool hasModels(const TableSummary& summary)
+{
+    return !summary.stations.empty() && !summary.stations.front().indices.empty() &&
+           summary.stations.front().indices.back().figure.has_value();
+}
+
+bool isWord(const IndexSummary& index)
+{
+    return index.figure && !index.figure->info().choices.empty();
+}
+
 ordered_json indexJson(const IndexSummary& index)
 {
-    const catalogue::CatalogueRow& row = catalogue::row(index.index);
-    ordered_json object{{"number", index.index},
-                        {"name", row.name},
-                        {"unit", row.unit},
-                        {"values", index.values},
-                        {"outsideTemperatureLimits", index.outsideTemperature},
-                        {"outsideWindLimits", index.outsideWind},
-                        {"noValue", index.noValue},
-                        {"failed", index.failed}};
+    const Called names = called(index);
+    ordered_json object;
+    if (index.figure)
+        object = {{"id", names.number},     {"name", names.name},           {"unit", names.unit},
+                  {"values", index.values}, {"outsideRange", index.marked}, {"noValue", index.noValue}};
+    else
+        object = {{"number", index.index},
+                  {"name", names.name},
+                  {"unit", names.unit},
+                  {"values", index.values},
+                  {"outsideTemperatureLimits", index.outsideTemperature},
+                  {"outsideWindLimits", index.outsideWind},
+                  {"noValue", index.noValue},
+                  {"failed", index.failed}};
     if (index.mean) {
         object["mean"] = *index.mean;
         for (std::size_t i = 0; i < kPercentiles.size(); ++i)
@@ -87,7 +129,9 @@ ordered_json indexJson(const IndexSummary& index)
         object["highest"] = extremeJson(index.highest);
     }
     for (const ClassTime& one : index.classes) {
-        ordered_json entry{{"class", one.category}, {"severity", one.severity}};
+        ordered_json entry{{"class", one.category}};
+        if (!isWord(index))
+            entry["severity"] = one.severity;
         if (!one.month.empty())
             entry["month"] = one.month;
         entry["rows"] = one.rows;
@@ -100,6 +144,14 @@ ordered_json indexJson(const IndexSummary& index)
 
 } // namespace
 
+Summarizer::Summarizer(std::vector<int> indices, const std::vector<const catalogue::Addition*>& models)
+    : m_indices(std::move(indices))
+{
+    for (const catalogue::Addition* const model : models)
+        for (std::size_t result = 0; result < model->results.size(); ++result)
+            m_figures.push_back({model, result});
+}
+
 Summarizer::Station& Summarizer::station(std::string_view name)
 {
     const auto found = m_stations.find(name);
@@ -110,16 +162,21 @@ Summarizer::Station& Summarizer::station(std::string_view name)
                          " different texts.");
     Station& added = m_stations[std::string(name)];
     added.counts.station = name;
-    added.indices.resize(m_indices.size());
+    added.indices.resize(m_indices.size() + m_figures.size());
     for (std::size_t i = 0; i < m_indices.size(); ++i)
         added.indices[i].counts.index = m_indices[i];
+    for (std::size_t i = 0; i < m_figures.size(); ++i)
+        added.indices[m_indices.size() + i].counts.figure = m_figures[i];
     return added;
 }
 
 void Summarizer::add(std::string_view name, std::size_t line, const std::optional<Moment>& time,
-                     batch::RowFigures* figures)
+                     batch::RowFigures* figures, std::span<const batch::ModelFigures> ofModels)
 {
     Station& to = station(name);
+    for (std::size_t i = 0, place = m_indices.size(); i < ofModels.size(); ++i)
+        for (std::size_t result = 0; result < ofModels[i].results.size(); ++result, ++place)
+            addFigure(to.indices[place], ofModels[i], line, time);
     if (figures == nullptr) {
         ++to.counts.refused;
         return;
@@ -137,9 +194,14 @@ void Summarizer::add(std::string_view name, std::size_t line, const std::optiona
     }
     for (std::size_t place = 0; place < m_indices.size(); ++place) {
         Gathered& gathered = to.indices[place];
+        const auto placeOf = [index = m_indices[place]](const std::optional<catalogue::Meaning>& meaning) {
+            return meaning ? std::optional(static_cast<std::size_t>(
+                                 meaning->category - catalogue::scale(index).categories.data()))
+                           : std::nullopt;
+        };
         switch (figures->outcome(place)) {
         case classic::OutcomeKind::Value:
-            addValue(gathered, figures->result(place), line, time, figures->meaning(place));
+            addValue(gathered, figures->result(place), line, time, placeOf(figures->meaning(place)));
             break;
         case classic::OutcomeKind::OutsideTemperature:
             ++gathered.counts.outsideTemperature;
@@ -157,7 +219,7 @@ void Summarizer::add(std::string_view name, std::size_t line, const std::optiona
 }
 
 void Summarizer::addValue(Gathered& gathered, std::string_view text, std::size_t line,
-                          const std::optional<Moment>& time, const std::optional<catalogue::Meaning>& meaning)
+                          const std::optional<Moment>& time, std::optional<std::size_t> category)
 {
     const auto value = cellNumber(text, '.');
     if (!value) {
@@ -172,15 +234,30 @@ void Summarizer::addValue(Gathered& gathered, std::string_view text, std::size_t
         counts.highest = here;
     ++counts.values;
     gathered.values.add(*value);
-    if (!meaning)
-        return;
-    int month = 0;
-    if (time) {
-        const ClockTime clock = clockTime(*time);
-        month = clock.year * 12 + clock.month - 1;
+    if (category)
+        ++gathered.classes[{monthOf(time), *category}];
+}
+
+void Summarizer::addFigure(Gathered& gathered, const batch::ModelFigures& figures, std::size_t line,
+                           const std::optional<Moment>& time)
+{
+    const catalogue::Figure& figure = *gathered.counts.figure;
+    const std::size_t result = figure.result;
+    const catalogue::AdditionResult& info = figure.info();
+    const double value = figures.results[result];
+    const bool marked = figures.standing(result) == "outside";
+    if (info.choices.empty()) {
+        std::optional<std::size_t> category;
+        if (const catalogue::Category* const of = figures.category(result))
+            category = static_cast<std::size_t>(of - catalogue::scaleOf(info).categories.data());
+        addValue(gathered, catalogue::resultText(info, value), line, time, category);
+    } else if (const catalogue::Choice* const word = catalogue::choiceWith(info.choices, value)) {
+        ++gathered.counts.values;
+        ++gathered.classes[{monthOf(time), static_cast<std::size_t>(word - info.choices.data())}];
+    } else {
+        ++gathered.counts.noValue;
     }
-    const auto first = catalogue::scale(counts.index).categories.data();
-    ++gathered.classes[{month, static_cast<std::size_t>(meaning->category - first)}];
+    gathered.counts.marked += marked ? 1 : 0;
 }
 
 void Summarizer::add(const Summarizer& other)
@@ -191,7 +268,7 @@ void Summarizer::add(const Summarizer& other)
         to.counts.skipped += from.counts.skipped;
         to.counts.failed += from.counts.failed;
         to.counts.refused += from.counts.refused;
-        for (std::size_t place = 0; place < m_indices.size(); ++place) {
+        for (std::size_t place = 0; place < to.indices.size(); ++place) {
             Gathered& mine = to.indices[place];
             const Gathered& theirs = from.indices[place];
             IndexSummary& counts = mine.counts;
@@ -210,6 +287,7 @@ void Summarizer::add(const Summarizer& other)
             counts.outsideWind += more.outsideWind;
             counts.noValue += more.noValue;
             counts.failed += more.failed;
+            counts.marked += more.marked;
             mine.values.add(theirs.values);
             for (const auto& [key, rows] : theirs.classes)
                 mine.classes[key] += rows;
@@ -225,13 +303,20 @@ TableSummary Summarizer::summary(std::optional<double> step) const
         StationSummary& to = result.stations.emplace_back(station.counts);
         for (const Gathered& gathered : station.indices) {
             IndexSummary& index = to.indices.emplace_back(gathered.counts);
-            if (index.values > 0) {
+            if (index.values > 0 && !isWord(index)) {
                 index.mean = gathered.values.mean();
                 for (std::size_t i = 0; i < kPercentiles.size(); ++i)
                     index.percentiles[i] = gathered.values.quantile(kPercentiles[i] / 100.0);
             }
             for (const auto& [key, rows] : gathered.classes) {
-                const catalogue::Category& category = catalogue::scale(index.index).categories[key.second];
+                if (isWord(index)) {
+                    index.classes.push_back({index.figure->info().choices[key.second].text, 0,
+                                             monthText(key.first), rows, hoursOf(rows, step)});
+                    continue;
+                }
+                const catalogue::Scale& scale =
+                    index.figure ? catalogue::scaleOf(index.figure->info()) : catalogue::scale(index.index);
+                const catalogue::Category& category = scale.categories[key.second];
                 index.classes.push_back(
                     {category.label, category.severity, monthText(key.first), rows, hoursOf(rows, step)});
             }
@@ -268,12 +353,15 @@ std::string summaryCsv(const TableSummary& summary)
     for (const char* const name :
          {"Lowest", "Lowest at", "Lowest in line", "Highest", "Highest at", "Highest in line"})
         head.add(name);
+    const bool models = hasModels(summary);
+    if (models)
+        head.add("Outside the model's range");
     std::string text = head.ended();
     for (const StationSummary& station : summary.stations) {
         for (const IndexSummary& index : station.indices) {
-            const catalogue::CatalogueRow& row = catalogue::row(index.index);
+            const Called names = called(index);
             CsvLine line;
-            line.add(station.station).add(std::to_string(index.index)).add(row.name).add(row.unit);
+            line.add(station.station).add(names.number).add(names.name).add(names.unit);
             line.add(index.values).add(index.outsideTemperature).add(index.outsideWind).add(index.noValue);
             line.add(index.failed).add(station.skipped).add(station.failed).add(station.refused);
             line.add(index.mean ? plainText(*index.mean) : "");
@@ -283,6 +371,8 @@ std::string summaryCsv(const TableSummary& summary)
                 line.add(index.mean ? plainText(extreme->value) : "")
                     .add(timeText(*extreme))
                     .add(index.mean ? std::to_string(extreme->line) : "");
+            if (models)
+                line.add(index.figure ? std::to_string(index.marked) : "");
             text += line.ended();
         }
     }
@@ -297,11 +387,11 @@ std::string classesCsv(const TableSummary& summary)
             for (const ClassTime& one : index.classes)
                 text += CsvLine()
                             .add(station.station)
-                            .add(std::to_string(index.index))
-                            .add(catalogue::row(index.index).name)
+                            .add(called(index).number)
+                            .add(called(index).name)
                             .add(one.month)
                             .add(one.category)
-                            .add(std::to_string(one.severity))
+                            .add(isWord(index) ? "" : std::to_string(one.severity))
                             .add(one.rows)
                             .add(one.hours ? plainText(*one.hours) : "")
                             .ended();

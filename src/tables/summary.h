@@ -3,6 +3,7 @@
 // What the rows of a table come to, index by index.
 #pragma once
 
+#include "batch/model_columns.h"
 #include "batch/row_figures.h"
 #include "tables/moment.h"
 #include "tables/value_counts.h"
@@ -11,6 +12,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,15 +33,18 @@ struct Extreme {
 /// How long the values of an index were in one of its classes.
 struct ClassTime {
     std::string_view category;
-    int severity = 0;
+    int severity = 0;  ///< of the words of a model none: see IndexSummary::figure
     std::string month; ///< "2024-07"; empty where the rows have no time
     std::size_t rows = 0;
     std::optional<double> hours; ///< where the rows are a certain time apart
 };
 
-/// What became of one index: of the figures as they are written.
+/// What became of one index: of the figures as they are written. Or of a figure of a model: with the decimals
+/// that are worth showing, and where it is one of several words, its classes are these, and it has no mean.
 struct IndexSummary {
-    int index = 0;
+    int index = 0;                             ///< 0 of a model
+    std::optional<catalogue::Figure> figure{}; ///< of a model, those behind the indices
+    std::size_t marked = 0;                    ///< values of a model outside its range, among the values
     std::size_t values = 0;
     std::size_t outsideTemperature = 0; ///< blank, as its limits want it
     std::size_t outsideWind = 0;
@@ -74,11 +79,12 @@ struct TableSummary {
 /// rows.
 class Summarizer {
 public:
-    explicit Summarizer(std::vector<int> indices) : m_indices(std::move(indices)) {}
+    explicit Summarizer(std::vector<int> indices, const std::vector<const catalogue::Addition*>& models = {});
 
-    /// A row that was refused has no figures. Throws TableFault where there are too many stations.
+    /// A row that was refused has no figures. `ofModels` are those of the models, in their order. Throws
+    /// TableFault where there are too many stations.
     void add(std::string_view station, std::size_t line, const std::optional<Moment>& time,
-             batch::RowFigures* figures);
+             batch::RowFigures* figures, std::span<const batch::ModelFigures> ofModels = {});
     /// What another has gathered of other rows; the order does not matter.
     void add(const Summarizer& other);
 
@@ -101,9 +107,12 @@ private:
 
     Station& station(std::string_view name);
     static void addValue(Gathered& gathered, std::string_view text, std::size_t line,
-                         const std::optional<Moment>& time, const std::optional<catalogue::Meaning>& meaning);
+                         const std::optional<Moment>& time, std::optional<std::size_t> category);
+    static void addFigure(Gathered& gathered, const batch::ModelFigures& figures, std::size_t line,
+                          const std::optional<Moment>& time);
 
     std::vector<int> m_indices;
+    std::vector<catalogue::Figure> m_figures; // behind the indices
     std::map<std::string, Station, std::less<>> m_stations;
 };
 

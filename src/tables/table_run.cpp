@@ -55,14 +55,17 @@ bool hasScale(int index)
 class Worker {
 public:
     Worker(const RowMapper& mapper, const Layout& layout, const classic::Limits& limits,
-           const RunOptions& options, const ResultWriter* writer, std::size_t columns, bool summarize)
-        : m_mapper(mapper), m_layout(layout), m_options(options), m_writer(writer), m_columns(columns),
-          m_indices(batch::selectedIndices(options.settings.selection)),
-          m_calculator(batch::makeRowCalculator(limits, options.settings, options.assumptions,
-                                                {m_indices, options.live, options.categories || summarize}))
+           const RunOptions& options, const batch::ModelColumns& models, const ResultWriter* writer,
+           std::size_t columns, bool summarize)
+        : m_mapper(mapper), m_layout(layout), m_options(options), m_models(models), m_writer(writer),
+          m_columns(columns), m_indices(batch::selectedIndices(options.settings.selection)),
+          m_calculator(batch::makeRowCalculator(
+              limits, options.settings, options.assumptions,
+              {m_indices, options.live || models.readsLive(), options.categories || summarize}))
     {
+        m_modelColumns = models.headings().size();
         if (summarize)
-            m_summarizer.emplace(m_indices);
+            m_summarizer.emplace(m_indices, options.models.models);
     }
 
     const Summarizer& summarizer() const { return *m_summarizer; }
@@ -108,13 +111,35 @@ private:
     {
         if (m_writer != nullptr)
             append(done.results, row, mapped, figures);
+        const bool values = figures != nullptr && figures->status() == batch::RowStatus::Calculated;
+        m_ofModels.clear();
+        if (figures != nullptr && !m_options.models.models.empty())
+            m_models.calculate(
+                [&](std::size_t column, const catalogue::InputInfo& input) {
+                    return m_mapper.inputText(column, input, row, mapped);
+                },
+                [&](formulas::Live quantity) {
+                    return values ? std::string(figures->live(quantity)) : std::string();
+                },
+                [this](const batch::ModelFigures& ofModel) { m_ofModels.push_back(ofModel); });
+        if (m_writer != nullptr)
+            appendModels(done.results);
         if (!m_summarizer)
             return;
         if (mapped.time)
             done.times.push_back(*mapped.time);
         const bool told = m_mapper.station() && row.refused.empty();
         m_summarizer->add(told ? texts::trimmed(row.cells[*m_mapper.station()]) : std::string_view(),
-                          row.line, mapped.time, figures);
+                          row.line, mapped.time, figures, m_ofModels);
+    }
+
+    void appendModels(ResultBlock& results) const
+    {
+        for (const batch::ModelFigures& figures : m_ofModels)
+            m_models.cells(figures, [&results](std::string_view cell) { results.add(cell); });
+        // Of a row that was refused nothing is known.
+        for (std::size_t i = 0; m_ofModels.empty() && i < m_modelColumns; ++i)
+            results.add({});
     }
 
     void append(ResultBlock& results, const Row& row, const MappedRow& mapped, batch::RowFigures* figures)
@@ -167,6 +192,9 @@ private:
     const RowMapper& m_mapper;
     const Layout& m_layout;
     const RunOptions& m_options;
+    const batch::ModelColumns& m_models;
+    std::size_t m_modelColumns = 0;
+    std::vector<batch::ModelFigures> m_ofModels; // of the row at hand
     const ResultWriter* m_writer;
     std::size_t m_columns;
     std::vector<int> m_indices;
@@ -178,6 +206,15 @@ private:
 };
 
 using Crew = batch::OrderedCrew<Block, Done>;
+
+batch::ModelColumns modelColumns(const RowMapper& mapper, const RunOptions& options)
+{
+    try {
+        return {options.models, mapper.inputNames(), {options.reasons, options.status, options.categories}};
+    } catch (const batch::MalformedTable& error) {
+        throw TableFault(error.what());
+    }
+}
 
 } // namespace
 
@@ -244,6 +281,8 @@ std::vector<ResultColumn> resultColumns(const RowMapper& mapper, const Layout& l
             add(number + " severity", "", Kind::Number);
         }
     }
+    for (const batch::ModelHeading& heading : modelColumns(mapper, options).headings())
+        add(heading.name, heading.unit, heading.number ? Kind::Number : Kind::Text);
     return columns;
 }
 
@@ -264,7 +303,17 @@ runMetadata(const Mapping& mapping, const Layout& layout, const RunOptions& opti
     lines.emplace_back("Rows skipped", std::to_string(counts.rows.skipped));
     lines.emplace_back("Rows failed", std::to_string(counts.rows.failed));
     lines.emplace_back("Rows refused", std::to_string(counts.refused));
+    for (const catalogue::Addition* const model : options.models.models)
+        lines.emplace_back("Model " + std::string(model->id), model->name);
+    for (const auto& [input, value] : options.models.constants) {
+        const catalogue::Choice* const word = catalogue::choiceWith(input->choices, value);
+        const std::string unit = input->unit.empty() ? "" : " " + std::string(input->unit);
+        lines.emplace_back(input->name,
+                           (word != nullptr ? std::string(word->text) : values::plainText(value)) + unit);
+    }
     for (const ColumnUse& use : mapping.columns) {
+        if (use.role == Role::Input)
+            lines.emplace_back("Column of the input " + use.input, "\"" + use.column + "\"");
         if (use.role != Role::Reading)
             continue;
         std::string text = "\"" + use.column + "\" in " + use.unit;
@@ -282,14 +331,15 @@ RunCounts runTable(RowSource& rows, const RowMapper& mapper, const Layout& layou
                    const std::function<void(const RunCounts&)>& progress, TableSummary* summary)
 {
     const std::vector<ResultColumn> columns = resultColumns(mapper, layout, options);
+    const batch::ModelColumns models = modelColumns(mapper, options);
     if (writer != nullptr)
         writer->begin(columns);
     RunCounts counts;
     StepFinder steps;
     std::vector<std::shared_ptr<Worker>> workers;
     Crew crew(options.threads, [&]() -> Crew::Work {
-        const auto worker = std::make_shared<Worker>(mapper, layout, limits, options, writer, columns.size(),
-                                                     summary != nullptr);
+        const auto worker = std::make_shared<Worker>(mapper, layout, limits, options, models, writer,
+                                                     columns.size(), summary != nullptr);
         workers.push_back(worker);
         return [worker](const Block& block) { return worker->run(block); };
     });
@@ -343,7 +393,7 @@ RunCounts runTable(RowSource& rows, const RowMapper& mapper, const Layout& layou
     if (writer != nullptr)
         writer->end();
     if (summary != nullptr) {
-        Summarizer all(batch::selectedIndices(options.settings.selection));
+        Summarizer all(batch::selectedIndices(options.settings.selection), options.models.models);
         for (const auto& worker : workers)
             all.add(worker->summarizer());
         *summary = all.summary(steps.step());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "batch/model_columns.h"
 #include "batch/row_figures.h"
 #include "tables/results.h"
 #include "tables/row_mapper.h"
@@ -25,6 +26,10 @@ struct RunOptions {
     bool reasons = false;    ///< what failed in a row, index by index
     bool categories = false; ///< the class and severity of each value
     bool provenance = false; ///< the rules and the use of limits
+    /// Models of standards, whose columns stand behind those of the indices, see batch::ModelColumns: each
+    /// figure as "pmv_iso.pmv", with its status, class and severity, and the reasons of a model, as for the
+    /// indices. Which column is an input of a model the mapping tells, see RowMapper::inputNames.
+    batch::ModelRequest models{};
     unsigned threads = 1;
     std::function<bool()> stopped; ///< asked on any thread: true ends the run
 };

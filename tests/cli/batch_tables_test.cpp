@@ -108,5 +108,45 @@ TEST(BatchTables, ASummaryTellsWhatTheRowsComeTo)
               std::string::npos);
 }
 
+// The plain batch and the one on tables of others have figures, classes and reasons of models alike, whatever
+// columns and units are called.
+TEST(BatchTables, ModelsHaveTheFiguresOfThePlainBatch)
+{
+    const std::string rows = "28.1234567,200,50,0.4,1.2,,sitting,none\n,600,50,2,1.3,0.5,standing,iso\n"
+                             "45,900,30,1,x,0.5,standing,ashrae\n22,100,60,0.5,1.1,0.7,standing,iso\n";
+    const std::string table = "Ta,SR,RH,WS,met,clo,posture,motion\n" + rows;
+    const Arguments options{
+        "batch",        "-",         "--select",    "65", "--models", "two_node,utci,pmv_iso", "--with",
+        "work_met=0.1", "--reasons", "--categories"};
+    const std::string plain = runTool(options, table).out;
+    EXPECT_NE(plain.find("No value: \"\"x\"\" is no metabolic rate."), std::string::npos) << plain;
+    EXPECT_NE(plain.find("utci.utci category,utci.utci severity"), std::string::npos) << plain;
+    EXPECT_EQ(runTool(with(options, {"--format", "csv"}), table).out, plain);
+    EXPECT_EQ(runTool(with(options, {"--format", "csv", "--threads", "1"}), table).out, plain);
+    // Another name than that of an input; a reading in °F is an input in °C.
+    const Ending other =
+        runTool(with(options, {"--columns", "ta=Ta:F,sr=SR,rh=RH,ws=WS,met=Act"}),
+                "Ta,SR,RH,WS,Act,clo,posture,motion\n71.6,100,60,0.5,1.1,0.7,standing,iso\n");
+    const auto figures = [](const std::string& text) { return text.substr(text.rfind(",ok,")); };
+    EXPECT_EQ(figures(other.out), figures(plain)) << other.err;
+}
+
+// 0.2546 at 26 °C is a printed vote. The mean is that of -0.46, 0.25 and, beyond the range, 1.17.
+TEST(BatchTables, ModelsHaveStatusesAndASummary)
+{
+    const std::string table = "Ta,SR,RH,WS\n22,0,50,0.1\n26,0,50,0.1\n31,0,50,0.1\n,0,50,0.1\n";
+    const Arguments options{"batch",    "-",       "--select", "65",
+                            "--models", "pmv_iso", "--with",   "tr=26,v=0.15,met=1.2,clo=0.5"};
+    const std::string rows = runTool(with(options, {"--status", "--format", "tsv"}), table).out;
+    for (const std::string cells : {"\tpmv_iso.pmv\tpmv_iso.pmv status\t", "\t0.2546", "\tB\tok\t",
+                                    "\tnone\toutside\t", "\t\tnone\t\tnone\t"})
+        EXPECT_NE(rows.find(cells), std::string::npos) << cells << rows;
+    const std::string summary = runTool(with(options, {"--summary", "csv"}), table).out;
+    EXPECT_NE(summary.find(",3,0,0,1,0,1,0,0,0.32,"), std::string::npos) << summary;
+    EXPECT_NE(summary.find(",-0.46,,2,1.17,,4,1\r\n"), std::string::npos) << summary;
+    const std::string classes = runTool(with(options, {"--summary", "classes"}), table).out;
+    EXPECT_NE(classes.find(",,category B,,2,"), std::string::npos) << classes;
+}
+
 } // namespace
 } // namespace comfortics::tests

@@ -133,6 +133,8 @@ TEST(TableMapping, AFileOfItGivesItBackAndIsKnownAgainByItsTable)
                      .comment = "#",
                      .sheet = "S"};
     mapping.columns.back().step = 600;
+    mapping.columns.front().role = tables::Role::Input;
+    mapping.columns.front().input = "met";
     EXPECT_EQ(tables::readMapping(tables::mappingText(mapping)).mapping, mapping);
     const std::vector<Mapping> known{{.name = "other"}, mapping};
     EXPECT_EQ(tables::recognised(table.layout, known), &known[1]);
@@ -151,6 +153,8 @@ TEST(TableMapping, ADamagedFileIsOneClause)
         {start + R"([{"column": "a", "reading": "ta", "unit": "hPa"}]})",
          "it is damaged: \"hPa\" is no unit of the air temperature"},
         {start + R"([{"column": "a"}, {"column": "a"}]})", "it is damaged: it has \"a\" twice"},
+        {start + R"([{"column": "a", "role": "input", "input": "x"}]})",
+         "it is damaged: \"x\" is no input of a model"},
         {start + std::string(50, '[') + std::string(50, ']') + "}",
          "it is damaged: it is no mapping of a table"},
     };
@@ -172,6 +176,7 @@ TEST(TableMapping, AWrongTextOfTheCommandLineIsOneSentence)
          "\"@10\" is neither the height of a wind, as @10m, nor the step of a radiation, as @10min."},
         {"tb=x", "\"tb\" is nothing that a column can be."},
         {"ta=x,tg=#2", "The column \"x\" is told twice."},
+        {"met=x,met=#1", "Two columns are told to be the input met."},
         {"zone=Athens", "\"Athens\" is no zone of time, such as UTC or +02:00."},
     };
     for (const auto& [text, says] : rows) {
