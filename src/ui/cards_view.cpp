@@ -35,7 +35,9 @@ constexpr int kBetween = 4;
 constexpr int kNameLines = 2;
 // A line above the cards must not make the window scroll; they take what height there is.
 constexpr int kCardsAtLeast = 3;
-constexpr int kLeastInCharacters = 46; // of a card's width
+// Of a card's width: where there is room for another card beside it, and where there is none.
+constexpr int kLikedInCharacters = 46;
+constexpr int kLeastInCharacters = 30;
 constexpr double kValueScale = 1.35;
 constexpr double kStripShare = 0.45; // of a card's width
 constexpr int kStripHeight = 14;
@@ -384,21 +386,25 @@ std::string CardsView::idAt(const QModelIndex& index) const
                                                                 : std::string();
 }
 
+int CardsView::widthFor(int characters) const
+{
+    return fontMetrics().averageCharWidth() * characters + verticalScrollBar()->sizeHint().width();
+}
+
 QSize CardsView::minimumSizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * kLeastInCharacters + verticalScrollBar()->sizeHint().width(),
-            2 * cardHeight(font())};
+    return {widthFor(kLeastInCharacters), 2 * cardHeight(font())};
 }
 
 QSize CardsView::sizeHint() const
 {
-    return {minimumSizeHint().width(), kCardsAtLeast * cardHeight(font())};
+    return {widthFor(kLikedInCharacters), kCardsAtLeast * cardHeight(font())};
 }
 
 void CardsView::arrange()
 {
     const int room = viewport()->width() - 1;
-    const int columns = std::max(1, room / (fontMetrics().averageCharWidth() * kLeastInCharacters));
+    const int columns = std::max(1, room / (fontMetrics().averageCharWidth() * kLikedInCharacters));
     setGridSize({room / columns, cardHeight(font())});
 }
 

@@ -59,6 +59,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    int widthFor(int characters) const;
     void arrange();
     void repeatSet();
     void open(const QModelIndex& index);

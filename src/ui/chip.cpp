@@ -67,10 +67,14 @@ QColor severityField(int severity, const QPalette& palette)
     return color(colors(severity, palette).field);
 }
 
+int chipHeight(const QFontMetrics& metrics)
+{
+    return metrics.height() + 2 * kAboveText;
+}
+
 QSize chipSize(const QFontMetrics& metrics, const catalogue::Meaning& meaning)
 {
-    return {metrics.horizontalAdvance(chipText(meaning)) + 2 * kBesideText,
-            metrics.height() + 2 * kAboveText};
+    return {metrics.horizontalAdvance(chipText(meaning)) + 2 * kBesideText, chipHeight(metrics)};
 }
 
 void paintChip(QPainter& painter, const QRect& room, Qt::Alignment alignment,
@@ -95,7 +99,7 @@ void paintSign(QPainter& painter, const QRect& room, int severity, const QPalett
 {
     const QFontMetrics metrics(painter.font(), painter.device());
     const QSize size(metrics.horizontalAdvance(QStringLiteral("+4")) + kBesideText,
-                     std::min(metrics.height() + 2 * kAboveText, room.height()));
+                     std::min(chipHeight(metrics), room.height()));
     if (size.width() < room.width())
         paintField(painter,
                    QStyle::alignedRect(Qt::LeftToRight, Qt::AlignRight | Qt::AlignVCenter, size, room),
@@ -113,8 +117,7 @@ void Chip::show(const std::optional<catalogue::Meaning>& meaning, bool quiet)
 
 QSize Chip::sizeHint() const
 {
-    return m_meaning ? chipSize(fontMetrics(), *m_meaning)
-                     : QSize(0, fontMetrics().height() + 2 * kAboveText);
+    return m_meaning ? chipSize(fontMetrics(), *m_meaning) : QSize(0, chipHeight(fontMetrics()));
 }
 
 QSize Chip::minimumSizeHint() const

@@ -22,6 +22,7 @@ QString chipText(const catalogue::Meaning& meaning);
 QColor severityField(int severity, const QPalette& palette);
 
 /// The room that a chip takes [pixel].
+int chipHeight(const QFontMetrics& metrics);
 QSize chipSize(const QFontMetrics& metrics, const catalogue::Meaning& meaning);
 
 /// Paints a chip into a room, in the painter's font. A word too long is cut before the sign, which stays.

@@ -31,17 +31,21 @@ namespace comfortics::ui {
 using workspace::Comparison;
 using workspace::ComparisonCell;
 using workspace::ComparisonColumnKind;
+using workspace::ComparisonRow;
 using workspace::ComparisonTable;
 
 namespace {
 
 constexpr const char* kChoiceKey = "comparison/rows";
 constexpr const char* kExportTitle = "Export Comparison";
-constexpr int kWidthInCharacters = 80;
+constexpr int kWidthInCharacters = 93;
 constexpr int kHeightInLines = 16;
-constexpr int kNameCharacters = 25; // of a quantity, in view; the tooltip has all of it
-constexpr int kCellCharacters = 18;
+constexpr int kNameCharacters = 26; // of a quantity, in view; the tooltip has all of it
+constexpr int kLeastCellCharacters = 15;
+constexpr int kMostCellCharacters = 28;
 constexpr int kChoiceCharacters = 8; // a narrow panel cuts the choice, not its buttons
+constexpr std::size_t kUnitColumn = 1;
+constexpr int kChipGap = 3;
 constexpr int kMeaningRole = Qt::UserRole;
 constexpr std::chrono::milliseconds kPatience{50};
 
@@ -50,25 +54,37 @@ int nameWidth()
     return QFontMetrics(QApplication::font()).averageCharWidth() * kNameCharacters;
 }
 
-// Two where the name is longer than one: the beginning alone does not tell some indices apart.
-QString inLines(const QString& name)
+// Two where the name is longer than one: the beginning alone does not tell some indices apart. The unit is
+// never cut.
+QString inLines(const QString& name, const QString& unit)
 {
     const QFontMetrics metrics{QApplication::font()};
-    const auto fitting = [&metrics](const QString& text) {
-        return metrics.elidedText(text, Qt::ElideRight, nameWidth());
+    const QString behind = unit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(unit);
+    const auto fitting = [&](const QString& text) {
+        return metrics.elidedText(text, Qt::ElideRight, nameWidth() - metrics.horizontalAdvance(behind)) +
+               behind;
     };
+    if (metrics.horizontalAdvance(name + behind) <= nameWidth())
+        return name + behind;
     qsizetype end = name.size();
     while (end > 0 && metrics.horizontalAdvance(name.left(end)) > nameWidth())
         end = name.lastIndexOf(QLatin1Char(' '), end - 1);
-    if (end <= 0 || end == name.size())
+    if (end == name.size()) // but for the unit it has room
+        end = name.lastIndexOf(QLatin1Char(' '));
+    if (end <= 0)
         return fitting(name);
     return name.left(end) + QLatin1Char('\n') + fitting(name.mid(end + 1));
 }
 
-// The classes as chips, which have their words.
+// Below a value the chip of its class, which has its words.
 class ClassChips : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    static int height(const QFontMetrics& metrics)
+    {
+        return metrics.lineSpacing() + chipHeight(metrics) + 2 * kChipGap;
+    }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
@@ -79,22 +95,17 @@ public:
             QStyledItemDelegate::paint(painter, option, index);
             return;
         }
-        item.text.clear();
+        const QString value = std::exchange(item.text, QString());
         item.widget->style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
         painter->save();
         painter->setFont(item.font);
-        paintChip(*painter, option.rect.adjusted(3, 1, -3, -1), Qt::AlignLeft | Qt::AlignVCenter, *meaning,
-                  item.palette);
+        painter->setPen(item.palette.color(
+            item.state.testFlag(QStyle::State_Selected) ? QPalette::HighlightedText : QPalette::Text));
+        const QRect room = option.rect.adjusted(kChipGap, kChipGap, -kChipGap, -kChipGap);
+        painter->drawText(room, Qt::AlignRight | Qt::AlignTop, value);
+        paintChip(*painter, room.adjusted(0, QFontMetrics(item.font).lineSpacing(), 0, 0),
+                  Qt::AlignRight | Qt::AlignVCenter, *meaning, item.palette);
         painter->restore();
-    }
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const auto meaning = index.data(kMeaningRole).value<const catalogue::Meaning*>();
-        const QSize plain = QStyledItemDelegate::sizeHint(option, index);
-        return meaning == nullptr
-                   ? plain
-                   : plain.expandedTo(chipSize(QFontMetrics(option.font), *meaning) + QSize(6, 2));
     }
 };
 
@@ -173,8 +184,11 @@ QVariant ComparisonModel::data(const QModelIndex& index, int role) const
         font.setItalic(cell.doubtful);
         return font;
     }
+    case Qt::AccessibleTextRole:
+        return cell.meaning ? toQt(cell.shown) + QStringLiteral(", ") + chipText(*cell.meaning)
+                            : toQt(cell.shown);
     case kMeaningRole:
-        return QVariant::fromValue(kind == ComparisonColumnKind::Class && cell.meaning ? &*cell.meaning
+        return QVariant::fromValue(kind == ComparisonColumnKind::Value && cell.meaning ? &*cell.meaning
                                                                                        : nullptr);
     default:
         return {};
@@ -187,10 +201,14 @@ QVariant ComparisonModel::headerData(int section, Qt::Orientation orientation, i
     if (orientation == Qt::Vertical) { // the quantities stay in sight
         if (place >= m_table.rows.size())
             return {};
-        const QString name = toQt(m_table.rows[place].cells.front().text).trimmed();
+        const ComparisonRow& row = m_table.rows[place];
+        const QString name = toQt(row.cells.front().text).trimmed();
+        const QString unit = toQt(row.cells.at(kUnitColumn).text);
         if (role == Qt::DisplayRole)
-            return inLines(name);
-        return role == Qt::ToolTipRole || role == Qt::AccessibleTextRole ? QVariant(name) : QVariant();
+            return inLines(name, unit);
+        return role == Qt::ToolTipRole || role == Qt::AccessibleTextRole
+                   ? QVariant(unit.isEmpty() ? name : name + QStringLiteral(", ") + unit)
+                   : QVariant();
     }
     if (place >= m_table.columns.size())
         return {};
@@ -328,11 +346,11 @@ void ComparisonPanel::buildTable()
     m_table->setObjectName(QStringLiteral("comparison"));
     m_table->setAccessibleName(QStringLiteral("Comparison"));
     m_table->setItemDelegate(new ClassChips(m_table));
+    m_table->viewport()->installEventFilter(this);
     m_table->setTabKeyNavigation(false);
     m_table->setAlternatingRowColors(true);
     m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->hideColumn(0);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + kSmallGap);
     m_table->verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -420,34 +438,73 @@ void ComparisonPanel::showTable(const workspace::Situation& present)
         m_table->setCurrentIndex(m_model->index(std::min(current.row(), m_model->rowCount() - 1),
                                                 std::min(current.column(), m_model->columnCount() - 1)));
     if (shape() != before) {
-        m_table->hideColumn(0); // a table made anew shows it
         fitColumns();
+        fitRows();
     }
     showCurrent();
 }
 
-// To figures and names: longer words have their tooltips.
+// Units stand with the names, classes with the values: a narrow panel has room for what is compared. Nothing
+// moves while figures come and go.
 void ComparisonPanel::fitColumns()
 {
     const QFontMetrics metrics = m_table->fontMetrics();
-    const int widest = metrics.averageCharWidth() * kCellCharacters;
-    const auto& columns = m_model->table().columns;
-    for (int column = 1; column < m_model->columnCount(); ++column) {
-        int width = m_table->horizontalHeader()->sectionSizeHint(column);
-        const bool words = columns[static_cast<std::size_t>(column)].kind == ComparisonColumnKind::Class;
-        for (int row = 0; row < m_model->rowCount(); ++row) {
-            const QModelIndex cell = m_model->index(row, column);
-            const bool figure = m_model->number(cell).has_value();
-            if (words || figure || column == 1)
-                width = std::max(width, metrics.horizontalAdvance(cell.data().toString()) + 4 * kSmallGap);
+    const ComparisonTable& table = m_model->table();
+    int values = 0;
+    int room = m_table->viewport()->width();
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        const ComparisonColumnKind kind = table.columns[static_cast<std::size_t>(column)].kind;
+        const bool isDifference = kind == ComparisonColumnKind::Difference;
+        m_table->setColumnHidden(column, kind != ComparisonColumnKind::Value && !isDifference);
+        values += kind == ComparisonColumnKind::Value ? 1 : 0;
+        if (isDifference) {
+            m_table->setColumnWidth(column, m_table->horizontalHeader()->sectionSizeHint(column));
+            room -= m_table->columnWidth(column);
         }
-        m_table->setColumnWidth(column, std::min(width, widest));
     }
+    const int width =
+        std::clamp(room / std::max(values, 1), metrics.averageCharWidth() * kLeastCellCharacters,
+                   metrics.averageCharWidth() * kMostCellCharacters);
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        if (table.columns[static_cast<std::size_t>(column)].kind == ComparisonColumnKind::Value)
+            m_table->setColumnWidth(column, width);
+}
+
+void ComparisonPanel::fitRows()
+{
+    const QFontMetrics metrics = m_table->fontMetrics();
+    const int narrow = metrics.averageCharWidth() * kLeastCellCharacters - 2 * kSmallGap;
     for (int row = 0; row < m_model->rowCount(); ++row) {
-        const QString name = m_model->headerData(row, Qt::Vertical, Qt::DisplayRole).toString();
-        const int lines = 1 + static_cast<int>(name.count(QLatin1Char('\n')));
-        m_table->setRowHeight(row, lines * metrics.lineSpacing() + kSmallGap);
+        bool twoLines =
+            m_model->headerData(row, Qt::Vertical, Qt::DisplayRole).toString().contains(QLatin1Char('\n'));
+        for (int column = 0; column < m_model->columnCount() && !twoLines; ++column) {
+            const QModelIndex cell = m_model->index(row, column);
+            twoLines = !m_table->isColumnHidden(column) && !m_model->number(cell) &&
+                       metrics.horizontalAdvance(cell.data().toString()) > narrow;
+        }
+        const int height = (twoLines ? 2 : 1) * metrics.lineSpacing() + kSmallGap;
+        const auto& item = m_model->table().rows[static_cast<std::size_t>(row)].item;
+        const bool hasClasses = item && item->scaleIndex() != 0;
+        m_table->setRowHeight(row, hasClasses ? std::max(height, ClassChips::height(metrics)) : height);
     }
+}
+
+void ComparisonPanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) // the table's comes later
+        QTimer::singleShot(0, this, [this] {
+            emit m_model->headerDataChanged(Qt::Vertical, 0, std::max(m_model->rowCount() - 1, 0));
+            fitColumns();
+            fitRows();
+        });
+}
+
+bool ComparisonPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
 }
 
 std::optional<std::size_t> ComparisonPanel::currentPin() const

@@ -74,6 +74,8 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildTable();
@@ -81,6 +83,7 @@ private:
     void showTable(const workspace::Situation& present);
     void notice();
     void fitColumns();
+    void fitRows();
     void showCurrent();
     void movePin(int by);
     void removePin();

@@ -76,9 +76,9 @@ private:
 
 LivePanel::LivePanel(classic::Frm_Main& form, QWidget* parent) : QWidget(parent), m_form(form)
 {
-    auto* const grid = new QGridLayout;
+    auto* const grid = m_grid = new QGridLayout;
     grid->setHorizontalSpacing(kSmallGap);
-    grid->setVerticalSpacing(kGap);
+    setTight(false);
     QFont bold = font();
     bold.setBold(true);
     grid->setColumnMinimumWidth(2, QFontMetrics(bold, this).horizontalAdvance(kWideValue));
@@ -126,6 +126,11 @@ LivePanel::LivePanel(classic::Frm_Main& form, QWidget* parent) : QWidget(parent)
         for (QLabel* const value : m_values)
             value->setForegroundRole(m_form.liveIsEarlier() ? QPalette::PlaceholderText : QPalette::NoRole);
     });
+}
+
+void LivePanel::setTight(bool tight)
+{
+    m_grid->setVerticalSpacing(tight ? 0 : kGap);
 }
 
 } // namespace comfortics::ui

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QGridLayout;
 class QLabel;
 
 namespace comfortics::ui {
@@ -18,9 +19,13 @@ class LivePanel : public QWidget {
 public:
     explicit LivePanel(classic::Frm_Main& form, QWidget* parent = nullptr);
 
+    /// Takes less height.
+    void setTight(bool tight);
+
 private:
     classic::Frm_Main& m_form;
     std::vector<QLabel*> m_values;
+    QGridLayout* m_grid = nullptr;
 };
 
 } // namespace comfortics::ui

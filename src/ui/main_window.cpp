@@ -47,7 +47,6 @@ constexpr int kLeastWidth = 1100;
 constexpr double kScreenShare = 0.92;
 constexpr int kHeightInLines = 48; // some cards high, where the screen has it
 constexpr double kContentShare = 0.75;
-constexpr double kContentShareOfLarge = 0.7;
 constexpr int kReadingsInCharacters = 68; // at most, so that on a wide screen units stay beside their boxes
 const QString kIndices = QStringLiteral("indices");
 const QString kResults = QStringLiteral("results");
@@ -67,7 +66,6 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
     buildStatus(warning);
 
     m_area = new ContentArea(buildContent());
-    m_area->claimWidth(kContentShare);
     setCentralWidget(m_area);
     buildPanels();
     m_keeping.setObjectName(QStringLiteral("keeping"));
@@ -75,6 +73,7 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
     m_keeping.setInterval(kQuietBeforeKeeping);
     connect(&m_keeping, &QTimer::timeout, this, &MainWindow::keepLayout);
     connect(m_panels, &Panels::changed, &m_keeping, qOverload<>(&QTimer::start));
+    connect(m_panels, &Panels::likedWidthChanged, this, &MainWindow::arrangeColumns);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepLayout);
 
     addKeys(QStringLiteral("Search the list"), {QKeySequence::Find}, [this] {
@@ -132,29 +131,32 @@ QWidget* MainWindow::buildContent()
     return content;
 }
 
-// Where the letters are too large for three columns on this screen, the live quantities go below the
-// readings: the cards stay in sight.
+// Where this screen has no room for three columns beside an opened panel, or the letters are too large for
+// them, the live quantities go below the readings: cards and panel stay in sight.
 void MainWindow::arrangeColumns()
 {
-    int needed = 0;
-    for (const QWidget* const column :
-         {static_cast<QWidget*>(m_pages), m_live, static_cast<QWidget*>(m_cards)})
-        needed += column->minimumSizeHint().width() + kGap;
     const QRect usable = screen()->availableGeometry();
-    const bool below = needed + kGap > usable.width() * kContentShare;
-    if (below == m_liveBelow)
-        return;
-    m_liveBelow = below;
-    m_columns->removeWidget(m_live);
-    m_columns->addWidget(m_live, below ? 1 : 0, below ? 0 : 1);
-    m_live->setSizePolicy(below ? QSizePolicy::Preferred : QSizePolicy::Maximum, QSizePolicy::Preferred);
-    m_columns->setRowStretch(0, below ? 0 : 1);
-    m_columns->setRowStretch(1, below ? 1 : 0);
-    m_columns->activate();
-    m_area->claimWidth(below ? kContentShareOfLarge : kContentShare); // the list is wider, too
-    m_area->updateGeometry();
-    if (!isMaximized() && !isFullScreen())
-        resize(size().boundedTo(usable.size() - (frameGeometry().size() - size())));
+    const int share = static_cast<int>(usable.width() * kContentShare);
+    const int room = std::min(share, usable.width() - m_panels->likedWidth());
+    const int cards = m_cards->sizeHint().width();
+    const int threeColumns =
+        m_pages->minimumSizeHint().width() + m_live->minimumSizeHint().width() + cards + 4 * kGap;
+    const bool below = threeColumns > room;
+    if (below != m_liveBelow) {
+        m_liveBelow = below;
+        m_columns->removeWidget(m_live);
+        m_columns->addWidget(m_live, below ? 1 : 0, below ? 0 : 1);
+        m_live->setSizePolicy(below ? QSizePolicy::Preferred : QSizePolicy::Maximum, QSizePolicy::Preferred);
+        m_live->setTight(below);
+        m_columns->setRowStretch(0, below ? 0 : 1);
+        m_columns->setRowStretch(1, below ? 1 : 0);
+        m_columns->activate();
+        if (!isMaximized() && !isFullScreen())
+            resize(size().boundedTo(usable.size() - (frameGeometry().size() - size())));
+    }
+    const int wish = cards - m_cards->minimumSizeHint().width();
+    m_area->claimWidth(share,
+                       std::clamp(room - m_area->widget()->minimumSizeHint().width(), 0, std::max(wish, 0)));
 }
 
 void MainWindow::buildPanels()

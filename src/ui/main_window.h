@@ -26,6 +26,7 @@ class ContentArea;
 class CutLabel;
 class GuideWindow;
 class IndexPanel;
+class LivePanel;
 class OptionsPage;
 class ReadingsPanel;
 class ResultsWindow;
@@ -98,7 +99,7 @@ private:
     ContentArea* m_area = nullptr;
     QGridLayout* m_columns = nullptr;
     QStackedWidget* m_pages = nullptr; // readings or options
-    QWidget* m_live = nullptr;
+    LivePanel* m_live = nullptr;
     bool m_liveBelow = false;
     ReadingsPanel* m_readings = nullptr;
     OptionsPage* m_options = nullptr;

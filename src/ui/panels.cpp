@@ -50,6 +50,9 @@ QDockWidget& Panels::add(const QString& name, const QString& title, QWidget* con
     dock->installEventFilter(this);
     connect(dock, &QDockWidget::visibilityChanged, this, &Panels::nameTabs);
     connect(dock, &QDockWidget::visibilityChanged, this, &Panels::changed);
+    connect(dock->toggleViewAction(), &QAction::toggled, this, &Panels::likedWidthChanged);
+    connect(dock, &QDockWidget::topLevelChanged, this, &Panels::likedWidthChanged);
+    connect(dock, &QDockWidget::dockLocationChanged, this, &Panels::likedWidthChanged);
     connect(dock->toggleViewAction(), &QAction::triggered, dock, [this, dock](bool shown) {
         if (!shown)
             return;
@@ -59,15 +62,28 @@ QDockWidget& Panels::add(const QString& name, const QString& title, QWidget* con
     return *dock;
 }
 
+bool Panels::standsAtSide(QDockWidget& dock) const
+{
+    const Qt::DockWidgetArea area = m_window.dockWidgetArea(&dock);
+    return !dock.isFloating() && (area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea);
+}
+
+int Panels::likedWidth() const
+{
+    int width = 0;
+    for (const Panel& one : m_panels)
+        if (!one.open && one.dock->toggleViewAction()->isChecked() && standsAtSide(*one.dock))
+            width = std::max(width, one.dock->sizeHint().width());
+    return width;
+}
+
 // A panel that is opened is as wide as it likes; the window grows for it as far as the screen goes, and what
 // is beyond that the content gives. Widths exist only once the panel stands.
 void Panels::giveRoom(QDockWidget& dock)
 {
     QTimer::singleShot(0, &dock, [this, panel = &dock] {
-        const Qt::DockWidgetArea area = m_window.dockWidgetArea(panel);
         const int missing = panel->sizeHint().width() - panel->width();
-        if (missing <= 0 || !panel->isVisible() || panel->isFloating() ||
-            (area != Qt::LeftDockWidgetArea && area != Qt::RightDockWidgetArea))
+        if (missing <= 0 || !panel->isVisible() || !standsAtSide(*panel))
             return;
         const QRect usable = m_window.screen()->availableGeometry();
         const int frame = m_window.frameGeometry().width() - m_window.width();

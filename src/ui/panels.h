@@ -37,6 +37,10 @@ public:
     /// Throws std::out_of_range where there is none.
     QDockWidget& panel(const QString& name) const;
 
+    /// The width that the widest one likes of those that were opened at a side; the ones that are open as new
+    /// make do with what is left [pixel].
+    int likedWidth() const;
+
     /// How the panels stand, for `restore`.
     QByteArray state() const;
     /// Where the state is none, it is false and they stay as they are.
@@ -47,6 +51,8 @@ public:
 signals:
     /// A panel was moved, sized, opened, closed or brought to the front.
     void changed();
+    /// likedWidth() may have changed.
+    void likedWidthChanged();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -58,6 +64,7 @@ private:
         bool open;
     };
     void put(const Panel& panel);
+    bool standsAtSide(QDockWidget& dock) const;
     void giveRoom(QDockWidget& dock);
     void nameTabs();
 

@@ -8,7 +8,7 @@
 #include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
-#include <QScreen>
+#include <QScrollBar>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -110,8 +110,16 @@ QSize ContentArea::sizeHint() const
 QSize ContentArea::minimumSizeHint() const
 {
     const QSize least = QScrollArea::minimumSizeHint();
-    const int most = static_cast<int>(screen()->availableGeometry().width() * m_share);
-    return {std::max(least.width(), std::min(widget()->minimumSizeHint().width(), most)), least.height()};
+    const int content = widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
+    const int claimed = std::min(content, m_most) + m_beyond;
+    return {std::max(least.width(), claimed), least.height()};
+}
+
+void ContentArea::claimWidth(int most, int beyond)
+{
+    m_most = most;
+    m_beyond = beyond;
+    updateGeometry();
 }
 
 bool ContentArea::eventFilter(QObject* watched, QEvent* event)

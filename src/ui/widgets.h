@@ -68,9 +68,9 @@ class ContentArea : public QScrollArea {
 public:
     explicit ContentArea(QWidget* content, QWidget* parent = nullptr);
 
-    /// What stands beside it gives way before it scrolls, as long as it takes no more than this share of the
-    /// screen's width.
-    void claimWidth(double share) { m_share = share; }
+    /// What stands beside it gives way until it has the least width of its content, but no more than `most`,
+    /// and `beyond` [pixel].
+    void claimWidth(int most, int beyond);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -79,7 +79,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    double m_share = 0;
+    int m_most = 0;
+    int m_beyond = 0;
 };
 
 /// A line with the picture of a search and a button that clears it.

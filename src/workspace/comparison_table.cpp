@@ -272,10 +272,14 @@ ComparisonTable comparisonTable(const Situation& present, const Comparison& comp
 ComparisonTable partOf(const ComparisonTable& table, const std::set<ComparisonPlace>& cells)
 {
     std::set<std::size_t> rows;
-    std::set<std::size_t> columns{0}; // the quantities
+    std::set<std::size_t> columns{0, 1}; // quantities and units
     for (const auto& [row, column] : cells) {
         rows.insert(row);
         columns.insert(column);
+        const ComparisonColumn& chosen = table.columns.at(column);
+        for (std::size_t i = 0; chosen.kind == Value && i < table.columns.size(); ++i)
+            if (table.columns[i].kind == Class && table.columns[i].pin == chosen.pin)
+                columns.insert(i);
     }
     ComparisonTable part;
     for (const std::size_t column : columns)

@@ -56,7 +56,8 @@ ComparisonTable comparisonTable(const Situation& present, const Comparison& comp
 /// A cell by its row and column.
 using ComparisonPlace = std::pair<std::size_t, std::size_t>;
 
-/// The rows and columns in which the given cells lie, whole, with the quantities before them.
+/// The rows and columns in which the given cells lie, whole, with quantities and units before them and the
+/// class of each value.
 ComparisonTable partOf(const ComparisonTable& table, const std::set<ComparisonPlace>& cells);
 
 /// For the clipboard: cells apart by tabs, all decimals.

@@ -270,14 +270,14 @@ TEST(Comparison, WritesItsTableForOtherPrograms)
     EXPECT_NE(csv.find("\r\nAir Temperature,°C,33,,30.5,+2.5,\r\n"), std::string::npos) << csv;
     const std::string plain = plainTable(table);
     EXPECT_NE(plain.find("\nAir Temperature\t°C\t33\t\t30.5\t+2.5\t\n"), std::string::npos) << plain;
-    // Two cells apart: their rows and columns, whole.
+    // Two cells apart: their rows and columns, whole, with unit and class.
     std::size_t air = 0;
     while (table.rows.at(air).cells.front().text != "Air Temperature")
         ++air;
     EXPECT_EQ(plainTable(partOf(table, {{air, 4}, {air - 1, 2}})),
-              "Quantity\tNow\tnoon, \"A\"\n" + table.rows[air - 1].cells[0].text + "\t" +
-                  table.rows[air - 1].cells[2].text + "\t" + table.rows[air - 1].cells[4].text +
-                  "\nAir Temperature\t33\t30.5\n");
+              "Quantity\tUnit\tNow\tClass now\tnoon, \"A\"\tClass of noon, \"A\"\n" +
+                  table.rows[air - 1].cells[0].text + "\t\t" + table.rows[air - 1].cells[2].text + "\t\t" +
+                  table.rows[air - 1].cells[4].text + "\t\nAir Temperature\t°C\t33\t\t30.5\t\n");
 }
 
 } // namespace
