@@ -57,12 +57,20 @@ private:
 
 } // namespace
 
-OpenTable openFile(const std::string& path, const Shape& told)
+OpenTable openFile(const std::string& path, const Shape& told,
+                   const std::function<void(std::size_t bytes)>& read)
 {
     if (isWorkbook(path))
         return openWorkbook(path, told);
     const auto file = std::make_shared<File>(path);
-    return openText([file](char* buffer, std::size_t size) { return file->read(buffer, size); }, told);
+    return openText(
+        [file, read](char* buffer, std::size_t size) {
+            const std::size_t count = file->read(buffer, size);
+            if (read)
+                read(count);
+            return count;
+        },
+        told);
 }
 
 } // namespace comfortics::tables

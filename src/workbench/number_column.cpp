@@ -81,6 +81,8 @@ void NumberColumn::add(std::string_view text, std::optional<ClassMark> mark)
         return;
     }
     m_texts.emplace_back(static_cast<std::uint32_t>(m_cells.size()), text);
+    if (text.size() > std::string().capacity())
+        m_longTexts += text.size() + 1;
     m_cells.push(kKeptText << kDigitsShift | bits | kNoNumber);
 }
 
@@ -128,14 +130,6 @@ std::optional<NumberColumn::ClassMark> NumberColumn::mark(std::size_t row) const
     if (bits == 0)
         return std::nullopt;
     return ClassMark{bits / 2 - 1, bits % 2 == 1};
-}
-
-std::size_t NumberColumn::bytes() const noexcept
-{
-    std::size_t all = m_cells.bytes() + m_texts.capacity() * sizeof(m_texts[0]);
-    for (const auto& [row, text] : m_texts)
-        all += text.capacity() > std::string().capacity() ? text.capacity() + 1 : 0;
-    return all;
 }
 
 } // namespace comfortics::workbench

@@ -35,13 +35,17 @@ public:
     classic::OutcomeKind outcome(std::size_t row) const;
     std::optional<ClassMark> mark(std::size_t row) const;
 
-    std::size_t bytes() const noexcept;
+    std::size_t bytes() const noexcept
+    {
+        return m_cells.bytes() + m_texts.capacity() * sizeof(m_texts[0]) + m_longTexts;
+    }
 
 private:
     const std::string& keptText(std::size_t row) const;
 
     Chunked<std::uint32_t> m_cells;
     std::vector<std::pair<std::uint32_t, std::string>> m_texts; // by their row
+    std::size_t m_longTexts = 0;                                // bytes beside the strings themselves
 };
 
 } // namespace comfortics::workbench

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include <stdlib.h> // mkstemp
+#include <cstdlib>
 #include <unistd.h>
 
 namespace comfortics::workbench {

@@ -33,6 +33,10 @@ public:
     /// The rows that were written, also of a run that was stopped. Nothing is written after it.
     std::shared_ptr<const TableStore> finish(const tables::RunCounts& counts);
 
+    std::size_t rows() const noexcept { return m_data->lines.size(); }
+    /// What the rows hold in memory [bytes].
+    std::size_t bytes() const { return m_data->bytes(); }
+
 private:
     void writeRow(const tables::ResultBlock& block, std::size_t row);
 

@@ -127,15 +127,21 @@ std::shared_ptr<const TableStore> TableStore::with(std::vector<std::uint32_t> ro
     return all;
 }
 
+std::size_t TableStore::Data::bytes() const
+{
+    std::size_t all = lines.bytes() + seconds.bytes() + offsets.bytes() + stationNumbers.bytes() +
+                      states.bytes() + texts.bytes();
+    for (const NumberColumn& column : readings)
+        all += column.bytes();
+    for (const NumberColumn& column : figures)
+        all += column.bytes();
+    return all;
+}
+
 std::size_t TableStore::bytes() const
 {
-    std::size_t all = m_data->lines.bytes() + m_data->seconds.bytes() + m_data->offsets.bytes() +
-                      m_data->stationNumbers.bytes() + m_data->states.bytes() + m_data->texts.bytes();
-    for (const NumberColumn& column : m_data->readings)
-        all += column.bytes();
-    for (const NumberColumn& column : m_data->figures)
-        all += column.bytes();
-    return all + m_againRows.capacity() * sizeof m_againRows[0] + (m_again ? m_again->bytes() : 0);
+    return m_data->bytes() + m_againRows.capacity() * sizeof m_againRows[0] +
+           (m_again ? m_again->bytes() : 0);
 }
 
 std::size_t TableStore::expectedBytes(std::size_t rows, std::size_t indices)

@@ -37,6 +37,7 @@ struct RunFacts {
     std::string source;  ///< the file, or "clipboard", as the user knows it
     std::string place{}; ///< where the readings are from, where the file tells it
     tables::Mapping mapping{};
+    tables::Layout layout{};
     tables::RunOptions options{}; ///< rules, limits, selection and assumptions
     tables::RunCounts counts{};
     /// The columns that are carried along, with their names and units.
@@ -116,6 +117,8 @@ private:
         std::array<NumberColumn, classic::kReadingCount> readings;
         std::vector<NumberColumn> figures;
         SpillFile texts;
+
+        std::size_t bytes() const;
     };
 
     explicit TableStore(std::shared_ptr<const Data> data) : m_data(std::move(data)) {}
