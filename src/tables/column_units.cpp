@@ -25,6 +25,8 @@ constexpr Spelling kSpellings[] = {
     {"gradc", "°C"},
     {"celsius", "°C"},
     {"degcelsius", "°C"},
+    {"degreec", "°C"},
+    {"degreesc", "°C"},
     {"degree_celsius", "°C"},
     {"degrees_celsius", "°C"},
     {"degreecelsius", "°C"},
@@ -36,12 +38,15 @@ constexpr Spelling kSpellings[] = {
     {"degf", "F"},
     {"fahrenheit", "F"},
     {"degfahrenheit", "F"},
+    {"degreesf", "F"},
     {"degreesfahrenheit", "F"},
     {"k", "K"},
     {"kelvin", "K"},
     {"°k", "K"},
     {"%", "%"},
     {"percent", "%"},
+    {"percentage%", "%"},
+    {"percentage", "%"},
     {"pct", "%"},
     {"prozent", "%"},
     {"%rh", "%"},
@@ -103,6 +108,10 @@ constexpr Spelling kSpellings[] = {
     {"pa", "Pa"},
     {"mmhg", "mmHg"},
     {"torr", "mmHg"},
+    {"01°c", "0.1 °C"},
+    {"01c", "0.1 °C"},
+    {"01degc", "0.1 °C"},
+    {"01m/s", "0.1 m/s"},
 };
 
 struct Factor {
@@ -175,6 +184,10 @@ bool isDose(std::string_view unit)
 std::optional<UnitWay> UnitWay::find(Quantity quantity, std::string_view unit, double step)
 {
     UnitWay way;
+    if (constexpr std::string_view tenth = "0.1 "; unit.starts_with(tenth)) {
+        unit.remove_prefix(tenth.size());
+        way.m_divisor = 10;
+    }
     const auto own = [&](Dimension dimension, std::string_view target) -> std::optional<UnitWay> {
         if (unit == target)
             return way;
@@ -214,10 +227,8 @@ std::optional<UnitWay> UnitWay::find(Quantity quantity, std::string_view unit, d
 
 double UnitWay::operator()(double value) const
 {
-    if (m_symbol.empty())
-        return value * m_factor;
-    const double converted = comfortics::convert(value, m_symbol, m_target);
-    return converted;
+    value /= m_divisor;
+    return m_symbol.empty() ? value * m_factor : comfortics::convert(value, m_symbol, m_target);
 }
 
 } // namespace comfortics::tables

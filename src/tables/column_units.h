@@ -57,13 +57,14 @@ public:
     static std::optional<UnitWay> find(Quantity quantity, std::string_view unit, double step);
 
     /// The values are in that unit already.
-    bool same() const noexcept { return m_symbol.empty() && m_factor == 1; }
+    bool same() const noexcept { return m_symbol.empty() && m_factor == 1 && m_divisor == 1; }
     double operator()(double value) const;
 
 private:
     std::string m_symbol; // of the program's own units
     std::string m_target;
     double m_factor = 1;
+    double m_divisor = 1; // of values that are written without their decimal mark
 };
 
 } // namespace comfortics::tables

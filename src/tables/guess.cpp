@@ -3,6 +3,7 @@
 // Which column is which reading, from the words that stations, loggers and climate files call them by.
 #include "tables/mapping.h"
 
+#include "tables/known_columns.h"
 #include "tables/words.h"
 #include "texts/text.h"
 #include "values/plain_text.h"
@@ -45,6 +46,7 @@ constexpr Term kTerms[] = {
     {"tdew", Quantity::Td},
     {"tdps", Quantity::Td},
     {"dwpt", Quantity::Td},
+    {"dewpt", Quantity::Td},
     {"black globe", Quantity::Tg},
     {"globe temperature", Quantity::Tg},
     {"globe temp", Quantity::Tg},
@@ -71,8 +73,12 @@ constexpr Term kTerms[] = {
     {"humedad", Quantity::RH},
     {"υγρασια", Quantity::RH},
     {"relhum", Quantity::RH},
+    {"rhum", Quantity::RH},
+    {"relh", Quantity::RH},
     {"hurs", Quantity::RH},
     {"rf tu", Quantity::RH},
+    {"rel f", Quantity::RH},
+    {"rel hum", Quantity::RH},
     {"wind speed", Quantity::WS},
     {"windspeed", Quantity::WS},
     {"wind spd", Quantity::WS},
@@ -114,6 +120,9 @@ constexpr Term kTerms[] = {
     {"rsds", Quantity::SR},
     {"ssrd", Quantity::SR},
     {"solrad", Quantity::SR},
+    {"solarradiation", Quantity::SR},
+    {"sol rad", Quantity::SR},
+    {"shortwave radiation", Quantity::SR},
     {"srad", Quantity::SR},
     {"slr", Quantity::SR},
     {"sw in", Quantity::SR},
@@ -139,13 +148,14 @@ constexpr Term kTerms[] = {
 
 // Names that mean a quantity where nothing else stands in the name but a unit, a height or a kind of mean.
 constexpr Term kShortNames[] = {
-    {"ta", Quantity::Ta},     {"t", Quantity::Ta},  {"tl", Quantity::Ta},     {"tt", Quantity::Ta},
-    {"tg", Quantity::Tg},     {"sr", Quantity::SR}, {"g", Quantity::SR},      {"rg", Quantity::SR},
-    {"rs", Quantity::SR},     {"td", Quantity::Td}, {"dp", Quantity::Td},     {"dpt", Quantity::Td},
-    {"rh", Quantity::RH},     {"hr", Quantity::RH}, {"rf", Quantity::RH},     {"ur", Quantity::RH},
-    {"ws", Quantity::WS},     {"ff", Quantity::WS}, {"wg", Quantity::WS},     {"va", Quantity::WS},
-    {"ea", Quantity::Ea},     {"vp", Quantity::Ea}, {"air tc", Quantity::Ta}, {"air tk", Quantity::Ta},
-    {"air tf", Quantity::Ta},
+    {"ta", Quantity::Ta},     {"t", Quantity::Ta},     {"tl", Quantity::Ta},     {"tt", Quantity::Ta},
+    {"tg", Quantity::Tg},     {"sr", Quantity::SR},    {"g", Quantity::SR},      {"rg", Quantity::SR},
+    {"rs", Quantity::SR},     {"td", Quantity::Td},    {"dp", Quantity::Td},     {"dpt", Quantity::Td},
+    {"rh", Quantity::RH},     {"hr", Quantity::RH},    {"rf", Quantity::RH},     {"ur", Quantity::RH},
+    {"ws", Quantity::WS},     {"ff", Quantity::WS},    {"wg", Quantity::WS},     {"va", Quantity::WS},
+    {"ea", Quantity::Ea},     {"vp", Quantity::Ea},    {"air tc", Quantity::Ta}, {"air tk", Quantity::Ta},
+    {"air tf", Quantity::Ta}, {"t air", Quantity::Ta}, {"airt", Quantity::Ta},   {"dew", Quantity::Td},
+    {"u 2", Quantity::WS},    {"air t", Quantity::Ta}, {"t luft", Quantity::Ta}, {"luft t", Quantity::Ta},
 };
 
 // Words of columns that are none of the quantities: other places, extremes, directions, sums of others.
@@ -177,6 +187,7 @@ constexpr std::string_view kOthers[] = {
     "windrichtung",
     "direccion",
     "διευθυνση",
+    "wind deg",
     "gust",
     "boe",
     "windboe",
@@ -234,9 +245,9 @@ constexpr std::string_view kOthers[] = {
 
 // What may stand beside a short name.
 constexpr std::string_view kBeside[] = {
-    "avg", "mean", "mittel", "moy", "c",  "f",  "k",   "deg", "degc", "degf", "m",   "s",    "ms",
-    "kmh", "km",   "h",      "mph", "kn", "kt", "kts", "w",   "%",    "hpa",  "kpa", "mbar", "pct",
-    "10",  "2",    "1",      "0",   "5",  "kj", "j",   "mj",  "wh",   "μεση", "co",  "oc"};
+    "avg", "mean", "mittel", "moy", "c",   "f",   "k",   "deg", "degc", "degf", "m",    "s",    "ms", "kmh",
+    "km",  "h",    "mph",    "kn",  "kt",  "kts", "w",   "%",   "hpa",  "kpa",  "mbar", "pct",  "10", "2",
+    "1",   "0",    "5",      "wvt", "wvc", "smp", "sec", "kj",  "j",    "mj",   "wh",   "μεση", "co", "oc"};
 
 struct TimeTerm {
     std::string_view words;
@@ -248,6 +259,7 @@ constexpr TimeTerm kTimeTerms[] = {
     {"time stamp", Role::Time},
     {"datetime", Role::Time},
     {"date time", Role::Time},
+    {"dt iso", Role::Time},
     {"zeitstempel", Role::Time},
     {"mess datum", Role::Time},
     {"datum uhrzeit", Role::Time},
@@ -263,6 +275,10 @@ constexpr TimeTerm kTimeTerms[] = {
     {"hora", Role::Time},
     {"ωρα", Role::Time},
     {"utc", Role::Time},
+    {"day of year", Role::DayOfYear},
+    {"julian day", Role::DayOfYear},
+    {"doy", Role::DayOfYear},
+    {"jday", Role::DayOfYear},
     {"year", Role::Year},
     {"jahr", Role::Year},
     {"annee", Role::Year},
@@ -278,11 +294,19 @@ constexpr TimeTerm kTimeTerms[] = {
     {"jour", Role::Day},
     {"dia", Role::Day},
     {"ημερα", Role::Day},
+    {"hour minute", Role::HourMinute},
+    {"hhmm", Role::HourMinute},
     {"hour", Role::Hour},
     {"stunde", Role::Hour},
     {"minute", Role::Minute},
     {"second", Role::Second},
     {"sekunde", Role::Second},
+};
+
+// What tells a time where it is all of the name and stands behind a year.
+constexpr TimeTerm kShortTimes[] = {
+    {"mo", Role::Month}, {"mm", Role::Month}, {"dy", Role::Day},     {"dd", Role::Day},
+    {"hr", Role::Hour},  {"hh", Role::Hour},  {"hh 24", Role::Hour}, {"hrmn", Role::HourMinute},
 };
 
 constexpr std::string_view kStations[] = {"station",    "stations id",  "stationid", "site",    "standort",
@@ -335,6 +359,9 @@ double heightIn(const std::vector<std::string>& name)
     return 0;
 }
 
+constexpr double kMostSun = 1600;  // [W/m²] that reach the ground, edges of clouds included
+constexpr double kSomeStep = 3600; // [s], where it matters not which
+
 // The first values of a column.
 struct Seen {
     std::vector<double> numbers;
@@ -371,6 +398,7 @@ public:
     {
         m_mapping.fingerprint = fingerprintOf(m_layout);
         m_mapping.zone = m_layout.zone;
+        m_service = KnownService::of(m_layout);
         for (std::size_t i = 0; i < m_layout.columns(); ++i) {
             ColumnUse use;
             use.column = m_layout.names[i];
@@ -382,8 +410,11 @@ public:
                 useByValues(i, use);
             m_mapping.columns.push_back(std::move(use));
         }
-        if (m_layout.kind != FileKind::Epw)
+        if (m_layout.kind != FileKind::Epw) {
             judgeTimes();
+            judgeOtherTemperatures();
+            judgePairs();
+        }
         judgeWhole();
         return std::move(m_mapping);
     }
@@ -433,7 +464,9 @@ private:
 
     void useByName(std::size_t i, ColumnUse& use)
     {
-        const std::vector<std::string> name = words(m_layout.names[i]);
+        if (useByService(i, use))
+            return;
+        const std::vector<std::string> name = words(withoutSensors(m_layout.names[i]));
         const auto& stations = termWords<kStations>();
         if (std::find(stations.begin(), stations.end(), name) != stations.end()) {
             use.role = Role::Station;
@@ -443,6 +476,15 @@ private:
         if (const TimeTerm* const time = findTerm<kTimeTerms>(name); time != nullptr && isTime(i, *time)) {
             use.role = time->role;
             use.because = "Its name holds \"" + std::string(time->words) + "\".";
+            if (use.role == Role::Hour && highest(i) > 24) {
+                use.role = Role::HourMinute;
+                use.because += " Hours and minutes are written together.";
+            }
+            return;
+        }
+        if (const TimeTerm* const time = shortTime(name); time != nullptr && isTime(i, *time)) {
+            use.role = time->role;
+            use.because = "It stands behind a year.";
             return;
         }
         const bool other = findTerm<kOthers>(name) != nullptr;
@@ -457,19 +499,97 @@ private:
         const Seen seen = look(m_table, i);
         if (term == nullptr || seen.numbers.empty() || seen.texts > seen.numbers.size())
             return;
-        if (taken(term->quantity)) {
-            m_mapping.doubts.push_back("\"" + use.column + "\" could be the " +
-                                       std::string(infoOf(term->quantity).name) +
-                                       ", too; the first one is taken.");
+        if (isOfService(term->quantity) || isSecond(use.column, term->quantity))
             return;
-        }
         use.role = Role::Reading;
         use.quantity = term->quantity;
         use.because = "Its name holds \"" + std::string(term->words) + "\"";
         judgeUnit(i, seen, use);
         if (use.quantity == Quantity::WS)
-            judgeHeight(name, use);
+            judgeHeight(m_layout.names[i], name, use);
         use.because += ".";
+    }
+
+    // As the service calls it whose file this is.
+    bool useByService(std::size_t i, ColumnUse& use)
+    {
+        const KnownColumn* const known = m_service ? m_service->column(m_layout.names[i]) : nullptr;
+        if (known == nullptr || (known->role == Role::Reading && look(m_table, i).numbers.empty()))
+            return false;
+        const std::string whose = std::string(m_service->name()) + " calls it so";
+        if (known->role != Role::Reading) {
+            use.role = known->role;
+            use.because = upper(whose) + ".";
+            return true;
+        }
+        if (isSecond(use.column, known->quantity))
+            return true;
+        use.role = Role::Reading;
+        use.quantity = known->quantity;
+        use.unit = unitSymbol(m_layout.units[i]);
+        const bool written = UnitWay::find(use.quantity, use.unit, kSomeStep).has_value();
+        if (!written)
+            use.unit = known->unit;
+        use.height = known->height;
+        use.because = upper(whose) + ", in " + use.unit;
+        if (use.height > 0)
+            use.because += ", at " + plain(use.height) + " m";
+        use.because += ".";
+        if (isDose(use.unit)) {
+            const double step = stepOfRows();
+            use.step = step > 0 ? step : known->step;
+            use.because += " It is a sum over " + plain(use.step) + " s.";
+            if (known->step > 0 && use.step != known->step)
+                use.doubt = "The service sums it over " + plain(known->step) + " s; the rows are " +
+                            plain(use.step) + " s apart, over which it is taken for summed.";
+        }
+        return true;
+    }
+
+    // The service has a column of its own for it.
+    bool isOfService(Quantity quantity) const
+    {
+        return m_service &&
+               std::any_of(m_layout.names.begin(), m_layout.names.end(), [&](const std::string& name) {
+                   const KnownColumn* const known = m_service->column(name);
+                   return known != nullptr && known->role == Role::Reading && known->quantity == quantity;
+               });
+    }
+
+    static std::string upper(std::string text)
+    {
+        text[0] = static_cast<char>(text[0] - 'a' + 'A');
+        return text;
+    }
+
+    // Another column is that quantity already.
+    bool isSecond(const std::string& column, Quantity quantity)
+    {
+        if (!taken(quantity))
+            return false;
+        m_mapping.doubts.push_back("\"" + column + "\" could be the " + std::string(infoOf(quantity).name) +
+                                   ", too; the first one is taken.");
+        return true;
+    }
+
+    const TimeTerm* shortTime(const std::vector<std::string>& name) const
+    {
+        const auto has = [this](Role role) {
+            return std::any_of(m_mapping.columns.begin(), m_mapping.columns.end(),
+                               [role](const ColumnUse& use) { return use.role == role; });
+        };
+        const auto& all = termWords<kShortTimes>();
+        const auto found = std::find(all.begin(), all.end(), name);
+        if (found == all.end() || !has(Role::Year))
+            return nullptr;
+        const TimeTerm& term = kShortTimes[found - all.begin()];
+        return has(term.role) ? nullptr : &term;
+    }
+
+    double highest(std::size_t i) const
+    {
+        const Seen seen = look(m_table, i);
+        return seen.numbers.empty() ? 0 : seen.highest();
     }
 
     bool isTime(std::size_t i, const TimeTerm& term) const
@@ -499,8 +619,11 @@ private:
             return 12;
         case Role::Day:
             return 31;
-        case Role::Hour:
-            return 24;
+        case Role::DayOfYear:
+            return 366;
+        case Role::Hour: // or hours and minutes
+        case Role::HourMinute:
+            return 2400;
         default:
             return 60;
         }
@@ -548,8 +671,75 @@ private:
             use.because += ", and values up to " + plain(seen.highest()) + " are in %";
             return;
         }
-        use.doubt = "No unit is written; " + std::string(own) + " is taken for values from " +
-                    plain(seen.lowest()) + " to " + plain(seen.highest()) + ".";
+        use.unit = likelyUnit(use.quantity, seen);
+        if (isDose(use.unit)) {
+            judgeDose(use.unit, use);
+            use.doubt = "No unit is written; J/m2 are taken, summed over " + plain(use.step) + " s.";
+            return;
+        }
+        use.doubt = "No unit is written; " + use.unit + " is taken for values from " + plain(seen.lowest()) +
+                    " to " + plain(seen.highest()) + ".";
+        if (use.quantity == Quantity::SR && seen.highest() > kMostSun)
+            use.doubt += " That is more than the sun gives.";
+    }
+
+    // The unit in which such values can stand on the earth.
+    static std::string_view likelyUnit(Quantity quantity, const Seen& seen)
+    {
+        const double low = seen.lowest();
+        const double high = seen.highest();
+        switch (quantity) {
+        case Quantity::Ta:
+            if (low > 180 && high < 340)
+                return "K";
+            if (high > 58 && high < 140)
+                return "F";
+            break;
+        case Quantity::RH:
+            if (low >= 0 && high <= 1.1 && high > 0)
+                return "1";
+            break;
+        case Quantity::SR:
+            if (high > 1e4)
+                return "J/m2";
+            break;
+        default:
+            break;
+        }
+        return infoOf(quantity).unit;
+    }
+
+    // Globe and dew point without a unit come in that of the air temperature.
+    void judgeOtherTemperatures()
+    {
+        const auto air =
+            std::find_if(m_mapping.columns.begin(), m_mapping.columns.end(), [](const ColumnUse& use) {
+                return use.role == Role::Reading && use.quantity == Quantity::Ta;
+            });
+        if (air == m_mapping.columns.end())
+            return;
+        for (ColumnUse& use : m_mapping.columns)
+            if (use.role == Role::Reading && (use.quantity == Quantity::Tg || use.quantity == Quantity::Td) &&
+                use.unit != air->unit && use.doubt.starts_with("No unit")) {
+                use.unit = air->unit;
+                use.doubt = "No unit is written; that of the air temperature is taken.";
+            }
+    }
+
+    // Of a globe and the sun, one is read.
+    void judgePairs()
+    {
+        if (!taken(Quantity::Tg))
+            return;
+        for (ColumnUse& use : m_mapping.columns)
+            if (use.role == Role::Reading && use.quantity == Quantity::SR) {
+                const std::string column = use.column;
+                use = ColumnUse();
+                use.column = column;
+                m_mapping.doubts.push_back("\"" + column +
+                                           "\" is the solar radiation, which goes unused beside a measured "
+                                           "globe temperature.");
+            }
     }
 
     void judgeDose(std::string_view symbol, ColumnUse& use) const
@@ -592,14 +782,14 @@ private:
         return 0;
     }
 
-    static void judgeHeight(const std::vector<std::string>& name, ColumnUse& use)
+    static void judgeHeight(std::string_view written, const std::vector<std::string>& name, ColumnUse& use)
     {
-        use.height = heightIn(name);
+        use.height = name == words("u2") ? 2 : heightIn(name);
         if (use.height > 0) {
             use.because += ", and " + plain(use.height) + " m stand in its name";
             return;
         }
-        const bool own = name == words("ws") || name == words("wind speed m s");
+        const bool own = name == words("ws") || written == "Wind Speed (m/s)";
         if (own)
             use.because += ", as this program calls it";
         else if (use.doubt.empty())
@@ -659,10 +849,12 @@ private:
                                                       .seconds != -1;
             });
         });
+        const unsigned yearFirst = 1U << static_cast<unsigned>(DateOrder::YearMonthDay);
         unsigned orders = 7;
         bool mattered = false;
         bool points = false;
         const std::size_t column = dated == columns.end() ? columns.front() : *dated;
+        judgeZone(columns);
         for (const std::size_t i : columns)
             for (const Row& row : m_table.look) {
                 const std::string_view cell =
@@ -675,6 +867,11 @@ private:
             }
         if (!mattered)
             return;
+        if ((orders & ~yearFirst) != 0)
+            orders &= ~yearFirst; // a year of two digits stands behind
+        const std::vector<std::string> named = words(m_mapping.columns[column].column);
+        const bool dayNamed = contains(named, {"dd", "mm"}) || contains(named, {"jj", "mm"});
+        const bool monthNamed = contains(named, {"mm", "dd"});
         const auto allows = [&orders](DateOrder order) {
             return (orders & 1U << static_cast<unsigned>(order)) != 0;
         };
@@ -682,6 +879,10 @@ private:
         if (points && allows(DateOrder::DayMonthYear)) {
             m_mapping.order = DateOrder::DayMonthYear;
             use.because += " Dates with points begin with the day.";
+        } else if ((dayNamed && allows(DateOrder::DayMonthYear)) ||
+                   (monthNamed && allows(DateOrder::MonthDayYear))) {
+            m_mapping.order = dayNamed ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
+            use.because += " It tells the order of the date.";
         } else if (orders == 1U << static_cast<unsigned>(DateOrder::DayMonthYear)) {
             m_mapping.order = DateOrder::DayMonthYear;
             use.because += " Dates begin with the day: some have a number above 12 there.";
@@ -691,11 +892,35 @@ private:
         } else if (orders == 1U << static_cast<unsigned>(DateOrder::YearMonthDay)) {
             m_mapping.order = DateOrder::YearMonthDay;
         } else {
-            m_mapping.order =
-                allows(DateOrder::DayMonthYear) ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
+            m_mapping.order = allows(DateOrder::DayMonthYear) && !isAmerican() ? DateOrder::DayMonthYear
+                                                                               : DateOrder::MonthDayYear;
             use.doubt = "Its dates can be read with the day or with the month in front; " +
                         std::string(m_mapping.order == DateOrder::DayMonthYear ? "the day" : "the month") +
                         " is taken.";
+        }
+    }
+
+    // Where degrees Fahrenheit are read, the month stands in front more often than not.
+    bool isAmerican() const
+    {
+        return std::any_of(m_mapping.columns.begin(), m_mapping.columns.end(),
+                           [](const ColumnUse& use) { return use.role == Role::Reading && use.unit == "F"; });
+    }
+
+    // "Date Time, GMT+02:00", "time(UTC)"
+    void judgeZone(const std::vector<std::size_t>& columns)
+    {
+        for (const std::size_t i : columns) {
+            const std::string name = folded(m_layout.names[i]);
+            for (const std::string_view clock : {"utc", "gmt"}) {
+                const std::size_t at = name.find(clock);
+                if (at == std::string::npos || m_mapping.zone)
+                    continue;
+                const std::size_t end = name.find_first_not_of("0123456789:+-", at + clock.size());
+                m_mapping.zone = readOffset(std::string_view(name).substr(at, end - at));
+                if (m_mapping.zone)
+                    m_mapping.columns[i].because += " It tells the zone of the clock.";
+            }
         }
     }
 
@@ -715,6 +940,7 @@ private:
 
     const OpenTable& m_table;
     const Layout& m_layout;
+    std::optional<KnownService> m_service;
     Mapping m_mapping;
 };
 

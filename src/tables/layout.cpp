@@ -108,6 +108,15 @@ struct Division {
         }
         return numbers > 0 && 2 * readings >= used;
     }
+
+    /// Texts alone, one for each column.
+    bool isNames(std::size_t line) const
+    {
+        const auto& row = cells[line];
+        return row.size() == columns && std::all_of(row.begin(), row.end(), [](const std::string& cell) {
+                   return kindOf(cell) == CellKind::Text;
+               });
+    }
 };
 
 Division divide(const std::vector<Line>& lines, char separator)
@@ -167,7 +176,7 @@ Division bestDivision(const std::vector<Line>& lines, const Shape& told)
 // A unit in brackets or behind a blank or an underscore at the end of a name.
 std::string unitInName(std::string_view name)
 {
-    const std::string_view text = trimmed(name);
+    const std::string_view text = trimmed(withoutSensors(name));
     for (const auto& [open, close] : {std::pair('[', ']'), std::pair('(', ')'), std::pair('{', '}')}) {
         const std::size_t begin = text.rfind(open);
         const std::size_t end = begin == std::string_view::npos ? begin : text.find(close, begin);
@@ -178,11 +187,11 @@ std::string unitInName(std::string_view name)
                 return std::string(inside);
         }
     }
-    for (const char mark : {',', ' ', '_'}) {
+    for (const std::string_view mark : {",", " in ", " ", "_"}) {
         const std::size_t at = text.rfind(mark);
         if (at == std::string_view::npos || at == 0)
             continue;
-        const std::string_view last = trimmed(text.substr(at + 1));
+        const std::string_view last = trimmed(text.substr(at + mark.size()));
         if (last != "1" && !unitSymbol(last).empty())
             return std::string(last);
     }
@@ -201,11 +210,20 @@ bool isUnitLine(const std::vector<std::string>& cells)
     return units > 0 && 3 * units >= used;
 }
 
-void findHeader(Layout& layout, const std::vector<Line>& lines, const Division& division, std::size_t data)
+// What Campbell's loggers put in front of names and units, which may have as many cells as these.
+bool isStationLine(const std::vector<std::string>& cells)
+{
+    return cells.front() == "TOA5" || cells.front() == "TOACI1";
+}
+
+void findHeader(Layout& layout, const std::vector<Line>& lines, const Division& division, std::size_t first,
+                std::size_t data)
 {
     std::vector<std::size_t> above; // lines of names, units and the like, nearest last
-    for (std::size_t i = 0; i < data; ++i)
-        if (lines[i].comment.empty() && division.cells[i].size() == division.columns)
+    for (std::size_t i = first; i < data; ++i)
+        if (isStationLine(division.cells[i]))
+            continue;
+        else if (lines[i].comment.empty() && division.cells[i].size() == division.columns)
             above.push_back(i);
         else if (lines[i].comment.empty() && !above.empty())
             above.clear(); // a line between them ends what stands above
@@ -388,17 +406,17 @@ std::string decoded(std::string_view sample, Coding coding)
 
 bool isUsualGap(std::string_view cell)
 {
-    static constexpr std::string_view kMarks[] = {"",      "na",     "n/a",    "nan",  "null",   "none",
-                                                  "-",     "--",     "---",    "-999", "-9999",  "9999",
-                                                  "99999", "-99999", "-999.9", "#n/a", "missing"};
+    static constexpr std::string_view kMarks[] = {"",      "na",     "n/a",    "nan",  "null",    "none",
+                                                  "-",     "--",     "---",    "-999", "-9999",   "9999",
+                                                  "99999", "-99999", "-999.9", "#n/a", "missing", "m"};
     if (cell.size() > 8)
         return false;
     const std::string word = texts::lowered(cell);
     if (std::find(std::begin(kMarks), std::end(kMarks), word) != std::end(kMarks))
         return true;
     const auto number = cellNumber(cell, '.');
-    return number &&
-           (*number == -999 || *number == -9999 || *number == 9999 || *number == -99999 || *number == 99999);
+    return number && (*number == -99 || *number == -99.9 || *number == -999 || *number == -6999 ||
+                      *number == -9999 || *number == 9999 || *number == -99999 || *number == 99999);
 }
 
 std::optional<double> cellNumber(std::string_view cell, char decimal)
@@ -459,9 +477,21 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
             line.comment =
                 line.text.starts_with(told.comment) ? std::string_view(told.comment) : std::string_view();
     const Division division = bestDivision(lines, told);
-    std::size_t data = 0;
-    while (data < lines.size() && !(lines[data].comment.empty() && division.isData(data)))
-        ++data;
+    const auto isData = [&](std::size_t i) { return lines[i].comment.empty() && division.isData(i); };
+    const auto runFrom = [&](std::size_t i, bool data) {
+        const std::size_t begin = i;
+        while (i < lines.size() && isData(i) == data)
+            ++i;
+        return i - begin;
+    };
+    std::size_t begin = 0;
+    std::size_t data = runFrom(0, false);
+    // A line or two on the place, as wide as the table, with names of their own can stand above the table's.
+    if (const std::size_t above = runFrom(data, true), names = data + above;
+        above <= 2 && names < lines.size() && division.isNames(names) && runFrom(names + 1, true) > above) {
+        begin = names;
+        data = names + 1;
+    }
     if (data == lines.size())
         throw TableFault("No row of numbers was found in the first " + std::to_string(lines.size()) +
                          " lines.");
@@ -479,7 +509,7 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
         layout.form.comment = told.comment;
     layout.dataLine = lines[data].number;
     layout.decimal = told.decimal ? *told.decimal : division.commas > division.points ? ',' : '.';
-    findHeader(layout, lines, division, data);
+    findHeader(layout, lines, division, begin, data);
 
     if (!coding.because.empty())
         layout.because.push_back("Read as " + std::string(codingName(coding.coding)) + ": " + coding.because +

@@ -21,9 +21,9 @@ using texts::trimmed;
 
 namespace {
 
-constexpr std::array<std::string_view, 12> kRoleNames{"carried", "dropped", "reading", "time",
-                                                      "year",    "month",   "day",     "hour",
-                                                      "minute",  "second",  "station", "input"};
+constexpr std::array<std::string_view, 14> kRoleNames{
+    "carried",     "dropped", "reading",         "time",   "year",   "month",   "day",
+    "day of year", "hour",    "hour and minute", "minute", "second", "station", "input"};
 
 // Text up to the next mark that is no letter; a backslash takes the mark behind it for one.
 std::string upTo(std::string_view& rest, std::string_view marks, char& mark)

@@ -22,8 +22,10 @@ enum class Role : std::uint8_t {
     Time,    ///< a date and time, or a part of them as a text; several are joined in their order
     Year,
     Month,
-    Day, ///< of the month
+    Day,       ///< of the month
+    DayOfYear, ///< from 1, in place of month and day
     Hour,
+    HourMinute, ///< written together: 1330 for half past one, 30 for half past midnight
     Minute,
     Second,
     Station, ///< carried, and told apart in summaries
@@ -87,10 +89,10 @@ Mapping guessMapping(const OpenTable& table);
 std::optional<Mapping> plainMapping(const OpenTable& table);
 
 /// Reads the command line's form: "ta=Temp:F,ws=Wind:km/h@10m,time=Date+Time,station=Station". Keys: a
-/// quantity; time (columns joined by +), year, month, day, hour, minute, second, station, drop; the id of an
-/// input of models that is none of these, as met=Activity; order=dmy, zone=+02:00, gap=-99. A
-/// dose has its step behind @, as sr=Rad:kJ/m2@10min. A column is called by its name or by "#" and its
-/// number; a backslash before a mark takes it for a letter. Throws TableFault.
+/// quantity; time (columns joined by +), year, month, day, day of year, hour, hour and minute, minute,
+/// second, station, drop; the id of an input of models that is none of these, as met=Activity; order=dmy,
+/// zone=+02:00, gap=-99. A dose has its step behind @, as sr=Rad:kJ/m2@10min. A column is called by its name
+/// or by "#" and its number; a backslash before a mark takes it for a letter. Throws TableFault.
 Mapping mappingOfText(std::string_view text, const Layout& layout);
 
 /// A mapping file: JSON in UTF-8.

@@ -83,8 +83,8 @@ bool addWord(Pieces& pieces, std::string_view text)
         pieces.offset = 0;
         return true;
     }
-    if (word == "am" || word == "pm" || word == "πμ" || word == "μμ") {
-        pieces.half = word == "am" || word == "πμ" ? 1 : 2;
+    if (word == "am" || word == "pm" || word == "a" || word == "p" || word == "πμ" || word == "μμ") {
+        pieces.half = word.starts_with("a") || word == "πμ" ? 1 : 2;
         return pieces.count > 0;
     }
     if (const int month = monthOf(word); month != 0 && pieces.month == 0) {
@@ -202,6 +202,8 @@ std::optional<DateParts> dateOf(const Pieces& pieces, DateOrder order)
         return std::nullopt;
     if (n[0].digits == 4)
         return DateParts{3, n[0].value, n[1].value, n[2].value, false};
+    if (n[1].before == ':')
+        return std::nullopt; // a time of day
     switch (order) {
     case DateOrder::YearMonthDay:
         if (n[2].digits > 2)
@@ -314,6 +316,9 @@ std::optional<int> readOffset(std::string_view text)
     if (word == "z" || word == "utc" || word == "gmt")
         return 0;
     std::string_view rest = word;
+    for (const std::string_view name : {" utc", " gmt"}) // "+0000 UTC"
+        if (rest.ends_with(name))
+            rest.remove_suffix(name.size());
     if (rest.starts_with("utc") || rest.starts_with("gmt"))
         rest.remove_prefix(3);
     if (rest.empty() || (rest.front() != '+' && rest.front() != '-'))

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace comfortics::tables {
 
@@ -17,7 +18,8 @@ using texts::trimmed;
 
 namespace {
 
-constexpr double kBoxSteps = 10000; // decimals of what is converted, as a power of 10
+constexpr std::int64_t kDay = 86400; // [s]
+constexpr double kBoxSteps = 10000;  // decimals of what is converted, as a power of 10
 
 bool isTimeRole(Role role)
 {
@@ -114,6 +116,14 @@ void RowMapper::map(const Row& row, MappedRow& result) const
     if (!result.refused.empty())
         for (std::string& reading : result.readings)
             reading.clear();
+    // The boxes hold one of each pair, that which is written last.
+    const auto reading = [&result](Quantity quantity) -> std::string& {
+        return result.readings[static_cast<std::size_t>(quantity)];
+    };
+    if (!reading(Quantity::SR).empty())
+        reading(Quantity::Tg).clear();
+    if (!reading(Quantity::RH).empty())
+        reading(Quantity::Td).clear();
 }
 
 std::vector<std::string> RowMapper::inputNames() const
@@ -191,6 +201,7 @@ std::optional<Moment> RowMapper::timeOfParts(const Row& row, bool& gap) const
 {
     ClockTime time;
     bool hasMinute = false;
+    std::optional<int> dayOfYear;
     for (const TimeSource& source : m_times) {
         const std::string_view cell = trimmed(row.cells[source.column]);
         if (source.role == Role::Time)
@@ -210,8 +221,15 @@ std::optional<Moment> RowMapper::timeOfParts(const Row& row, bool& gap) const
         case Role::Day:
             time.day = whole;
             break;
+        case Role::DayOfYear:
+            dayOfYear = whole;
+            break;
         case Role::Hour:
             time.hour = whole;
+            break;
+        case Role::HourMinute:
+            time.hour = whole / 100;
+            time.minute = whole % 100;
             break;
         case Role::Minute:
             time.minute = whole;
@@ -230,7 +248,13 @@ std::optional<Moment> RowMapper::timeOfParts(const Row& row, bool& gap) const
             ++time.hour;
         }
     }
-    return momentOf(time);
+    auto moment = momentOf(time);
+    if (!dayOfYear || !moment)
+        return moment;
+    // From the first of January on, which stands in the fields.
+    moment->seconds += std::int64_t{*dayOfYear - 1} * kDay;
+    const ClockTime there = clockTime({moment->seconds - (time.hour == 24 ? kDay : 0), {}});
+    return *dayOfYear >= 1 && there.year == time.year ? moment : std::nullopt;
 }
 
 void RowMapper::takeTime(const Row& row, MappedRow& result) const

@@ -15,7 +15,8 @@ namespace comfortics::tables {
 
 /// One row as a calculation takes it.
 struct MappedRow {
-    std::array<std::string, classic::kReadingCount> readings; ///< in their units; empty: a gap
+    /// In their units; empty: a gap, or displaced by the other one of its pair.
+    std::array<std::string, classic::kReadingCount> readings;
     std::optional<Moment> time;
     std::string refused; ///< why the row is not taken, a clause that names its cell; empty where it is
 

@@ -126,6 +126,11 @@ std::vector<std::string> words(std::string_view text)
     return all;
 }
 
+std::string_view withoutSensors(std::string_view name)
+{
+    return name.substr(0, std::min(name.find("(LGR"), name.find("(SEN")));
+}
+
 bool contains(const std::vector<std::string>& all, const std::vector<std::string>& wanted)
 {
     return std::search(all.begin(), all.end(), wanted.begin(), wanted.end()) != all.end();

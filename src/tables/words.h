@@ -15,6 +15,10 @@ std::string folded(std::string_view text);
 /// before a digit, part words, too, as in "AirTemp" and "wind10".
 std::vector<std::string> words(std::string_view text);
 
+/// A column's name without the numbers of the sensors that some loggers put behind it, as "RH, %" of
+/// "RH, % (LGR S/N: 20123)".
+std::string_view withoutSensors(std::string_view name);
+
 /// Whether the words stand among the others, one behind the other.
 bool contains(const std::vector<std::string>& all, const std::vector<std::string>& wanted);
 

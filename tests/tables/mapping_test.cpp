@@ -58,8 +58,8 @@ TEST(TableMapping, TheFilesOfStationsAreReadByTheirGuess)
           "refused: \"zwölf\" in the column \"Windgeschwindigkeit 10 m (km/h)\" is no number"}},
         {"two_days.epw",
          4,
-         {"2005-07-01T05:00:00+02:00 ||0|14.3|77|2.5081", "2005-07-01T06:00:00+02:00 22.8||0|14.3||2.5724"}},
-        {"two_days.epw", 23, {"2005-07-02T00:00:00+02:00 22.8||0|14.3|73|1.3505"}},
+         {"2005-07-01T05:00:00+02:00 ||0||77|2.5081", "2005-07-01T06:00:00+02:00 22.8||0|14.3||2.5724"}},
+        {"two_days.epw", 23, {"2005-07-02T00:00:00+02:00 22.8||0||73|1.3505"}},
     };
     for (const auto& file : files) {
         const std::vector<std::string> all = mappedRows(
@@ -67,6 +67,64 @@ TEST(TableMapping, TheFilesOfStationsAreReadByTheirGuess)
         for (std::size_t i = 0; i < file.rows.size(); ++i)
             EXPECT_EQ(all.at(file.place + i), file.rows[i]) << file.file;
     }
+}
+
+// The shapes in which loggers and weather services give their files, with the names that they have there.
+TEST(TableMapping, TheShapesOfLoggersAndServicesAreKnown)
+{
+    const struct {
+        const char* text;
+        const char* row; // the last one
+    } files[] = {
+        // as many cells in front as columns
+        {"\"TOA5\",\"Hill\",\"CR1000\",\"1\",\"2\",\"met.CR1\"\n"
+         "\"TIMESTAMP\",\"RECORD\",\"AirTC_Avg\",\"RH\",\"SlrW_Avg\",\"WS_ms_S_WVT\"\n"
+         "\"TS\",\"RN\",\"Deg "
+         "C\",\"%\",\"W/m^2\",\"meters/second\"\n\"\",\"\",\"Avg\",\"Smp\",\"Avg\",\"WVc\"\n"
+         "\"2019-07-01 13:00:00\",7,31.0,37.1,850,2\n",
+         "2019-07-01T13:00:00 31.0||850||37.1|2"},
+        {"\"Plot Title: Site 4\"\n\"#\",\"Date Time, GMT+02:00\",\"Temp, °C (LGR S/N: 9, SEN S/N: 9)\","
+         "\"RH, % (LGR S/N: 9, SEN S/N: 9)\",\"Wind Speed, km/h (LGR S/N: 9)\"\n"
+         "1,07/14/19 12:10:00 PM,30.3,44.1,36\n",
+         "2019-07-14T12:10:00+02:00 30.3||||44.1|10"},
+        {"\t\tTemp\tOut\tDew\tWind\tSolar\nDate\tTime\tOut\tHum\tPt.\tSpeed\tRad.\n"
+         "12/07/19\t12:10a\t21\t65\t14\t1\t0\n13/07/19\t1:00p\t31\t---\t14\t2\t800\n",
+         "2019-07-13T13:00:00 31||800|14||2"},
+        // another table above, as wide
+        {"latitude,longitude,elevation,timezone\n52.5,13.4,38.0,Europe/Berlin\n\n"
+         "time,temperature_2m (°C),relative_humidity_2m (%),wind_speed_10m (km/h)\n"
+         "2023-07-01T00:00,17.1,77,9\n2023-07-01T01:00,17,78,36\n",
+         "2023-07-01T01:00:00 17||||78|6.431"},
+        {"STATIONS_ID;MESS_DATUM;QN_9;TT_TU;RF_TU;eor\n 433;2020070112;    3;  25.7;  -999;eor\n",
+         "2020-07-01T12:00:00 25.7|||||"},
+        {"AAAAMMJJHH;POSTE;T;TD;U;FF;GLO\n2019070112;7;28,4;14;;10;36\n",
+         "2019-07-01T12:00:00 28.4||100|14||6.431"},
+        {"# STN,YYYYMMDD,   HH,   FH,    T,   RH,    Q,    U\n\n  260,20190701,   24,  100,  153,    3,   "
+         "36,   80\n",
+         "2019-07-02T00:00:00 15.3||100||80|6.431"},
+        {"station,valid,tmpf,relh,sknt\nDSM,2019-07-01 00:54,86.0,M,20\n",
+         "2019-07-01T00:54:00 30|||||6.6169"},
+        {"station_abbr;reference_timestamp;tre200h0;ure200h0;fu3010h0\nBER;01.12.2019 01:00;18;72;36\n",
+         "2019-12-01T01:00:00 18||||72|6.431"},
+        {"YEAR,MO,DY,HR,T2M,RH2M,WS2M,ALLSKY_SFC_SW_DWN\n2019,1,2,3,15,81,1,410\n",
+         "2019-01-02T03:00:00 15||410||81|0.8873"},
+        {"time,t2m,d2m,u10,ssrd\n2019-07-01 11:00:00,303.15,285.15,1,0\n2019-07-01 "
+         "12:00:00,303.15,285.15,1,360000\n",
+         "2019-07-01T12:00:00 30||100|12||"},
+        {"year,doy,hour,airT,RH,u2\n2019,182,30,31,35,1\n2019,365,2400,31,35,1\n",
+         "2020-01-01T00:00:00 31||||35|0.8873"},
+        {"year,doy,hour,airT\n2019,365,1300,31\n2019,366,1300,31\n",
+         "refused: \"2019 366 1300\" is no date and time"},
+        {"Date (MM/DD/YYYY),Time (HH:MM),Dry-bulb (C),Dew-point (C)\n02/01/1988,24:00,8,-5\n",
+         "1988-02-02T00:00:00 8|||-5||"},
+        {"Date,Temp (°F),Globe (°F),Solar (W/m2)\n7/1/19 1:00 PM,86,104,900\n",
+         "2019-07-01T13:00:00 30|40||||"},
+        {"time(UTC),temp,dew_point\n20160101:0030,275.15,270.15\n", "2016-01-01T00:30:00Z 2|||-3||"},
+    };
+    for (const auto& file : files)
+        EXPECT_EQ(mappedRows(openTable(file.text), tables::guessMapping(openTable(file.text))).back(),
+                  file.row)
+            << file.text;
 }
 
 TEST(TableMapping, NamesInFiveLanguagesAreKnown)
