@@ -67,6 +67,20 @@ std::vector<Stretch> Course::monthly() const
     return all;
 }
 
+std::vector<Stretch> Course::hourly() const
+{
+    Day all{};
+    for (const auto& [number, hours] : m_days)
+        for (std::size_t i = 0; i < hours.size(); ++i)
+            all[i].add(hours[i]);
+    std::vector<Stretch> stretches;
+    for (std::size_t i = 0; i < all.size(); ++i)
+        if (all[i].count > 0)
+            stretches.push_back(stretchOf(
+                momentText({static_cast<std::int64_t>(i) * kHour, std::nullopt}).substr(11, 5), all[i]));
+    return stretches;
+}
+
 std::vector<DayOfHours> Course::heatMap() const
 {
     std::vector<DayOfHours> days;

@@ -17,7 +17,7 @@ namespace comfortics::tables {
 
 /// The values of a stretch of time.
 struct Stretch {
-    std::string begin; ///< "2024-07-01", or "2024-07" of a month
+    std::string begin; ///< "2024-07-01", "2024-07" of a month, "07:00" of an hour of the day
     std::size_t count = 0;
     double mean = 0;
     double lowest = 0;
@@ -38,6 +38,8 @@ public:
     /// Days and months that have values, in order.
     std::vector<Stretch> daily() const;
     std::vector<Stretch> monthly() const;
+    /// Hours of the day that have values on any day, in order.
+    std::vector<Stretch> hourly() const;
     /// Of the first to the last day, those without values included unless they are forty years apart.
     std::vector<DayOfHours> heatMap() const;
 

@@ -127,12 +127,21 @@ std::vector<ValueCounts::Bin> ValueCounts::histogram(std::size_t bins) const
     const auto edge = [&](std::size_t i) {
         return i == bins ? high : low + (high - low) * static_cast<double>(i) / static_cast<double>(bins);
     };
+    std::vector<double> edges;
+    for (std::size_t i = 0; i <= bins; ++i)
+        edges.push_back(edge(i));
+    return histogram(edges);
+}
+
+std::vector<ValueCounts::Bin> ValueCounts::histogram(const std::vector<double>& edges) const
+{
+    settle();
     std::vector<Bin> all;
-    for (std::size_t i = 0; i < bins; ++i)
-        all.push_back({edge(i), edge(i + 1), 0});
+    for (std::size_t i = 0; i + 1 < edges.size(); ++i)
+        all.push_back({edges[i], edges[i + 1], 0});
     std::size_t bin = 0;
     for (const Counted& one : m_sorted) {
-        while (bin + 1 < bins && one.value >= all[bin].to)
+        while (bin + 1 < all.size() && one.value >= all[bin].to)
             ++bin;
         all[bin].count += one.count;
     }

@@ -33,6 +33,8 @@ public:
     /// Bins of equal width from the lowest to the highest value; a single value has a bin of width 1 around
     /// it.
     std::vector<Bin> histogram(std::size_t bins) const;
+    /// Bins between edges that ascend, the first of which is no higher than any value and the last no lower.
+    std::vector<Bin> histogram(const std::vector<double>& edges) const;
 
 private:
     struct Counted {

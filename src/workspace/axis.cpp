@@ -32,6 +32,26 @@ Axis readingAxis(const Course& course)
     return {first, last, niceAxis(first, last, kReadingSteps).step};
 }
 
+Axis axisAround(double low, double high, int index, const std::optional<double>& seen)
+{
+    const auto categories =
+        index == 0 ? std::span<const catalogue::Category>() : catalogue::scale(index).categories;
+    if (catalogue::hasPole(index) && categories.size() > 1) {
+        const double lowest = categories.front().upper;
+        const double highest = categories.back().lower;
+        const double beyond = highest - lowest;
+        low = std::clamp(low, lowest - beyond, highest + beyond);
+        high = std::clamp(high, lowest - beyond, highest + beyond);
+        low = std::min(low, seen.value_or(low));
+        high = std::max(high, seen.value_or(high));
+    }
+    const double least = std::max({std::abs(low), std::abs(high), 1.0}) * kLeastSpan;
+    const double around = std::max((high - low) * kAround, least);
+    // What is nowhere negative, such as minutes, has no room below 0.
+    const double floor = low >= 0 && high > 0 ? std::max(low - around, 0.0) : low - around;
+    return niceAxis(floor, high + around, kValueSteps);
+}
+
 Axis valueAxis(const Course& course)
 {
     double low = std::numeric_limits<double>::infinity();
@@ -43,23 +63,8 @@ Axis valueAxis(const Course& course)
         }
     if (low > high) // no value anywhere
         low = high = 0;
-    const auto categories = course.request.item.scale().categories;
-    if (catalogue::hasPole(course.request.item.index()) && categories.size() > 1) {
-        const double lowest = categories.front().upper;
-        const double highest = categories.back().lower;
-        low = std::max(low, lowest - (highest - lowest));
-        high = std::min(high, highest + (highest - lowest));
-        if (course.present)
-            if (const auto& present = course.points[*course.present].value) {
-                low = std::min(low, *present);
-                high = std::max(high, *present);
-            }
-    }
-    const double least = std::max({std::abs(low), std::abs(high), 1.0}) * kLeastSpan;
-    const double around = std::max((high - low) * kAround, least);
-    // What is nowhere negative, such as minutes, has no room below 0.
-    const double floor = low >= 0 && high > 0 ? std::max(low - around, 0.0) : low - around;
-    return niceAxis(floor, high + around, kValueSteps);
+    return axisAround(low, high, course.request.item.index(),
+                      course.present ? course.points[*course.present].value : std::nullopt);
 }
 
 bool leaves(const Course& course, const Axis& values)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The axes of a chart of a course.
+// The axes of charts.
 #pragma once
 
 #include "workspace/course.h"
@@ -23,9 +23,13 @@ Axis niceAxis(double low, double high, int steps);
 /// From the first to the last reading of a course that has points: none beyond those that can be.
 Axis readingAxis(const Course& course);
 
-/// Around the values of a course. Where the formula has a pole, about the bounds of its classes and the
-/// present value alone, or all that matters would be a line along the ground.
+/// Around the values of a course, of which the present one is seen.
 Axis valueAxis(const Course& course);
+
+/// Around values from the lowest to the highest one, with a little room; where an index is given that has a
+/// pole, about the bounds of its classes and a value that must be seen alone, or all that matters would be a
+/// line along the ground.
+Axis axisAround(double low, double high, int index = 0, const std::optional<double>& seen = {});
 
 /// Values lie beyond the axis: the curve leaves the chart.
 bool leaves(const Course& course, const Axis& values);
