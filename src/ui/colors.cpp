@@ -43,4 +43,10 @@ QPalette boxPalette(const QPalette& palette, controls::Color ground)
     return result;
 }
 
+QColor faded(QColor color, float opacity)
+{
+    color.setAlphaF(opacity);
+    return color;
+}
+
 } // namespace comfortics::ui

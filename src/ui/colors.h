@@ -19,4 +19,7 @@ QColor screenColor(controls::Color color);
 /// palette's own ground.
 QPalette boxPalette(const QPalette& palette, controls::Color ground);
 
+/// The colour, through which 1 - opacity of the ground is seen.
+QColor faded(QColor color, float opacity);
+
 } // namespace comfortics::ui

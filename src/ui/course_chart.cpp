@@ -4,8 +4,8 @@
 #include "catalogue/categories.h"
 #include "catalogue/notes.h"
 #include "ui/chip.h"
+#include "ui/colors.h"
 #include "ui/text.h"
-#include "values/plain_text.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -33,17 +33,6 @@ constexpr float kGridOpacity = 0.18F;
 constexpr float kGapOpacity = 0.35F;
 constexpr double kSharpness = 2;        // pixels of a picture to a pixel of the screen
 constexpr QSize kPictureSize(760, 460); // whatever the size of the panel
-
-QColor faded(QColor color, float opacity)
-{
-    color.setAlphaF(opacity);
-    return color;
-}
-
-QString numberText(double value)
-{
-    return toQt(values::plainText(value)).replace(QLatin1Char('-'), QChar(0x2212));
-}
 
 bool has(const CoursePoint& point)
 {
@@ -168,7 +157,7 @@ CourseChart::Frame CourseChart::frameIn(const QRectF& room) const
     double numbers = 0;
     for (double value = m_values.low; value <= m_values.high + m_values.step / 2; value += m_values.step)
         numbers = std::max(numbers, metrics.horizontalAdvance(
-                                        numberText(std::round(value / m_values.step) * m_values.step)));
+                                        axisNumber(std::round(value / m_values.step) * m_values.step)));
     const double line = metrics.height();
     const QRectF plot =
         room.adjusted(line + numbers + 2 * kSpace, line / 2 + kSpace,
@@ -288,7 +277,7 @@ void CourseChart::paintAxes(QPainter& painter, const Frame& frame) const
         painter.setPen(ink);
         painter.drawText(QRectF(frame.plot.left() - kSpace - frame.plot.left(), y - metrics.height() / 2,
                                 frame.plot.left(), metrics.height()),
-                         Qt::AlignRight | Qt::AlignVCenter, numberText(even));
+                         Qt::AlignRight | Qt::AlignVCenter, axisNumber(even));
     }
     for (double reading = std::ceil(m_readings.low / m_readings.step) * m_readings.step;
          reading <= m_readings.high; reading += m_readings.step) {
@@ -299,7 +288,7 @@ void CourseChart::paintAxes(QPainter& painter, const Frame& frame) const
         painter.setPen(ink);
         const double width = frame.plot.width() / 3;
         painter.drawText(QRectF(x - width / 2, frame.plot.bottom() + kSpace / 2, width, metrics.height()),
-                         Qt::AlignHCenter | Qt::AlignTop, numberText(even));
+                         Qt::AlignHCenter | Qt::AlignTop, axisNumber(even));
     }
     painter.setPen(ink);
     painter.drawRect(frame.plot);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/text.h"
 
+#include "values/plain_text.h"
+
 namespace comfortics::ui {
 
 QString tip(const QString& note)
@@ -10,6 +12,11 @@ QString tip(const QString& note)
         return note;
     return QStringLiteral("<qt>%1</qt>")
         .arg(note.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br/>")));
+}
+
+QString axisNumber(double value)
+{
+    return toQt(values::plainText(value)).replace(QLatin1Char('-'), QChar(0x2212));
 }
 
 QString withMnemonic(std::string_view caption, char mnemonic)

@@ -23,6 +23,9 @@ inline std::string fromQt(const QString& text)
 /// A note for a tooltip: a long one wraps, as a small or scaled screen would cut it.
 QString tip(const QString& note);
 
+/// A number beside an axis, with the sign of minus.
+QString axisNumber(double value);
+
 /// For widgets that take '&' as the mark of a mnemonic: the caption letter for letter, with the
 /// first `mnemonic` in it, if any, as the mnemonic.
 QString withMnemonic(std::string_view caption, char mnemonic = 0);
