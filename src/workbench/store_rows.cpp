@@ -24,7 +24,7 @@ std::string rulesOf(const TableStore& store)
 } // namespace
 
 StoreRows::StoreRows(std::shared_ptr<const TableStore> store, std::optional<std::vector<std::uint32_t>> shown,
-                     std::string filter, std::string run)
+                     const std::string& filter, std::string run)
     : m_store(std::move(store)), m_shown(std::move(shown))
 {
     if (m_shown)
