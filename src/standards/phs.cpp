@@ -332,8 +332,8 @@ PhsResult predict(PhsEdition edition, const PhsInputs& in, Limits limits, std::s
         examination.refuse(Reason::Undefined, kClo.name);
         return refused(examination.verdict(), course, 0);
     }
-    const double lossLimit = (in.drink ? 0.05 : 0.03) * in.weight * 1000;
-    const double meanLossLimit = (in.drink ? 0.075 : 0.03) * in.weight * 1000;
+    const double lossLimit = phsLossLimit(in.weight, in.drink);
+    const double meanLossLimit = phsMeanLossLimit(in.weight, in.drink);
 
     PhsResult result;
     Body body;
@@ -383,6 +383,16 @@ PhsResult predict(PhsEdition edition, const PhsInputs& in, Limits limits, std::s
 }
 
 } // namespace
+
+double phsLossLimit(double weight, bool drink) noexcept
+{
+    return (drink ? 0.05 : 0.03) * weight * 1000;
+}
+
+double phsMeanLossLimit(double weight, bool drink) noexcept
+{
+    return (drink ? 0.075 : 0.03) * weight * 1000;
+}
 
 double phsVapourPressure(double ta, double RH) noexcept
 {

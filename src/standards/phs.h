@@ -79,6 +79,11 @@ inline constexpr int kPhsMostMinutes = 1440;
 inline constexpr double kPhsLimit = 38;
 inline constexpr double kPhsFormal = 39;
 
+/// The loss of water [g] that ends an exposure, by the weight [kg]: of 95 % of the workers in the edition of
+/// 2004, which has another one of the mean worker.
+double phsLossLimit(double weight, bool drink) noexcept;
+double phsMeanLossLimit(double weight, bool drink) noexcept;
+
 /// The end of one minute. Heat flows in W/m², positive where the body loses heat, storage where it gains.
 struct PhsMinute {
     double tCore = kNaN;      ///< [°C]

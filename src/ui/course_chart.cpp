@@ -7,13 +7,8 @@
 #include "ui/colors.h"
 #include "ui/text.h"
 
-#include <QBuffer>
-#include <QImage>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QSvgGenerator>
 
 #include <algorithm>
 #include <cmath>
@@ -26,13 +21,9 @@ using workspace::CoursePoint;
 
 namespace {
 
-constexpr double kSpace = 6;          // [pixel]
+constexpr double kSpace = kChartSpace;
 constexpr double kMarker = 5;         // radius of the present point [pixel]
 constexpr double kBandOpacity = 0.45; // the curve stays the strongest
-constexpr float kGridOpacity = 0.18F;
-constexpr float kGapOpacity = 0.35F;
-constexpr double kSharpness = 2;        // pixels of a picture to a pixel of the screen
-constexpr QSize kPictureSize(760, 460); // whatever the size of the panel
 
 bool has(const CoursePoint& point)
 {
@@ -74,48 +65,22 @@ struct CourseChart::Frame {
     QPointF at(const CoursePoint& point) const { return {x(point.reading), y(point.value.value_or(0))}; }
 };
 
-CourseChart::CourseChart(QWidget* parent) : QWidget(parent)
+CourseChart::CourseChart(QWidget* parent)
+    : ChartView(QStringLiteral("course"), QStringLiteral("Course of the index"), parent)
 {
-    setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(true);
-    setObjectName(QStringLiteral("course"));
-    setAccessibleName(QStringLiteral("Course of the index"));
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-}
-
-QSize CourseChart::sizeHint() const
-{
-    return {fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 15};
-}
-
-QSize CourseChart::minimumSizeHint() const
-{
-    return {fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 13};
 }
 
 void CourseChart::show(Course course)
 {
-    m_cursor.reset();
-    m_why = toQt(course.problem);
-    setAccessibleDescription(toQt(course.inWords()));
-    if (course.points.empty()) {
-        m_course.reset();
-        update();
-        return;
-    }
-    m_readings = readingAxis(course);
-    m_values = valueAxis(course);
-    m_course = std::move(course);
-    update();
-}
-
-void CourseChart::showNone(const QString& why)
-{
+    const QString why = toQt(course.problem);
+    const QString description = toQt(course.inWords());
     m_course.reset();
-    m_cursor.reset();
-    m_why = why;
-    setAccessibleDescription(why);
-    update();
+    if (!course.points.empty()) {
+        m_readings = readingAxis(course);
+        m_values = valueAxis(course);
+        m_course = std::move(course);
+    }
+    shows(why, description);
 }
 
 bool CourseChart::curveLeaves() const
@@ -212,7 +177,7 @@ void CourseChart::paintBands(QPainter& painter, const Frame& frame) const
                 painter.setOpacity(1);
             }
             if (low > m_values.low) {
-                painter.setPen(QPen(faded(palette().color(QPalette::Text), kGapOpacity), 1));
+                painter.setPen(QPen(faded(palette().color(QPalette::Text), kChartGapOpacity), 1));
                 painter.drawLine(band.bottomLeft(), band.bottomRight());
             }
         }
@@ -248,7 +213,7 @@ void CourseChart::paintBandLabels(QPainter& painter, const Frame& frame) const
 void CourseChart::paintGaps(QPainter& painter, const Frame& frame) const
 {
     const QFontMetricsF metrics(font());
-    const QColor ink = faded(palette().color(QPalette::Text), kGapOpacity);
+    const QColor ink = faded(palette().color(QPalette::Text), kChartGapOpacity);
     for (const Run& run : runsOf([](const CoursePoint& point) { return !has(point); })) {
         const QRectF gap(QPointF(frame.x(run.from), frame.plot.top()),
                          QPointF(frame.x(run.to), frame.plot.bottom()));
@@ -268,7 +233,7 @@ void CourseChart::paintAxes(QPainter& painter, const Frame& frame) const
 {
     const QFontMetricsF metrics(font());
     const QColor ink = palette().color(QPalette::Text);
-    const QPen line(faded(ink, kGridOpacity), 1);
+    const QPen line(faded(ink, kChartGridOpacity), 1);
     for (double value = m_values.low; value <= m_values.high + m_values.step / 2; value += m_values.step) {
         const double even = std::round(value / m_values.step) * m_values.step;
         const double y = frame.y(even);
@@ -350,8 +315,8 @@ void CourseChart::paintPresent(QPainter& painter, const Frame& frame) const
             painter.drawEllipse(frame.at(point), kMarker, kMarker);
         }
     }
-    if (m_cursor) {
-        const CoursePoint& point = m_course->points[*m_cursor];
+    if (cursor()) {
+        const CoursePoint& point = m_course->points[*cursor()];
         line(frame.x(point.reading), Qt::DotLine);
         if (has(point)) {
             painter.setPen(QPen(palette().color(QPalette::Text), 1.5));
@@ -361,16 +326,8 @@ void CourseChart::paintPresent(QPainter& painter, const Frame& frame) const
     }
 }
 
-void CourseChart::paint(QPainter& painter, const QRectF& room) const
+void CourseChart::paintChart(QPainter& painter, const QRectF& room) const
 {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(font());
-    if (!m_course) {
-        painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(room.adjusted(kSpace, kSpace, -kSpace, -kSpace), Qt::AlignCenter | Qt::TextWordWrap,
-                         m_why);
-        return;
-    }
     const Frame frame = frameIn(room);
     if (frame.plot.width() <= 0 || frame.plot.height() <= 0)
         return;
@@ -389,29 +346,9 @@ void CourseChart::paint(QPainter& painter, const QRectF& room) const
     paintPresent(painter, frame);
 }
 
-void CourseChart::paintEvent(QPaintEvent*)
+QString CourseChart::placeInWords(std::size_t place) const
 {
-    QPainter painter(this);
-    paint(painter, rect());
-    if (hasFocus()) {
-        painter.setRenderHint(QPainter::Antialiasing, false);
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
-}
-
-void CourseChart::read(std::optional<std::size_t> place)
-{
-    if (!m_course || place == m_cursor)
-        return;
-    m_cursor = place;
-    update();
-    if (!place) {
-        emit pointRead({});
-        return;
-    }
-    const CoursePoint& point = m_course->points[*place];
+    const CoursePoint& point = m_course->points[place];
     const auto& info = classic::kReadingInfo[static_cast<std::size_t>(m_course->moved)];
     const std::string_view unit = m_course->request.item.unit();
     QString text = QStringLiteral("%1 %2: ").arg(toQt(point.readingText), toQt(info.unit()));
@@ -426,98 +363,32 @@ void CourseChart::read(std::optional<std::size_t> place)
     } else {
         text += QStringLiteral("no value. ") + toQt(point.reason);
     }
-    emit pointRead(text);
+    return text;
 }
 
-void CourseChart::mouseMoveEvent(QMouseEvent* event)
+std::size_t CourseChart::placeAt(double x, const QRectF& room) const
 {
-    if (!m_course)
-        return;
-    const Frame frame = frameIn(rect());
-    const double x = event->position().x();
+    const Frame frame = frameIn(room);
     const auto nearer = [&](const CoursePoint& a, const CoursePoint& b) {
         return std::abs(frame.x(a.reading) - x) < std::abs(frame.x(b.reading) - x);
     };
     const auto nearest = std::min_element(m_course->points.begin(), m_course->points.end(), nearer);
-    read(static_cast<std::size_t>(nearest - m_course->points.begin()));
+    return static_cast<std::size_t>(nearest - m_course->points.begin());
 }
 
-void CourseChart::leaveEvent(QEvent*)
+std::size_t CourseChart::places() const
 {
-    read(std::nullopt);
+    return m_course ? m_course->points.size() : 0;
 }
 
-void CourseChart::focusOutEvent(QFocusEvent* event)
+std::size_t CourseChart::startPlace() const
 {
-    read(std::nullopt);
-    QWidget::focusOutEvent(event);
+    return m_course->present.value_or((places() - 1) / 2);
 }
 
-// The cursor begins at the present point.
-void CourseChart::keyPressEvent(QKeyEvent* event)
+QString CourseChart::title() const
 {
-    if (!m_course) {
-        QWidget::keyPressEvent(event);
-        return;
-    }
-    const std::size_t last = m_course->points.size() - 1;
-    const std::size_t now = m_cursor.value_or(m_course->present.value_or(last / 2));
-    switch (event->key()) {
-    case Qt::Key_Left:
-        read(m_cursor && now > 0 ? now - 1 : now);
-        break;
-    case Qt::Key_Right:
-        read(m_cursor && now < last ? now + 1 : now);
-        break;
-    case Qt::Key_Home:
-        read(0);
-        break;
-    case Qt::Key_End:
-        read(last);
-        break;
-    default:
-        QWidget::keyPressEvent(event);
-    }
-}
-
-QByteArray CourseChart::picture(PictureKind kind, const QString& text)
-{
-    QByteArray bytes;
-    if (!m_course)
-        return bytes;
-    const std::optional<std::size_t> cursor = std::exchange(m_cursor, std::nullopt);
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    const int margin = static_cast<int>(kSpace);
-    const QRect texts = QFontMetrics(font()).boundingRect(
-        QRect(margin, 0, kPictureSize.width() - 2 * margin, 10000), Qt::TextWordWrap, text);
-    const QSize size(kPictureSize.width(), kPictureSize.height() + texts.height() + 2 * margin);
-    const auto paintAll = [&](QPainter& painter) {
-        painter.fillRect(QRect({}, size), palette().color(QPalette::Window));
-        paint(painter, QRect({}, kPictureSize));
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(texts.translated(0, kPictureSize.height() + margin - texts.top()), Qt::TextWordWrap,
-                         text);
-    };
-    if (kind == PictureKind::Svg) {
-        QSvgGenerator svg;
-        svg.setOutputDevice(&buffer);
-        svg.setSize(size);
-        svg.setViewBox(QRect({}, size));
-        svg.setTitle(valueAxisTitle(std::numeric_limits<int>::max()));
-        svg.setDescription(accessibleDescription());
-        QPainter painter(&svg);
-        paintAll(painter);
-    } else {
-        QImage image(size * kSharpness, QImage::Format_RGB32);
-        QPainter painter(&image);
-        painter.scale(kSharpness, kSharpness);
-        paintAll(painter);
-        painter.end();
-        image.save(&buffer, "PNG");
-    }
-    m_cursor = cursor;
-    return bytes;
+    return valueAxisTitle(std::numeric_limits<int>::max());
 }
 
 } // namespace comfortics::ui

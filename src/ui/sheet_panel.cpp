@@ -4,6 +4,7 @@
 #include "ui/bindings.h"
 #include "ui/course_chart.h"
 #include "ui/facts_html.h"
+#include "ui/minutes_chart.h"
 #include "ui/model_facts.h"
 #include "ui/picture_file.h"
 #include "ui/star.h"
@@ -20,6 +21,7 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QTextBrowser>
 #include <QTimer>
 #include <QToolButton>
@@ -38,10 +40,12 @@ constexpr int kWidthInCharacters = 62;
 constexpr int kHeightInLines = 34;
 constexpr int kAxisCharacters = 10; // at least
 constexpr int kReadingLines = 2;
+constexpr int kMinuteLines = 3;
 constexpr int kHeldLines = 4;
 constexpr int kSetCharacters = 20; // of its name
 constexpr std::chrono::milliseconds kPatience{50};
 constexpr const char* kAxisKey = "sheet/axis";
+constexpr const char* kHowToRead = "The mouse or the arrow keys read the chart.";
 
 QString valueHtml(const IndexSheet& sheet)
 {
@@ -157,6 +161,14 @@ SheetPanel::SheetPanel(workspace::Workspace& workspace, controls::FileDialogs& f
           [this] {
               QMetaObject::invokeMethod(
                   this, [this] { takeCourse(); }, Qt::QueuedConnection);
+          }),
+      m_minutesRunner(
+          [&limits = workspace.limits()](const workspace::MinutesRequest& request, const auto&) {
+              return workspace::minutesCourseOf(limits, request);
+          },
+          [this] {
+              QMetaObject::invokeMethod(
+                  this, [this] { takeMinutes(); }, Qt::QueuedConnection);
           })
 {
     auto* const splitter = new QSplitter(Qt::Vertical);
@@ -211,15 +223,16 @@ QWidget* SheetPanel::buildBottom()
     auto* const bottom = new QWidget;
     m_axis = new QComboBox;
     nameWidget(*m_axis, QStringLiteral("sheet_axis"), QStringLiteral("Reading that moves"),
-               QStringLiteral("The reading that moves along the chart; the others are held"));
+               QStringLiteral("The reading that moves along the chart; the others are held. Of models of "
+                              "heat strain and of the two-node body also the minutes"));
     for (std::size_t i = 0; i < workspace::kCourseAxisCount; ++i)
         m_axis->addItem({});
     m_axis->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_axis->setMinimumContentsLength(kAxisCharacters);
     const auto kept = m_workspace.preferences().read(kAxisKey);
-    const QString place = toQt(kept.value_or("0"));
-    m_axis->setCurrentIndex(qBound(0, place.toInt(), m_axis->count() - 1));
+    m_wantedAxis = qBound(0, toQt(kept.value_or("0")).toInt(), static_cast<int>(workspace::kCourseAxisCount));
     connect(m_axis, qOverload<int>(&QComboBox::activated), this, [this](int axis) {
+        m_wantedAxis = axis;
         m_workspace.preferences().write(kAxisKey, std::to_string(axis));
         notice();
     });
@@ -252,10 +265,14 @@ QWidget* SheetPanel::buildBottom()
     m_held->document()->setDocumentMargin(0);
     m_held->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_held->setFixedHeight(kHeldLines * m_held->fontMetrics().lineSpacing());
-    connect(m_chart, &CourseChart::pointRead, this, [this](const QString& text) {
-        m_reading->setText(text.isEmpty() ? QStringLiteral("The mouse or the arrow keys read the chart.")
-                                          : text);
-    });
+    m_minutes = new MinutesChart;
+    m_charts = new QStackedWidget;
+    for (ChartView* const view : {static_cast<ChartView*>(m_chart), static_cast<ChartView*>(m_minutes)}) {
+        m_charts->addWidget(view);
+        connect(view, &ChartView::pointRead, this, [this](const QString& text) {
+            m_reading->setText(text.isEmpty() ? QLatin1String(kHowToRead) : text);
+        });
+    }
 
     auto* const top = new QHBoxLayout;
     top->addWidget(label);
@@ -264,7 +281,7 @@ QWidget* SheetPanel::buildBottom()
     auto* const layout = new QVBoxLayout(bottom);
     layout->setContentsMargins(0, kSmallGap, 0, 0);
     layout->addLayout(top);
-    layout->addWidget(m_chart, 1);
+    layout->addWidget(m_charts, 1);
     layout->addWidget(m_reading);
     layout->addWidget(m_held);
     return bottom;
@@ -283,12 +300,9 @@ void SheetPanel::notice()
     if (m_late || !isVisible())
         return;
     m_late = true;
-    if (m_asked) {
-        const auto axis = static_cast<CourseAxis>(m_axis->currentIndex());
-        const auto item = workspace::Item::ofId(m_workspace.lookedAt());
-        if (!item || *m_asked != requestOf(*item, axis))
-            m_chart->showNone({});
-    }
+    const auto item = workspace::Item::ofId(m_workspace.lookedAt());
+    if (!item || isStale(*item))
+        chart().showNone({});
     QTimer::singleShot(0, this, [this] {
         m_late = false;
         refresh();
@@ -313,17 +327,20 @@ void SheetPanel::refresh()
     const auto item = workspace::Item::ofId(m_workspace.lookedAt());
     m_axis->setEnabled(item.has_value());
     m_picture->setEnabled(false);
-    nameAxes();
+    nameAxes(item);
     showStar();
     if (!item) {
         m_text->setPlainText(
             QStringLiteral("No index is looked at. A card or a row of the list or of the results "
                            "opens the sheet of its index."));
-        m_chart->showNone({});
+        chart().showNone({});
         return;
     }
     refreshFacts(*item, true);
-    askCourse(*item);
+    if (overMinutes())
+        askMinutes(*item);
+    else
+        askCourse(*item);
 }
 
 void SheetPanel::showStar()
@@ -399,9 +416,7 @@ void SheetPanel::askCourse(const workspace::Item& item)
     m_picture->setEnabled(isThere);
     if (isThere)
         return;
-    m_chart->showNone(QStringLiteral("Calculating the course..."));
-    m_reading->clear();
-    m_held->clear();
+    await();
     m_asked = request;
     m_runner.ask(std::move(request));
 }
@@ -409,7 +424,7 @@ void SheetPanel::askCourse(const workspace::Item& item)
 void SheetPanel::takeCourse()
 {
     std::optional<workspace::Course> course = m_runner.take();
-    if (!course || m_late || !m_asked || course->request != *m_asked)
+    if (!course || m_late || overMinutes() || !m_asked || course->request != *m_asked)
         return;
     QStringList sentences;
     if (course->problem.empty())
@@ -418,16 +433,88 @@ void SheetPanel::takeCourse()
     if (m_chart->curveLeaves())
         sentences += QStringLiteral("The curve leaves the chart, beside its pole.");
     sentences.removeAll({});
-    m_held->setPlainText(sentences.join(QLatin1Char(' ')));
-    m_picture->setEnabled(m_chart->course() != nullptr);
-    m_reading->setText(m_chart->course() != nullptr
-                           ? QStringLiteral("The mouse or the arrow keys read the chart.")
-                           : QString());
+    tell(sentences.join(QLatin1Char(' ')));
 }
 
-// Of a pair of readings the one that is given.
-void SheetPanel::nameAxes()
+workspace::MinutesRequest SheetPanel::minutesOf(const workspace::Item& item) const
 {
+    return {m_workspace.presentInputs(), item, m_workspace.person.texts()};
+}
+
+void SheetPanel::askMinutes(const workspace::Item& item)
+{
+    workspace::MinutesRequest request = minutesOf(item);
+    const bool isThere = m_minutes->course() != nullptr && m_minutes->course()->request == request;
+    m_picture->setEnabled(isThere);
+    if (isThere)
+        return;
+    await();
+    m_askedMinutes = request;
+    m_minutesRunner.ask(std::move(request));
+}
+
+void SheetPanel::takeMinutes()
+{
+    std::optional<workspace::MinutesCourse> course = m_minutesRunner.take();
+    if (!course || m_late || !overMinutes() || !m_askedMinutes || course->request != *m_askedMinutes)
+        return;
+    QStringList sentences;
+    if (course->problem.empty())
+        sentences = {toQt(course->marksInWords()), toQt(course->held)};
+    m_minutes->show(std::move(*course));
+    sentences.removeAll({});
+    tell(sentences.join(QLatin1Char(' ')));
+}
+
+bool SheetPanel::isStale(const workspace::Item& item) const
+{
+    if (overMinutes())
+        return m_askedMinutes && *m_askedMinutes != minutesOf(item);
+    return m_asked && *m_asked != requestOf(item, static_cast<CourseAxis>(m_axis->currentIndex()));
+}
+
+void SheetPanel::await()
+{
+    chart().showNone(QStringLiteral("Calculating the course..."));
+    m_reading->clear();
+    m_held->clear();
+}
+
+// What stands below a chart that has come.
+void SheetPanel::tell(const QString& sentences)
+{
+    m_held->setPlainText(sentences);
+    m_picture->setEnabled(isCharted());
+    m_reading->setText(isCharted() ? QLatin1String(kHowToRead) : QString());
+}
+
+bool SheetPanel::overMinutes() const
+{
+    return m_axis->currentIndex() == static_cast<int>(workspace::kCourseAxisCount);
+}
+
+bool SheetPanel::isCharted() const
+{
+    return overMinutes() ? m_minutes->course() != nullptr : m_chart->course() != nullptr;
+}
+
+ChartView& SheetPanel::chart() const
+{
+    return *static_cast<ChartView*>(m_charts->currentWidget());
+}
+
+// Of a pair of readings the one that is given; the minutes where the model has some.
+void SheetPanel::nameAxes(const std::optional<workspace::Item>& item)
+{
+    constexpr int kMinutes = workspace::kCourseAxisCount;
+    const bool minutes = item && workspace::hasMinutes(*item);
+    if (minutes && m_axis->count() == kMinutes)
+        m_axis->addItem(QStringLiteral("The minutes"));
+    if (!minutes && m_axis->count() > kMinutes)
+        m_axis->removeItem(kMinutes);
+    m_axis->setCurrentIndex(m_wantedAxis < m_axis->count() ? m_wantedAxis : 0);
+    m_charts->setCurrentWidget(overMinutes() ? static_cast<QWidget*>(m_minutes) : m_chart);
+    m_reading->setFixedHeight((overMinutes() ? kMinuteLines : kReadingLines) * fontMetrics().lineSpacing());
     const classic::Inputs inputs = m_workspace.form().inputs();
     for (std::size_t i = 0; i < workspace::kCourseAxisCount; ++i) {
         const classic::Reading moved = workspace::movedReading(inputs, static_cast<CourseAxis>(i));
@@ -443,20 +530,20 @@ QString SheetPanel::pictureText() const
 
 void SheetPanel::copyPicture()
 {
-    const QByteArray png = m_chart->picture(CourseChart::PictureKind::Png, pictureText());
+    const QByteArray png = chart().picture(ChartView::PictureKind::Png, pictureText());
     if (!png.isEmpty())
         QApplication::clipboard()->setImage(QImage::fromData(png, "PNG"));
 }
 
 void SheetPanel::savePicture()
 {
-    if (m_chart->course() == nullptr)
+    if (!isCharted())
         return;
     const auto path = askForPicture(m_files, m_workspace.lookedAt() + ".png");
     if (!path)
         return;
-    const auto kind = isSvg(*path) ? CourseChart::PictureKind::Svg : CourseChart::PictureKind::Png;
-    ui::savePicture(*path, m_chart->picture(kind, pictureText()), m_messages);
+    const auto kind = isSvg(*path) ? ChartView::PictureKind::Svg : ChartView::PictureKind::Png;
+    ui::savePicture(*path, chart().picture(kind, pictureText()), m_messages);
 }
 
 } // namespace comfortics::ui

@@ -5,6 +5,7 @@
 #include "workspace/course.h"
 #include "workspace/index_sheet.h"
 #include "workspace/latest_runner.h"
+#include "workspace/minutes_course.h"
 #include "workspace/workspace.h"
 
 #include <QTimer>
@@ -14,16 +15,19 @@
 
 class QComboBox;
 class QLabel;
+class QStackedWidget;
 class QTextBrowser;
 class QToolButton;
 class QUrl;
 
 namespace comfortics::ui {
 
+class ChartView;
 class CourseChart;
+class MinutesChart;
 
 /// The sheet of the index or model that is looked at: what it is, where the readings stand, and its course
-/// over one of them.
+/// over one of them or, where a model follows a body, over the minutes.
 class SheetPanel : public QWidget {
     Q_OBJECT
 
@@ -54,7 +58,16 @@ private:
     workspace::CourseRequest requestOf(const workspace::Item& item, workspace::CourseAxis axis) const;
     void follow(const QUrl& link);
     void takeCourse();
-    void nameAxes();
+    void askMinutes(const workspace::Item& item);
+    void takeMinutes();
+    workspace::MinutesRequest minutesOf(const workspace::Item& item) const;
+    bool isStale(const workspace::Item& item) const;
+    void await();
+    void tell(const QString& sentences);
+    ChartView& chart() const;
+    bool overMinutes() const;
+    bool isCharted() const;
+    void nameAxes(const std::optional<workspace::Item>& item);
     void copyPicture();
     QString pictureText() const;
 
@@ -65,7 +78,10 @@ private:
     QToolButton* m_star = nullptr;
     QComboBox* m_axis = nullptr;
     QToolButton* m_picture = nullptr;
+    int m_wantedAxis = 0; // the minutes are there for some models only
+    QStackedWidget* m_charts = nullptr;
     CourseChart* m_chart = nullptr;
+    MinutesChart* m_minutes = nullptr;
     QLabel* m_reading = nullptr; // of the chart's cursor
     QTextBrowser* m_held = nullptr;
     QString m_html;
@@ -73,8 +89,10 @@ private:
     bool m_late = false; // a refresh is on its way
     QTimer m_patience;   // for which figures of other readings stand
     std::optional<workspace::CourseRequest> m_asked;
+    std::optional<workspace::MinutesRequest> m_askedMinutes;
     workspace::LatestRunner<workspace::CourseRequest, workspace::Course>
-        m_runner; // last: its thread ends first
+        m_runner; // last: their threads end first
+    workspace::LatestRunner<workspace::MinutesRequest, workspace::MinutesCourse> m_minutesRunner;
 };
 
 } // namespace comfortics::ui

@@ -260,16 +260,7 @@ std::vector<CourseGap> gapsOf(const Course& course, const classic::Limits& limit
 std::string heldOf(const Course& course)
 {
     const classic::Inputs& inputs = course.request.inputs;
-    std::string held = "Held:";
-    const char* separator = " ";
-    for (const Reading reading :
-         {Reading::TA, Reading::TG, Reading::SR, Reading::DP, Reading::RH, Reading::WS}) {
-        if (reading == course.moved || textOf(inputs, reading).empty())
-            continue;
-        held += separator + nameOf(reading) + " " + withUnit(textOf(inputs, reading), reading);
-        separator = ", ";
-    }
-    held += ".";
+    std::string held = heldReadings(inputs, course.moved);
     if (course.moved == Reading::TA && !textOf(inputs, Reading::RH).empty())
         held += " With the humidity held, the dew point moves with the air.";
     if (course.moved == Reading::TA && !textOf(inputs, Reading::DP).empty())
@@ -296,6 +287,20 @@ Reading movedReading(const classic::Inputs& inputs, CourseAxis axis)
         return textOf(inputs, Reading::TG).empty() ? Reading::SR : Reading::TG;
     }
     return Reading::TA;
+}
+
+std::string heldReadings(const classic::Inputs& inputs, std::optional<Reading> moved)
+{
+    std::string held = "Held:";
+    const char* separator = " ";
+    for (const Reading reading :
+         {Reading::TA, Reading::TG, Reading::SR, Reading::DP, Reading::RH, Reading::WS}) {
+        if (reading == moved || textOf(inputs, reading).empty())
+            continue;
+        held += separator + nameOf(reading) + " " + withUnit(textOf(inputs, reading), reading);
+        separator = ", ";
+    }
+    return held + ".";
 }
 
 Course courseOf(const classic::Limits& limits, const CourseRequest& request,

@@ -68,6 +68,9 @@ struct Course {
     std::string inWords() const;
 };
 
+/// "Held: air temperature 33 °C, ..." of all readings that are given, but for one that moves.
+std::string heldReadings(const classic::Inputs& inputs, std::optional<classic::Reading> moved = std::nullopt);
+
 /// Calculates each point as all figures are calculated, in some tens of milliseconds altogether. Readings go
 /// no further than they can: no dew point above the air, no globe more than 10 °C below it. `goOn` is asked
 /// between two points and ends the calculation, whose course then has no points and no problem.

@@ -3,6 +3,7 @@
 #include "test_program.h"
 
 #include "ui/course_chart.h"
+#include "ui/minutes_chart.h"
 #include "ui/sheet_panel.h"
 #include "ui/text.h"
 
@@ -153,6 +154,45 @@ TEST(SheetPanel, SavesTheChartWholeOrNotAtAll)
     opened.files.answer = folder.file("nowhere/chart.png");
     opened.panel.savePicture();
     EXPECT_EQ(opened.messages.boxes.size(), 1U);
+}
+
+// The heat strain of the guide's building site; its minutes are held to others in the workspace.
+TEST(SheetPanel, FollowsAModelOverTheMinutes)
+{
+    OpenedSheet opened;
+    opened.write("33", "850", "45", "1.5");
+    workspace::Workspace& workspace = opened.shell.workspace();
+    workspace.person.write(
+        {{"met", "3.2"}, {"clo", "0.6"}, {"posture", "standing"}, {"acclimatised", "yes"}});
+    workspace.lookAt("phs_2023.d_lim");
+    ASSERT_TRUE(opened.waitForCourse());
+    auto& axis = find<QComboBox>(opened.panel, "sheet_axis");
+    ASSERT_EQ(axis.count(), 5);
+    axis.setCurrentIndex(4);
+    emit axis.activated(4);
+    auto& minutes = find<MinutesChart>(opened.panel, "minutes");
+    ASSERT_TRUE(QTest::qWaitFor([&minutes] { return minutes.course() != nullptr; }));
+    EXPECT_FALSE(opened.chart.isVisible());
+    ASSERT_NE(minutes.course()->end(), nullptr);
+    const auto exposure = workspace::itemFigure(*workspace::Item::ofId("phs_2023.d_lim"), workspace.present(),
+                                                workspace.person.texts());
+    EXPECT_EQ(std::to_string(minutes.course()->end()->minute), exposure.figure.text);
+    QSignalSpy told(&minutes, &ChartView::pointRead);
+    QTest::keyClick(&minutes, Qt::Key_Left);
+    EXPECT_TRUE(told.last().front().toString().contains(QStringLiteral("the exposure ends")));
+    QTest::keyClick(&minutes, Qt::Key_Home);
+    EXPECT_TRUE(told.last().front().toString().startsWith(QStringLiteral("Minute 1: rectal")));
+    EXPECT_TRUE(minutes.picture(ChartView::PictureKind::Svg, QStringLiteral("x")).contains("exposure ends"));
+
+    opened.form.txt_TA.setText("34");
+    EXPECT_EQ(minutes.course(), nullptr) << "at once";
+    ASSERT_TRUE(QTest::qWaitFor([&minutes] { return minutes.course() != nullptr; }));
+    workspace.lookAt("utci");
+    ASSERT_TRUE(QTest::qWaitFor([&axis] { return axis.count() == 4; })) << "an index has no minutes";
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return opened.chart.isVisible() && opened.chart.course() != nullptr; }));
+    workspace.lookAt("two_node.set");
+    ASSERT_TRUE(QTest::qWaitFor([&minutes] { return minutes.course() != nullptr; })) << "as chosen";
 }
 
 } // namespace
