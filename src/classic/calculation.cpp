@@ -134,6 +134,10 @@ RunStatus Calculation::runSequence(const Settings& settings)
         m_failure = Failure{m_where.empty() ? std::string(kIndexPrefix) + std::to_string(m_driver.counter())
                                             : m_where,
                             failure.why(), advice};
+        const auto air = texts::numericValue(readings.txt_TA.text());
+        const auto dewPoint = texts::numericValue(readings.txt_DP.text());
+        if (air && dewPoint && *dewPoint > *air && failure.why().find("the dew point ") == 0)
+            m_failure->advice = kContradictionAdvice;
         blankResults();
         blankLive();
         for (int index = 1; index <= kLastIndex; ++index)

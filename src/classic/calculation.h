@@ -108,6 +108,9 @@ inline constexpr std::string_view kAdvice = "By the robust rules (in the options
 inline constexpr std::string_view kTerminalAdvice =
     "By the robust rules (in the options or with --rules robust) it would go on.";
 
+/// The same where it would not: the dew point is above the air temperature, as numbers, too.
+inline constexpr std::string_view kContradictionAdvice = "One of the two is wrong: type it anew.";
+
 /// Why a run failed.
 struct Failure {
     std::string where; ///< the model's name, or "index 96"

@@ -174,9 +174,12 @@ void Frm_Main::cmd_Calculate_Click()
 {
     if (calculate() != RunStatus::Failed)
         return;
-    const Answer answer = m_messages.show({.text = calculation.failure()->sentence(),
+    // Other rules do not help against readings that contradict each other.
+    const Failure& failure = *calculation.failure();
+    const bool contradicts = failure.advice == kContradictionAdvice;
+    const Answer answer = m_messages.show({.text = failure.sentence(),
                                            .title = std::string(kProgramTitle),
-                                           .offer = "Calculate by the robust rules"});
+                                           .offer = contradicts ? "" : "Calculate by the robust rules"});
     if (answer != Answer::Yes)
         return;
     Opt_Rules.select(1); // from now on, as the options then say

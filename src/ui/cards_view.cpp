@@ -33,6 +33,7 @@ constexpr int kPad = 8;
 constexpr int kMargin = 3; // around a card
 constexpr int kBetween = 4;
 constexpr int kNameLines = 2;
+constexpr int kWarningLines = 1;
 // A line above the cards must not make the window scroll; they take what height there is.
 constexpr int kCardsAtLeast = 3;
 // Of a card's width: where there is room for another card beside it, and where there is none.
@@ -65,8 +66,8 @@ QFont valueFont(const QFont& font)
 int cardHeight(const QFont& font)
 {
     const QFontMetrics metrics(font);
-    return 2 * (kMargin + kPad) + kNameLines * metrics.lineSpacing() +
-           QFontMetrics(valueFont(font)).height() + metrics.height() + 4 + 2 * kBetween;
+    return 2 * (kMargin + kPad) + (kNameLines + kWarningLines) * metrics.lineSpacing() +
+           QFontMetrics(valueFont(font)).height() + chipHeight(metrics) + 3 * kBetween;
 }
 
 int starSize(const QFont& font)
@@ -222,7 +223,14 @@ private:
                               room.right() + 1 - stripLeft, kStripHeight),
                        *strip, palette, quiet || outside);
 
-        const QRect below(room.left(), room.top() + height + kBetween, room.width(), metrics.height() + 4);
+        const QRect below(room.left(), room.top() + height + kBetween, room.width(), chipHeight(metrics));
+        if (const std::string warning(item.warningInShort()); !warning.empty()) {
+            painter.setPen(palette.color(QPalette::PlaceholderText));
+            drawLines(painter,
+                      QRect(room.left(), below.bottom() + 1 + kBetween, room.width(), metrics.lineSpacing()),
+                      QStringLiteral("Mind: ") + toQt(warning), kWarningLines);
+            painter.setPen(palette.color(quiet ? QPalette::PlaceholderText : QPalette::Text));
+        }
         if (!figure.doubt.empty()) {
             const int size = metrics.height();
             m_view.style()
@@ -309,6 +317,8 @@ QString CardsModel::spoken(const workspace::Item& item) const
         text += QStringLiteral(", outside its limits");
     else if (figure.meaning)
         text += QStringLiteral(", ") + chipText(*figure.meaning);
+    if (const std::string_view warning = item.warningInShort(); !warning.empty())
+        text += QStringLiteral(". Mind: ") + toQt(std::string(warning));
     if (follower.standing() == Follower::Standing::Earlier)
         text += QStringLiteral(", of earlier readings");
     return text;

@@ -336,6 +336,13 @@ Course courseOf(const classic::Limits& limits, const CourseRequest& request,
         if (course.points[i].readingText == presentText)
             course.present = i;
     course.gaps = gapsOf(course, limits);
+    // Without a value there is no scale that a chart could have.
+    if (std::ranges::none_of(course.points,
+                             [](const CoursePoint& point) { return point.value.has_value(); })) {
+        course.problem = course.gapsInWords() + " " + course.held;
+        course.points.clear();
+        course.present.reset();
+    }
     return course;
 }
 

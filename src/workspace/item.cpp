@@ -6,6 +6,12 @@
 
 namespace comfortics::workspace {
 
+namespace {
+
+constexpr std::size_t kShort = 40; // [bytes], of a warning in full
+
+} // namespace
+
 std::optional<Item> Item::ofId(std::string_view id)
 {
     if (const int index = catalogue::indexOfId(id); index != 0)
@@ -49,6 +55,23 @@ std::span<const std::string_view> Item::warnings() const
     if (m_model != nullptr)
         return m_model->warnings;
     return catalogue::note(m_index).warnings;
+}
+
+std::string_view Item::warningInShort() const
+{
+    for (const std::string_view warning : warnings()) {
+        // The cards tell it otherwise: there is no class.
+        if (warning.starts_with("without classes") || warning.starts_with("a plain quantity"))
+            continue;
+        if (warning.size() <= kShort)
+            return warning;
+        const std::size_t colon = warning.find(": ");
+        if (colon == std::string_view::npos)
+            return warning.substr(0, warning.find(", "));
+        const std::string_view advice = warning.substr(colon + 2);
+        return advice.starts_with("not for ") ? advice : warning.substr(0, colon);
+    }
+    return {};
 }
 
 int Item::scaleIndex() const

@@ -38,6 +38,8 @@ public:
     std::string_view unit() const; ///< empty where it has none
     std::string_view description() const;
     std::span<const std::string_view> warnings() const;
+    /// What misleads most, in a few words: "not for sun or radiant heat"; empty where nothing does.
+    std::string_view warningInShort() const;
     /// The index whose published classes are its own; 0 where none are published.
     int scaleIndex() const;
     /// These classes.

@@ -153,7 +153,10 @@ std::string figureRows(const std::vector<Told>& items)
             told += "<br><small>" + escaped(figure.doubt) + "</small>";
         if (figure.number && !one.at.assumed.empty())
             told += "<br><small>" + escaped(one.at.assumed) + "</small>";
-        rows += row({one.number() + "&nbsp;", escaped(one.item.name()),
+        std::string name = escaped(one.item.name());
+        for (const std::string_view warning : one.item.warnings())
+            name += "<br><small>Mind: " + escaped(warning) + ".</small>";
+        rows += row({one.number() + "&nbsp;", name + "&nbsp;&nbsp;",
                      figure.number ? "<b>" + escaped(figure.text) + "</b>&nbsp;" : "–",
                      escaped(one.unit()) + "&nbsp;", told});
     }

@@ -2,8 +2,10 @@
 #include "workspace/report_desk.h"
 
 #include "output/save_file.h"
+#include "texts/text.h"
 
 #include <array>
+#include <cstring>
 #include <ctime>
 #include <filesystem>
 
@@ -11,7 +13,19 @@ namespace comfortics::workspace {
 
 namespace {
 
+constexpr std::size_t kLongestName = 80; // [bytes]
+
 constexpr const char* kTitle = "Save Report";
+
+// "Yard 3 2026-07-21": what a report is of, without what no file system takes.
+std::string fileName(const std::string& heading, const std::string& when)
+{
+    std::string name(texts::trimmed(heading));
+    std::erase_if(name, [](unsigned char c) { return c < ' ' || std::strchr("\\/:*?\"<>|", c) != nullptr; });
+    if (name.empty() || name.size() > kLongestName || name.front() == '.')
+        name = "Report";
+    return name + " " + when.substr(0, when.find(' '));
+}
 
 } // namespace
 
@@ -54,7 +68,7 @@ void ReportDesk::save(Form form)
         m_files,
         {.title = kTitle,
          .filter = pdf ? "PDF (*.pdf)|*.pdf" : "HTML (*.html)|*.html",
-         .fileName = "report" + ending,
+         .fileName = fileName(m_session.heading, when.empty() ? clockText() : when) + ending,
          .overwritePrompt = true,
          .written = [&ending](const std::string& name) { return output::withEnding(name, {ending}); }});
     if (path)

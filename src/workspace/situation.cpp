@@ -5,6 +5,7 @@
 #include "formulas/primitives.h"
 #include "texts/number_text.h"
 #include "values/run_failure.h"
+#include "workspace/plain_words.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,17 +16,19 @@ namespace comfortics::workspace {
 
 namespace {
 
+constexpr std::string_view kWarmestAir = "58"; // that a box takes
+
 // What a model would tell the user at once stands in the figures as their reason.
 class NoMessages final : public controls::Messages {
 public:
     controls::Answer show(const controls::MessageBox&) override { return controls::Answer::Ok; }
 };
 
-Figure figureOf(const classic::Calculation& calculation, int index)
+Figure figureOf(const classic::Calculation& calculation, const classic::Inputs& inputs, int index)
 {
     Figure figure;
     figure.text = calculation.results.lbl_results[static_cast<std::size_t>(index)].caption();
-    figure.reason = calculation.whyBlank(index);
+    figure.reason = inPlainWords(calculation.whyBlank(index), inputs);
     const classic::Outcome& outcome = calculation.outcome(index);
     figure.kind = outcome.kind;
     figure.limits = outcome.limits;
@@ -41,7 +44,7 @@ Figure figureOf(const classic::Calculation& calculation, int index)
         return figure;
     figure.number = outcome.value;
     figure.meaning = calculation.meaning(index);
-    figure.doubt = calculation.whyDoubtful(index);
+    figure.doubt = inPlainWords(calculation.whyDoubtful(index), inputs);
     return figure;
 }
 
@@ -76,7 +79,10 @@ void write(const classic::Inputs& inputs, classic::Calculation& calculation)
     calculation.readings.clear(); // no rule of a pair sees what stood there
     std::array<std::string_view, classic::kReadingCount> readings;
     std::copy(inputs.readings.begin(), inputs.readings.end(), readings.begin());
+    // A dew point is tested when it is typed, and stands when the air gets colder afterwards.
+    const std::string_view air = std::exchange(readings.front(), kWarmestAir);
     calculation.readings.write(readings);
+    calculation.readings.txt_TA.setText(std::string(air));
 }
 
 Situation awaited(const classic::Inputs& inputs)
@@ -105,7 +111,7 @@ Situation evaluate(const classic::Limits& limits, const classic::Inputs& inputs)
         return situation;
     }
     if (calculation.failure())
-        situation.problem = calculation.failure()->sentence();
+        situation.problem = inPlainWords(calculation.failure()->sentence(), inputs);
     for (std::size_t i = 0; i < formulas::kLiveCount; ++i) {
         LiveFigure& live = situation.live[i];
         live.text = calculation.liveLabel(static_cast<formulas::Live>(i)).caption();
@@ -113,7 +119,7 @@ Situation evaluate(const classic::Limits& limits, const classic::Inputs& inputs)
             live.number = calculation.liveNumber(static_cast<formulas::Live>(i));
     }
     for (int index = 1; index <= catalogue::kLastIndex; ++index)
-        situation.figures[static_cast<std::size_t>(index)] = figureOf(calculation, index);
+        situation.figures[static_cast<std::size_t>(index)] = figureOf(calculation, inputs, index);
     return situation;
 }
 

@@ -74,6 +74,17 @@ TEST_F(FrmMain, AFailureOffersTheRobustRules)
               "By robust rules, limits kept. From the next calculation on by robust rules, limits ignored.");
 }
 
+TEST_F(FrmMain, OffersNoRulesAgainstReadingsThatContradictEachOther)
+{
+    form.calculation.readings.write({"20", "", "500", "19", "", "2.25"});
+    form.txt_TA.setText("10");
+    form.cmd_Calculate.setValue(true);
+    ASSERT_EQ(messages.boxes.size(), 1U);
+    EXPECT_EQ(messages.boxes[0].offer, "");
+    EXPECT_NE(messages.boxes[0].text.find("One of the two is wrong"), std::string::npos)
+        << messages.boxes[0].text;
+}
+
 TEST_F(FrmMain, TellsOfReadingsThatItEmptiesWhileTypingAndInACalculation)
 {
     form.txt_TA.setText("95");

@@ -36,6 +36,8 @@ TEST(Report, TellsReadingsRulesValuesClassesAndReasons)
     EXPECT_TRUE(has(page, situation.figure(200).text + "</b>"));
     EXPECT_TRUE(has(page, catalogue::inWords(situation.figure(195).meaning.value())));
     EXPECT_TRUE(has(page, "Outside its limits")) << "the wind chill is blank, and says why";
+    EXPECT_TRUE(has(page, "Mind: its limits are for the wind at 10 m, not for the typed one."))
+        << "of the UTCI";
     EXPECT_TRUE(has(page, "<svg")) << "the chart is inside";
 
     const ReportPage printed = reportPage(situation, kRequest);

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -43,6 +45,58 @@ TEST(Situation, HasTheTextsOfTheResultsTableWithoutTouchingTheForm)
         for (std::size_t i = 0; i < formulas::kLiveCount; ++i)
             EXPECT_EQ(situation.live[i].text,
                       program.main.calculation.liveLabel(static_cast<formulas::Live>(i)).caption());
+    }
+}
+
+// Where a formula would say how its arithmetic failed, people are told what of their readings did it.
+TEST(Situation, TellsInPlainWordsWhyThereIsNoValue)
+{
+    struct Row {
+        std::array<const char*, classic::kReadingCount> readings;
+        classic::Rules rules;
+        int index; // 0: the problem of all
+        const char* words;
+    };
+    using classic::Rules;
+    const Row rows[] = {
+        {{"33", "60", "", "", "50", "1.5"},
+         Rules::Classic,
+         0,
+         "in the outdoor WBGT: no solar radiation up to 1376 W/m² brings the globe to 60 °C. By"},
+        {{"33", "", "0", "-40", "", "1.5"},
+         Rules::Classic,
+         0,
+         "Blazejczyk; 2004): no relative humidity is typed."},
+        {{"33", "", "0", "", "0", "1.5"},
+         Rules::Classic,
+         0,
+         "there is no dew point at a relative humidity of 0 %."},
+        {{"33", "", "0", "-290", "", "1.5"},
+         Rules::Classic,
+         0,
+         "Index: it cannot be worked out for such readings (root of -13.57)."},
+        {{"33", "", "0", "", "0", "1.5"},
+         Rules::Robust,
+         6,
+         "The natural wet-bulb temperature (Tnwb) has no value: there is no dew point at a"},
+        {{"10", "", "600", "19", "", "1.5"},
+         Rules::Classic,
+         0,
+         "the dew point 19 reads above the air temperature 10 (the two are compared as texts). One of the "
+         "two"},
+        {{"10", "", "600", "19", "", "1.5"},
+         Rules::Precise,
+         4,
+         "The dew point of 19 °C lies above the air temperature of 10 °C."},
+    };
+    for (const Row& row : rows) {
+        classic::Inputs inputs{{}, tests::kUsualAssumptions, {}};
+        std::copy(row.readings.begin(), row.readings.end(), inputs.readings.begin());
+        inputs.settings.rules = row.rules;
+        inputs.settings.ignoreLimits = true;
+        const Situation situation = evaluate(tests::projectLimits(), inputs);
+        const std::string& words = row.index == 0 ? situation.problem : situation.figure(row.index).reason;
+        EXPECT_NE(words.find(row.words), std::string::npos) << words;
     }
 }
 
