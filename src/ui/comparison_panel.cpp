@@ -345,6 +345,7 @@ void ComparisonPanel::buildTable()
     m_table->setModel(m_model);
     m_table->setObjectName(QStringLiteral("comparison"));
     m_table->setAccessibleName(QStringLiteral("Comparison"));
+    setFocusProxy(m_table);
     m_table->setItemDelegate(new ClassChips(m_table));
     m_table->viewport()->installEventFilter(this);
     m_table->setTabKeyNavigation(false);

@@ -2,6 +2,7 @@
 #include "ui/panels.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDockWidget>
 #include <QEvent>
 #include <QMenu>
@@ -125,11 +126,24 @@ void Panels::show(const QString& name)
     QDockWidget& dock = panel(name);
     const bool wasVisible = dock.isVisible();
     dock.show();
+    passFocus(dock);
     dock.raise();
     if (dock.isFloating())
         dock.activateWindow();
     else if (!wasVisible)
         giveRoom(dock);
+}
+
+// Where the keyboard is in a panel that goes behind the tab of this one, it comes along.
+void Panels::passFocus(QDockWidget& dock)
+{
+    QWidget* const content = dock.widget();
+    const QWidget* const before = QApplication::focusWidget();
+    if (content->focusProxy() == nullptr || before == nullptr)
+        return;
+    for (const QDockWidget* const other : m_window.tabifiedDockWidgets(&dock))
+        if (other->isAncestorOf(before))
+            QTimer::singleShot(0, content, [content] { content->setFocus(Qt::OtherFocusReason); });
 }
 
 QByteArray Panels::state() const

@@ -66,6 +66,7 @@ private:
     void put(const Panel& panel);
     bool standsAtSide(QDockWidget& dock) const;
     void giveRoom(QDockWidget& dock);
+    void passFocus(QDockWidget& dock);
     void nameTabs();
 
     QMainWindow& m_window;

@@ -201,6 +201,7 @@ QWidget* SheetPanel::buildTop()
     m_text->setObjectName(QStringLiteral("sheet"));
     m_text->setAccessibleName(QStringLiteral("Sheet of the index"));
     m_text->setOpenLinks(false);
+    setFocusProxy(m_text);
     connect(m_text, &QTextBrowser::anchorClicked, this, &SheetPanel::follow);
     m_text->setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
 

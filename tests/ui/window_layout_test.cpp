@@ -134,6 +134,18 @@ TEST_F(Layout, StartsAsNewFromADamagedFile)
     EXPECT_TRUE(session.program.resultsWindow()->isWindow());
 }
 
+// Ctrl+B, right after, is meant for what was opened.
+TEST_F(Layout, ASheetBeforeTheListHasTheKeyboard)
+{
+    Session session;
+    auto& list = find<QWidget>(session.main, "List_Indices");
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_I, Qt::ControlModifier);
+    QTest::qWait(0);
+    ASSERT_TRUE(session.panel("panel_sheet").isVisible());
+    EXPECT_TRUE(session.panel("panel_sheet").isAncestorOf(session.main.focusWidget()));
+}
+
 TEST_F(Layout, ResultsStandBesideTheReadingsWithTheirKeys)
 {
     Session session;
