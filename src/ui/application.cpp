@@ -113,6 +113,7 @@ Application::Application(const std::filesystem::path& programFolder)
     addSessionEntries(
         m_main.fileMenu(), m_shell.session(),
         [this] { ReportDialog(m_report, m_shell.session(), &m_main).exec(); }, m_main);
+    addStation();
     m_keep.setSingleShot(true);
     m_keep.setInterval(kQuietBeforeKeeping);
     QObject::connect(&m_keep, &QTimer::timeout, &m_main, [this] { m_shell.session().keepLast(); });
@@ -123,6 +124,7 @@ Application::Application(const std::filesystem::path& programFolder)
                      [this] { m_shell.session().keepLast(); });
     m_shell.ended.watch([this] {
         m_shell.session().keepLast();
+        m_stationForm.hide();
         QCoreApplication::exit();
     });
 }
@@ -154,6 +156,39 @@ void Application::addPanels()
                                                       compared->pin();
                                                   });
     pin->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
+}
+
+StationWindow& Application::stationWindow()
+{
+    if (!m_station)
+        m_station = helped(std::make_unique<StationWindow>(
+            m_stationForm,
+            StationWindow::Surroundings{m_shell.workspace(), m_files, m_messages, m_clipboard}));
+    return *m_station;
+}
+
+void Application::addStation()
+{
+    QMenu& menu = m_main.fileMenu();
+    auto* const open = new QAction(QStringLiteral("Open S&tation File …"), &m_main);
+    open->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
+    m_main.addAction(open);
+    QObject::connect(open, &QAction::triggered, &m_main, [this] {
+        stationWindow();
+        m_stationForm.show();
+        m_station->open();
+    });
+    // Behind the sessions, with which it shares that it opens files.
+    QAction* before = nullptr;
+    for (QAction* const action : menu.actions())
+        if (action->isSeparator() && before == nullptr)
+            before = action;
+    menu.insertAction(before, open);
+    QObject::connect(&m_main, &MainWindow::fileDropped, &m_main, [this](const QString& path) {
+        stationWindow();
+        m_stationForm.show();
+        m_station->openFile(fromQt(path));
+    });
 }
 
 template <class Window>

@@ -14,6 +14,7 @@
 #include "ui/results_window.h"
 #include "ui/situation_runner.h"
 #include "ui/splash_window.h"
+#include "ui/station_window.h"
 #include "ui/tile_source.h"
 
 #include <QObject>
@@ -52,9 +53,12 @@ public:
     ConverterWindow* converterWindow() noexcept { return m_converter.get(); }
     RadiationWindow* radiationWindow() noexcept { return m_radiation.get(); }
     RawDataWindow* rawDataWindow() noexcept { return m_rawData.get(); }
+    /// Is there from its first use on.
+    StationWindow& stationWindow();
 
 private:
     void addPanels();
+    void addStation();
     /// The window with its help.
     template <class Window>
     std::unique_ptr<Window> helped(std::unique_ptr<Window> window);
@@ -82,6 +86,8 @@ private:
     std::unique_ptr<ConverterWindow> m_converter;
     std::unique_ptr<RadiationWindow> m_radiation;
     std::unique_ptr<RawDataWindow> m_rawData;
+    StationForm m_stationForm;
+    std::unique_ptr<StationWindow> m_station;
 };
 
 } // namespace comfortics::ui

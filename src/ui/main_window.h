@@ -70,7 +70,13 @@ public:
     QMenu& fileMenu() const { return *m_file; }
     QMenu& editMenu() const { return *m_edit; }
 
+signals:
+    /// A file was dropped on the window.
+    void fileDropped(const QString& path);
+
 protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -290,7 +290,7 @@ std::string ImportDesk::tooBig(std::size_t indices, std::size_t mostBytes) const
 {
     if (!m_look.expectedRows)
         return {};
-    const double needed = static_cast<double>(TableStore::expectedBytes(*m_look.expectedRows, indices));
+    const auto needed = static_cast<double>(TableStore::expectedBytes(*m_look.expectedRows, indices));
     if (mostBytes > 0 && needed > static_cast<double>(mostBytes))
         return "The results of about " + std::to_string(*m_look.expectedRows) + " rows would take " +
                megabytes(needed) + " of memory, and " + megabytes(static_cast<double>(mostBytes)) +
@@ -308,8 +308,9 @@ std::string ImportDesk::tooBig(std::size_t indices, std::size_t mostBytes) const
 std::vector<std::string> ImportDesk::doubts() const
 {
     std::vector<std::string> all = m_look.layout.doubts;
-    const std::vector<std::string> more = tables::doubtsOf(m_mapping);
-    all.insert(all.end(), more.begin(), more.end());
+    for (std::string& doubt : tables::doubtsOf(m_mapping))
+        if (std::find(all.begin(), all.end(), doubt) == all.end())
+            all.push_back(std::move(doubt));
     return all;
 }
 

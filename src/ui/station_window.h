@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/dialogs.h"
+#include "controls/form.h"
+#include "ui/form_window.h"
+#include "workbench/import_desk.h"
+#include "workbench/run_desk.h"
+#include "workspace/latest_runner.h"
+#include "workspace/workspace.h"
+
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+class QLabel;
+class QMimeData;
+class QProgressBar;
+class QPushButton;
+class QTabWidget;
+
+namespace comfortics::ui {
+
+class CutLabel;
+class MappingPage;
+class ResultsPage;
+
+class StationForm final : public controls::Form {
+public:
+    StationForm() : Form("Station File") {}
+};
+
+/// Opens a table of any kind, calculates its rows, and shows what they come to.
+class StationWindow : public FormWindow {
+    Q_OBJECT
+
+public:
+    struct Surroundings {
+        workspace::Workspace& workspace;
+        controls::FileDialogs& files;
+        controls::Messages& messages;
+        controls::Clipboard& clipboard;
+    };
+
+    /// All must outlive the window.
+    StationWindow(StationForm& form, const Surroundings& surroundings);
+    ~StationWindow() override;
+
+    /// Asks for a file.
+    void open();
+    void openFile(const std::string& path);
+    void openClipboard();
+    /// Runs the open table.
+    void calculate();
+    void stop();
+
+    /// Mapping, Results, and what is added.
+    QTabWidget& pages() const { return *m_pages; }
+    ResultsPage& results() const { return *m_results; }
+    MappingPage& mappingPage() const { return *m_mapping; }
+    const workbench::ImportDesk& importDesk() const { return m_import; }
+    const Surroundings& surroundings() const { return m_surroundings; }
+    /// Why the results are those of an earlier run, in a sentence; empty where they are not.
+    QString earlier() const;
+    bool busy() const { return m_looking || m_runs.running(); }
+
+    /// The one local file that is dragged; empty where there is none.
+    static QString draggedFile(const QMimeData& data);
+
+signals:
+    /// Other rows are in sight, or they have become those of an earlier run.
+    void resultsChanged();
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    using Looker = workspace::LatestRunner<workbench::LookRequest, workbench::Look>;
+
+    QWidget* buildTop();
+    QWidget* buildBottom();
+    void look(const workbench::LookRequest& request);
+    void takeLook();
+    void takeRun();
+    void chooseIndices();
+    void calculateAgain();
+    void begin();
+    void showState();
+    void showProgress();
+    tables::RunOptions options() const;
+    std::string friction() const;
+
+    StationForm& m_form;
+    Surroundings m_surroundings;
+    workbench::ImportDesk m_import;
+    std::optional<classic::Selection> m_selection; // of this window's own; else that of the main one
+    workbench::TableSource m_ranSource;
+    bool m_looking = false;
+    QTabWidget* m_pages;
+    MappingPage* m_mapping;
+    ResultsPage* m_results;
+    QPushButton* m_open;
+    QPushButton* m_paste;
+    CutLabel* m_name;
+    QLabel* m_rules;
+    QPushButton* m_indices;
+    QProgressBar* m_bar;
+    QLabel* m_left;
+    QPushButton* m_stop;
+    QPushButton* m_calculate;
+    CutLabel* m_message;
+    QTimer m_ticks;
+    // Last: they end before what they tell goes.
+    workbench::RunDesk m_runs;
+    Looker m_looker;
+};
+
+} // namespace comfortics::ui
