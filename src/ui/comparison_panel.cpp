@@ -478,13 +478,11 @@ void ComparisonPanel::fitRows()
     for (int row = 0; row < m_model->rowCount(); ++row) {
         bool twoLines =
             m_model->headerData(row, Qt::Vertical, Qt::DisplayRole).toString().contains(QLatin1Char('\n'));
-        for (int column = 0; column < m_model->columnCount() && !twoLines; ++column) {
-            const QModelIndex cell = m_model->index(row, column);
-            twoLines = !m_table->isColumnHidden(column) && !m_model->number(cell) &&
-                       metrics.horizontalAdvance(cell.data().toString()) > narrow;
-        }
-        const int height = (twoLines ? 2 : 1) * metrics.lineSpacing() + kSmallGap;
         const auto& item = m_model->table().rows[static_cast<std::size_t>(row)].item;
+        for (int column = 0; column < m_model->columnCount() && !twoLines && !item; ++column)
+            twoLines = !m_table->isColumnHidden(column) &&
+                       metrics.horizontalAdvance(m_model->index(row, column).data().toString()) > narrow;
+        const int height = (twoLines ? 2 : 1) * metrics.lineSpacing() + kSmallGap;
         const bool hasClasses = item && item->scaleIndex() != 0;
         m_table->setRowHeight(row, hasClasses ? std::max(height, ClassChips::height(metrics)) : height);
     }

@@ -4,13 +4,18 @@
 #include "ui/text.h"
 
 #include <QBuffer>
+#include <QCursor>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QScreen>
 #include <QSvgRenderer>
+#include <QThread>
 #include <QUrl>
+
+#include <memory>
 
 namespace comfortics::ui {
 
@@ -52,18 +57,19 @@ void print(QTextDocument& document, QPagedPaintDevice& device)
     const double pixelsPerPoint = QGuiApplication::primaryScreen()->logicalDotsPerInchX() / kPointsPerInch;
     document.setDocumentMargin(0);
     const QSizeF paper = device.pageLayout().paintRect(QPageLayout::Point).size() * pixelsPerPoint;
+    document.setPageSize(paper);
     // A report that is a little long for a page is printed smaller; a long one takes several.
-    for (int percent = 100; percent <= kMostShrunk; percent += kShrinkStep) {
+    for (int percent = 100 + kShrinkStep; percent <= kMostShrunk && document.pageCount() == 2;
+         percent += kShrinkStep)
         document.setPageSize(paper * percent / 100);
-        if (document.pageCount() == 1)
-            break;
-    }
     if (document.pageCount() > 1)
         document.setPageSize(paper);
     document.print(&device);
 }
 
-std::string PdfMaker::pdf(const workspace::ReportPage& page)
+namespace {
+
+QByteArray pdfOf(const workspace::ReportPage& page)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -78,6 +84,23 @@ std::string PdfMaker::pdf(const workspace::ReportPage& page)
         ui::write(page, document);
         ui::print(document, writer);
     }
+    return bytes;
+}
+
+} // namespace
+
+// A long report takes a second: the windows live on meanwhile, but what is typed waits.
+std::string PdfMaker::pdf(const workspace::ReportPage& page)
+{
+    QByteArray bytes;
+    const std::unique_ptr<QThread> thread(QThread::create([&page, &bytes] { bytes = pdfOf(page); }));
+    QEventLoop loop;
+    QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    thread->start();
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    thread->wait();
+    QGuiApplication::restoreOverrideCursor();
     return bytes.toStdString();
 }
 
