@@ -29,6 +29,11 @@ constexpr const char* kStyle =
     "td,th{text-align:left;padding:1pt 6pt 1pt 2pt;vertical-align:top;border-bottom:1px solid #ccc}"
     "small{color:#444;font-size:8pt}.chip{padding:0 4pt}";
 
+// With widths, or long sentences would leave the names none.
+constexpr const char* kFigureHeader =
+    "<tr><th width=\"6%\">No</th><th width=\"36%\">Thermal index</th><th width=\"9%\">&nbsp;Value</th>"
+    "<th width=\"10%\">Unit</th><th width=\"39%\">Class</th></tr>";
+
 // A browser has no paper, whose margins are those of the page.
 constexpr const char* kBrowserStyle = "body{max-width:510pt;margin:20pt auto}";
 
@@ -153,11 +158,11 @@ std::string figureRows(const std::vector<Told>& items)
             told += "<br><small>" + escaped(figure.doubt) + "</small>";
         if (figure.number && !one.at.assumed.empty())
             told += "<br><small>" + escaped(one.at.assumed) + "</small>";
-        std::string name = escaped(one.item.name());
         for (const std::string_view warning : one.item.warnings())
-            name += "<br><small>Mind: " + escaped(warning) + ".</small>";
-        rows += row({one.number() + "&nbsp;", name + "&nbsp;&nbsp;",
-                     figure.number ? "<b>" + escaped(figure.text) + "</b>&nbsp;" : "–",
+            if (figure.number)
+                told += "<br><small>Mind: " + escaped(warning) + ".</small>";
+        rows += row({one.number() + "&nbsp;", escaped(one.item.name()),
+                     figure.number ? "&nbsp;<b>" + escaped(figure.text) + "</b>&nbsp;" : "&nbsp;–",
                      escaped(one.unit()) + "&nbsp;", told});
     }
     return rows;
@@ -231,15 +236,19 @@ std::string bar(const Told& one, int top)
            R"(" fill="#111111" stroke="#FFFFFF"/>)";
 }
 
+int chartHeight(const std::vector<Told>& items)
+{
+    return static_cast<int>(charted(items).size()) * kRowHeight;
+}
+
 std::string chartOf(const std::vector<Told>& items)
 {
     const std::vector<Told> rows = charted(items);
     if (rows.empty())
         return {};
     std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + std::to_string(kReportWidth) +
-                      "\" height=\"" + std::to_string(static_cast<int>(rows.size()) * kRowHeight) +
-                      "\" viewBox=\"0 0 " + std::to_string(kReportWidth) + " " +
-                      std::to_string(static_cast<int>(rows.size()) * kRowHeight) +
+                      "\" height=\"" + std::to_string(chartHeight(items)) + "\" viewBox=\"0 0 " +
+                      std::to_string(kReportWidth) + " " + std::to_string(chartHeight(items)) +
                       R"(" font-family="sans-serif" role="img">)";
     for (std::size_t i = 0; i < rows.size(); ++i)
         svg += bar(rows[i], static_cast<int>(i) * kRowHeight);
@@ -261,8 +270,8 @@ std::string page(const Situation& situation, const ReportRequest& request, const
             row({"Quantity", "Measured", "Calculated with", "Unit"}, "th") + readingRows(situation) +
             "</table>\n<p><small>By " + escaped(classic::inForce(situation.inputs.settings)) + ". " +
             assumptions(situation) +
-            "</small></p>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" +
-            row({"No", "Thermal index", "Value", "Unit", "Class"}, "th") + figureRows(items) + "</table>\n";
+            "</small></p>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" + kFigureHeader +
+            figureRows(items) + "</table>\n";
     if (!chart.empty())
         html +=
             "<h2>Where the values stand</h2>\n" + chart +
@@ -290,9 +299,12 @@ ReportPage reportPage(const Situation& situation, const ReportRequest& request, 
 {
     const std::vector<Told> items = toldOf(situation, request);
     const std::string chart = chartOf(items);
+    // Beside the thread of the windows a picture without a height has that of its pixels.
+    const int height = chartHeight(items) * width / kReportWidth;
     return {page(situation, request, items,
                  chart.empty() ? chart
-                               : R"(<p><img src="chart.svg" width=")" + std::to_string(width) + "\"></p>"),
+                               : R"(<p><img src="chart.svg" width=")" + std::to_string(width) +
+                                     "\" height=\"" + std::to_string(height) + "\"></p>"),
             chart};
 }
 

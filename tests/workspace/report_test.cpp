@@ -43,6 +43,8 @@ TEST(Report, TellsReadingsRulesValuesClassesAndReasons)
     const ReportPage printed = reportPage(situation, kRequest);
     EXPECT_TRUE(has(printed.html, "chart.svg") && !has(printed.html, "<svg"));
     EXPECT_EQ(printed.chart.find("<svg"), 0U);
+    EXPECT_TRUE(has(printed.html, R"(width="680" height="84")"))
+        << "two bars of 42, as wide as they are drawn";
 }
 
 TEST(Report, OfNothingCalculatedShowsNoFigure)
