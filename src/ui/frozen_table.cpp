@@ -19,10 +19,11 @@ namespace comfortics::ui {
 
 namespace {
 
-constexpr int kCharactersOfFigure = 18;
+constexpr int kCharactersOfFigure = 20;
 constexpr int kCharactersOfText = 22;
 constexpr int kCharactersOfLine = 9;
 constexpr int kBesideSign = 4;
+constexpr int kLinesOfHeader = 3;
 
 // Beside a figure the sign of its class in its colour.
 class SignedFigures : public QStyledItemDelegate {
@@ -80,8 +81,10 @@ QTableView* view(StationModel& model, QWidget& parent, const QString& name, cons
     made->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     made->horizontalHeader()->setSectionsClickable(true);
     made->horizontalHeader()->setHighlightSections(false);
-    made->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    made->horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    // The names of indices are long.
+    made->horizontalHeader()->setDefaultAlignment(
+        Qt::Alignment::fromInt(int{Qt::AlignLeft} | int{Qt::AlignVCenter} | int{Qt::TextWordWrap}));
+    made->horizontalHeader()->setFixedHeight(kLinesOfHeader * made->fontMetrics().lineSpacing() + kSmallGap);
     made->setContextMenuPolicy(Qt::CustomContextMenu);
     return made;
 }

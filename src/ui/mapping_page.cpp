@@ -511,6 +511,7 @@ void MappingPage::showColumn()
 void MappingPage::showPreview()
 {
     m_preview->clear();
+    m_preview->clearSpans();
     if (!m_desk.isOpen()) {
         m_preview->setRowCount(0);
         return;
@@ -529,7 +530,6 @@ void MappingPage::showPreview()
     m_preview->setRowCount(static_cast<int>(rows.size()));
     for (int i = 0; i < m_preview->rowCount(); ++i) {
         const workbench::PreviewRow& row = rows[static_cast<std::size_t>(i)];
-        m_preview->setSpan(i, 1, 1, 1);
         m_preview->setItem(i, 0, item(QString::number(row.line)));
         if (!row.mapped.refused.empty()) {
             // The reason stands where the readings would.

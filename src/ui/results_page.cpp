@@ -207,6 +207,7 @@ void ResultsPage::show(std::shared_ptr<const workbench::TableStore> store)
               m_store->facts().hasTime != store->facts().hasTime ||
               m_store->facts().hasStation != store->facts().hasStation;
     m_store = std::move(store);
+    m_view.reset(); // of other rows
 
     const workbench::RunFacts& facts = m_store->facts();
     const tables::RunCounts& counts = facts.counts;
@@ -352,27 +353,27 @@ std::optional<Condition> ResultsPage::likeCurrent() const
     switch (field->kind) {
     case Field::Kind::Station:
         condition.test = Condition::Test::Station;
-        condition.station = m_store->station(row);
+        condition.station = m_model->store()->station(row);
         return condition;
     case Field::Kind::State:
-        condition.test = m_store->again(row) ? Condition::Test::Again : Condition::Test::State;
-        condition.state = m_store->state(row);
+        condition.test = m_model->store()->again(row) ? Condition::Test::Again : Condition::Test::State;
+        condition.state = m_model->store()->state(row);
         return condition;
     case Field::Kind::Reading:
-        condition.test = m_store->reading(row, static_cast<classic::Reading>(field->place))
+        condition.test = m_model->store()->reading(row, static_cast<classic::Reading>(field->place))
                              ? Condition::Test::Value
                              : Condition::Test::Blank;
         return condition;
     case Field::Kind::Figure:
-        if (const auto meaning = m_store->meaning(row, field->place)) {
-            const auto classes = catalogue::scale(m_store->indices()[field->place]).categories;
+        if (const auto meaning = m_model->store()->meaning(row, field->place)) {
+            const auto classes = catalogue::scale(m_model->store()->indices()[field->place]).categories;
             condition.test = Condition::Test::Class;
             condition.place = static_cast<std::size_t>(meaning->category - classes.data());
-        } else if (m_store->figure(row, field->place)) {
+        } else if (m_model->store()->figure(row, field->place)) {
             condition.test = Condition::Test::Value;
-        } else if (m_store->state(row) == RowState::Calculated) {
+        } else if (m_model->store()->state(row) == RowState::Calculated) {
             condition.test = Condition::Test::Outcome;
-            condition.outcome = m_store->outcome(row, field->place);
+            condition.outcome = m_model->store()->outcome(row, field->place);
         } else {
             condition.test = Condition::Test::Blank;
         }
@@ -385,7 +386,7 @@ std::optional<Condition> ResultsPage::likeCurrent() const
 void ResultsPage::openMenu(const QPoint& at)
 {
     const QModelIndex index = m_table->current();
-    if (!m_store || !index.isValid())
+    if (!m_view || !index.isValid())
         return;
     QMenu menu(this);
     const bool sortable = m_model->field(index.column()).has_value();
@@ -410,8 +411,9 @@ void ResultsPage::openMenu(const QPoint& at)
     });
     menu.addSeparator();
     if (const auto condition = likeCurrent())
-        menu.addAction(QStringLiteral("O&nly Rows Like This: ") + toQt(inWords(*condition, *m_store)), this,
-                       [this, condition] { addCondition(*condition); });
+        menu.addAction(QStringLiteral("O&nly Rows Like This: ") +
+                           toQt(inWords(*condition, *m_model->store())),
+                       this, [this, condition] { addCondition(*condition); });
     menu.addAction(QStringLiteral("&Filter …"), m_filter, &QPushButton::click);
     menu.exec(at);
 }
@@ -420,10 +422,10 @@ void ResultsPage::openMenu(const QPoint& at)
 
 void ResultsPage::step(bool forward)
 {
-    if (!m_store)
+    if (!m_model->store())
         return;
     std::vector<std::size_t> order;
-    for (const int index : m_store->indices())
+    for (const int index : m_model->store()->indices())
         order.push_back(static_cast<std::size_t>(index - 1));
     std::optional<std::size_t> from;
     const QModelIndex current = m_table->current();
@@ -439,7 +441,8 @@ void ResultsPage::goTo(std::size_t subject)
     using Kind = StationModel::Column::Kind;
     for (int column = 0; column < m_model->columnCount(); ++column) {
         const StationModel::Column& one = m_model->columns()[static_cast<std::size_t>(column)];
-        if (one.kind == Kind::Figure && m_store->indices()[one.place] == static_cast<int>(subject) + 1)
+        if (one.kind == Kind::Figure &&
+            m_model->store()->indices()[one.place] == static_cast<int>(subject) + 1)
             m_table->stand(std::max(0, m_table->current().row()), column);
     }
 }

@@ -3,9 +3,11 @@
 
 #include "batch/selected_indices.h"
 #include "ui/bindings.h"
+#include "ui/export_dialog.h"
 #include "ui/index_choice.h"
 #include "ui/mapping_page.h"
 #include "ui/results_page.h"
+#include "ui/summary_dialog.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 #include "ui/window_memory.h"
@@ -89,6 +91,14 @@ StationWindow::StationWindow(StationForm& form, const Surroundings& surroundings
     connect(m_mapping, &MappingPage::reshapeWanted, this,
             [this](const tables::Shape& told) { look(m_import.reshaped(told)); });
     connect(m_results, &ResultsPage::againWanted, this, &StationWindow::calculateAgain);
+    connect(m_results, &ResultsPage::exportWanted, this, [this] {
+        if (m_results->view())
+            ExportDialog(m_results->store(), m_results->view(), m_surroundings.files, this).exec();
+    });
+    connect(m_results, &ResultsPage::summaryWanted, this, [this] {
+        if (m_results->view())
+            SummaryDialog(m_results->store(), m_results->view(), this).exec();
+    });
     connect(m_results, &ResultsPage::viewChanged, this, &StationWindow::resultsChanged);
     m_ticks.setInterval(kTick);
     connect(&m_ticks, &QTimer::timeout, this, &StationWindow::showProgress);

@@ -95,22 +95,53 @@ std::string TableStore::whyBlank(std::size_t row, std::size_t column) const
         return status(row);
     if (outcome(row, column) == classic::OutcomeKind::Value)
         return {};
+    std::string why;
+    calculate(row, *makeCalculator(), [&](batch::RowFigures& figures) { why = figures.whyBlank(column); });
+    return why;
+}
+
+std::string TableStore::whyBlank(std::size_t row, Calculators& calculators) const
+{
+    if (const auto place = againPlace(row)) {
+        if (!calculators.again)
+            calculators.again = m_again->makeCalculator();
+        Calculators own{std::move(calculators.again), nullptr};
+        std::string why = m_again->whyBlank(*place, own);
+        calculators.again = std::move(own.first);
+        return why;
+    }
+    if (!calculators.first)
+        calculators.first = makeCalculator();
+    std::string text;
+    calculate(row, *calculators.first, [&](batch::RowFigures& figures) {
+        for (std::size_t column = 0; column < m_data->indices.size(); ++column)
+            if (outcome(row, column) != classic::OutcomeKind::Value)
+                text += (text.empty() ? "" : " ") + std::to_string(m_data->indices[column]) + ": " +
+                        figures.whyBlank(column);
+    });
+    return text;
+}
+
+std::unique_ptr<batch::RowCalculator> TableStore::makeCalculator() const
+{
     const tables::RunOptions& options = m_data->facts.options;
-    const auto calculator =
-        batch::makeRowCalculator(*m_data->limits, options.settings, options.assumptions,
-                                 {.indices = m_data->indices, .live = false, .meanings = false});
+    return batch::makeRowCalculator(*m_data->limits, options.settings, options.assumptions,
+                                    {.indices = m_data->indices, .live = false, .meanings = false});
+}
+
+void TableStore::calculate(std::size_t row, batch::RowCalculator& calculator,
+                           const std::function<void(batch::RowFigures&)>& show) const
+{
     std::array<std::string, classic::kReadingCount> texts;
     batch::RowCalculator::Readings readings;
     for (std::size_t i = 0; i < texts.size(); ++i) {
         texts[i] = m_data->readings[i].text(row);
         readings[i] = texts[i];
     }
-    std::string why;
-    calculator->calculate(std::span(&readings, 1), [&](std::size_t, batch::RowFigures& figures) {
-        why = figures.whyBlank(column);
+    calculator.calculate(std::span(&readings, 1), [&show](std::size_t, batch::RowFigures& figures) {
+        show(figures);
         return true;
     });
-    return why;
 }
 
 classic::Rules TableStore::rules(std::size_t row) const

@@ -16,6 +16,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -85,6 +86,13 @@ public:
 
     /// Why a figure is blank, in a sentence; empty where it stands. The row is calculated again for it.
     std::string whyBlank(std::size_t row, std::size_t column) const;
+    /// What calculates rows again, for whoever asks about many; of one store and thread.
+    struct Calculators {
+        std::unique_ptr<batch::RowCalculator> first;
+        std::unique_ptr<batch::RowCalculator> again;
+    };
+    /// Why figures of a calculated row are blank, each with its number: "195: … 211: …".
+    std::string whyBlank(std::size_t row, Calculators& calculators) const;
 
     /// Whether the row was calculated again by the robust rules, after the run had failed on it.
     bool again(std::size_t row) const { return againPlace(row).has_value(); }
@@ -124,6 +132,9 @@ private:
     explicit TableStore(std::shared_ptr<const Data> data) : m_data(std::move(data)) {}
 
     std::optional<std::size_t> againPlace(std::size_t row) const;
+    std::unique_ptr<batch::RowCalculator> makeCalculator() const;
+    void calculate(std::size_t row, batch::RowCalculator& calculator,
+                   const std::function<void(batch::RowFigures&)>& show) const;
 
     std::shared_ptr<const Data> m_data;
     std::vector<std::uint32_t> m_againRows;

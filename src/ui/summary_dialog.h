@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "workbench/store_summary.h"
+#include "workspace/latest_runner.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class QLabel;
+class QPushButton;
+class QTableWidget;
+
+namespace comfortics::ui {
+
+/// What the rows in sight come to, index by index, and the hours in each class by month of the one that is
+/// chosen.
+class SummaryDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    SummaryDialog(std::shared_ptr<const workbench::TableStore> store,
+                  std::shared_ptr<const workbench::View> view, QWidget* parent);
+    ~SummaryDialog() override;
+
+private:
+    using Summary = std::shared_ptr<const tables::TableSummary>;
+    using Runner = workspace::LatestRunner<int, Summary>;
+
+    void show(const Summary& summary);
+    void showClasses();
+
+    std::shared_ptr<const workbench::TableStore> m_store;
+    std::shared_ptr<const workbench::View> m_view;
+    Summary m_shown;
+    QLabel* m_facts;
+    QTableWidget* m_table;
+    QLabel* m_ofClasses;
+    QTableWidget* m_classes;
+    std::unique_ptr<Runner> m_runner; // last: ends before what it tells goes
+};
+
+} // namespace comfortics::ui

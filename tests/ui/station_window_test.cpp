@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The window of station files. What is read, run and arranged is tested without it.
+#include "test_program.h"
+#include "ui/results_page.h"
+#include "ui/station_window.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTableView>
+#include <QTableWidget>
+
+#include <gtest/gtest.h>
+
+namespace comfortics::ui {
+namespace {
+
+using tests::find;
+
+constexpr auto kStation = "Time,Station,Air,RH (%),Wind (m/s),Globe (°C)\n"
+                          "2024-07-01 12:00,Roof,30,50,2,40\n"
+                          "2024-07-01 13:00,Yard,25,60,1,\n"
+                          "2024-07-01 14:00,Roof,-5,50,3,-4\n"
+                          "2024-07-01 15:00,Roof,28,wet,3,30\n";
+
+struct StationProgram : tests::Program {
+    StationForm station;
+    StationWindow window{station, {shell.workspace(), files, messages, clipboard}};
+
+    bool settles(const std::function<bool()>& done) { return QTest::qWaitFor(done, 20000); }
+    bool openText(const char* text)
+    {
+        clipboard.setText(text);
+        window.openClipboard();
+        return settles([this] { return !window.busy(); });
+    }
+    QTableView& rows() { return find<QTableView>(window, "Flex_Station"); }
+    /// The lines in sight, one after the other.
+    QString lines()
+    {
+        QString all;
+        for (int row = 0; row < rows().model()->rowCount(); ++row)
+            all += rows().model()->index(row, 0).data().toString();
+        return all;
+    }
+};
+
+TEST(StationWindow, ATableIsMappedRunSortedAndMarkedAsEarlier)
+{
+    StationProgram program;
+    StationWindow& window = program.window;
+    program.form.List_Indices.selectAll(false);
+    program.form.List_Indices.setSelected(194, true);
+    ASSERT_TRUE(program.openText(kStation));
+    QPushButton& calculate = find<QPushButton>(window, "cmd_Calculate_Station");
+    // No unit is told of the air: the user says what it is.
+    auto& columns = find<QTableWidget>(window, "Flex_Columns");
+    columns.setCurrentCell(2, 0);
+    auto& role = find<QComboBox>(window, "lst_Role");
+    const auto tell = [&role](int place) {
+        role.setCurrentIndex(place);
+        emit role.activated(place);
+    };
+    tell(9);
+    EXPECT_FALSE(calculate.isEnabled());
+    tell(0);
+    ASSERT_EQ(window.importDesk().whyNot("0.20"), "");
+    ASSERT_TRUE(calculate.isEnabled());
+    EXPECT_EQ(find<QTableWidget>(window, "Flex_Preview").item(0, 2)->text(), QStringLiteral("30"));
+
+    window.calculate();
+    ASSERT_TRUE(program.settles([&] { return !window.busy() && window.results().view() != nullptr; }));
+    EXPECT_EQ(program.lines(), QStringLiteral("2345"));
+    EXPECT_TRUE(find<QLabel>(window, "lbl_Run")
+                    .text()
+                    .contains(QStringLiteral("2 calculated, 1 skipped, 0 failed, 1 refused")));
+    EXPECT_TRUE(program.rows().isColumnHidden(0)); // line, time and station stand beside
+
+    const auto before = window.results().view();
+    // Line, time and status, then the air temperature.
+    emit program.rows().horizontalHeader()->sectionClicked(4);
+    ASSERT_TRUE(program.settles([&] { return window.results().view() != before; }));
+    EXPECT_EQ(program.lines(), QStringLiteral("4325"));
+
+    EXPECT_EQ(window.earlier(), QString());
+    tell(9);
+    EXPECT_EQ(
+        window.earlier(),
+        QStringLiteral("These are the results of run 1, of Clipboard; since then the mapping has changed."));
+    EXPECT_TRUE(find<QLabel>(window, "lbl_Earlier").isVisibleTo(&window));
+}
+
+TEST(StationWindow, AWrongFileLeavesTheTableAsItWas)
+{
+    StationProgram program;
+    ASSERT_TRUE(program.openText(kStation));
+    program.window.openFile("/no/such/file.csv");
+    ASSERT_TRUE(program.settles([&] { return !program.window.busy(); }));
+    EXPECT_EQ(program.window.importDesk().look().source.name, "Clipboard");
+    EXPECT_TRUE(tests::says(program.window, QStringLiteral("cannot be read")));
+}
+
+} // namespace
+} // namespace comfortics::ui
