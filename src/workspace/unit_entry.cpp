@@ -71,7 +71,9 @@ UnitEntry::UnitEntry(classic::Calculation& calculation, UnitChoice& choice, Read
         if (!m_writing)
             fromBox();
     });
-    unit().click.watch([this] { fromBox(); });
+    // What the box has refused was meant in the unit that is chosen now: 95 for °F.
+    unit().click.watch(
+        [this] { m_own&& m_box.text().empty() && !txt_Entry.text().empty() ? toBox() : fromBox(); });
     Check_10m.click.handle([this] { m_own ? toBox() : fromBox(); });
     calculation.assumptions.txt_Friction.change.watch([this] {
         if (m_wind && Check_10m.checked())

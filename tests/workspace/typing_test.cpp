@@ -42,6 +42,13 @@ TEST(UnitEntry, TheBoxHoldsWhatIsTypedInAnotherUnit)
     program.main.txt_TA.setText("");
     EXPECT_EQ(air.txt_Entry.text(), "");
 
+    choice.Opt_Temperature.select(0);
+    air.txt_Entry.setText("95");
+    EXPECT_EQ(program.main.txt_TA.text(), "") << "no air has 95 °C";
+    choice.Opt_Temperature.select(1);
+    EXPECT_EQ(program.main.txt_TA.text(), "35") << "it was meant in the unit that is chosen afterwards";
+    choice.Opt_Temperature.select(2);
+
     const UnitChoice later(program.preferences);
     EXPECT_EQ(later.Opt_Temperature.selected(), 2U);
     EXPECT_EQ(later.Opt_Wind.selected(), 1U);
