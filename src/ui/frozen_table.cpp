@@ -23,7 +23,7 @@ constexpr int kCharactersOfFigure = 20;
 constexpr int kCharactersOfText = 22;
 constexpr int kCharactersOfLine = 9;
 constexpr int kBesideSign = 4;
-constexpr int kLinesOfHeader = 3;
+constexpr int kLinesOfHeader = 4;
 
 // Beside a figure the sign of its class in its colour.
 class SignedFigures : public QStyledItemDelegate {

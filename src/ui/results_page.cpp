@@ -173,6 +173,7 @@ ResultsPage::ResultsPage(QWidget* parent)
         widget->setEnabled(false);
     m_again->hide();
     m_chips->hide();
+    setFocusProxy(m_table);
 }
 
 // What watches the finding goes before it, and the table before its model.

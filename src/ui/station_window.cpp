@@ -317,6 +317,7 @@ void StationWindow::takeRun()
     if (result->store) {
         m_results->show(std::move(result->store));
         m_pages->setCurrentWidget(m_results);
+        m_results->setFocus(Qt::OtherFocusReason);
     }
     showState();
     if (!result->fault.empty())
