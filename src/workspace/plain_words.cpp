@@ -6,6 +6,7 @@
 #include "texts/text.h"
 #include "values/plain_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -103,10 +104,30 @@ void tellStep(std::string& sentence, std::string_view step, std::string_view wor
                      std::string(kUnworkable) + " (" + std::string(words) + " " + number + ")");
 }
 
+// "18.6596162984909" as "18.66", unless that stands in the sentence already, as a limit that it is beyond.
+void shortenNumbers(std::string& sentence)
+{
+    constexpr std::string_view kDigits = "0123456789";
+    constexpr std::size_t kMany = 6; // decimals
+    for (std::size_t point = sentence.find('.'); point != std::string::npos;
+         point = sentence.find('.', point + 1)) {
+        const std::size_t end = std::min(sentence.find_first_not_of(kDigits, point + 1), sentence.size());
+        const std::size_t before = sentence.find_last_not_of(kDigits, point - 1);
+        const std::size_t begin = before == std::string::npos ? 0 : before + 1;
+        if (end - point <= kMany || begin == point || (end < sentence.size() && sentence[end] == 'E'))
+            continue;
+        const std::string brief =
+            values::plainText(texts::val(texts::format(sentence.substr(begin, end - begin), kBrief)));
+        if (brief != "0" && sentence.find(" " + brief + " ") == std::string::npos)
+            sentence.replace(begin, end - begin, brief);
+    }
+}
+
 } // namespace
 
 std::string inPlainWords(std::string sentence, const classic::Inputs& inputs)
 {
+    shortenNumbers(sentence);
     tellWhatIsMissing(sentence, inputs);
     replace(sentence, "type mismatch: the text ", "the text ");
     nameQuantity(sentence);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workspace/situation.h"
 
+#include "workspace/plain_words.h"
 #include "workspace_program.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +35,8 @@ TEST(Situation, HasTheTextsOfTheResultsTableWithoutTouchingTheForm)
             const Figure& figure = situation.figure(index);
             EXPECT_EQ(figure.text,
                       program.main.results.lbl_results[static_cast<std::size_t>(index)].caption());
-            EXPECT_EQ(figure.reason, program.main.calculation.whyBlank(index));
+            EXPECT_EQ(figure.reason,
+                      inPlainWords(program.main.calculation.whyBlank(index), situation.inputs));
             EXPECT_EQ(figure.number.has_value(), !figure.text.empty()) << index;
             if (figure.number) {
                 EXPECT_NEAR(*figure.number, std::stod(figure.text), 0.5001) << index;
@@ -84,6 +86,10 @@ TEST(Situation, TellsInPlainWordsWhyThereIsNoValue)
          0,
          "the dew point 19 reads above the air temperature 10 (the two are compared as texts). One of the "
          "two"},
+        {{"35", "", "600", "21", "", "12"},
+         Rules::Classic,
+         195,
+         "the wind at 10 m is 18.66 m/s, valid from 0.5 to 17 m/s."},
         {{"10", "", "600", "19", "", "1.5"},
          Rules::Precise,
          4,
@@ -93,7 +99,7 @@ TEST(Situation, TellsInPlainWordsWhyThereIsNoValue)
         classic::Inputs inputs{{}, tests::kUsualAssumptions, {}};
         std::copy(row.readings.begin(), row.readings.end(), inputs.readings.begin());
         inputs.settings.rules = row.rules;
-        inputs.settings.ignoreLimits = true;
+        inputs.settings.ignoreLimits = row.index != 195;
         const Situation situation = evaluate(tests::projectLimits(), inputs);
         const std::string& words = row.index == 0 ? situation.problem : situation.figure(row.index).reason;
         EXPECT_NE(words.find(row.words), std::string::npos) << words;
