@@ -203,7 +203,10 @@ RunResult RunDesk::runAgain(const std::shared_ptr<const TableStore>& store)
         mapping.columns.push_back(std::move(use));
     }
     const tables::RowMapper mapper(mapping, layout, options.assumptions[kFriction]);
-    StoreWriter writer({.source = store->facts().source, .options = options}, m_limits, mapper);
+    RunFacts facts;
+    facts.source = store->facts().source;
+    facts.options = options;
+    StoreWriter writer(std::move(facts), m_limits, mapper);
     StoredReadings readings(*store, rows);
     const tables::RunCounts counts =
         tables::runTable(readings, mapper, layout, m_limits, options, &writer,
