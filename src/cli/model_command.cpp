@@ -5,6 +5,7 @@
 #include "cli/model_lists.h"
 #include "cli/text_table.h"
 #include "output/csv_cell.h"
+#include "standards/wbgt_iso7243.h"
 #include "values/plain_text.h"
 
 #include <CLI/CLI.hpp>
@@ -209,8 +210,9 @@ struct WorkClassRow {
     const char* name;
     double watts;
 };
+constexpr auto& kRates = standards::kWorkClassRates;
 constexpr std::array<WorkClassRow, 4> kWorkClasses{
-    {{"low", 180}, {"moderate", 300}, {"high", 415}, {"very high", 520}}};
+    {{"low", kRates[1]}, {"moderate", kRates[2]}, {"high", kRates[3]}, {"very high", kRates[4]}}};
 
 class ModelCommand final : public Command {
 public:

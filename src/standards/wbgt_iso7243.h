@@ -11,6 +11,7 @@
 
 #include "standards/answer.h"
 
+#include <array>
 #include <cstdint>
 
 namespace comfortics::standards {
@@ -58,6 +59,9 @@ enum class WorkClothing : std::uint8_t {
 double clothingAdjustment(WorkClothing clothing) noexcept;
 
 enum class WorkClass : std::uint8_t { Rest, Low, Moderate, High, VeryHigh };
+
+/// The metabolic rate of the whole body [W] that stands for each class.
+inline constexpr std::array<double, 5> kWorkClassRates{115, 180, 300, 415, 520};
 
 /// By the metabolic rate of the whole body [W].
 WorkClass workClassOf(double M) noexcept;

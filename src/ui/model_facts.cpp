@@ -6,6 +6,7 @@
 #include "ui/text.h"
 #include "values/plain_text.h"
 #include "workspace/index_sheet.h"
+#include "workspace/work_rest_table.h"
 
 #include <cmath>
 
@@ -115,6 +116,33 @@ QString inputsHtml(const ModelStanding& standing)
     return heading("What it reads") + QStringLiteral("<table>%1</table>").arg(rows);
 }
 
+// The row and the cell that hold now are bold, and the row has a mark beside it.
+QString workRestHtml(const workspace::Situation& situation, const workspace::FieldTexts& person)
+{
+    const workspace::WorkRestTable table = workspace::workRestTable(situation, person);
+    QString html = heading("Work and rest") + paragraph(escaped(table.title));
+    if (table.rows.empty())
+        return html + paragraph(QStringLiteral("<b>No value.</b> ") + escaped(table.problem));
+    QString rows = QStringLiteral("<tr><th></th><th align=\"left\">Work</th>");
+    for (const std::string& name : table.headings)
+        rows += QStringLiteral("<th align=\"right\">&nbsp;%1</th>").arg(escaped(name));
+    rows += QStringLiteral("</tr>");
+    const auto strong = [](const QString& text, bool isStrong) {
+        return isStrong ? QStringLiteral("<b>%1</b>").arg(text) : text;
+    };
+    for (const workspace::WorkRestRow& row : table.rows) {
+        rows += QStringLiteral("<tr><td>%1</td><td>%2</td>")
+                    .arg(row.isPresent ? QStringLiteral("\u25B6") : QString(),
+                         strong(escaped(row.work), row.isPresent));
+        for (const workspace::WorkRestCell& cell : row.cells)
+            rows += QStringLiteral("<td align=\"right\">%1</td>")
+                        .arg(strong(escaped(cell.inWords()), cell.isPresent));
+        rows += QStringLiteral("</tr>");
+    }
+    return html + QStringLiteral("<table cellpadding=\"1\">%1</table>").arg(rows) +
+           paragraph(escaped(table.assumes));
+}
+
 QString classesHtml(const ModelStanding& standing, const workspace::Item& item, const QPalette& palette)
 {
     const catalogue::Scale& scale = item.scale();
@@ -141,7 +169,10 @@ QString modelFacts(const workspace::Item& item, const workspace::Situation& situ
     html += paragraph(escaped(model.description));
     for (const std::string_view warning : model.warnings)
         html += paragraph(QStringLiteral("<b>Mind:</b> %1.").arg(escaped(warning)));
-    html += resultsHtml(standing, item) + inputsHtml(standing) + classesHtml(standing, item, palette);
+    html += resultsHtml(standing, item);
+    if (workspace::hasWorkRest(item))
+        html += workRestHtml(situation, person);
+    html += inputsHtml(standing) + classesHtml(standing, item, palette);
     html += heading("Literature");
     for (const std::string_view reference : model.references)
         html += paragraph(linked(reference));

@@ -5,6 +5,7 @@
 #include "workspace/live_text.h"
 #include "workspace/scale_strip.h"
 #include "workspace/severity_colors.h"
+#include "workspace/work_rest_table.h"
 
 #include <algorithm>
 #include <array>
@@ -168,6 +169,33 @@ std::string figureRows(const std::vector<Told>& items)
     return rows;
 }
 
+// Where a figure of the heat at work is told. The row and the cell that hold now are bold.
+std::string workRest(const Situation& situation, const ReportRequest& request)
+{
+    if (std::none_of(request.indices.begin(), request.indices.end(), hasWorkRest))
+        return {};
+    const WorkRestTable table = workRestTable(situation, request.person);
+    std::string html = "<h2>" + escaped(table.title) + "</h2>\n";
+    if (table.rows.empty())
+        return html + "<p>" + escaped(table.problem) + "</p>\n";
+    const auto strong = [](const std::string& text, bool isStrong) {
+        return isStrong ? "<b>" + text + "</b>" : text;
+    };
+    std::string rows = "<tr><th>Work</th>";
+    for (const std::string& name : table.headings)
+        rows += "<th>" + escaped(name) + "</th>";
+    rows += "</tr>";
+    for (const WorkRestRow& one : table.rows) {
+        rows += "<tr><td>" + strong(escaped((one.isPresent ? "\u25B6 " : "") + one.work), one.isPresent) +
+                "</td>";
+        for (const WorkRestCell& cell : one.cells)
+            rows += "<td>" + strong(escaped(cell.inWords()), cell.isPresent) + "</td>";
+        rows += "</tr>";
+    }
+    return html + R"(<table width="100%" cellpadding="2">)" + rows + "</table>\n<p><small>" +
+           escaped(table.assumes) + "</small></p>\n";
+}
+
 std::string sources(const std::vector<Told>& items)
 {
     std::string text;
@@ -271,7 +299,7 @@ std::string page(const Situation& situation, const ReportRequest& request, const
             "</table>\n<p><small>By " + escaped(classic::inForce(situation.inputs.settings)) + ". " +
             assumptions(situation) +
             "</small></p>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" + kFigureHeader +
-            figureRows(items) + "</table>\n";
+            figureRows(items) + "</table>\n" + workRest(situation, request);
     if (!chart.empty())
         html +=
             "<h2>Where the values stand</h2>\n" + chart +
