@@ -168,15 +168,33 @@ standards::PetInputs petInputs(const double* numbers)
             .posture = in.option<standards::Posture>()};
 }
 
-void putPet(const standards::Pet& result, double* out, Verdict* verdicts)
+/// The verdict, or where nothing else is to be said that an air holds no such vapour pressure. Formulas of
+/// saturation differ by some tenths of a per cent.
+Verdict withSaturation(const Verdict& verdict, const std::optional<double>& vapour, double saturation,
+                       std::string_view name, Limits limits)
 {
+    constexpr double kSlack = 1.01;
+    if (verdict.standing != standards::Standing::Ok || !vapour || !(*vapour > kSlack * saturation))
+        return verdict;
+    const auto standing = limits == Limits::Blank ? standards::Standing::None : standards::Standing::Outside;
+    return {standing, standards::Reason::BeyondRange, name};
+}
+
+void putPet(const standards::PetInputs& inputs, const standards::Pet& result, double saturation,
+            Limits limits, double* out, Verdict* verdicts)
+{
+    const Verdict verdict = withSaturation(result.verdict, inputs.e, saturation,
+                                           standards::pet_range::kVapourPressure.name, limits);
     Writer(out, verdicts)
-        .putAll(result.verdict, result.pet, result.tCore, result.tSkin, result.tClothing, result.wettedness);
+        .putAll(verdict, result.pet, result.tCore, result.tSkin, result.tClothing, result.wettedness);
 }
 
 struct PhsArguments {
     standards::PhsInputs inputs;
-    Verdict verdict{}; ///< of the humidity, which the model itself takes as a vapour pressure
+    Verdict verdict{};          ///< of the humidity, which the model itself takes as a vapour pressure
+    std::optional<double> ea{}; ///< that was given [kPa]
+
+    Verdict judged(const Verdict& of, Limits limits) const;
 };
 
 PhsArguments phsArguments(const double* numbers)
@@ -192,6 +210,7 @@ PhsArguments phsArguments(const double* numbers)
     const std::optional<double> ea = in.optional();
     if (ea) {
         inputs.pa = *ea / kHectopascalToKilopascal;
+        made.ea = inputs.pa;
     } else {
         standards::Examination examination;
         examination.look({"rh", standards::Quantity::Humidity}, RH);
@@ -218,6 +237,12 @@ PhsArguments phsArguments(const double* numbers)
     return made;
 }
 
+Verdict PhsArguments::judged(const Verdict& of, Limits limits) const
+{
+    return withSaturation(of, ea, standards::phsVapourPressure(inputs.ta, 100),
+                          standards::phs_range::kPa2004.name, limits);
+}
+
 /// Of an air that is hot beyond all bounds the vapour pressure is, too: then the temperature is to be named.
 bool isRefused(const PhsArguments& arguments)
 {
@@ -233,6 +258,8 @@ void putPhs(Model model, bool of2004, const double* in, double* out, Verdict* ve
         r.verdict = r.temperatures = arguments.verdict;
     else
         r = model(arguments.inputs, limits, std::span<standards::PhsMinute>());
+    r.temperatures = arguments.judged(r.temperatures, limits);
+    r.verdict = arguments.judged(r.verdict, limits);
     Writer writer(out, verdicts);
     writer.putAll(r.temperatures, r.tRectal, r.tCore, r.tSkin);
     writer.putAll(r.verdict, r.waterLoss, r.dLim.minutes, r.dLimTre.minutes, r.dLimLoss.minutes);
@@ -265,7 +292,10 @@ Verdict phsCourse(Model model, std::span<const double> in, std::span<double> row
                                                   m.breath,  m.adaptation, m.storage};
         std::ranges::copy(row, rows.begin() + static_cast<std::ptrdiff_t>(i * kPhsFigures));
     }
-    return result.temperatures;
+    const Verdict verdict = arguments.judged(result.temperatures, limits);
+    if (!verdict.hasValue())
+        std::ranges::fill(rows, kNaN);
+    return verdict;
 }
 
 } // namespace
@@ -325,12 +355,16 @@ Verdict twoNodeCourse(std::span<const double> in, std::span<double> rows, Limits
 
 void pet(const double* in, double* out, Verdict* verdicts, Limits limits) noexcept
 {
-    putPet(standards::pet(petInputs(in), limits), out, verdicts);
+    const standards::PetInputs inputs = petInputs(in);
+    putPet(inputs, standards::pet(inputs, limits), standards::petSaturation(inputs.ta), limits, out,
+           verdicts);
 }
 
 void petWg(const double* in, double* out, Verdict* verdicts, Limits limits) noexcept
 {
-    putPet(standards::petWaltherGoestchel(petInputs(in), limits), out, verdicts);
+    const standards::PetInputs inputs = petInputs(in);
+    putPet(inputs, standards::petWaltherGoestchel(inputs, limits), standards::petWgSaturation(inputs.ta),
+           limits, out, verdicts);
 }
 
 void phs2004(const double* in, double* out, Verdict* verdicts, Limits limits) noexcept

@@ -149,6 +149,7 @@ constexpr auto kNoWork = "no external work, as most activities have"sv;
 constexpr auto kTypedMotion = "the standard's own inputs: typed speed and clothing are taken as they are"sv;
 constexpr auto kAfterMotion = "with what the motion makes of it, it lies outside the range"sv;
 constexpr auto kWorkBeside = "the external work must not exceed the metabolic rate"sv;
+constexpr auto kSaturated = "air of this temperature holds no more than saturation"sv;
 constexpr auto kInPlaceOfHumidity = "the relative humidity is taken"sv;
 constexpr DerivedName kVapourOfPmv{
     "pa", "the vapour pressure, from air temperature and humidity, is above 2700 Pa"};
@@ -208,7 +209,7 @@ constexpr auto kInputs = std::to_array<AdditionInput>({
     Read(inputs::kPressure, {range::kPressure.name}).start(1013.25, "standard atmosphere"),
     Read(inputs::kPosture).words(kStandingOrSitting).start(0, kProgram), Read(kEdition).start(2020, "the newer program"),
     Read(inputs::kWeight, range::kWeight).optional("70 kg, in the edition of 2017 69.9 kg"),
-    Read(inputs::kArea, range::kArea).start(kBody.area, kProgram),
+    Read(inputs::kArea, range::kArea).start(kBody.area, "ASHRAE 55-2020, Appendix D, whatever the weight and height"),
     Read(inputs::kMostWettedness, range::kMostWettedness).optional("what clothing and air speed allow"),
     Read(inputs::kMostBlood, range::kMostBlood).start(kBody.mostBlood, kProgram), Read(inputs::kMostSweat, range::kMostSweat).start(kBody.mostSweat, kProgram),
     Read(kMotion).start(0, kTypedMotion)});
@@ -246,7 +247,7 @@ constexpr auto inputsOf(std::string_view source, double age, double height)
 {
     return std::to_array<AdditionInput>({
         Read(inputs::kTa, range::kTa), Read(inputs::kTr, range::kTmrt), Read(inputs::kV, range::kSpeed).beside(kWindless),
-        Read(inputs::kRH, range::kRH).unless(kEa), Read(kEa, range::kVapourPressure).optional(kInPlaceOfHumidity),
+        Read(inputs::kRH, range::kRH).unless(kEa), Read(kEa, range::kVapourPressure).beside(kSaturated).optional(kInPlaceOfHumidity),
         Read(inputs::kPressure, range::kPressure).start(kPerson.pressure, "standard atmosphere"),
         Read(inputs::kClo, range::kClo).beside("so little clothing covers nothing").start(kPerson.clo, source),
         Read(kActivityW, range::kWork).start(kPerson.work, source),
@@ -284,7 +285,7 @@ constexpr auto inputsOf(const Core& vapour, const AdditionInput& metabolic, std:
 {
     return std::to_array<AdditionInput>({
         Read(inputs::kTa, range::kTa), Read(inputs::kTr, range::kTr).beside(kRadiantBeside), Read(inputs::kV, range::kV),
-        Read(kRH, {"rh"}).unless(kEa), Read(kEa, hectopascals(vapour)).optional(kInPlaceOfHumidity),
+        Read(kRH, {"rh"}).unless(kEa), Read(kEa, hectopascals(vapour)).beside(kSaturated).optional(kInPlaceOfHumidity),
         metabolic, Read(kWorkWm2, range::kWork).beside(kWorkBeside).start(0, kNoWork), Read(inputs::kClo, range::kClo).beside("with this motion of air and body there is no clothing left"),
         Read(kPosture).words(kAtWork), Read(kAcclimatised), Read(kDrink).start(1, "ISO 7933: water at hand"),
         Read(inputs::kWalking, range::kWalking).optional("a motion as the metabolic rate has it"),
@@ -351,7 +352,8 @@ constexpr auto kResults = std::to_array<Results>({
     {.id = "metabolic_used", .name = "Metabolic rate, as calculated with", .unit = "W/m²", .decimals = 1},
     {.id = "walking_used", .name = "Walking speed, as calculated with", .unit = "m/s", .decimals = 3},
     {.id = "v_used", .name = "Air speed, as calculated with", .unit = "m/s"}});
-constexpr auto kDerived = std::to_array<DerivedName>({{"ireq", "the required insulation"}, {"dle", "the exposure"}});
+constexpr auto kDerived = std::to_array<DerivedName>({{"ireq", "the required insulation"}, {"dle", "the exposure"},
+    {range::kWalking.name, "the walking speed that goes with the metabolic rate, 0.0052 (M - 58) m/s, is above 1.2 m/s"}});
 constexpr auto kAbbreviations = std::to_array({"IREQ"sv, "DLE"sv});
 constexpr auto kWarnings = std::to_array({"the insulation to put on is the basic one, not IREQ"sv,
     "metabolic rate, air speed and walking are raised or lowered to the bounds of the standard, with a mark"sv});
@@ -552,7 +554,7 @@ constexpr auto kResults = std::to_array<Results>({
     {.id = "v10", .name = "Wind speed at 10 m, as calculated with", .unit = "m/s"}});
 constexpr auto kDerived = std::to_array<DerivedName>({{"tmrt - ta", "the mean radiant temperature must be 30 K below to 70 K above the air temperature"}});
 constexpr auto kAbbreviations = std::to_array({"UTCI"sv});
-constexpr auto kWarnings = std::to_array({"radiation and wind are taken as typed and nothing is rounded, unlike index 195"sv});
+constexpr auto kWarnings = std::to_array({"index 195 has the id utci, too: unlike it, this model takes radiation and wind as typed and rounds nothing; its figures are utci.utci and so on"sv});
 constexpr auto kReferences = std::to_array({"Bröde P, Fiala D, Błażejczyk K, et al. (2012) Deriving the operational procedure for the Universal Thermal Climate Index (UTCI). Int J Biometeorol 56:481-494"sv});
 } // namespace utci
 

@@ -178,8 +178,12 @@ IreqResult ireq(const IreqInputs& in, Limits limits) noexcept
     }
     const double M = std::clamp(in.M, kM.range.low, kM.range.high);
     const double v = std::clamp(in.v, kV.range.low, kV.range.high);
-    const Interval walk{std::min(0.0052 * (M - 58), kWalking.range.high), kWalking.range.high};
+    const double leastWalk = 0.0052 * (M - 58);
+    const Interval walk{std::min(leastWalk, kWalking.range.high), kWalking.range.high};
     const double w = heldTo(examination, kWalking, walk, in.walking.value_or(walk.low));
+    // From 288.8 W/m² on no speed lies within both bounds: the upper one holds.
+    if (leastWalk > walk.high)
+        examination.mark(kWalking.name);
     if (!examination.hasValue()) {
         result.min.insulation = result.min.exposure = examination.verdict();
         result.neutral = result.min;

@@ -41,6 +41,18 @@ TEST(Model, MarksOrBlanksWhatIsOutside)
     const Ending blank = runTool(with(kRoom, {"--ta", "42", "--format", "csv", "--limits", "blank"}));
     EXPECT_EQ(blank.status, 0);
     expectHas(blank.out, "pmv,Predicted mean vote,,,none,,\"" + reason);
+    // Saturation at 30 °C is 42.4 hPa; 0.0052 (320 - 58) is 1.36 m/s.
+    const std::pair<Arguments, std::string> marked[] = {
+        {{"model", "pet", "--ta", "30", "--tr", "40", "--v", "1", "--ea", "44"},
+         "the vapour pressure is 44 hPa: air of this temperature holds no more than saturation."},
+        {{"model", "ireq", "--metabolic-w-m2", "320", "--ta", "-10", "--tr", "-10", "--v", "1", "--clo", "1"},
+         "0.0052 (M - 58) m/s, is above 1.2 m/s."},
+    };
+    for (const auto& [arguments, says] : marked)
+        expectHas(runTool(arguments).out, says);
+    EXPECT_EQ(runTool({"model", "pet", "--ta", "30", "--tr", "40", "--v", "1", "--ea", "42"})
+                  .out.find("saturation"),
+              std::string::npos);
 }
 
 TEST(Model, FollowsTheCourse)
