@@ -383,6 +383,23 @@ def standards(album, main):
     text = sheet.get_extents(Atspi.CoordType.SCREEN)
     widget("Course of the index")
     album.save("heat-strain", main, left=text.x - 10, top=text.y - 30)
+    click("Air Temperature", "combo box")
+    press("End", "Return")
+    widget("Course over the minutes")
+    album.save("shift-minutes", main, left=text.x - 10, top=text.y + text.height)
+    click("My indices", "list")
+    press("End", "Up", "ctrl+i")
+    until("the reference value", lambda: "Work and rest" in Atspi.Text.get_text(sheet, 0, -1))
+    # A table wants more room than the sheet has beside its chart.
+    width, height = (int(word) for word in output("xdotool", "getwindowgeometry", main).split()[-1].split("x"))
+    xdotool("windowsize", "--sync", main, width, 830)
+    click("Sheet of the index")
+    place = Atspi.Text.get_text(sheet, 0, -1).index("Work and rest")
+    Atspi.Text.set_caret_offset(sheet, place)
+    press(*["Down"] * 8)  # to its end
+    text = sheet.get_extents(Atspi.CoordType.SCREEN)
+    album.save("work-rest", main, left=text.x - 10, top=text.y - 4, below=text.height + 8)
+    xdotool("windowsize", "--sync", main, width, height)
     click("Person and Place", "page tab")
     album.save("iso-7243", main)
 

@@ -123,7 +123,7 @@ QString workRestHtml(const workspace::Situation& situation, const workspace::Fie
     QString html = heading("Work and rest") + paragraph(escaped(table.title));
     if (table.rows.empty())
         return html + paragraph(QStringLiteral("<b>No value.</b> ") + escaped(table.problem));
-    QString rows = QStringLiteral("<tr><th></th><th align=\"left\">Work</th>");
+    QString rows = QStringLiteral("<tr><th></th><th align=\"left\">%1</th>").arg(escaped(table.rowHeading));
     for (const std::string& name : table.headings)
         rows += QStringLiteral("<th align=\"right\">&nbsp;%1</th>").arg(escaped(name));
     rows += QStringLiteral("</tr>");

@@ -181,7 +181,7 @@ std::string workRest(const Situation& situation, const ReportRequest& request)
     const auto strong = [](const std::string& text, bool isStrong) {
         return isStrong ? "<b>" + text + "</b>" : text;
     };
-    std::string rows = "<tr><th>Work</th>";
+    std::string rows = "<tr><th>" + escaped(table.rowHeading) + "</th>";
     for (const std::string& name : table.headings)
         rows += "<th>" + escaped(name) + "</th>";
     rows += "</tr>";

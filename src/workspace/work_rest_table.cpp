@@ -53,6 +53,7 @@ public:
             m_table.headings = {"acclimatised, min", "not acclimatised, min"};
         else
             m_table.headings = {"work / rest, min"};
+        m_table.rowHeading = m_basis == Basis::NioshTable ? "Labour" : "Metabolic rate";
         if (m_basis == Basis::NioshTable)
             addLabours();
         else
@@ -115,7 +116,7 @@ private:
         for (std::size_t i = 1; i < standards::kWorkClassRates.size(); ++i) {
             const double rate = standards::kWorkClassRates[i];
             WorkRestRow row;
-            row.work = std::string(kClassNames[i]) + " metabolic rate, " + plainText(rate) + " W";
+            row.work = std::string(kClassNames[i]) + ", " + plainText(rate) + " W";
             row.isPresent =
                 !std::isnan(watts) && static_cast<std::size_t>(standards::workClassOf(watts)) == i;
             if (m_basis == Basis::Capacity) {

@@ -23,13 +23,14 @@ struct WorkRestCell {
 };
 
 struct WorkRestRow {
-    std::string work;                ///< "moderate metabolic rate, 300 W"
+    std::string work;                ///< "moderate, 300 W"
     std::vector<WorkRestCell> cells; ///< one for each heading
     bool isPresent = false;          ///< it holds for the present metabolic rate
 };
 
 struct WorkRestTable {
     std::string title;                 ///< with the standard
+    std::string rowHeading;            ///< "Metabolic rate"
     std::vector<std::string> headings; ///< of the cells
     std::vector<WorkRestRow> rows;     ///< empty where there is a problem
     std::string assumes;               ///< sentences: the basis, what it rests on, which row is marked
