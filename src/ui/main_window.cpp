@@ -407,8 +407,13 @@ void MainWindow::placeOnScreen()
     placeAsNew();
     const workspace::Preferences& preferences = m_workspace.preferences();
     restorePlace(*this, preferences, kPlaceKey);
-    if (const auto kept = workspace::keptBytes(preferences, kPanelsKey))
+    if (const auto kept = workspace::keptBytes(preferences, kPanelsKey)) {
+        const bool wasBelow = m_liveBelow;
         m_panels->restore(QByteArray::fromStdString(*kept));
+        arrangeColumns();
+        if (m_liveBelow != wasBelow) // beside three columns an opened panel had no room for its width
+            m_panels->restore(QByteArray::fromStdString(*kept));
+    }
     m_dockResults->setChecked(preferences.read(kResultsKey) == kDocked);
     m_resultsPanel->hide(); // until there are results
 }

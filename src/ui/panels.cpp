@@ -73,7 +73,7 @@ int Panels::likedWidth() const
 {
     int width = 0;
     for (const Panel& one : m_panels)
-        if (!one.open && one.dock->toggleViewAction()->isChecked() && standsAtSide(*one.dock))
+        if (!one.open && !one.dock->isHidden() && standsAtSide(*one.dock))
             width = std::max(width, one.dock->sizeHint().width());
     return width;
 }
