@@ -243,13 +243,14 @@ void StationWindow::takeLook()
 
 std::string StationWindow::friction() const
 {
-    return m_surroundings.workspace.presentInputs()
+    return m_surroundings.workspace.form()
+        .inputs()
         .assumptions[static_cast<std::size_t>(classic::Assumption::Friction)];
 }
 
 tables::RunOptions StationWindow::options() const
 {
-    const classic::Inputs inputs = m_surroundings.workspace.presentInputs();
+    const classic::Inputs inputs = m_surroundings.workspace.form().inputs();
     tables::RunOptions options;
     options.settings = inputs.settings;
     options.assumptions = inputs.assumptions;
@@ -265,7 +266,7 @@ void StationWindow::chooseIndices()
     if (dialog.exec() != QDialog::Accepted)
         return;
     m_selection = dialog.selection();
-    if (m_selection == m_surroundings.workspace.presentInputs().settings.selection)
+    if (m_selection == m_surroundings.workspace.form().inputs().settings.selection)
         m_selection.reset();
     showState();
 }
