@@ -3,6 +3,7 @@
 
 #include "ui/chip.h"
 #include "ui/colors.h"
+#include "ui/picture_file.h"
 #include "ui/text.h"
 #include "workbench/time_marks.h"
 
@@ -116,6 +117,16 @@ QString columnTitle(const workbench::ChartColumn& column)
 {
     const QString name = toQt(column.name);
     return column.unit.empty() ? name : QStringLiteral("%1 [%2]").arg(name, toQt(column.unit));
+}
+
+// A long name gives way to its unit.
+QString titleIn(const QString& title, const QFontMetricsF& metrics, double room)
+{
+    const qsizetype unit = title.lastIndexOf(QStringLiteral(" ["));
+    const QString kept = unit < 0 ? QString() : title.mid(unit);
+    return metrics.elidedText(title.left(unit < 0 ? title.size() : unit), Qt::ElideRight,
+                              room - metrics.horizontalAdvance(kept)) +
+           kept;
 }
 
 QString amountTitle(bool hours)
@@ -789,7 +800,7 @@ void ChartPainter::paint(QPainter& painter, const QRectF& room, const std::optio
         painter.translate(room.left() + metrics.height() / 2 + kSpace / 2, plot.center().y());
         painter.rotate(-90);
         painter.drawText(QRectF(-plot.height() / 2, -metrics.height() / 2, plot.height(), metrics.height()),
-                         Qt::AlignCenter, metrics.elidedText(frame.titles[i], Qt::ElideRight, plot.height()));
+                         Qt::AlignCenter, titleIn(frame.titles[i], metrics, plot.height()));
         painter.restore();
     }
     const QRectF last = frame.plots.back().room;
@@ -805,8 +816,7 @@ void ChartPainter::paint(QPainter& painter, const QRectF& room, const std::optio
     }
     painter.drawText(QRectF(last.left(), last.bottom() + metrics.height() + kSpace / 2, last.width(),
                             metrics.height() + kSpace),
-                     Qt::AlignHCenter | Qt::AlignVCenter,
-                     metrics.elidedText(below.title, Qt::ElideRight, last.width()));
+                     Qt::AlignHCenter | Qt::AlignVCenter, titleIn(below.title, metrics, last.width()));
     for (const auto& [place, entry] : frame.entries) {
         QRectF box(place.left(), place.top() + 2, 2.2 * metrics.height(), place.height() - 4);
         QRectF words = place.adjusted(box.width() + kSpace, 0, 0, 0);
@@ -936,6 +946,11 @@ std::optional<ChartPlace> ChartPainter::placeAt(const QRectF& room, const QPoint
     return std::visit(Visitor{plot, point, along, up}, m_chart.body);
 }
 
+ChartFile chartFileOf(const std::string& path)
+{
+    return isSvg(path) ? ChartFile::Svg : isPdf(path) ? ChartFile::Pdf : ChartFile::Png;
+}
+
 QFont inPixels(QFont font)
 {
     font.setPixelSize(QFontInfo(font).pixelSize());
@@ -1007,6 +1022,33 @@ QByteArray chartPicture(const Chart& chart, ChartFile kind, const QFont& screenF
         image.save(&buffer, "PNG");
     }
     return bytes;
+}
+
+std::string paperSvg(const Chart& chart, const QFont& font, const QSize& size)
+{
+    QPalette paper;
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base})
+        paper.setColor(role, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
+        paper.setColor(role, QColor(0x11, 0x11, 0x11));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QSvgGenerator svg;
+        svg.setOutputDevice(&buffer);
+        svg.setSize(size);
+        svg.setViewBox(QRect({}, size));
+        svg.setTitle(toQt(chart.title));
+        svg.setDescription(toQt(chart.inWords()));
+        QPainter painter(&svg);
+        ChartPainter(chart, font, paper).paint(painter, QRectF({}, size));
+    }
+    // Without the head of a file, and no wider than the page.
+    const std::string text = bytes.toStdString();
+    const std::size_t begin = text.find("<svg");
+    return begin == std::string::npos ? std::string()
+                                      : R"(<svg style="max-width:100%;height:auto")" + text.substr(begin + 4);
 }
 
 } // namespace comfortics::ui

@@ -9,6 +9,7 @@
 #include <QRectF>
 
 #include <optional>
+#include <string>
 
 class QPainter;
 
@@ -46,10 +47,15 @@ private:
 };
 
 enum class ChartFile { Png, Svg, Pdf };
+/// By the ending of its name; PNG where that is none of them.
+ChartFile chartFileOf(const std::string& path);
 
 /// The chart with its title, source, rules and notes; empty where there is none.
 QByteArray chartPicture(const workbench::Chart& chart, ChartFile kind, const QFont& font,
                         const QPalette& palette, const QSize& size);
+
+/// The chart alone on white paper, as an SVG element within HTML.
+std::string paperSvg(const workbench::Chart& chart, const QFont& font, const QSize& size);
 
 /// The font with its size in pixels, so that it is as large on any device.
 QFont inPixels(QFont font);

@@ -9,9 +9,11 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
 #include <QPdfWriter>
 #include <QScreen>
 #include <QSvgRenderer>
+#include <QTextBrowser>
 #include <QThread>
 #include <QUrl>
 
@@ -21,17 +23,17 @@ namespace comfortics::ui {
 
 namespace {
 
-constexpr int kSharpness = 3; // pixels of the picture for one unit of the chart
 constexpr int kResolution = 300;
+constexpr QColor kInk(0x11, 0x11, 0x11);
 constexpr double kMarginMm = 15;
 constexpr int kMostShrunk = 140; // percent of the paper that a page of the document may have
 constexpr int kShrinkStep = 5;
 constexpr double kPointsPerInch = 72;
 
-QImage picture(const std::string& svg)
+QImage picture(const std::string& svg, int sharpness)
 {
     QSvgRenderer renderer(QByteArray::fromStdString(svg));
-    const QSize size = renderer.defaultSize() * kSharpness;
+    const QSize size = renderer.defaultSize() * sharpness;
     if (!renderer.isValid() || size.isEmpty())
         return {};
     QImage image(size, QImage::Format_RGB32);
@@ -47,8 +49,27 @@ void write(const workspace::ReportPage& page, QTextDocument& document)
 {
     if (!page.chart.empty())
         document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("chart.svg")),
-                             picture(page.chart));
+                             picture(page.chart, kSharpness));
     document.setHtml(toQt(page.html));
+}
+
+void write(const std::string& html, const std::vector<std::string>& charts, QTextDocument& document,
+           int sharpness)
+{
+    for (std::size_t i = 0; i < charts.size(); ++i)
+        document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("chart%1.svg").arg(i + 1)),
+                             picture(charts[i], sharpness));
+    document.setHtml(toQt(html));
+}
+
+void wearPaper(QTextBrowser& page)
+{
+    page.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    page.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QPalette paper = page.palette();
+    paper.setColor(QPalette::Base, Qt::white);
+    paper.setColor(QPalette::Text, kInk);
+    page.setPalette(paper);
 }
 
 void print(QTextDocument& document, QPagedPaintDevice& device)
@@ -69,7 +90,7 @@ void print(QTextDocument& document, QPagedPaintDevice& device)
 
 namespace {
 
-QByteArray pdfOf(const workspace::ReportPage& page)
+QByteArray pdfBytes(const std::function<void(QTextDocument&)>& write)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -81,7 +102,7 @@ QByteArray pdfOf(const workspace::ReportPage& page)
         writer.setResolution(kResolution);
         writer.setCreator(QStringLiteral("Comfortics"));
         QTextDocument document;
-        ui::write(page, document);
+        write(document);
         ui::print(document, writer);
     }
     return bytes;
@@ -90,10 +111,10 @@ QByteArray pdfOf(const workspace::ReportPage& page)
 } // namespace
 
 // A long report takes a second: the windows live on meanwhile, but what is typed waits.
-std::string PdfMaker::pdf(const workspace::ReportPage& page)
+std::string pdfOf(const std::function<void(QTextDocument&)>& write)
 {
     QByteArray bytes;
-    const std::unique_ptr<QThread> thread(QThread::create([&page, &bytes] { bytes = pdfOf(page); }));
+    const std::unique_ptr<QThread> thread(QThread::create([&write, &bytes] { bytes = pdfBytes(write); }));
     QEventLoop loop;
     QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -102,6 +123,11 @@ std::string PdfMaker::pdf(const workspace::ReportPage& page)
     thread->wait();
     QGuiApplication::restoreOverrideCursor();
     return bytes.toStdString();
+}
+
+std::string PdfMaker::pdf(const workspace::ReportPage& page)
+{
+    return pdfOf([&page](QTextDocument& document) { ui::write(page, document); });
 }
 
 } // namespace comfortics::ui

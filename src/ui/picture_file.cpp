@@ -13,20 +13,26 @@ constexpr const char* kSvg = ".svg";
 
 } // namespace
 
-std::optional<std::string> askForPicture(controls::FileDialogs& files, const std::string& name)
+std::optional<std::string> askForPicture(controls::FileDialogs& files, const std::string& name, bool pdf)
 {
-    return output::askForFile(files, {.title = kTitle,
-                                      .filter = "Pictures (*.png *.svg)",
-                                      .fileName = name,
-                                      .overwritePrompt = true,
-                                      .written = [](const std::string& path) {
-                                          return output::withEnding(path, {".png", kSvg});
-                                      }});
+    return output::askForFile(
+        files, {.title = kTitle,
+                .filter = pdf ? "Pictures (*.png *.svg *.pdf)" : "Pictures (*.png *.svg)",
+                .fileName = name,
+                .overwritePrompt = true,
+                .written = [pdf](const std::string& path) {
+                    return pdf && isPdf(path) ? path : output::withEnding(path, {".png", kSvg});
+                }});
 }
 
 bool isSvg(const std::string& path)
 {
     return texts::lowered(path).ends_with(kSvg);
+}
+
+bool isPdf(const std::string& path)
+{
+    return texts::lowered(path).ends_with(".pdf");
 }
 
 bool savePicture(const std::string& path, const QByteArray& picture, controls::Messages& messages)

@@ -10,7 +10,6 @@
 #include <QEvent>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QPalette>
 #include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -30,7 +29,6 @@ using workspace::ReportDesk;
 namespace {
 
 constexpr QSize kSize(760, 700);
-constexpr QColor kInk(0x11, 0x11, 0x11);
 constexpr int kNoteLines = 3;
 constexpr int kMargin = 16; // around the page
 constexpr int kLeastChart = 200;
@@ -59,13 +57,7 @@ ReportDialog::ReportDialog(ReportDesk& report, workspace::SessionDesk& session, 
                QStringLiteral("What the report tells of"));
     nameWidget(*m_page, QStringLiteral("page"), QStringLiteral("The report"),
                QStringLiteral("The page as it will be"));
-    m_page->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that the page keeps its width, which fits
-    m_page->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // Paper is white, whatever the palette.
-    QPalette paper = m_page->palette();
-    paper.setColor(QPalette::Base, Qt::white);
-    paper.setColor(QPalette::Text, kInk);
-    m_page->setPalette(paper);
+    wearPaper(*m_page);
 
     auto* const form = new QFormLayout;
     const auto field = [form](const QString& text, QWidget* widget) {

@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::size_t kAskEvery = 1U << 15; // rows between two looks whether a chart is still wanted
 constexpr double kStepsApart = 1.5;         // rows farther apart than so many steps miss others between
-constexpr std::size_t kMostPoints = 4000;   // of a scatter; more are gathered in fields
+constexpr std::size_t kMostPoints = 10000;  // of a scatter; more are gathered in fields
 constexpr std::size_t kFieldsAlong = 160;   // of a scatter
 constexpr std::size_t kFieldsUp = 110;
 constexpr int kScatterSteps = 6;
@@ -688,7 +688,7 @@ void StationCharts::Work::scatter()
             y = scatter.up.low +
                 (std::floor((y - scatter.up.low) / scatter.fieldHeight) + 0.5) * scatter.fieldHeight;
         }
-        chart.notes.emplace_back("So many rows are gathered in fields: the darker, the more.");
+        chart.notes.emplace_back("So many rows are gathered in fields: the stronger the colour, the more.");
     }
     std::sort(pairs.begin(), pairs.end());
     for (const auto& [x, y] : pairs) {

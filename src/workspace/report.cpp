@@ -3,6 +3,7 @@
 
 #include "comfortics/version.h"
 #include "workspace/live_text.h"
+#include "workspace/page_html.h"
 #include "workspace/scale_strip.h"
 #include "workspace/severity_colors.h"
 #include "workspace/work_rest_table.h"
@@ -23,47 +24,10 @@ constexpr int kBarHeight = 12;
 constexpr double kMarkWidth = 5;
 constexpr double kLabelWidth = 30; // of a bound
 
-constexpr const char* kStyle =
-    "body{font-family:sans-serif;font-size:10pt;color:#111;background:#fff}"
-    "h1{font-size:16pt;margin:0 0 6pt}h2{font-size:11pt;margin:14pt 0 3pt}p{margin:3pt 0}"
-    "table{border-collapse:collapse;width:100%}"
-    "td,th{text-align:left;padding:1pt 6pt 1pt 2pt;vertical-align:top;border-bottom:1px solid #ccc}"
-    "small{color:#444;font-size:8pt}.chip{padding:0 4pt}";
-
 // With widths, or long sentences would leave the names none.
 constexpr const char* kFigureHeader =
     "<tr><th width=\"6%\">No</th><th width=\"36%\">Thermal index</th><th width=\"9%\">&nbsp;Value</th>"
     "<th width=\"10%\">Unit</th><th width=\"39%\">Class</th></tr>";
-
-// A browser has no paper, whose margins are those of the page.
-constexpr const char* kBrowserStyle = "body{max-width:510pt;margin:20pt auto}";
-
-std::string escaped(std::string_view text)
-{
-    std::string result;
-    for (const char c : text) {
-        if (c == '&')
-            result += "&amp;";
-        else if (c == '<')
-            result += "&lt;";
-        else if (c == '>')
-            result += "&gt;";
-        else if (c == '"')
-            result += "&quot;";
-        else if (c == '\n')
-            result += "<br>";
-        else if (static_cast<unsigned char>(c) >= ' ') // no other control character is a letter
-            result += c;
-    }
-    return result;
-}
-
-std::string hex(const Rgb& color)
-{
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
-    return text.data();
-}
 
 // A bound of a class as the data have it.
 std::string shortNumber(double value)
@@ -101,14 +65,6 @@ std::string chip(const catalogue::Meaning& meaning)
     return R"(<span class="chip" style="background-color:)" + hex(colors.field) +
            ";color:" + hex(colors.text) + "\">&nbsp;" + escaped(catalogue::inWords(meaning)) +
            "&nbsp;</span>";
-}
-
-std::string row(std::initializer_list<std::string> cells, const char* tag = "td")
-{
-    std::string text = "<tr>";
-    for (const std::string& cell : cells)
-        text += "<" + std::string(tag) + ">" + cell + "</" + tag + ">";
-    return text + "</tr>";
 }
 
 std::string readingRows(const Situation& situation)
@@ -288,8 +244,9 @@ std::string page(const Situation& situation, const ReportRequest& request, const
 {
     const std::string heading = request.heading.empty() ? "Thermal conditions" : request.heading;
     std::string html = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" +
-                       escaped(heading) + "</title><style>" + kStyle + style + "</style></head><body>\n<h1>" +
-                       escaped(heading) + "</h1>\n<p>" + escaped(request.when) + "</p>\n";
+                       escaped(heading) + "</title><style>" + kPageStyle + style +
+                       "</style></head><body>\n<h1>" + escaped(heading) + "</h1>\n<p>" +
+                       escaped(request.when) + "</p>\n";
     if (!request.notes.empty())
         html += "<p>" + escaped(request.notes) + "</p>\n";
     if (!situation.problem.empty())

@@ -62,16 +62,8 @@ ReportPage ReportDesk::page(int width) const
 
 void ReportDesk::save(Form form)
 {
-    const bool pdf = form == Form::Pdf;
-    const std::string ending = pdf ? ".pdf" : ".html";
-    const auto path = output::askForFile(
-        m_files,
-        {.title = kTitle,
-         .filter = pdf ? "PDF (*.pdf)|*.pdf" : "HTML (*.html)|*.html",
-         .fileName = fileName(m_session.heading, when.empty() ? clockText() : when) + ending,
-         .overwritePrompt = true,
-         .written = [&ending](const std::string& name) { return output::withEnding(name, {ending}); }});
-    if (path)
+    if (const auto path = askForReport(m_files, form == Form::Pdf,
+                                       fileName(m_session.heading, when.empty() ? clockText() : when)))
         write(form, *path);
 }
 
@@ -85,6 +77,18 @@ void ReportDesk::write(Form form, const std::string& path)
     }
     if (output::succeeded(output::writeWhole(path, bytes), m_messages, kTitle))
         m_workspace.form().tell(std::filesystem::path(path).filename().string() + " was written.");
+}
+
+std::optional<std::string> askForReport(controls::FileDialogs& files, bool pdf, const std::string& name)
+{
+    const std::string ending = pdf ? ".pdf" : ".html";
+    return output::askForFile(files, {.title = kTitle,
+                                      .filter = pdf ? "PDF (*.pdf)|*.pdf" : "HTML (*.html)|*.html",
+                                      .fileName = name + ending,
+                                      .overwritePrompt = true,
+                                      .written = [ending](const std::string& written) {
+                                          return output::withEnding(written, {ending});
+                                      }});
 }
 
 std::string clockText()

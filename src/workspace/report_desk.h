@@ -6,6 +6,7 @@
 #include "workspace/session_desk.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,9 @@ private:
     controls::Messages& m_messages;
     PageMaker& m_maker;
 };
+
+/// Asks for the file of a report, whose name without an ending is offered; none where the user cancels.
+std::optional<std::string> askForReport(controls::FileDialogs& files, bool pdf, const std::string& name);
 
 /// Date and time of the local clock, for instance "2026-07-21 14:05".
 std::string clockText();

@@ -237,14 +237,14 @@ TEST(StationCharts, ScatterPairsWhatStandsInOneRow)
     EXPECT_EQ(scatter.points[1].count, 2U);
     // Fields hold all rows, each no farther from its field's middle than half of it.
     std::vector<MemoryRows::Row> many;
-    for (int i = 0; i < 9000; ++i)
+    for (int i = 0; i < 12000; ++i)
         many.push_back({i, i % 300 / 10.0, i % 70 / 10.0});
     const auto gathered = bodyOf<Scatter>(MemoryRows(many), {.kind = ChartKind::Scatter, .columns = {1, 0}});
     EXPECT_TRUE(gathered.gathered);
     std::size_t rows = 0;
     for (const Scatter::Point& point : gathered.points)
         rows += point.count;
-    EXPECT_EQ(rows, 9000U);
+    EXPECT_EQ(rows, 12000U);
 }
 
 // January of 1999 and February to December of 1995, hour by hour to its end.
