@@ -127,7 +127,7 @@ QWidget* ChartsPage::buildChoices()
     m_more->setFocusPolicy(Qt::StrongFocus);
     m_over = choice("chartOver", "Along", "The index or reading along the lower axis");
     m_over->setMinimumContentsLength(kColumnCharacters / 2);
-    m_overLabel = labelOf(QStringLiteral("&over"), m_over);
+    m_overLabel = labelOf(QStringLiteral("o&ver"), m_over);
     m_station = choice("chartStation", "Station", "Whose rows are shown");
     m_station->setMinimumContentsLength(kColumnCharacters / 2);
     m_stationLabel = labelOf(QStringLiteral("S&tation:"), m_station);
@@ -137,9 +137,9 @@ QWidget* ChartsPage::buildChoices()
     auto* const widget = new QWidget;
     auto* const row = new QHBoxLayout(widget);
     row->setContentsMargins({});
-    row->addWidget(labelOf(QStringLiteral("&Chart:"), m_kind));
+    row->addWidget(labelOf(QStringLiteral("C&hart:"), m_kind));
     row->addWidget(m_kind);
-    row->addWidget(labelOf(QStringLiteral("&Index:"), m_column));
+    row->addWidget(labelOf(QStringLiteral("I&ndex:"), m_column));
     row->addWidget(m_column, 1);
     row->addWidget(m_more);
     row->addWidget(m_overLabel);
@@ -193,7 +193,7 @@ QWidget* ChartsPage::buildButtons()
     row->addStretch(1);
     m_save = button(QStringLiteral("&Save chart …"), "saveChart",
                     "PNG, SVG or PDF with title, source and rules", [this] { save(); });
-    m_report = button(QStringLiteral("&Report …"), "stationReport",
+    m_report = button(QStringLiteral("R&eport …"), "stationReport",
                       "A report of this station and period as PDF or HTML", [this] { report(); });
     return widget;
 }
@@ -306,14 +306,15 @@ workbench::ChartRequest ChartsPage::request() const
     return request;
 }
 
-void ChartsPage::show(std::shared_ptr<const workbench::StoreRows> rows)
+void ChartsPage::show(std::shared_ptr<const workbench::StoreRows> rows, bool same)
 {
     if (!rows || rows->columns.empty()) {
         showNone(QStringLiteral("There are no results to draw."));
         return;
     }
     m_rows = std::move(rows);
-    m_window.reset();
+    if (!same)
+        m_window.reset();
     fillColumns();
     fillStations();
     fillAlso();
@@ -365,6 +366,14 @@ void ChartsPage::showChart(workbench::Chart chart)
          {static_cast<QWidget*>(m_column), static_cast<QWidget*>(m_more), static_cast<QWidget*>(m_over),
           static_cast<QWidget*>(m_station), static_cast<QWidget*>(m_period)})
         choice->setEnabled(m_rows != nullptr);
+}
+
+std::vector<QWidget*> ChartsPage::tabOrder() const
+{
+    std::vector<QWidget*> order{m_kind, m_column, m_more, m_over, m_station, m_period};
+    order.insert(order.end(), m_zooms.begin(), m_zooms.end());
+    order.insert(order.end(), {m_save, m_report, m_chart});
+    return order;
 }
 
 void ChartsPage::save()

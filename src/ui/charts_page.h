@@ -33,8 +33,9 @@ public:
     ChartsPage(controls::FileDialogs& files, controls::Messages& messages, QWidget* parent = nullptr);
     ~ChartsPage() override;
 
-    /// Shows charts of these rows. What was chosen stays where the rows have it, too.
-    void show(std::shared_ptr<const workbench::StoreRows> rows);
+    /// Shows charts of these rows. What was chosen stays where the rows have it, too; the part of the time
+    /// that is seen where they are the `same` ones, of which something else is to be told.
+    void show(std::shared_ptr<const workbench::StoreRows> rows, bool same = false);
     /// Shows none, and says why in a sentence.
     void showNone(const QString& why);
 
@@ -43,6 +44,7 @@ public:
     /// Opens the report of the station and period.
     void report();
 
+    std::vector<QWidget*> tabOrder() const;
     const StationChart& chart() const noexcept { return *m_chart; }
     /// No chart is being made.
     bool settled() const noexcept { return m_settled; }

@@ -3,6 +3,7 @@
 
 #include "batch/selected_indices.h"
 #include "ui/bindings.h"
+#include "ui/charts_page.h"
 #include "ui/export_dialog.h"
 #include "ui/index_choice.h"
 #include "ui/mapping_page.h"
@@ -80,6 +81,8 @@ StationWindow::StationWindow(StationForm& form, const Surroundings& surroundings
     m_pages->setAccessibleName(QStringLiteral("Pages"));
     m_pages->addTab(m_mapping, QStringLiteral("&Mapping"));
     m_pages->addTab(m_results, QStringLiteral("&Results"));
+    m_charts = new ChartsPage(surroundings.files, surroundings.messages);
+    m_pages->addTab(m_charts, QStringLiteral("Ch&arts"));
     auto* const content = new QWidget;
     auto* const layout = new QVBoxLayout(content);
     layout->setSpacing(kSmallGap);
@@ -99,13 +102,19 @@ StationWindow::StationWindow(StationForm& form, const Surroundings& surroundings
         if (m_results->view())
             SummaryDialog(m_results->store(), m_results->view(), this).exec();
     });
-    connect(m_results, &ResultsPage::viewChanged, this, &StationWindow::resultsChanged);
+    connect(m_results, &ResultsPage::viewChanged, this, [this] {
+        m_seen = m_results->store();
+        m_seenView = m_results->view();
+        emit resultsChanged();
+    });
+    connect(this, &StationWindow::resultsChanged, this, &StationWindow::showCharts);
+    connect(m_pages, &QTabWidget::currentChanged, this, &StationWindow::showCharts);
     m_ticks.setInterval(kTick);
     connect(&m_ticks, &QTimer::timeout, this, &StationWindow::showProgress);
     addKeys(QStringLiteral("Stop"), {QKeySequence(Qt::Key_Escape)}, [this] { stop(); });
 
     std::vector<QWidget*> order{m_open, m_paste};
-    for (const auto& part : {m_mapping->tabOrder(), m_results->tabOrder()})
+    for (const auto& part : {m_mapping->tabOrder(), m_results->tabOrder(), m_charts->tabOrder()})
         order.insert(order.end(), part.begin(), part.end());
     for (QWidget* const widget : {static_cast<QWidget*>(m_indices), static_cast<QWidget*>(m_stop),
                                   static_cast<QWidget*>(m_calculate)})
@@ -397,6 +406,22 @@ void StationWindow::showState()
     if (!running && !m_looking)
         m_message->showText(m_import.isOpen() ? toQt(why) : QString());
     emit resultsChanged();
+}
+
+void StationWindow::showCharts()
+{
+    if (m_pages->currentWidget() != m_charts || !m_seenView)
+        return;
+    const QString since = earlier();
+    const bool same = m_chartedView == m_seenView;
+    if (same && m_chartedEarlier == since)
+        return;
+    m_chartedView = m_seenView;
+    m_chartedEarlier = since;
+    m_charts->show(std::make_shared<workbench::StoreRows>(
+                       m_seen, m_seenView->filtered ? std::optional(m_seenView->rows) : std::nullopt,
+                       m_seenView->words, fromQt(since)),
+                   same);
 }
 
 // --- files, the end

@@ -6,6 +6,7 @@
 #include "ui/form_window.h"
 #include "workbench/import_desk.h"
 #include "workbench/run_desk.h"
+#include "workbench/view.h"
 #include "workspace/latest_runner.h"
 #include "workspace/workspace.h"
 
@@ -22,6 +23,7 @@ class QTabWidget;
 
 namespace comfortics::ui {
 
+class ChartsPage;
 class CutLabel;
 class MappingPage;
 class ResultsPage;
@@ -55,9 +57,10 @@ public:
     void calculate();
     void stop();
 
-    /// Mapping, Results, and what is added.
+    /// Mapping, Results and Charts.
     QTabWidget& pages() const { return *m_pages; }
     ResultsPage& results() const { return *m_results; }
+    ChartsPage& charts() const { return *m_charts; }
     MappingPage& mappingPage() const { return *m_mapping; }
     const workbench::ImportDesk& importDesk() const { return m_import; }
     const Surroundings& surroundings() const { return m_surroundings; }
@@ -90,6 +93,7 @@ private:
     void begin();
     void showState();
     void showProgress();
+    void showCharts();
     tables::RunOptions options() const;
     std::string friction() const;
 
@@ -102,6 +106,13 @@ private:
     QTabWidget* m_pages;
     MappingPage* m_mapping;
     ResultsPage* m_results;
+    ChartsPage* m_charts;
+    // Rows and their view that belong together, and what of them the charts show: those are made when they
+    // are looked at.
+    std::shared_ptr<const workbench::TableStore> m_seen;
+    std::shared_ptr<const workbench::View> m_seenView;
+    std::shared_ptr<const workbench::View> m_chartedView;
+    QString m_chartedEarlier;
     QPushButton* m_open;
     QPushButton* m_paste;
     CutLabel* m_name;
