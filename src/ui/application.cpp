@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/application.h"
 
+#include "ui/colors.h"
 #include "ui/comparison_panel.h"
 #include "ui/person_panel.h"
 #include "ui/report_dialog.h"
@@ -33,6 +34,8 @@ namespace comfortics::ui {
 namespace {
 
 constexpr float kQuiet = 0.6F;
+constexpr int kLeastLinkLightness = 150; // of 255, on a dark ground
+constexpr QColor kLinkOnDark(0x7A, 0xB8, 0xFF);
 constexpr std::chrono::seconds kQuietBeforeKeeping{2};
 
 // The window comes and goes with its form. It may be on the stack when its form goes.
@@ -47,15 +50,18 @@ void pair(shell::FormSlot<Form>& slot, std::unique_ptr<Window>& window,
     });
 }
 
-// Some desktops leave this colour as it is on a light ground.
-void fadePlaceholders()
+// Some desktops leave these colours as they are on a light ground.
+void mendColors()
 {
     QPalette palette = QApplication::palette();
     QColor quiet = palette.color(QPalette::Text);
     quiet.setAlphaF(kQuiet);
-    if (palette.color(QPalette::PlaceholderText) == quiet)
+    const bool darkLinks = isDark(palette) && palette.color(QPalette::Link).lightness() < kLeastLinkLightness;
+    if (palette.color(QPalette::PlaceholderText) == quiet && !darkLinks)
         return;
     palette.setColor(QPalette::PlaceholderText, quiet);
+    if (darkLinks)
+        palette.setColor(QPalette::Link, kLinkOnDark);
     QApplication::setPalette(palette);
 }
 
@@ -65,14 +71,14 @@ Appearance::Appearance()
 {
     loadPictures();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/comfortics.svg")));
-    fadePlaceholders();
+    mendColors();
     qApp->installEventFilter(this);
 }
 
 bool Appearance::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange)
-        fadePlaceholders();
+        mendColors();
     return QObject::eventFilter(watched, event);
 }
 
