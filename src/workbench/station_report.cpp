@@ -122,7 +122,7 @@ std::string summaryRows(const StationReport& report)
               std::pair(index.outsideWind, "outside wind limits"), std::pair(index.noValue, "no value"),
               std::pair(index.failed, "failed")})
             if (count > 0)
-                why += (why.empty() ? "" : ", ") + std::to_string(count) + " " + words;
+                why.append(why.empty() ? "" : ", ").append(std::to_string(count)).append(" ").append(words);
         rows += row(
             {std::to_string(index.index) + "&nbsp;",
              escaped(entry.name) + (entry.shownUnit().empty() ? "" : " [" + escaped(entry.shownUnit()) + "]"),
