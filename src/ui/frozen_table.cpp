@@ -23,6 +23,7 @@ constexpr int kCharactersOfFigure = 20;
 constexpr int kCharactersOfText = 22;
 constexpr int kCharactersOfLine = 9;
 constexpr int kBesideSign = 4;
+constexpr int kRoomOfSign = 14; // the field around it, too
 constexpr int kLinesOfHeader = 4;
 
 // Beside a figure the sign of its class in its colour.
@@ -35,7 +36,12 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        QStyledItemDelegate::paint(painter, option, index);
+        // The figure makes room for the sign, be it its own or that of its neighbours.
+        QStyleOptionViewItem beside = option;
+        if (m_coloured && index.data(StationModel::kFigureRole).toBool())
+            beside.rect.adjust(0, 0,
+                               -option.fontMetrics.horizontalAdvance(QStringLiteral("+4")) - kRoomOfSign, 0);
+        QStyledItemDelegate::paint(painter, beside, index);
         if (!m_coloured)
             return;
         const QVariant severity = index.data(StationModel::kSeverityRole);
@@ -49,9 +55,6 @@ public:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        // The figure makes room for the sign, whether its own or that of its neighbours.
-        if (m_coloured && index.data(Qt::TextAlignmentRole).value<Qt::Alignment>().testFlag(Qt::AlignRight))
-            option->text += QStringLiteral("          ");
         if (m_quiet)
             option->palette.setColor(QPalette::Text, option->palette.color(QPalette::PlaceholderText));
     }

@@ -151,6 +151,8 @@ QVariant StationModel::data(const QModelIndex& index, int role) const
             break;
         }
         return {};
+    case kFigureRole:
+        return column.kind == Column::Kind::Figure && m_store->state(row) == RowState::Calculated;
     case kSeverityRole:
         if (column.kind == Column::Kind::Figure)
             if (const auto meaning = m_store->meaning(row, column.place))

@@ -24,6 +24,8 @@ public:
     };
     /// The role of the catalogue::Meaning that a cell's value has: its severity; none where it has none.
     static constexpr int kSeverityRole = Qt::UserRole;
+    /// Whether a cell is that of an index in a row that was calculated.
+    static constexpr int kFigureRole = Qt::UserRole + 1;
 
     using QAbstractTableModel::QAbstractTableModel;
 

@@ -157,8 +157,8 @@ void SummaryDialog::show(const Summary& summary)
     const int character = fontMetrics().averageCharWidth();
     for (int column = 0; column < m_table->columnCount(); ++column)
         m_table->setColumnWidth(column, character * (column == 1                    ? 40
-                                                     : column == 10 || column == 12 ? 22
-                                                                                    : 12));
+                                                     : column == 10 || column == 12 ? 26
+                                                                                    : 14));
     if (rows > 0)
         m_table->setCurrentCell(0, 0);
     showClasses();
