@@ -123,11 +123,12 @@ std::string summaryRows(const StationReport& report)
               std::pair(index.failed, "failed")})
             if (count > 0)
                 why.append(why.empty() ? "" : ", ").append(std::to_string(count)).append(" ").append(words);
+        if (!why.empty())
+            blank.append("<br><small>").append(why).append("</small>");
         rows += row(
             {std::to_string(index.index) + "&nbsp;",
              escaped(entry.name) + (entry.shownUnit().empty() ? "" : " [" + escaped(entry.shownUnit()) + "]"),
-             std::to_string(index.values) + "&nbsp;",
-             blank + (why.empty() ? "" : "<br><small>" + why + "</small>"), any ? mean(*index.mean) : "–",
+             std::to_string(index.values) + "&nbsp;", blank, any ? mean(*index.mean) : "–",
              any ? mean(index.percentiles[1]) : "–", any ? mean(index.percentiles[3]) : "–",
              any ? mean(index.percentiles[5]) : "–", any ? extremeText(column, index.lowest) : "–",
              any ? extremeText(column, index.highest) : "–"});
