@@ -19,8 +19,8 @@ namespace comfortics::ui {
 class ChartPainter {
 public:
     /// The chart must outlive it. The font has a size in pixels.
-    ChartPainter(const workbench::Chart& chart, QFont font, QPalette palette)
-        : m_chart(chart), m_font(std::move(font)), m_palette(std::move(palette))
+    ChartPainter(const workbench::Chart& chart, const QFont& font, const QPalette& palette)
+        : m_chart(chart), m_font(font), m_palette(palette)
     {
     }
 
