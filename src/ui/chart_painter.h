@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 class QPainter;
 
@@ -19,8 +20,8 @@ namespace comfortics::ui {
 class ChartPainter {
 public:
     /// The chart must outlive it. The font has a size in pixels.
-    ChartPainter(const workbench::Chart& chart, const QFont& font, const QPalette& palette)
-        : m_chart(chart), m_font(font), m_palette(palette)
+    ChartPainter(const workbench::Chart& chart, const QFont& font, QPalette palette)
+        : m_chart(chart), m_font(font), m_palette(std::move(palette))
     {
     }
 

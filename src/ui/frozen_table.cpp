@@ -24,7 +24,7 @@ constexpr int kCharactersOfText = 22;
 constexpr int kCharactersOfLine = 9;
 constexpr int kBesideSign = 4;
 constexpr int kRoomOfSign = 14; // the field around it, too
-constexpr int kLinesOfHeader = 4;
+constexpr int kLinesOfHeader = 5;
 
 // Beside a figure the sign of its class in its colour.
 class SignedFigures : public QStyledItemDelegate {

@@ -86,14 +86,14 @@ ResultsPage::ResultsPage(QWidget* parent)
         if (m_finding.hasWords())
             step(true);
     });
-    m_filter = button(QStringLiteral("&Filter …"), QStringLiteral("cmd_Filter_Rows"),
+    m_filter = button(QStringLiteral("&Filter rows …"), QStringLiteral("cmd_Filter_Rows"),
                       QStringLiteral("Shows only rows that meet a condition (Ctrl+Shift+L)"));
     m_summary = button(QStringLiteral("S&ummary …"), QStringLiteral("cmd_Summary"),
                        QStringLiteral("What the rows in sight come to, index by index: counts, means, "
                                       "percentiles, extremes, hours in each class"));
     m_export = button(QStringLiteral("&Export …"), QStringLiteral("cmd_Export_Rows"),
                       QStringLiteral("Writes the rows in sight or all of them to a file (Ctrl+E)"));
-    m_again = button(QStringLiteral("&Robust for the rows that failed"), QStringLiteral("cmd_Again"),
+    m_again = button(QStringLiteral("Robust for the rows that faile&d"), QStringLiteral("cmd_Again"),
                      QStringLiteral("Calculates the rows that failed again, by the robust rules; they are "
                                     "marked, and all other rows stay as they are"));
     m_coloured = new QCheckBox(QStringLiteral("&Class colours"));

@@ -125,8 +125,9 @@ void StationReportDialog::showPage()
     takeTexts();
     const int place = m_page->verticalScrollBar()->value();
     const int room = std::min(kChartSize.width(), m_page->viewport()->width() - 4 * kGap);
-    write(workbench::stationReportPage(m_gathered->report, room), m_gathered->pictures, *m_page->document(),
-          kScreenSharpness);
+    write(workbench::stationReportPage(m_gathered->report, room,
+                                       kChartSize.height() * room / kChartSize.width()),
+          m_gathered->pictures, *m_page->document(), kScreenSharpness);
     m_page->moveCursor(QTextCursor::Start);
     m_page->verticalScrollBar()->setValue(place);
 }
@@ -143,8 +144,8 @@ void StationReportDialog::save(Form form)
     std::string bytes;
     if (pdf)
         bytes = pdfOf([this](QTextDocument& document) {
-            write(workbench::stationReportPage(m_gathered->report, kChartSize.width()), m_gathered->pictures,
-                  document);
+            write(workbench::stationReportPage(m_gathered->report, kChartSize.width(), kChartSize.height()),
+                  m_gathered->pictures, document);
         });
     else
         bytes = workbench::stationReportHtml(m_gathered->report, m_gathered->pictures);

@@ -89,7 +89,7 @@ StationWindow::StationWindow(StationForm& form, const Surroundings& surroundings
     layout->addWidget(buildTop());
     layout->addWidget(m_pages, 1);
     layout->addWidget(buildBottom());
-    setCentralWidget(content);
+    setCentralWidget(new ContentArea(content));
 
     connect(m_mapping, &MappingPage::reshapeWanted, this,
             [this](const tables::Shape& told) { look(m_import.reshaped(told)); });
@@ -176,7 +176,7 @@ QWidget* StationWindow::buildBottom()
     m_stop = button(QStringLiteral("&Stop"), QStringLiteral("cmd_Stop_Run"),
                     QStringLiteral("Ends the run (Escape); the rows that are done stay"));
     m_stop->setIcon(style()->standardIcon(QStyle::SP_BrowserStop));
-    m_calculate = button(QStringLiteral("C&alculate"), QStringLiteral("cmd_Calculate_Station"),
+    m_calculate = button(QStringLiteral("Calculate"), QStringLiteral("cmd_Calculate_Station"),
                          QStringLiteral("Calculates the chosen indices of every row (F5)"));
     m_calculate->setIcon(QIcon(QStringLiteral(":/calculate.svg")));
     m_calculate->setShortcut(Qt::Key_F5);

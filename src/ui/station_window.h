@@ -113,15 +113,15 @@ private:
     std::shared_ptr<const workbench::View> m_seenView;
     std::shared_ptr<const workbench::View> m_chartedView;
     QString m_chartedEarlier;
-    QPushButton* m_open;
-    QPushButton* m_paste;
-    CutLabel* m_name;
-    QLabel* m_rules;
-    QPushButton* m_indices;
-    QProgressBar* m_bar;
-    QLabel* m_left;
-    QPushButton* m_stop;
-    QPushButton* m_calculate;
+    QPushButton* m_open = nullptr;
+    QPushButton* m_paste = nullptr;
+    CutLabel* m_name = nullptr;
+    QLabel* m_rules = nullptr;
+    QPushButton* m_indices = nullptr;
+    QProgressBar* m_bar = nullptr;
+    QLabel* m_left = nullptr;
+    QPushButton* m_stop = nullptr;
+    QPushButton* m_calculate = nullptr;
     CutLabel* m_message;
     QTimer m_ticks;
     // Last: they end before what they tell goes.

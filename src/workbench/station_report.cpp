@@ -105,6 +105,13 @@ std::string extremeText(const ChartColumn& column, const tables::Extreme& extrem
            "</small>";
 }
 
+// With widths, or the reasons of blanks would leave the names none.
+constexpr const char* kSummaryHeader =
+    "<tr><th width=\"5%\">No</th><th width=\"26%\">Thermal index</th><th width=\"7%\">Values</th>"
+    "<th width=\"13%\">Blank</th><th width=\"7%\">Mean</th><th width=\"7%\">P5</th>"
+    "<th width=\"7%\">Median</th><th width=\"7%\">P95</th><th width=\"10%\">Lowest</th>"
+    "<th width=\"11%\">Highest</th></tr>";
+
 std::string summaryRows(const StationReport& report)
 {
     using workspace::row;
@@ -150,14 +157,11 @@ std::string page(const StationReport& report, const std::vector<std::string>& pi
     html += "<h2>Where the figures are from</h2>\n<table width=\"100%\" cellpadding=\"2\">";
     for (const auto& [name, text] : report.facts)
         html += row({escaped(name), escaped(text)});
-    html +=
-        "</table>\n<h2>Rows</h2>\n<table width=\"100%\" cellpadding=\"2\">" + countRows(report) +
-        "</table>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" +
-        row({"No", "Thermal index", "Values", "Blank", "Mean", "P5", "Median", "P95", "Lowest", "Highest"},
-            "th") +
-        summaryRows(report) +
-        "</table>\n<p><small>Blank are values of calculated rows. Percentiles with linear "
-        "interpolation.</small></p>\n";
+    html += "</table>\n<h2>Rows</h2>\n<table width=\"100%\" cellpadding=\"2\">" + countRows(report) +
+            "</table>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" + kSummaryHeader +
+            summaryRows(report) +
+            "</table>\n<p><small>Blank are values of calculated rows. Percentiles with linear "
+            "interpolation.</small></p>\n";
     for (std::size_t i = 0; i < report.charts.size() && i < pictures.size(); ++i) {
         const Chart& chart = report.charts[i];
         html += "<h2>" + escaped(chart.title) + "</h2>\n" + pictures[i] + "\n<p><small>" +
@@ -273,12 +277,12 @@ std::string stationReportHtml(const StationReport& report, const std::vector<std
     return page(report, pictures, workspace::kBrowserStyle);
 }
 
-std::string stationReportPage(const StationReport& report, int width)
+std::string stationReportPage(const StationReport& report, int width, int height)
 {
     std::vector<std::string> pictures;
     for (std::size_t i = 0; i < report.charts.size(); ++i)
         pictures.push_back("<p><img src=\"" + chartFileName(i) + "\" width=\"" + std::to_string(width) +
-                           "\"></p>");
+                           "\" height=\"" + std::to_string(height) + "\"></p>");
     return page(report, pictures);
 }
 

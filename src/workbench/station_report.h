@@ -50,7 +50,7 @@ std::optional<StationReport> stationReport(const StoreRows& rows, const StationR
 std::string stationReportHtml(const StationReport& report, const std::vector<std::string>& pictures);
 
 /// The same for a printer or a screen, which refers to its charts as "chart1.svg" and so on and shows them in
-/// a width [pixel].
-std::string stationReportPage(const StationReport& report, int width);
+/// a size [pixel].
+std::string stationReportPage(const StationReport& report, int width, int height);
 
 } // namespace comfortics::workbench

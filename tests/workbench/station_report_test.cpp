@@ -47,7 +47,7 @@ TEST(StationReport, TellsOfItsStationAndTimeAlone)
     EXPECT_NE(html.find("<h1>A &amp; B</h1>"), std::string::npos);
     EXPECT_NE(html.find("<svg/>"), std::string::npos);
     EXPECT_EQ(html.find("<B>"), std::string::npos);
-    EXPECT_NE(stationReportPage(*report, 700).find("src=\"chart4.svg\""), std::string::npos);
+    EXPECT_NE(stationReportPage(*report, 700, 400).find("src=\"chart4.svg\""), std::string::npos);
     EXPECT_FALSE(stationReport(rows, {.station = 0}, [] { return false; }));
 }
 
