@@ -917,7 +917,8 @@ std::optional<ChartPlace> ChartPainter::placeAt(const QRectF& room, const QPoint
         }
         std::optional<ChartPlace> operator()(const workbench::ClassHours& hours) const
         {
-            const auto month = std::min(static_cast<std::size_t>(along + 0.5), hours.months.size() - 1);
+            const auto month = std::min(static_cast<std::size_t>(std::lround(std::max(0.0, along))),
+                                        hours.months.size() - 1);
             double below = 0;
             for (std::size_t i = 0; i < hours.classes.size(); ++i) {
                 below += hours.months[month].amounts[i];

@@ -26,6 +26,7 @@ namespace {
 
 constexpr QSize kSize(860, 720);
 constexpr QSize kChartSize(760, 420);
+constexpr QSize kPaperChart(640, 354); // within the margins of A4
 constexpr int kScreenSharpness = 2;
 constexpr int kNoteLines = 2;
 constexpr std::chrono::milliseconds kPause{200};
@@ -144,7 +145,7 @@ void StationReportDialog::save(Form form)
     std::string bytes;
     if (pdf)
         bytes = pdfOf([this](QTextDocument& document) {
-            write(workbench::stationReportPage(m_gathered->report, kChartSize.width(), kChartSize.height()),
+            write(workbench::stationReportPage(m_gathered->report, kPaperChart.width(), kPaperChart.height()),
                   m_gathered->pictures, document);
         });
     else

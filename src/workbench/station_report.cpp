@@ -107,10 +107,10 @@ std::string extremeText(const ChartColumn& column, const tables::Extreme& extrem
 
 // With widths, or the reasons of blanks would leave the names none.
 constexpr const char* kSummaryHeader =
-    "<tr><th width=\"5%\">No</th><th width=\"26%\">Thermal index</th><th width=\"7%\">Values</th>"
-    "<th width=\"13%\">Blank</th><th width=\"7%\">Mean</th><th width=\"7%\">P5</th>"
-    "<th width=\"7%\">Median</th><th width=\"7%\">P95</th><th width=\"10%\">Lowest</th>"
-    "<th width=\"11%\">Highest</th></tr>";
+    "<tr><th width=\"5%\">No</th><th width=\"24%\">Thermal index</th><th width=\"8%\">Values</th>"
+    "<th width=\"13%\">Blank</th><th width=\"8%\">Mean</th><th width=\"7%\">P5</th>"
+    "<th width=\"8%\">Median</th><th width=\"7%\">P95</th><th width=\"10%\">Lowest</th>"
+    "<th width=\"10%\">Highest</th></tr>";
 
 std::string summaryRows(const StationReport& report)
 {

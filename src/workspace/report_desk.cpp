@@ -13,7 +13,7 @@ namespace comfortics::workspace {
 
 namespace {
 
-constexpr std::size_t kLongestName = 80; // [bytes]
+constexpr std::size_t kLongestFileName = 80; // [bytes]
 
 constexpr const char* kTitle = "Save Report";
 
@@ -22,7 +22,7 @@ std::string fileName(const std::string& heading, const std::string& when)
 {
     std::string name(texts::trimmed(heading));
     std::erase_if(name, [](unsigned char c) { return c < ' ' || std::strchr("\\/:*?\"<>|", c) != nullptr; });
-    if (name.empty() || name.size() > kLongestName || name.front() == '.')
+    if (name.empty() || name.size() > kLongestFileName || name.front() == '.')
         name = "Report";
     return name + " " + when.substr(0, when.find(' '));
 }
