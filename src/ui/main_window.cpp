@@ -105,7 +105,11 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
     });
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // The panels close with the window, which is no longer there to arrange itself for it.
+    m_panels->disconnect(this);
+}
 
 QWidget* MainWindow::buildContent()
 {
