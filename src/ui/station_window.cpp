@@ -122,7 +122,7 @@ StationWindow::StationWindow(StationForm& form, const Surroundings& surroundings
     for (std::size_t i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
 
-    listen(*this, m_import.changed, [this] { showState(); });
+    listen(*centralWidget(), m_import.changed, [this] { showState(); });
     listen(*this, m_surroundings.workspace.changed, [this] { showState(); });
     listen(*this, m_surroundings.workspace.form().List_Indices.change, [this] { showState(); });
     setAcceptDrops(true);
@@ -132,7 +132,12 @@ StationWindow::StationWindow(StationForm& form, const Surroundings& surroundings
     m_open->setFocus();
 }
 
-StationWindow::~StationWindow() = default;
+StationWindow::~StationWindow()
+{
+    // The pages listen to what ends with this window.
+    m_pages->disconnect(this);
+    delete takeCentralWidget();
+}
 
 QWidget* StationWindow::buildTop()
 {
