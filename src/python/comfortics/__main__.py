@@ -132,13 +132,15 @@ def _dataset(options, named, choices, place):
             if result.nbytes > _free(place):
                 raise OSError(errno.ENOSPC, f"It takes {result.nbytes / 2**20:.1f} MB")
             delayed = result.to_netcdf(place, compute=False)
+        # Threads that read one NetCDF file and write another can wait for each other's locks for ever.
+        scheduler = {} if _kind(options.output) == ".zarr" else {"scheduler": "synchronous"}
         if options.quiet:
-            delayed.compute()
+            delayed.compute(**scheduler)
         else:
             from dask.diagnostics import ProgressBar
 
             with ProgressBar(out=sys.stderr):
-                delayed.compute()
+                delayed.compute(**scheduler)
 
 
 def _table(options, named, choices, place):
