@@ -476,15 +476,13 @@ private:
         if (const TimeTerm* const time = findTerm<kTimeTerms>(name); time != nullptr && isTime(i, *time)) {
             use.role = time->role;
             use.because = "Its name holds \"" + std::string(time->words) + "\".";
-            if (use.role == Role::Hour && highest(i) > 24) {
-                use.role = Role::HourMinute;
-                use.because += " Hours and minutes are written together.";
-            }
+            judgeHour(i, use);
             return;
         }
         if (const TimeTerm* const time = shortTime(name); time != nullptr && isTime(i, *time)) {
             use.role = time->role;
             use.because = "It stands behind a year.";
+            judgeHour(i, use);
             return;
         }
         const bool other = findTerm<kOthers>(name) != nullptr;
@@ -584,6 +582,14 @@ private:
             return nullptr;
         const TimeTerm& term = kShortTimes[found - all.begin()];
         return has(term.role) ? nullptr : &term;
+    }
+
+    void judgeHour(std::size_t i, ColumnUse& use) const
+    {
+        if (use.role != Role::Hour || highest(i) <= 24)
+            return;
+        use.role = Role::HourMinute;
+        use.because += " Hours and minutes are written together.";
     }
 
     double highest(std::size_t i) const

@@ -113,6 +113,7 @@ TEST(TableMapping, TheShapesOfLoggersAndServicesAreKnown)
          "2019-07-01T12:00:00 30||100|12||"},
         {"year,doy,hour,airT,RH,u2\n2019,182,30,31,35,1\n2019,365,2400,31,35,1\n",
          "2020-01-01T00:00:00 31||||35|0.8873"},
+        {"year,mo,dy,hr,airT\n2019,7,1,1330,31\n", "2019-07-01T13:30:00 31|||||"},
         {"year,doy,hour,airT\n2019,365,1300,31\n2019,366,1300,31\n",
          "refused: \"2019 366 1300\" is no date and time"},
         {"Date (MM/DD/YYYY),Time (HH:MM),Dry-bulb (C),Dew-point (C)\n02/01/1988,24:00,8,-5\n",
