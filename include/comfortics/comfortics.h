@@ -8,6 +8,7 @@
 #include <comfortics/column.h>
 #include <comfortics/evaluate.h>
 #include <comfortics/models.h>
+#include <comfortics/person.h>
 #include <comfortics/radiation.h>
 #include <comfortics/status.h>
 #include <comfortics/units.h>

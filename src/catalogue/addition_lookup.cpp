@@ -3,7 +3,7 @@
 // What is asked of the table of the models: lookups, and one point of a model.
 #include "catalogue/addition_inputs.h"
 #include "catalogue/additions.h"
-#include "standards/pet_body.h"
+#include "catalogue/rates.h"
 #include "values/plain_text.h"
 #include "values/same_letters.h"
 
@@ -184,7 +184,9 @@ std::optional<double> inputValue(const InputInfo& input, std::string_view text)
     double value = kNaN;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     const bool isWhole = error == std::errc() && end == text.data() + text.size();
-    return isWhole && std::isfinite(value) ? std::optional(value) : std::nullopt;
+    if (isWhole)
+        return std::isfinite(value) ? std::optional(value) : std::nullopt;
+    return valueInUnit(input, text);
 }
 
 const Choice* choiceWith(std::span<const Choice> choices, double value) noexcept
@@ -254,32 +256,6 @@ const Finder& additionFinder()
 {
     static const Finder all{additionSubjects()};
     return all;
-}
-
-namespace {
-constexpr double kWattsPerMet = 58.15; // of ISO [W/m²]
-} // namespace
-
-double metabolicRateFor(const InputInfo& input, double met, const Body& body)
-{
-    if (&input == &inputs::kMet)
-        return met;
-    if (&input == &inputs::kMetabolicWm2)
-        return kWattsPerMet * met;
-    const double watts = kWattsPerMet * met * standards::bodySurface(body.weight, body.height).area;
-    if (&input == &inputs::kMetabolicW)
-        return watts;
-    if (&input == &inputs::kActivityW)
-        return watts - standards::pet_body::basalRate(
-                           {.age = body.age, .sex = body.sex, .height = body.height, .weight = body.weight});
-    return kNaN;
-}
-
-double workFor(const InputInfo& input, double met)
-{
-    if (&input == &inputs::kWorkMet)
-        return met;
-    return &input == &inputs::kWorkWm2 ? kWattsPerMet * met : kNaN;
 }
 
 } // namespace comfortics::catalogue

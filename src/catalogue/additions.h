@@ -189,8 +189,8 @@ std::span<const InputInfo* const> additionInputs();
 /// The input of an id, null where there is none.
 const InputInfo* additionInputOfId(std::string_view id);
 
-/// The number that a text gives an input: a word or a number of an option, a finite number else. None for
-/// others.
+/// The number that a text gives an input: a word or a number of an option, a finite number else, which may
+/// carry a unit that converts without a body (valueInUnit). None for others.
 std::optional<double> inputValue(const InputInfo& input, std::string_view text);
 
 /// The number of a word or of a number of an option, whatever the case; none for others.
@@ -235,12 +235,13 @@ struct Body {
     double weight = standards::kNaN; ///< [kg]
     double height = standards::kNaN; ///< [m]
     double age = standards::kNaN;    ///< [years]
-    standards::Sex sex = standards::Sex::Male;
+    std::optional<standards::Sex> sex{};
+    double area = standards::kNaN; ///< [m²]; where there is none it follows from weight and height
 };
 
 /// The metabolic rate of a person in the unit of an input: as it is for one in met; 58.15 W/m² for each met
 /// for one in W/m², times the surface of DuBois for one in W, less the basal rate for the activity above
-/// that. NaN where the body does not tell, or the input is no metabolic rate.
+/// that. NaN where the body does not tell, or the input is no metabolic rate. See rates.h.
 double metabolicRateFor(const InputInfo& input, double met, const Body& body);
 
 /// The same of external work, in met or W/m².
