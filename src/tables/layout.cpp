@@ -32,37 +32,71 @@ std::string separatorName(char separator)
         return "tabs";
     case ' ':
         return "blanks";
+    case kFixedWidth:
+        return "their fixed widths";
     default:
         return std::string("\"") + separator + "\"";
     }
 }
 
-// One line of the sample.
+// One line of the sample, or several that a quoted cell reaches over.
 struct Line {
     std::string_view text;
     std::size_t number = 0;
     std::string_view comment; // the mark that it begins with
 };
 
-std::vector<Line> linesOf(std::string_view text, bool whole)
+bool opensQuote(std::string_view line)
+{
+    return std::count(line.begin(), line.end(), '"') % 2 != 0;
+}
+
+// To the end of the line, or of the one, not far below, that closes a quote.
+std::size_t endOfCells(std::string_view text)
+{
+    constexpr int kMostTogether = 6;
+    const std::size_t first = text.find_first_of("\r\n");
+    std::size_t end = first;
+    for (int i = 0; end != std::string_view::npos && opensQuote(text.substr(0, end)); ++i) {
+        if (i == kMostTogether)
+            return first;
+        end = text.find_first_of("\r\n", text.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
+    }
+    return end == std::string_view::npos ? first : end;
+}
+
+std::size_t lineEnds(std::string_view text)
+{
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        count += text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n") ? 1U : 0U;
+    return count;
+}
+
+std::vector<Line> linesOf(std::string_view text, bool whole, const std::optional<std::string>& comment)
 {
     std::vector<Line> lines;
     std::size_t number = 1;
     while (!text.empty() && lines.size() < kMostLines) {
-        const std::size_t end = text.find_first_of("\r\n");
+        const std::size_t end = endOfCells(text);
         if (end == std::string_view::npos && !whole && !lines.empty())
             break; // cut off
         const std::string_view line = text.substr(0, end);
         if (!trimmed(line).empty()) {
             Line& added = lines.emplace_back(Line{line, number, {}});
-            for (const std::string_view mark : kCommentMarks)
-                if (line.starts_with(mark))
-                    added.comment = mark;
+            if (comment) {
+                if (!comment->empty() && line.starts_with(*comment))
+                    added.comment = line.substr(0, comment->size());
+            } else {
+                for (const std::string_view mark : kCommentMarks)
+                    if (line.starts_with(mark))
+                        added.comment = mark;
+            }
         }
         if (end == std::string_view::npos)
             break;
         text.remove_prefix(text.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
-        ++number;
+        number += 1 + lineEnds(line);
     }
     return lines;
 }
@@ -85,6 +119,7 @@ CellKind kindOf(std::string_view written)
 // The lines as one separator divides them.
 struct Division {
     char separator = ',';
+    std::vector<std::size_t> edges;              // of fixed columns
     std::vector<std::vector<std::string>> cells; // of each line
     std::size_t columns = 1;                     // of most lines with readings
     double score = 0;
@@ -119,16 +154,57 @@ struct Division {
     }
 };
 
+// Half of the cells at least are readings.
+bool holdsReadings(const std::vector<std::string>& cells)
+{
+    std::size_t readings = 0;
+    for (const std::string& cell : cells)
+        readings += kindOf(cell) != CellKind::Text ? 1U : 0U;
+    return readings > 0 && 2 * readings >= cells.size();
+}
+
+// The characters that lines of readings all leave blank part columns of fixed width: where each but the last
+// of these ends.
+std::vector<std::size_t> edgesOf(const std::vector<Line>& lines)
+{
+    std::vector<bool> used;
+    std::vector<std::string> cells;
+    for (const Line& line : lines) {
+        if (!line.comment.empty() || !splitLine(line.text, ' ', cells) || !holdsReadings(cells))
+            continue;
+        std::size_t character = 0;
+        for (const char c : line.text) {
+            if ((static_cast<unsigned char>(c) & 0xC0U) == 0x80)
+                continue;
+            if (used.size() <= character)
+                used.resize(character + 1);
+            used[character] = used[character] || (c != ' ' && c != '\t');
+            ++character;
+        }
+    }
+    std::vector<std::size_t> edges;
+    for (std::size_t i = 1; i < used.size(); ++i)
+        if (used[i - 1] && !used[i])
+            edges.push_back(i);
+    if (!edges.empty() &&
+        std::find(used.begin() + static_cast<std::ptrdiff_t>(edges.back()), used.end(), true) == used.end())
+        edges.pop_back(); // blanks behind the last column
+    return edges;
+}
+
 Division divide(const std::vector<Line>& lines, char separator)
 {
     Division division;
     division.separator = separator;
+    if (separator == kFixedWidth)
+        division.edges = edgesOf(lines);
     std::map<std::size_t, std::size_t> widths;
     double goodCells = 0;
     std::map<std::size_t, double> good;
     for (const Line& line : lines) {
         auto& row = division.cells.emplace_back();
-        if (!splitLine(line.text, separator, row))
+        if (!(separator == kFixedWidth ? splitAtEdges(line.text, division.edges, row)
+                                       : splitLine(line.text, separator, row)))
             row.assign(1, std::string(line.text));
         if (!line.comment.empty())
             continue;
@@ -156,6 +232,16 @@ Division divide(const std::vector<Line>& lines, char separator)
     return division;
 }
 
+// Rows of readings with other numbers of cells: some may be blank, which runs of blanks do not tell.
+bool variesInCells(const std::vector<Line>& lines, const Division& division)
+{
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (lines[i].comment.empty() && division.cells[i].size() != division.columns &&
+            division.cells[i].size() > 1 && holdsReadings(division.cells[i]))
+            return true;
+    return false;
+}
+
 Division bestDivision(const std::vector<Line>& lines, const Shape& told)
 {
     if (told.separator)
@@ -170,7 +256,12 @@ Division bestDivision(const std::vector<Line>& lines, const Shape& told)
             any = true;
         }
     }
-    return best.score > 0 ? best : divide(lines, ',');
+    if (best.score <= 0)
+        return divide(lines, ',');
+    if (best.separator == ' ' && variesInCells(lines, best))
+        if (Division fixed = divide(lines, kFixedWidth); fixed.columns >= best.columns)
+            return fixed;
+    return best;
 }
 
 // A unit in brackets or behind a blank or an underscore at the end of a name.
@@ -195,6 +286,11 @@ std::string unitInName(std::string_view name)
         if (last != "1" && !unitSymbol(last).empty())
             return std::string(last);
     }
+    // "WindSpeedKMH", "TemperatureC"
+    for (std::size_t i = 1; i < text.size(); ++i)
+        if (text[i - 1] >= 'a' && text[i - 1] <= 'z' && text[i] >= 'A' && text[i] <= 'Z' &&
+            !unitSymbol(text.substr(i)).empty())
+            return std::string(text.substr(i));
     return {};
 }
 
@@ -216,47 +312,180 @@ bool isStationLine(const std::vector<std::string>& cells)
     return cells.front() == "TOA5" || cells.front() == "TOACI1";
 }
 
-void findHeader(Layout& layout, const std::vector<Line>& lines, const Division& division, std::size_t first,
-                std::size_t data)
+// What two blanks or a tab part in a line, and the characters from and to which it stands.
+struct Name {
+    std::string text;
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+std::vector<Name> namesIn(std::string_view line)
 {
-    std::vector<std::size_t> above; // lines of names, units and the like, nearest last
+    std::vector<Name> names;
+    std::size_t character = 0;
+    std::size_t blanks = 2;
+    for (const char c : line) {
+        if (c == ' ' || c == '\t') {
+            blanks += c == '\t' ? 2U : 1U;
+        } else {
+            if (blanks > 1)
+                names.push_back({{}, character, character});
+            else if (blanks == 1)
+                names.back().text += ' ';
+            blanks = 0;
+            names.back().text += c;
+            names.back().end = character + 1;
+        }
+        character += (static_cast<unsigned char>(c) & 0xC0U) == 0x80 ? 0U : 1U;
+    }
+    return names;
+}
+
+// The names that a line has above columns of fixed width; none where it has too few of them.
+std::vector<std::string> namesAbove(std::string_view line, const std::vector<std::size_t>& edges)
+{
+    const std::vector<Name> names = namesIn(line);
+    std::vector<std::string> cells(edges.size() + 1);
+    if (2 * names.size() < cells.size())
+        return {};
+    const auto columnAt = [&edges](std::size_t character) {
+        return static_cast<std::size_t>(std::upper_bound(edges.begin(), edges.end(), character) -
+                                        edges.begin());
+    };
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::size_t first = columnAt(names[i].begin);
+        const std::size_t last = columnAt(names[i].end - 1);
+        std::vector<std::string> parts;
+        const bool several = last > first && splitLine(names[i].text, ' ', parts) &&
+                             parts.size() == last - first + 1; // a word above each
+        std::size_t column = last;                             // numbers stand at the right of their columns
+        if (names.size() == cells.size() || !several)
+            parts = {names[i].text};
+        else
+            column = first;
+        if (names.size() == cells.size())
+            column = i;
+        for (const std::string& part : parts) {
+            cells[column] += (cells[column].empty() ? "" : " ") + part;
+            ++column;
+        }
+    }
+    return cells;
+}
+
+// The cells of a line as names or units of the columns, whatever it begins with.
+std::vector<std::string> headOf(const Line& line, std::size_t place, const Division& division,
+                                const std::vector<std::size_t>& edges)
+{
+    std::vector<std::string> cells = division.cells[place];
+    const bool fixed = division.separator == kFixedWidth;
+    if (!line.comment.empty()) {
+        std::string_view text = line.text;
+        text.remove_prefix(line.comment.size());
+        splitLine(trimmed(text), fixed ? ' ' : division.separator, cells);
+    } else if (edges.size() + 1 == division.columns && (fixed || cells.size() != division.columns)) {
+        if (fixed)
+            splitLine(line.text, ' ', cells);
+        if (cells.size() != division.columns)
+            cells = namesAbove(line.text, edges);
+    }
+    return cells;
+}
+
+// Where names, units and readings stand, as indices of the lines.
+struct Places {
+    std::vector<std::size_t> names;
+    std::vector<std::size_t> units; // the first of them has the units
+    std::size_t data = 0;
+};
+
+// Lines of names, units and the like above the readings, from `first` on.
+Places guessPlaces(const std::vector<Line>& lines, const Division& division,
+                   const std::vector<std::size_t>& edges, std::size_t first, std::size_t data)
+{
+    std::vector<std::size_t> above; // nearest last
     for (std::size_t i = first; i < data; ++i)
         if (isStationLine(division.cells[i]))
             continue;
-        else if (lines[i].comment.empty() && division.cells[i].size() == division.columns)
+        else if (lines[i].comment.empty() && headOf(lines[i], i, division, edges).size() == division.columns)
             above.push_back(i);
         else if (lines[i].comment.empty() && !above.empty())
             above.clear(); // a line between them ends what stands above
-    std::vector<std::vector<std::string>> heads;
+    Places places;
+    places.data = data;
     for (const std::size_t i : above) {
-        const auto& cells = division.cells[i];
+        const std::vector<std::string> cells = headOf(lines[i], i, division, edges);
         const auto used = std::count_if(cells.begin(), cells.end(),
                                         [](const std::string& cell) { return !trimmed(cell).empty(); });
-        if (used > 1 || !heads.empty() || division.columns < 3) // a cell alone is a title
-            heads.push_back(cells);
+        if (places.names.empty() && used <= 1 && division.columns >= 3)
+            continue; // a cell alone is a title
+        // Behind the units stand "Avg", "Smp" and the like.
+        const bool unit = !places.units.empty() || (!places.names.empty() && isUnitLine(cells));
+        (unit ? places.units : places.names).push_back(i);
     }
-    if (heads.empty() && data > 0 && !lines[data - 1].comment.empty()) {
-        // Names can stand in the last comment.
-        std::vector<std::string> cells;
-        std::string_view text = lines[data - 1].text;
-        text.remove_prefix(lines[data - 1].comment.size());
-        if (splitLine(trimmed(text), division.separator, cells) && cells.size() == division.columns)
-            heads.push_back(std::move(cells));
+    const auto isHead = [&](std::size_t i) {
+        return !lines[i].comment.empty() && headOf(lines[i], i, division, edges).size() == division.columns;
+    };
+    if (places.names.empty() && data > 0 && isHead(data - 1)) { // in the last comments
+        const bool units =
+            data > 1 && isHead(data - 2) && isUnitLine(headOf(lines[data - 1], data - 1, division, edges));
+        places.names.push_back(units ? data - 2 : data - 1);
+        if (units)
+            places.units.push_back(data - 1);
     }
+    return places;
+}
+
+[[noreturn]] void failAtLine(std::size_t line)
+{
+    throw TableFault("Line " + std::to_string(line) + " is empty or not among the first " +
+                     std::to_string(kMostLines) + " lines with text, where names, units and readings begin.");
+}
+
+// What is told of the places goes before what is guessed.
+void takeToldPlaces(Places& places, const std::vector<Line>& lines, const Division& division,
+                    const std::vector<std::size_t>& edges, const Shape& told)
+{
+    if (told.header && *told.header == 0) {
+        places.names.clear();
+        places.units.clear();
+        return;
+    }
+    if (told.header) {
+        const auto line = std::find_if(lines.begin(), lines.end(),
+                                       [&](const Line& one) { return one.number == *told.header; });
+        if (line == lines.end())
+            failAtLine(*told.header);
+        places.names = {static_cast<std::size_t>(line - lines.begin())};
+        places.units.clear();
+    }
+    if (!places.names.empty() && (told.header || told.unitLines)) {
+        const std::size_t below = places.names.back() + 1;
+        places.units.clear();
+        const bool guessed = !told.unitLines && below < places.data &&
+                             isUnitLine(headOf(lines[below], below, division, edges));
+        const std::size_t count = told.unitLines.value_or(guessed ? places.data - below : 0);
+        for (std::size_t i = below; i < lines.size() && places.units.size() < count; ++i)
+            if (lines[i].comment.empty())
+                places.units.push_back(i);
+    }
+    const std::vector<std::size_t>& last = places.units.empty() ? places.names : places.units;
+    if (!last.empty() && places.data <= last.back())
+        throw TableFault("The readings begin in line " + std::to_string(lines[places.data].number) +
+                         ", where names and units are told to stand; they must begin below.");
+}
+
+void nameColumns(Layout& layout, const Places& places, const std::vector<Line>& lines,
+                 const Division& division, const std::vector<std::size_t>& edges)
+{
     layout.names.assign(division.columns, "");
     layout.units.assign(division.columns, "");
-    layout.header = !heads.empty();
-    bool unitsSeen = false;
-    for (const auto& head : heads) {
-        if (!unitsSeen && &head != heads.data() && isUnitLine(head)) {
-            unitsSeen = true;
-            for (std::size_t i = 0; i < head.size(); ++i)
-                layout.units[i] = trimmed(head[i]);
-            continue;
-        }
-        if (unitsSeen)
-            continue; // "Avg", "Smp" and the like
-        for (std::size_t i = 0; i < head.size(); ++i) {
+    layout.header = !places.names.empty();
+    layout.nameLine = places.names.empty() ? 0 : lines[places.names.front()].number;
+    layout.unitLines = places.units.size();
+    for (const std::size_t line : places.names) {
+        const std::vector<std::string> head = headOf(lines[line], line, division, edges);
+        for (std::size_t i = 0; i < std::min(head.size(), layout.names.size()); ++i) {
             std::string name;
             for (const char c : trimmed(head[i]))
                 name += c == '\n' || c == '\r' ? ' ' : c;
@@ -264,11 +493,16 @@ void findHeader(Layout& layout, const std::vector<Line>& lines, const Division& 
                 layout.names[i] += (layout.names[i].empty() ? "" : " ") + name;
         }
     }
+    if (!places.units.empty()) {
+        const std::size_t line = places.units.front();
+        const std::vector<std::string> head = headOf(lines[line], line, division, edges);
+        for (std::size_t i = 0; i < std::min(head.size(), layout.units.size()); ++i)
+            layout.units[i] = trimmed(head[i]);
+        layout.because.emplace_back("A line of units stands below the names.");
+    }
     for (std::size_t i = 0; i < layout.names.size(); ++i)
         if (layout.units[i].empty())
             layout.units[i] = unitInName(layout.names[i]);
-    if (unitsSeen)
-        layout.because.emplace_back("A line of units stands below the names.");
     makeNamesDiffer(layout.names);
 }
 
@@ -333,9 +567,14 @@ Layout epwLayout(const std::vector<Line>& lines)
     Layout layout;
     layout.kind = FileKind::Epw;
     layout.header = true;
-    layout.dataLine = lines[kEpwHeaderLines].number;
+    // The last header line is that of the periods, of which some files have comments in front.
+    std::size_t data = kEpwHeaderLines;
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i)
+        if (texts::lowered(lines[i].text.substr(0, 12)) == "data periods")
+            data = i + 1;
+    layout.dataLine = lines[data].number;
     std::vector<std::string> first;
-    splitLine(lines[kEpwHeaderLines].text, ',', first);
+    splitLine(lines[data].text, ',', first);
     if (first.size() < kEpwNeeded)
         throw TableFault("Line " + std::to_string(layout.dataLine) + ": the row has " +
                          std::to_string(first.size()) + " cells where a weather file has 35.");
@@ -366,10 +605,12 @@ public:
 
     bool next(Row& row) override
     {
-        do {
-            if (!m_rows->next(row))
+        // A quote above the readings opens no cell of theirs.
+        for (; m_line < m_firstLine; ++m_line)
+            if (std::string above; !m_rows->nextLine(above))
                 return false;
-        } while (row.line < m_firstLine);
+        if (!m_rows->next(row))
+            return false;
         if (!row.refused.empty())
             return true;
         while (row.cells.size() > m_columns && row.cells.back().empty())
@@ -384,6 +625,7 @@ private:
     std::unique_ptr<TextRows> m_rows;
     std::size_t m_firstLine;
     std::size_t m_columns;
+    std::size_t m_line = 1;
 };
 
 std::string decoded(std::string_view sample, Coding coding)
@@ -406,9 +648,9 @@ std::string decoded(std::string_view sample, Coding coding)
 
 bool isUsualGap(std::string_view cell)
 {
-    static constexpr std::string_view kMarks[] = {"",      "na",     "n/a",    "nan",  "null",    "none",
-                                                  "-",     "--",     "---",    "-999", "-9999",   "9999",
-                                                  "99999", "-99999", "-999.9", "#n/a", "missing", "m"};
+    static constexpr std::string_view kMarks[] = {
+        "",      "na",     "n/a",    "nan",  "null",    "none", "-",  "--", "---",  "-999", "-9999", "9999",
+        "99999", "-99999", "-999.9", "#n/a", "missing", "m",    "mm", "mq", "----", "////", "///"};
     if (cell.size() > 8)
         return false;
     const std::string word = texts::lowered(cell);
@@ -462,7 +704,7 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
     else
         coding = guessCoding(sample, whole);
     const std::string text = decoded(sample, coding.coding);
-    std::vector<Line> lines = linesOf(text, whole);
+    const std::vector<Line> lines = linesOf(text, whole, told.comment);
     if (lines.empty())
         throw TableFault("The table is empty.");
     if (text.find('\0') != std::string::npos)
@@ -472,10 +714,6 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
         layout.coding = coding.coding;
         return layout;
     }
-    if (!told.comment.empty())
-        for (Line& line : lines)
-            line.comment =
-                line.text.starts_with(told.comment) ? std::string_view(told.comment) : std::string_view();
     const Division division = bestDivision(lines, told);
     const auto isData = [&](std::size_t i) { return lines[i].comment.empty() && division.isData(i); };
     const auto runFrom = [&](std::size_t i, bool data) {
@@ -486,9 +724,24 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
     };
     std::size_t begin = 0;
     std::size_t data = runFrom(0, false);
-    // A line or two on the place, as wide as the table, with names of their own can stand above the table's.
-    if (const std::size_t above = runFrom(data, true), names = data + above;
-        above <= 2 && names < lines.size() && division.isNames(names) && runFrom(names + 1, true) > above) {
+    if (told.dataLine || told.header.value_or(0) > 0) {
+        // Below the names and what is told to stand there, too.
+        data = 0;
+        const std::size_t first = told.dataLine ? *told.dataLine : *told.header + 1;
+        while (data < lines.size() && lines[data].number < first)
+            ++data;
+        if (told.dataLine && data == lines.size())
+            failAtLine(*told.dataLine);
+        std::size_t units = told.unitLines.value_or(0);
+        for (; !told.dataLine && data < lines.size() && (units > 0 || !lines[data].comment.empty()); ++data)
+            units -= lines[data].comment.empty() ? 1U : 0U;
+        if (!told.dataLine && !told.unitLines)
+            data += runFrom(data, false);
+    } else if (const std::size_t above = runFrom(data, true), names = data + above;
+               above <= 2 && names < lines.size() && division.isNames(names) &&
+               runFrom(names + 1, true) > above) {
+        // A line or two on the place, as wide as the table, with names of their own can stand above the
+        // table's.
         begin = names;
         data = names + 1;
     }
@@ -502,14 +755,19 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
     Layout layout;
     layout.coding = coding.coding;
     layout.form.separator = division.separator;
+    layout.form.edges = division.edges;
     // A mark that first stands among the readings may belong to them: nothing is left out without a word.
     for (std::size_t i = 0; i < data && layout.form.comment.empty(); ++i)
         layout.form.comment = lines[i].comment;
-    if (!told.comment.empty())
-        layout.form.comment = told.comment;
+    if (told.comment)
+        layout.form.comment = *told.comment;
     layout.dataLine = lines[data].number;
     layout.decimal = told.decimal ? *told.decimal : division.commas > division.points ? ',' : '.';
-    findHeader(layout, lines, division, begin, data);
+    const bool blanks = division.separator == ' ' || division.separator == kFixedWidth;
+    const std::vector<std::size_t> edges = blanks ? edgesOf(lines) : std::vector<std::size_t>();
+    Places places = guessPlaces(lines, division, edges, begin, data);
+    takeToldPlaces(places, lines, division, edges, told);
+    nameColumns(layout, places, lines, division, edges);
 
     if (!coding.because.empty())
         layout.because.push_back("Read as " + std::string(codingName(coding.coding)) + ": " + coding.because +

@@ -19,10 +19,13 @@ enum class FileKind : std::uint8_t { Text, Epw, Xlsx };
 /// What is told of a text's shape; what is not, is guessed.
 struct Shape {
     std::optional<Coding> coding{};
-    std::optional<char> separator{};
-    std::optional<char> decimal{}; ///< '.' or ','
-    std::string comment{};         ///< empty: a guess
-    std::string sheet{};           ///< of a workbook; empty: the first
+    std::optional<char> separator{};        ///< as TextForm has it
+    std::optional<char> decimal{};          ///< '.' or ','
+    std::optional<std::string> comment{};   ///< what comments begin with; an empty text: there are none
+    std::optional<std::size_t> header{};    ///< the line of the names; 0: no line has them
+    std::optional<std::size_t> unitLines{}; ///< how many lines behind the names have units and the like
+    std::optional<std::size_t> dataLine{};  ///< on which the readings begin
+    std::string sheet{};                    ///< of a workbook; empty: the first
 
     friend bool operator==(const Shape&, const Shape&) = default;
 };
@@ -36,6 +39,8 @@ struct Layout {
     bool header = false;              ///< the columns have names of their own
     std::vector<std::string> names;   ///< one for each column, none of them twice
     std::vector<std::string> units;   ///< as written for the column in its name or on a line; empty where not
+    std::size_t nameLine = 0;         ///< the first that has names; 0: none
+    std::size_t unitLines = 0;        ///< lines behind the names with units and the like
     std::size_t dataLine = 1;         ///< on which the first readings stand
     std::optional<int> zone;          ///< the clock's offset from UTC [min], where the file tells it
     std::string place;                ///< where the readings are from, where the file tells it

@@ -18,6 +18,8 @@ constexpr int kVersion = 1;
 constexpr std::size_t kLongest = 4096; // text [bytes]
 constexpr std::size_t kMost = 16384;   // columns, gaps
 constexpr int kDeepest = 8;
+constexpr std::uint64_t kLastLine = 1'000'000;
+constexpr const char* kFixed = "fixed width";
 
 class Damage : public std::runtime_error {
 public:
@@ -43,6 +45,16 @@ double positiveAt(const ordered_json& object, const char* name)
     if (!(value > 0) || !std::isfinite(value))
         throw Damage("\"" + std::string(name) + "\" is no number above 0");
     return value;
+}
+
+std::optional<std::size_t> lineAt(const ordered_json& object, const char* name)
+{
+    const auto found = object.find(name);
+    if (found == object.end())
+        return std::nullopt;
+    if (!found->is_number_unsigned() || found->get<std::uint64_t>() > kLastLine)
+        throw Damage("\"" + std::string(name) + "\" is no number of a line");
+    return found->get<std::size_t>();
 }
 
 std::vector<std::string> textsAt(const ordered_json& object, const char* name)
@@ -76,11 +88,17 @@ ordered_json shapeJson(const Shape& shape)
     if (shape.coding)
         object["coding"] = codingName(*shape.coding);
     if (shape.separator)
-        object["separator"] = std::string(1, *shape.separator);
+        object["separator"] = *shape.separator == kFixedWidth ? kFixed : std::string(1, *shape.separator);
     if (shape.decimal)
         object["decimal"] = std::string(1, *shape.decimal);
-    if (!shape.comment.empty())
-        object["comment"] = shape.comment;
+    if (shape.comment)
+        object["comment"] = *shape.comment;
+    if (shape.header)
+        object["header line"] = *shape.header;
+    if (shape.unitLines)
+        object["unit lines"] = *shape.unitLines;
+    if (shape.dataLine)
+        object["data line"] = *shape.dataLine;
     if (!shape.sheet.empty())
         object["sheet"] = shape.sheet;
     return object;
@@ -99,11 +117,17 @@ Shape readShape(const ordered_json& object)
                                                                                      : std::nullopt;
         };
     };
-    if (const std::string text = textAt(object, "separator"); !text.empty())
+    if (const std::string text = textAt(object, "separator"); text == kFixed)
+        shape.separator = kFixedWidth;
+    else if (!text.empty())
         shape.separator = oneOf<char>(text, "separator", mark("\t;,| "));
     if (const std::string text = textAt(object, "decimal"); !text.empty())
         shape.decimal = oneOf<char>(text, "decimal mark", mark(".,"));
-    shape.comment = textAt(object, "comment");
+    if (object.contains("comment"))
+        shape.comment = textAt(object, "comment");
+    shape.header = lineAt(object, "header line");
+    shape.unitLines = lineAt(object, "unit lines");
+    shape.dataLine = lineAt(object, "data line");
     shape.sheet = textAt(object, "sheet");
     return shape;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/text_rows.h"
 
+#include "texts/text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -93,6 +95,29 @@ bool splitLine(std::string_view line, char separator, std::vector<std::string>& 
     return Splitter(line, separator, cells).run();
 }
 
+bool splitAtEdges(std::string_view line, const std::vector<std::size_t>& edges,
+                  std::vector<std::string>& cells)
+{
+    cells.assign(edges.size() + 1, "");
+    std::size_t column = 0;
+    std::size_t character = 0;
+    bool inWord = false;
+    for (const char c : line) {
+        const bool begins = (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
+        if (begins && column < edges.size() && character == edges[column]) {
+            if (inWord && !isBlank(c))
+                return false;
+            ++column;
+        }
+        character += begins ? 1U : 0U;
+        inWord = !isBlank(c);
+        cells[column] += c;
+    }
+    for (std::string& cell : cells)
+        cell = texts::trimmed(cell);
+    return true;
+}
+
 TextRows::TextRows(ByteSource source, Coding coding, TextForm form)
     : m_decoder(std::move(source), coding), m_form(std::move(form))
 {
@@ -180,7 +205,11 @@ bool TextRows::next(Row& row)
             row.refused = "the row is longer than a megabyte";
             break;
         }
-        if (splitLine(text, m_form.separator, row.cells)) {
+        if (m_form.separator == kFixedWidth && !splitAtEdges(text, m_form.edges, row.cells)) {
+            row.refused = "a cell reaches over the edge of its column";
+            break;
+        }
+        if (m_form.separator == kFixedWidth || splitLine(text, m_form.separator, row.cells)) {
             if (utf8Prefix(text, true) != text.size())
                 row.refused = "the row holds bytes that are no UTF-8";
             break;

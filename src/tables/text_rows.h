@@ -10,16 +10,26 @@
 
 namespace comfortics::tables {
 
+/// In place of a separator: columns of fixed width.
+inline constexpr char kFixedWidth = 'w';
+
 /// How a text is divided into cells.
 struct TextForm {
-    char separator = ','; ///< ',', ';', a tab, '|', or a blank: then runs of blanks and tabs separate
-    std::string comment;  ///< lines that begin with it are passed over; empty: there are none
+    /// ',', ';', a tab, '|', or a blank: then runs of blanks and tabs separate; or kFixedWidth.
+    char separator = ',';
+    std::vector<std::size_t> edges{}; ///< of fixed columns: the characters in front of each but the first
+    std::string comment;              ///< lines that begin with it are passed over; empty: there are none
 
     friend bool operator==(const TextForm&, const TextForm&) = default;
 };
 
 /// What stands behind so many cells of a row is not read.
 inline constexpr std::size_t kMostCells = 16384;
+
+/// Splits one line at edges of columns, and takes the blanks around each cell away. False where a word
+/// reaches over an edge.
+bool splitAtEdges(std::string_view line, const std::vector<std::size_t>& edges,
+                  std::vector<std::string>& cells);
 
 /// Splits one line without quotes that reach over its end. False where a quote is left open.
 bool splitLine(std::string_view line, char separator, std::vector<std::string>& cells);

@@ -34,6 +34,8 @@ TEST(TableLayout, IsFoundForTheUsualShapes)
         {"blanks", "  Date Time  T_C\n 2024-01-01 10:00   1.5\n 2024-01-01 11:00  -2.5\n", "Date|Time|T_C",
          "||C", '.', "2: 2024-01-01|10:00|1.5"},
         {"no header", "2024-01-01 10:00;1,5\n", "Column 1|Column 2", "|", ',', "1: 2024-01-01 10:00|1,5"},
+        {"names with line ends", "\"Date\",\"Temp\n(°C)\"\n2024-01-01,1.5\n", "Date|Temp (°C)", "|°C", '.',
+         "3: 2024-01-01|1.5"},
         {"names in a comment", "# made by hand\n# a,b\n1,2\n", "a|b", "|", '.', "3: 1|2"},
         {"two lines of names, units, a kind", "Air,Wind,\nTemp,Speed,Id\n[K],[kn],\nAvg,Avg,Smp\n1,2,3\n",
          "Air Temp|Wind Speed|Id", "[K]|[kn]|", '.', "5: 1|2|3"},
@@ -86,6 +88,57 @@ TEST(TableLayout, AMarkThatFirstStandsAmongTheReadingsBelongsToThem)
     EXPECT_EQ(shownRows(*openTable("# c\n1,2\n# 3,4\n").rows), (std::vector<std::string>{"2: 1|2"}));
     EXPECT_EQ(shownRows(*openTable("a,b\n1,2\n# 3,4\n").rows),
               (std::vector<std::string>{"2: 1|2", "3: # 3|4"}));
+}
+
+TEST(TableLayout, WhatIsToldOfItsLinesGoesBeforeTheGuess)
+{
+    const std::string text = "Hill;1;2\nTemp;Hum;Rad\n°C;%;W/m²\nAvg;Avg;Avg\n* broken\n1;2;3\n4;5;6\n";
+    const struct {
+        tables::Shape told;
+        std::string names;
+        std::string units;
+        std::size_t places[3]; // of names and readings, and the lines of units
+        std::string firstRow;
+    } rows[] = {
+        {{.header = 2}, "Temp|Hum|Rad", "°C|%|W/m²", {2, 6, 3}, "6: 1|2|3"},
+        {{.header = 2, .unitLines = 0}, "Temp|Hum|Rad", "||", {2, 3, 0}, "3: °C|%|W/m²"},
+        {{.header = 2, .unitLines = 1, .dataLine = 7}, "Temp|Hum|Rad", "°C|%|W/m²", {2, 7, 1}, "7: 4|5|6"},
+        {{.header = 0}, "Column 1|Column 2|Column 3", "||", {0, 1, 0}, "1: Hill|1|2"},
+        {{.comment = "*", .header = 2, .unitLines = 2}, "Temp|Hum|Rad", "°C|%|W/m²", {2, 6, 2}, "6: 1|2|3"},
+        {{.header = 5, .unitLines = 0}, "* broken|Column 2|Column 3", "||", {5, 6, 0}, "6: 1|2|3"},
+    };
+    for (const auto& row : rows) {
+        const tables::OpenTable table = openTable(text, row.told);
+        EXPECT_EQ(joined(table.layout.names), row.names) << row.firstRow;
+        EXPECT_EQ(joined(table.layout.units), row.units) << row.firstRow;
+        EXPECT_EQ(table.layout.nameLine, row.places[0]) << row.firstRow;
+        EXPECT_EQ(table.layout.dataLine, row.places[1]) << row.firstRow;
+        EXPECT_EQ(table.layout.unitLines, row.places[2]) << row.firstRow;
+        EXPECT_EQ(shownRows(*table.rows).front(), row.firstRow);
+    }
+    for (const tables::Shape& told : {tables::Shape{.header = 6, .dataLine = 6}, tables::Shape{.header = 9},
+                                      tables::Shape{.dataLine = 8}})
+        EXPECT_THROW(openTable(text, told), tables::TableFault);
+    EXPECT_EQ(joined(openTable("# a;b\n1;2\n", {.comment = ""}).layout.names), "# a|b");
+}
+
+TEST(TableLayout, ColumnsOfFixedWidthKeepTheirPlacesWhereCellsAreBlank)
+{
+    const std::string rows =
+        "2024-07-01   21.5   50  Süd\n2024-07-02          51  Nord\n2024-07-03   22.5       Ost\n";
+    const std::vector<std::string> cells{"2024-07-01|21.5|50|Süd", "2024-07-02||51|Nord",
+                                         "2024-07-03|22.5||Ost"};
+    for (const std::string head : {"", "Date        Ta °C  RH %  Station\n"}) {
+        tables::OpenTable table = openTable(head + rows);
+        EXPECT_EQ(joined(table.layout.names),
+                  head.empty() ? "Column 1|Column 2|Column 3|Column 4" : "Date|Ta °C|RH %|Station");
+        const std::size_t line = head.empty() ? 1 : 2;
+        const std::vector<std::string> shown = shownRows(*table.rows);
+        for (std::size_t i = 0; i < cells.size(); ++i)
+            EXPECT_EQ(shown.at(i), std::to_string(line + i) + ": " + cells[i]);
+    }
+    EXPECT_EQ(shownRows(*openTable(rows + "2024-07-04 -1021.5   50  Süd\n", {.dataLine = 2}).rows).back(),
+              "4: 2024-07-04|-1021.5|50|Süd");
 }
 
 TEST(TableLayout, WhatIsNoTableIsOneSentence)
