@@ -156,18 +156,25 @@ CodingGuess guessCoding(std::string_view sample, bool whole)
     const bool plain = std::none_of(sample.begin(), sample.end(), [](char c) { return (c & 0x80) != 0; });
     if (plain || utf8Prefix(sample, whole) == sample.size())
         return {Coding::Utf8, true, plain ? "all characters are ASCII" : "the bytes are UTF-8"};
-    // Greek words are foreign letters side by side; in Western words they stand between others.
-    std::size_t beside = 0;
-    std::size_t alone = 0;
-    const auto letter = [&](std::size_t at) {
-        return at < sample.size() && static_cast<unsigned char>(sample[at]) >= 0xC0;
-    };
-    for (std::size_t i = 0; i < sample.size(); ++i)
-        if (letter(i))
-            ++((i > 0 && letter(i - 1)) || letter(i + 1) ? beside : alone);
-    if (beside > alone)
-        return {Coding::Windows1253, false, "the bytes are no UTF-8, and foreign letters stand side by side"};
-    return {Coding::Windows1252, alone == 0, "the bytes are no UTF-8"};
+    // Greek words are foreign letters alone; in Western words these stand among the others.
+    std::size_t wholly = 0;
+    std::size_t mixed = 0;
+    std::size_t own = 0;
+    std::size_t foreign = 0;
+    for (std::size_t i = 0; i <= sample.size(); ++i) {
+        const unsigned char c = i < sample.size() ? static_cast<unsigned char>(sample[i]) : ' ';
+        const bool latin = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        if (latin || c >= 0xC0) {
+            ++(latin ? own : foreign);
+            continue;
+        }
+        if (foreign > 0)
+            (own > 0 || foreign == 1 ? mixed : wholly) += foreign;
+        own = foreign = 0;
+    }
+    if (wholly > mixed)
+        return {Coding::Windows1253, false, "the bytes are no UTF-8, and words are of foreign letters alone"};
+    return {Coding::Windows1252, mixed == 0, "the bytes are no UTF-8"};
 }
 
 SampledSource::SampledSource(ByteSource source) : m_source(std::move(source)), m_sample(kSample, '\0')

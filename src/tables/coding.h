@@ -25,8 +25,8 @@ struct CodingGuess {
 };
 
 /// The coding of a text from its first bytes: by its mark, by the zeros of UTF-16, by whether the bytes
-/// are UTF-8; otherwise Greek where most of the foreign letters stand side by side, as in words of another
-/// alphabet, else Western. `whole`: the sample is all of the text.
+/// are UTF-8; otherwise Greek where most of the foreign letters make words without any of A to Z, else
+/// Western. `whole`: the sample is all of the text.
 CodingGuess guessCoding(std::string_view sample, bool whole);
 
 /// The bytes of UTF-8 that a text begins with; the last character may be cut off if it is not `whole`.

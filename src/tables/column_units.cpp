@@ -52,10 +52,13 @@ constexpr Spelling kSpellings[] = {
     {"%rh", "%"},
     {"%rf", "%"},
     {"%hr", "%"},
+    {"%ur", "%"},
+    {"rh%", "%"},
     {"1", "1"},
     {"0-1", "1"},
     {"fraction", "1"},
     {"m/s", "m/s"},
+    {"metri/s", "m/s"},
     {"ms-1", "m/s"},
     {"m*s-1", "m/s"},
     {"mps", "m/s"},
@@ -86,11 +89,13 @@ constexpr Spelling kSpellings[] = {
     {"w/m2", "W/m2"},
     {"wm-2", "W/m2"},
     {"w*m-2", "W/m2"},
+    {"watt/mq", "W/m2"},
     {"watt/m2", "W/m2"},
     {"watts/m2", "W/m2"},
     {"w/sqm", "W/m2"},
     {"w/mq", "W/m2"},
     {"kw/m2", "kW/m2"},
+    {"kwm-2", "kW/m2"},
     {"j/m2", "J/m2"},
     {"jm-2", "J/m2"},
     {"kj/m2", "kJ/m2"},
@@ -167,8 +172,9 @@ std::string_view unitSymbol(std::string_view written)
             plain += c;
     for (const auto& [from, to] :
          {std::pair("²", "2"), std::pair("⁻", "-"), std::pair("−", "-"), std::pair("¹", "1"),
-          std::pair("º", "°"), std::pair("℃", "°c"), std::pair("℉", "°f"), std::pair("·", "*"),
-          std::pair("**", ""), std::pair("grdc", "gradc")})
+          std::pair("º", "°"), std::pair("˚", "°"), std::pair("％", "%"), std::pair("㎡", "m2"),
+          std::pair("℃", "°c"), std::pair("℉", "°f"), std::pair("·", "*"), std::pair("**", ""),
+          std::pair("grdc", "gradc")})
         replaceAll(plain, from, to);
     for (const Spelling& spelling : kSpellings)
         if (spelling.written == plain)

@@ -43,6 +43,14 @@ constexpr Term kTerms[] = {
     {"punto de rocio", Quantity::Td},
     {"σημειο δροσου", Quantity::Td},
     {"dew pt", Quantity::Td},
+    {"δροσου", Quantity::Td},
+    {"punto di rugiada", Quantity::Td},
+    {"ponto de orvalho", Quantity::Td},
+    {"dauwpunt", Quantity::Td},
+    {"duggpunkt", Quantity::Td},
+    {"daggpunkt", Quantity::Td},
+    {"kastepiste", Quantity::Td},
+    {"punkt rosy", Quantity::Td},
     {"tdew", Quantity::Td},
     {"tdps", Quantity::Td},
     {"dwpt", Quantity::Td},
@@ -72,6 +80,16 @@ constexpr Term kTerms[] = {
     {"humidite", Quantity::RH},
     {"humedad", Quantity::RH},
     {"υγρασια", Quantity::RH},
+    {"umidita", Quantity::RH},
+    {"umidade", Quantity::RH},
+    {"humidade", Quantity::RH},
+    {"luchtvochtigheid", Quantity::RH},
+    {"vochtigheid", Quantity::RH},
+    {"luftfuktighet", Quantity::RH},
+    {"luftfugtighed", Quantity::RH},
+    {"suhteellinen kosteus", Quantity::RH},
+    {"wilgotnosc", Quantity::RH},
+    {"vlhkost", Quantity::RH},
     {"relhum", Quantity::RH},
     {"rhum", Quantity::RH},
     {"relh", Quantity::RH},
@@ -94,6 +112,19 @@ constexpr Term kTerms[] = {
     {"ταχυτητα ανεμου", Quantity::WS},
     {"ταχυτητα του ανεμου", Quantity::WS},
     {"ανεμοσ", Quantity::WS},
+    {"ανεμου", Quantity::WS},
+    {"velviento", Quantity::WS},
+    {"velocita del vento", Quantity::WS},
+    {"velocita vento", Quantity::WS},
+    {"velocidade do vento", Quantity::WS},
+    {"vento", Quantity::WS},
+    {"windsnelheid", Quantity::WS},
+    {"vindhastighet", Quantity::WS},
+    {"vindhastighed", Quantity::WS},
+    {"middelvind", Quantity::WS},
+    {"tuulen nopeus", Quantity::WS},
+    {"predkosc wiatru", Quantity::WS},
+    {"rychlost vetru", Quantity::WS},
     {"sfc wind", Quantity::WS},
     {"wspd", Quantity::WS},
     {"wind", Quantity::WS},
@@ -115,6 +146,13 @@ constexpr Term kTerms[] = {
     {"ηλιακη ακτινοβολια", Quantity::SR},
     {"ολικη ακτινοβολια", Quantity::SR},
     {"ακτινοβολια", Quantity::SR},
+    {"globalstr", Quantity::SR},
+    {"globalstraling", Quantity::SR},
+    {"globale straling", Quantity::SR},
+    {"radiazione solare", Quantity::SR},
+    {"radiazione globale", Quantity::SR},
+    {"radiacao global", Quantity::SR},
+    {"radiacao solar", Quantity::SR},
     {"pyranometer", Quantity::SR},
     {"ghi", Quantity::SR},
     {"rsds", Quantity::SR},
@@ -141,113 +179,72 @@ constexpr Term kTerms[] = {
     {"temperatur", Quantity::Ta},
     {"temperatura", Quantity::Ta},
     {"temp", Quantity::Ta},
+    {"lufttemp", Quantity::Ta},
+    {"θερμ", Quantity::Ta},
+    {"temperatuur", Quantity::Ta},
+    {"luchttemperatuur", Quantity::Ta},
+    {"lampotila", Quantity::Ta},
+    {"lampotilan", Quantity::Ta},
+    {"teplota", Quantity::Ta},
     {"tair", Quantity::Ta},
     {"tas", Quantity::Ta},
     {"tt tu", Quantity::Ta},
 };
 
+// Words that leave open which of several measurements it is: with a unit of the quantity alone, and doubted.
+constexpr Term kVagueTerms[] = {
+    {"radiation", Quantity::SR},       {"irradiance", Quantity::SR}, {"strahlung", Quantity::SR},
+    {"rayonnement", Quantity::SR},     {"radiacion", Quantity::SR},  {"radiacao", Quantity::SR},
+    {"radiazione", Quantity::SR},      {"straling", Quantity::SR},   {"solar", Quantity::SR},
+    {"geschwindigkeit", Quantity::WS}, {"velocity", Quantity::WS},   {"speed", Quantity::WS},
+    {"vitesse", Quantity::WS},         {"velocidad", Quantity::WS},  {"velocita", Quantity::WS},
+};
+
 // Names that mean a quantity where nothing else stands in the name but a unit, a height or a kind of mean.
 constexpr Term kShortNames[] = {
-    {"ta", Quantity::Ta},     {"t", Quantity::Ta},     {"tl", Quantity::Ta},     {"tt", Quantity::Ta},
-    {"tg", Quantity::Tg},     {"sr", Quantity::SR},    {"g", Quantity::SR},      {"rg", Quantity::SR},
-    {"rs", Quantity::SR},     {"td", Quantity::Td},    {"dp", Quantity::Td},     {"dpt", Quantity::Td},
-    {"rh", Quantity::RH},     {"hr", Quantity::RH},    {"rf", Quantity::RH},     {"ur", Quantity::RH},
-    {"ws", Quantity::WS},     {"ff", Quantity::WS},    {"wg", Quantity::WS},     {"va", Quantity::WS},
-    {"ea", Quantity::Ea},     {"vp", Quantity::Ea},    {"air tc", Quantity::Ta}, {"air tk", Quantity::Ta},
-    {"air tf", Quantity::Ta}, {"t air", Quantity::Ta}, {"airt", Quantity::Ta},   {"dew", Quantity::Td},
-    {"u 2", Quantity::WS},    {"air t", Quantity::Ta}, {"t luft", Quantity::Ta}, {"luft t", Quantity::Ta},
+    {"ta", Quantity::Ta},     {"t", Quantity::Ta},      {"tl", Quantity::Ta},     {"tt", Quantity::Ta},
+    {"tg", Quantity::Tg},     {"sr", Quantity::SR},     {"g", Quantity::SR},      {"rg", Quantity::SR},
+    {"rs", Quantity::SR},     {"td", Quantity::Td},     {"dp", Quantity::Td},     {"dpt", Quantity::Td},
+    {"rh", Quantity::RH},     {"hr", Quantity::RH},     {"rf", Quantity::RH},     {"ur", Quantity::RH},
+    {"ws", Quantity::WS},     {"ff", Quantity::WS},     {"wg", Quantity::WS},     {"va", Quantity::WS},
+    {"ea", Quantity::Ea},     {"vp", Quantity::Ea},     {"air tc", Quantity::Ta}, {"air tk", Quantity::Ta},
+    {"air tf", Quantity::Ta}, {"t air", Quantity::Ta},  {"airt", Quantity::Ta},   {"atmp", Quantity::Ta},
+    {"dewp", Quantity::Td},   {"dew", Quantity::Td},    {"u 2", Quantity::WS},    {"air t", Quantity::Ta},
+    {"t luft", Quantity::Ta}, {"luft t", Quantity::Ta},
 };
 
 // Words of columns that are none of the quantities: other places, extremes, directions, sums of others.
 constexpr std::string_view kOthers[] = {
-    "soil",
-    "boden",
-    "sol",
-    "suelo",
-    "εδαφουσ",
-    "min",
-    "max",
-    "minimum",
-    "maximum",
-    "wet",
-    "surface temperature",
-    "water",
-    "sea",
-    "battery",
-    "panel",
-    "logger",
-    "box",
-    "inside",
-    "indoor",
-    "innen",
-    "interieur",
-    "direction",
-    "dir",
-    "richtung",
-    "windrichtung",
-    "direccion",
-    "διευθυνση",
-    "wind deg",
-    "gust",
-    "boe",
-    "windboe",
-    "spitze",
-    "windspitze",
-    "rafale",
-    "racha",
-    "ριπη",
-    "chill",
-    "heat",
-    "index",
-    "deficit",
-    "saturation",
-    "sattigung",
-    "net",
-    "diffuse",
-    "direct",
-    "diffus",
-    "longwave",
-    "infrared",
-    "extraterrestrial",
-    "reflected",
-
-    "hi",
-    "low",
-    "lo",
-    "high",
-    "std",
-    "stdev",
-    "sd",
-    "flag",
-    "flags",
-    "quality",
-    "qc",
-    "qn",
-    "status",
-    "count",
-    "felt",
-    "feels",
-    "apparent",
-    "sea level",
-    "specific",
-    "absolute",
-    "mixing",
-    "illuminance",
-    "uv",
-    "par",
-    "θερμοκρασια εδαφουσ",
-    "run",
-    "pressure",
-    "druck",
-    "skin",
-    "body",
+    // clang-format off
+    "soil", "boden", "sol", "suelo", "εδαφουσ", "min", "max", "minimum", "maximum", "wet",
+    "surface temperature", "water", "sea", "battery", "panel", "logger", "box", "inside", "indoor", "innen",
+    "interieur", "direction", "dir", "richtung", "windrichtung", "direccion", "διευθυνση", "wind deg",
+    "gust", "boe", "windboe", "spitze", "windspitze", "rafale", "racha", "ριπη", "chill", "heat", "index",
+    "deficit", "saturation", "sattigung", "net", "diffuse", "direct", "diffus", "longwave", "infrared",
+    "extraterrestrial", "reflected", "hi", "low", "lo", "high", "std", "stdev", "sd", "flag", "flags",
+    "quality", "qc", "qn", "status", "count", "felt", "feels", "apparent", "sea level", "specific",
+    "absolute", "mixing", "illuminance", "uv", "par", "θερμοκρασια εδαφουσ", "run", "pressure", "druck",
+    "skin", "body", "peak", "lull", "sigma", "sdv", "deviation", "variance", "turbulence", "gusts",
+    "rafales", "rachas", "rajada", "raffica", "windstoot", "vindkast", "byvind", "component",
+    "wind u", "wind v", "u wind", "v wind", "angle", "bearing", "azimuth", "heading", "sector",
+    "windrichting", "vindretning", "vindriktning", "direcao", "direzione", "suunta", "clear", "clearsky",
+    "toa", "reflektiert", "ppfd", "terrestrial", "radiant", "mrt", "operative", "equivalent", "effective",
+    "perceived", "potential", "virtual", "sonic", "natural", "nwb", "wetb", "wetbulb", "wb", "feucht",
+    "utci", "wbgt", "humidex", "gefuhlte", "ressentie", "sensacion", "in temp", "in hum", "innentemperatur",
+    "interior", "internal", "intern", "binnen", "enclosure", "housing", "cpu", "pcb", "chip",
+    "grass", "leaf", "canopy", "road", "pavement", "wall", "sky", "snow", "schnee", "defizit", "abs",
+    "absolut", "absolue", "absoluta", "ratio", "unit", "units", "id", "code", "type", "source", "uncert",
+    "uncertainty", "error", "flg", "id type", "minima", "maxima", "minimale", "maximale", "minimo",
+    "maximo", "massima", "μεγ", "μεγιστη", "ελαχ", "ελαχιστη", "tmax", "tmin",
+    // clang-format on
 };
 
 // What may stand beside a short name.
 constexpr std::string_view kBeside[] = {
-    "avg", "mean", "mittel", "moy", "c",   "f",   "k",   "deg", "degc", "degf", "m",    "s",    "ms", "kmh",
-    "km",  "h",    "mph",    "kn",  "kt",  "kts", "w",   "%",   "hpa",  "kpa",  "mbar", "pct",  "10", "2",
-    "1",   "0",    "5",      "wvt", "wvc", "smp", "sec", "kj",  "j",    "mj",   "wh",   "μεση", "co", "oc"};
+    "avg",  "mean", "mittel", "moy",  "c",   "f",  "k",   "deg",   "degc",      "degf", "m",   "s",
+    "ms",   "kmh",  "km",     "h",    "mph", "kn", "kt",  "kts",   "w",         "%",    "hpa", "kpa",
+    "mbar", "pct",  "10",     "2",    "1",   "0",  "5",   "wvt",   "wvc",       "smp",  "sec", "kj",
+    "j",    "mj",   "wh",     "μεση", "co",  "oc", "med", "media", "mittelwert"};
 
 struct TimeTerm {
     std::string_view words;
@@ -255,6 +252,7 @@ struct TimeTerm {
 };
 
 constexpr TimeTerm kTimeTerms[] = {
+    {"mi format", Role::Minute}, // the last of "in YYYY,MM,DD,HH24,MI format"
     {"timestamp", Role::Time},
     {"time stamp", Role::Time},
     {"datetime", Role::Time},
@@ -266,6 +264,8 @@ constexpr TimeTerm kTimeTerms[] = {
     {"datum zeit", Role::Time},
     {"date", Role::Time},
     {"datum", Role::Time},
+    {"data", Role::Time},
+    {"ημ νια", Role::Time},
     {"fecha", Role::Time},
     {"ημερομηνια", Role::Time},
     {"time", Role::Time},
@@ -273,6 +273,11 @@ constexpr TimeTerm kTimeTerms[] = {
     {"zeit", Role::Time},
     {"heure", Role::Time},
     {"hora", Role::Time},
+    {"ora", Role::Time},
+    {"tijd", Role::Time},
+    {"tid", Role::Time},
+    {"godzina", Role::Time},
+    {"aika", Role::Time},
     {"ωρα", Role::Time},
     {"utc", Role::Time},
     {"day of year", Role::DayOfYear},
@@ -280,17 +285,22 @@ constexpr TimeTerm kTimeTerms[] = {
     {"doy", Role::DayOfYear},
     {"jday", Role::DayOfYear},
     {"year", Role::Year},
+    {"yy", Role::Year},
+    {"yyyy", Role::Year},
     {"jahr", Role::Year},
+    {"vuosi", Role::Year},
     {"annee", Role::Year},
     {"ano", Role::Year},
     {"ετοσ", Role::Year},
     {"month", Role::Month},
     {"monat", Role::Month},
+    {"kuukausi", Role::Month},
     {"mois", Role::Month},
     {"mes", Role::Month},
     {"μηνασ", Role::Month},
     {"day", Role::Day},
     {"tag", Role::Day},
+    {"paiva", Role::Day},
     {"jour", Role::Day},
     {"dia", Role::Day},
     {"ημερα", Role::Day},
@@ -305,13 +315,15 @@ constexpr TimeTerm kTimeTerms[] = {
 
 // What tells a time where it is all of the name and stands behind a year.
 constexpr TimeTerm kShortTimes[] = {
-    {"mo", Role::Month}, {"mm", Role::Month}, {"dy", Role::Day},     {"dd", Role::Day},
-    {"hr", Role::Hour},  {"hh", Role::Hour},  {"hh 24", Role::Hour}, {"hrmn", Role::HourMinute},
+    {"mo", Role::Month}, {"mm", Role::Month},   {"mm", Role::Minute},       {"dy", Role::Day},
+    {"dd", Role::Day},   {"mn", Role::Minute},  {"min", Role::Minute},      {"hr", Role::Hour},
+    {"hh", Role::Hour},  {"hh 24", Role::Hour}, {"hrmn", Role::HourMinute},
 };
 
-constexpr std::string_view kStations[] = {"station",    "stations id",  "stationid", "site",    "standort",
-                                          "messstelle", "estacion",     "lieu",      "σταθμοσ", "location",
-                                          "station id", "station name", "stn",       "wmo"};
+constexpr std::string_view kStations[] = {
+    "station",       "stations id", "stationid",    "site",         "standort", "messstelle", "estacion",
+    "lieu",          "σταθμοσ",     "location",     "station code", "stn id",   "stazione",   "estacao",
+    "havaintoasema", "station id",  "station name", "stn",          "wmo"};
 
 // The words of a term, which may stand alone or with what they tell.
 template <class Term>
@@ -351,6 +363,9 @@ const auto* findTerm(const std::vector<std::string>& name)
 double heightIn(const std::vector<std::string>& name)
 {
     for (std::size_t i = 0; i + 1 < name.size(); ++i) {
+        // "wind_avg10m" is of ten minutes
+        if (i > 0 && (name[i - 1].ends_with("avg") || name[i - 1].ends_with("mean")))
+            continue;
         const bool digits = name[i].find_first_not_of("0123456789") == std::string::npos;
         const bool metres = name[i + 1] == "m" && !(i + 2 < name.size() && name[i + 2] == "s");
         if (digits && metres && name[i].size() <= 2 && name[i] != "0" && name[i] != "1")
@@ -359,7 +374,8 @@ double heightIn(const std::vector<std::string>& name)
     return 0;
 }
 
-constexpr double kMostSun = 1600;  // [W/m²] that reach the ground, edges of clouds included
+constexpr double kMostSun = 1600; // [W/m²] that reach the ground, edges of clouds included
+constexpr std::size_t kDayOfHours = 24;
 constexpr double kSomeStep = 3600; // [s], where it matters not which
 
 // The first values of a column.
@@ -390,6 +406,56 @@ std::string plain(double value)
     return values::plainText(value);
 }
 
+/// What readings can be, wherever on the earth and in whichever season, in the units of the quantities.
+struct Bounds {
+    double least;  ///< that the lowest may be
+    double lesser; ///< that the highest is above, if there are readings of a day
+    double most;   ///< that the highest may be
+};
+
+Bounds boundsOf(Quantity quantity)
+{
+    constexpr double kAny = -1e9;
+    switch (quantity) {
+    case Quantity::Ta:
+        return {-90, kAny, 58};
+    case Quantity::Td:
+        return {-100, kAny, 40};
+    case Quantity::Tg:
+        return {-90, kAny, 100};
+    case Quantity::RH:
+        return {-1, 1.1, 110};
+    case Quantity::WS:
+        return {-0.5, kAny, 75};
+    case Quantity::SR:
+        return {-30, 15, kMostSun};
+    case Quantity::Ea:
+        return {0, 0.05, 75};
+    }
+    return {kAny, kAny, -kAny};
+}
+
+// What stands in brackets in a name and is no unit that is known, no height and no word on the kind of mean.
+std::string otherUnitIn(std::string_view name)
+{
+    name = withoutSensors(name);
+    for (const auto& [open, close] : {std::pair('[', ']'), std::pair('(', ')'), std::pair('{', '}')}) {
+        const std::size_t begin = name.rfind(open);
+        const std::size_t end = begin == std::string_view::npos ? begin : name.find(close, begin);
+        if (end == std::string_view::npos)
+            continue;
+        const std::string_view inside = trimmed(name.substr(begin + 1, end - begin - 1));
+        const std::vector<std::string> told = words(inside);
+        const bool beside = std::all_of(told.begin(), told.end(), [](const std::string& word) {
+            return word != "g" && word.size() > 1 &&
+                   std::find(std::begin(kBeside), std::end(kBeside), word) != std::end(kBeside);
+        });
+        if (!inside.empty() && unitSymbol(inside).empty() && heightIn(told) == 0 && !beside)
+            return std::string(inside);
+    }
+    return {};
+}
+
 class Guesser {
 public:
     explicit Guesser(const OpenTable& table) : m_table(table), m_layout(table.layout) {}
@@ -411,7 +477,12 @@ public:
             m_mapping.columns.push_back(std::move(use));
         }
         if (m_layout.kind != FileKind::Epw) {
+            if (m_layout.header && !has(Role::Time) && !has(Role::Year))
+                for (std::size_t i = 0; i < m_layout.columns(); ++i)
+                    if (m_mapping.columns[i].role == Role::Carried)
+                        useByValues(i, m_mapping.columns[i]);
             judgeTimes();
+            judgeSteps();
             judgeOtherTemperatures();
             judgePairs();
         }
@@ -426,6 +497,19 @@ private:
                            [quantity](const ColumnUse& use) {
                                return use.role == Role::Reading && use.quantity == quantity;
                            });
+    }
+
+    bool has(Role role) const
+    {
+        return std::any_of(m_mapping.columns.begin(), m_mapping.columns.end(),
+                           [role](const ColumnUse& use) { return use.role == role; });
+    }
+
+    static void carry(ColumnUse& use)
+    {
+        ColumnUse plain;
+        plain.column = use.column;
+        use = std::move(plain);
     }
 
     static void useOfEpw(std::size_t i, ColumnUse& use)
@@ -469,43 +553,118 @@ private:
         const std::vector<std::string> name = words(withoutSensors(m_layout.names[i]));
         const auto& stations = termWords<kStations>();
         if (std::find(stations.begin(), stations.end(), name) != stations.end()) {
+            if (has(Role::Station))
+                return;
             use.role = Role::Station;
             use.because = "It is called a station.";
             return;
         }
         if (const TimeTerm* const time = findTerm<kTimeTerms>(name); time != nullptr && isTime(i, *time)) {
-            use.role = time->role;
-            use.because = "Its name holds \"" + std::string(time->words) + "\".";
-            judgeHour(i, use);
+            useAsTime(i, time->role, "Its name holds \"" + std::string(time->words) + "\".", use);
             return;
         }
         if (const TimeTerm* const time = shortTime(name); time != nullptr && isTime(i, *time)) {
-            use.role = time->role;
-            use.because = "It stands behind a year.";
-            judgeHour(i, use);
+            useAsTime(i, time->role, "It stands behind a date.", use);
             return;
         }
-        const bool other = findTerm<kOthers>(name) != nullptr;
-        const Term* term = findTerm<kTerms>(name);
-        const bool leaves =
-            contains(name, {"out"}) || contains(name, {"up"}); // of radiation; of a place, outdoors
-        if (term != nullptr &&
-            ((other && term->quantity != Quantity::Ea) || (leaves && term->quantity == Quantity::SR)))
-            return;
-        if (term == nullptr && !other)
-            term = shortTerm(name);
         const Seen seen = look(m_table, i);
-        if (term == nullptr || seen.numbers.empty() || seen.texts > seen.numbers.size())
+        if (seen.numbers.empty() || seen.texts > seen.numbers.size())
             return;
-        if (isOfService(term->quantity) || isSecond(use.column, term->quantity))
+        bool vague = false;
+        const Term* const term = termOf(i, name, vague);
+        if (term == nullptr || isOfService(term->quantity) || isSecond(use.column, term->quantity))
             return;
         use.role = Role::Reading;
         use.quantity = term->quantity;
-        use.because = "Its name holds \"" + std::string(term->words) + "\"";
+        use.because = term->words.empty() ? "Its name is a unit of it"
+                                          : "Its name holds \"" + std::string(term->words) + "\"";
         judgeUnit(i, seen, use);
+        if (vague && use.doubt.empty())
+            use.doubt = "Its name does not tell which " + std::string(kindOf(use.quantity)) + " it is.";
         if (use.quantity == Quantity::WS)
             judgeHeight(m_layout.names[i], name, use);
         use.because += ".";
+    }
+
+    static std::string_view kindOf(Quantity quantity)
+    {
+        switch (quantity) {
+        case Quantity::SR:
+            return "radiation";
+        case Quantity::WS:
+            return "speed";
+        case Quantity::RH:
+            return "humidity";
+        default:
+            return "temperature";
+        }
+    }
+
+    // What the name calls the column; `vague` where it could mean another measurement of that kind.
+    const Term* termOf(std::size_t i, const std::vector<std::string>& name, bool& vague) const
+    {
+        const std::string_view symbol = unitSymbol(m_layout.units[i]);
+        if (const Term* const term = findTerm<kTerms>(name))
+            return isOther(name, term->quantity) ? nullptr : term;
+        if (const Term* const term = shortTerm(name);
+            term != nullptr && !isOther(name, term->quantity) && !(term->words == "hr" && highest(i) <= 24))
+            return term; // those of an hour are no humidity
+        vague = true;
+        if (const Term* const term = findTerm<kVagueTerms>(name))
+            return !isOther(name, term->quantity) && UnitWay::find(term->quantity, symbol, kSomeStep)
+                       ? term
+                       : nullptr;
+        // A name that is nothing but a unit, "[°C]".
+        static constexpr Term kUnitAlone[] = {
+            {"", Quantity::Ta}, {"", Quantity::RH}, {"", Quantity::WS}, {"", Quantity::SR}};
+        const std::string& written = m_layout.names[i];
+        if (!symbol.empty() && unitSymbol(written) == symbol &&
+            std::string_view("[({°%").find(written[0]) != std::string_view::npos)
+            for (const Term& term : kUnitAlone)
+                if (UnitWay::find(term.quantity, symbol, kSomeStep))
+                    return &term;
+        return nullptr;
+    }
+
+    // Another place, an extreme, a direction and the like.
+    static bool isOther(const std::vector<std::string>& name, Quantity quantity)
+    {
+        const auto& all = termWords<kOthers>();
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const std::string_view word = kOthers[i];
+            // The sun, not a soil; a vapour pressure.
+            if ((quantity == Quantity::SR && word == "sol") ||
+                (quantity == Quantity::Ea && (word == "pressure" || word == "druck")))
+                continue;
+            if (contains(name, all[i]))
+                return true;
+        }
+        // Of a radiation that leaves the ground; a place is outdoors.
+        return quantity == Quantity::SR && (contains(name, {"out"}) || contains(name, {"up"}));
+    }
+
+    void useAsTime(std::size_t i, Role role, std::string because, ColumnUse& use) const
+    {
+        // Hours and minutes as times of the day, and as numbers under a name that tells a time.
+        const auto all = [&](auto&& is) {
+            return std::all_of(m_table.look.begin(), m_table.look.end(), [&](const Row& row) {
+                const std::string_view cell =
+                    row.refused.empty() ? trimmed(row.cells[i]) : std::string_view();
+                return cell.empty() || is(cell);
+            });
+        };
+        if ((role == Role::Hour || role == Role::HourMinute) &&
+            all([](std::string_view cell) { return cell.find(':') != std::string_view::npos; }))
+            role = Role::Time;
+        if (role == Role::Time && all([](std::string_view cell) {
+                return cell.size() <= 4 && cell.find_first_not_of("0123456789") == std::string_view::npos;
+            }))
+            role = Role::Hour;
+        if (role != Role::Time && has(role))
+            return; // the first one is taken
+        use.role = role;
+        use.because = std::move(because);
+        judgeHour(i, use);
     }
 
     // As the service calls it whose file this is.
@@ -516,6 +675,8 @@ private:
             return false;
         const std::string whose = std::string(m_service->name()) + " calls it so";
         if (known->role != Role::Reading) {
+            if (known->role == Role::Station && has(Role::Station))
+                return true;
             use.role = known->role;
             use.because = upper(whose) + ".";
             return true;
@@ -541,6 +702,9 @@ private:
                 use.doubt = "The service sums it over " + plain(known->step) + " s; the rows are " +
                             plain(use.step) + " s apart, over which it is taken for summed.";
         }
+        if (!written && !known->unsure.empty())
+            use.doubt = known->unsure;
+        judgeRange(look(m_table, i), use);
         return true;
     }
 
@@ -572,16 +736,26 @@ private:
 
     const TimeTerm* shortTime(const std::vector<std::string>& name) const
     {
-        const auto has = [this](Role role) {
-            return std::any_of(m_mapping.columns.begin(), m_mapping.columns.end(),
-                               [role](const ColumnUse& use) { return use.role == role; });
-        };
         const auto& all = termWords<kShortTimes>();
-        const auto found = std::find(all.begin(), all.end(), name);
-        if (found == all.end() || !has(Role::Year))
-            return nullptr;
-        const TimeTerm& term = kShortTimes[found - all.begin()];
-        return has(term.role) ? nullptr : &term;
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const Role role = kShortTimes[i].role;
+            const bool behindDate = has(Role::Year) || (role >= Role::Hour && dateStands());
+            if (all[i] == name && behindDate && !has(role) && (role != Role::Minute || has(Role::Hour)))
+                return &kShortTimes[i];
+        }
+        return nullptr;
+    }
+
+    // A column of dates without times stands in front.
+    bool dateStands() const
+    {
+        for (std::size_t i = 0; i < m_mapping.columns.size(); ++i)
+            if (m_mapping.columns[i].role == Role::Time &&
+                std::all_of(m_table.look.begin(), m_table.look.end(), [i](const Row& row) {
+                    return !row.refused.empty() || trimmed(row.cells[i]).size() <= 10;
+                }))
+                return true;
+        return false;
     }
 
     void judgeHour(std::size_t i, ColumnUse& use) const
@@ -608,13 +782,20 @@ private:
             ++all;
             const std::string_view cell = trimmed(row.cells[i]);
             const auto number = cellNumber(cell, m_layout.decimal);
+            const bool whole = cell.find_first_not_of("0123456789") == std::string_view::npos;
+            const bool hour = term.role == Role::Hour || term.role == Role::HourMinute;
             if (term.role == Role::Time)
-                times += looksLikeTime(cell) || (number && (cell.size() == 4 || cell.size() <= 2)) ? 1U : 0U;
+                times += looksLikeTime(cell) || (whole && (cell.size() == 4 || cell.size() <= 2)) ? 1U : 0U;
             else
-                times += number && *number >= 0 && *number <= highestOf(term.role) ? 1U : 0U;
+                times += (number && *number >= leastOf(term.role) && *number <= highestOf(term.role)) ||
+                                 (hour && cell.find(':') != std::string_view::npos && looksLikeTime(cell))
+                             ? 1U
+                             : 0U;
         }
         return 10 * times >= 9 * all && all > 0;
     }
+
+    static double leastOf(Role part) { return part == Role::Year ? 1700 : part <= Role::DayOfYear ? 1 : 0; }
 
     static double highestOf(Role part)
     {
@@ -635,8 +816,12 @@ private:
         }
     }
 
-    static const Term* shortTerm(const std::vector<std::string>& name)
+    static const Term* shortTerm(std::vector<std::string> name)
     {
+        if (!name.empty()) // "rhmean", "TAAVG"
+            for (const std::string_view mean : {"avg", "mean", "med"})
+                if (name.front().size() > mean.size() && name.front().ends_with(mean))
+                    name.front().resize(name.front().size() - mean.size());
         for (std::size_t i = 0; i < std::size(kShortNames); ++i) {
             const std::vector<std::string>& wanted = termWords<kShortNames>()[i];
             if (name.size() < wanted.size() || !std::equal(wanted.begin(), wanted.end(), name.begin()))
@@ -654,39 +839,47 @@ private:
     void judgeUnit(std::size_t i, const Seen& seen, ColumnUse& use) const
     {
         const std::string_view own = infoOf(use.quantity).unit;
-        const std::string& written = m_layout.units[i];
+        const std::string other = m_layout.units[i].empty() ? otherUnitIn(m_layout.names[i]) : std::string();
+        const std::string& written = other.empty() ? m_layout.units[i] : other;
         const std::string_view symbol = unitSymbol(written);
         use.unit = own;
         if (isDose(symbol) && use.quantity == Quantity::SR) {
             judgeDose(symbol, use);
-            return;
-        }
-        if (UnitWay::find(use.quantity, symbol, 0)) {
+        } else if (UnitWay::find(use.quantity, symbol, 0)) {
             use.unit = symbol;
             use.because += ", and its unit is written as \"" + written + "\"";
-            if (use.quantity == Quantity::Ta && symbol == "°C" && seen.highest() > 58)
-                use.doubt = "Values up to " + plain(seen.highest()) + " are no air temperatures in °C.";
-            return;
-        }
-        if (!symbol.empty()) {
-            use.doubt = "Its unit is written as \"" + written + "\", which is none of the " +
-                        std::string(infoOf(use.quantity).name) + ".";
-            return;
-        }
-        if (use.quantity == Quantity::RH && seen.highest() > 1.5 && seen.highest() <= 110) {
+        } else if (!written.empty()) {
+            use.doubt = "Its unit is written as \"" + written + "\", which is " +
+                        (symbol.empty() ? "not known; " + use.unit + " is taken."
+                                        : "none of the " + std::string(infoOf(use.quantity).name) + ".");
+        } else if (use.quantity == Quantity::RH && seen.highest() > 1.5 && seen.highest() <= 110) {
             use.because += ", and values up to " + plain(seen.highest()) + " are in %";
-            return;
-        }
-        use.unit = likelyUnit(use.quantity, seen);
-        if (isDose(use.unit)) {
+        } else if (use.unit = likelyUnit(use.quantity, seen); isDose(use.unit)) {
             judgeDose(use.unit, use);
             use.doubt = "No unit is written; J/m2 are taken, summed over " + plain(use.step) + " s.";
-            return;
+        } else {
+            use.doubt = "No unit is written; " + use.unit + " is taken for values from " +
+                        plain(seen.lowest()) + " to " + plain(seen.highest()) + ".";
         }
-        use.doubt = "No unit is written; " + use.unit + " is taken for values from " + plain(seen.lowest()) +
-                    " to " + plain(seen.highest()) + ".";
-        if (use.quantity == Quantity::SR && seen.highest() > kMostSun)
-            use.doubt += " That is more than the sun gives.";
+        judgeRange(seen, use);
+    }
+
+    // Values that nothing on the earth has in that unit.
+    static void judgeRange(const Seen& seen, ColumnUse& use)
+    {
+        const auto way = UnitWay::find(use.quantity, use.unit, use.step);
+        if (!way || seen.numbers.empty())
+            return;
+        const Bounds bounds = boundsOf(use.quantity);
+        const double low = (*way)(seen.lowest());
+        const double high = (*way)(seen.highest());
+        const bool few = seen.numbers.size() < kDayOfHours;
+        if (low >= bounds.least && high <= bounds.most && (few || high == 0 || high > bounds.lesser))
+            return;
+        use.doubt += (use.doubt.empty() ? "" : " ") + std::string("Values from ") + plain(seen.lowest()) +
+                     " to " + plain(seen.highest()) + " are hardly those of the " +
+                     std::string(infoOf(use.quantity).name) + " in " + use.unit +
+                     (use.step > 0 ? " over " + plain(use.step) + " s" : std::string()) + ".";
     }
 
     // The unit in which such values can stand on the earth.
@@ -788,14 +981,15 @@ private:
         return 0;
     }
 
-    static void judgeHeight(std::string_view written, const std::vector<std::string>& name, ColumnUse& use)
+    void judgeHeight(std::string_view written, const std::vector<std::string>& name, ColumnUse& use) const
     {
         use.height = name == words("u2") ? 2 : heightIn(name);
         if (use.height > 0) {
             use.because += ", and " + plain(use.height) + " m stand in its name";
             return;
         }
-        const bool own = name == words("ws") || written == "Wind Speed (m/s)";
+        const bool own =
+            written == "Wind Speed (m/s)" || (name == words("ws") && plainMapping(m_table).has_value());
         if (own)
             use.because += ", as this program calls it";
         else if (use.doubt.empty())
@@ -831,8 +1025,13 @@ private:
         for (std::size_t i = 0; i < m_mapping.columns.size(); ++i)
             if (m_mapping.columns[i].role == Role::Time)
                 columns.push_back(i);
-        if (columns.empty())
+        if (columns.empty()) {
+            if (!has(Role::Year))
+                for (ColumnUse& use : m_mapping.columns)
+                    if (use.role >= Role::Month && use.role <= Role::Second)
+                        carry(use);
             return;
+        }
         // A whole date and time stands in one column: what else tells a time is carried.
         for (const std::size_t i : columns) {
             const bool whole = std::all_of(m_table.look.begin(), m_table.look.end(), [&](const Row& row) {
@@ -844,7 +1043,10 @@ private:
                 continue;
             for (const std::size_t other : columns)
                 if (other != i)
-                    m_mapping.columns[other].role = Role::Carried;
+                    carry(m_mapping.columns[other]);
+            for (ColumnUse& use : m_mapping.columns)
+                if (use.role >= Role::Year && use.role <= Role::Second)
+                    carry(use);
             columns = {i};
             break;
         }
@@ -855,6 +1057,18 @@ private:
                                                       .seconds != -1;
             });
         });
+        if (dated == columns.end() && !has(Role::Year) && !joinToDates(columns)) {
+            for (ColumnUse& use : m_mapping.columns)
+                if (use.role == Role::Time || (use.role >= Role::Year && use.role <= Role::Second))
+                    carry(use);
+            m_mapping.doubts.push_back("\"" + m_mapping.columns[columns.front()].column +
+                                       "\" tells no date; it is carried along.");
+            return;
+        }
+        if (dated != columns.end()) // a date of its own needs no parts
+            for (ColumnUse& use : m_mapping.columns)
+                if (use.role >= Role::Year && use.role <= Role::DayOfYear)
+                    carry(use);
         const unsigned yearFirst = 1U << static_cast<unsigned>(DateOrder::YearMonthDay);
         unsigned orders = 7;
         bool mattered = false;
@@ -906,6 +1120,17 @@ private:
         }
     }
 
+    bool joinToDates(const std::vector<std::size_t>& columns) const
+    {
+        return std::any_of(m_table.look.begin(), m_table.look.end(), [&](const Row& row) {
+            std::string joined;
+            for (const std::size_t i : columns)
+                joined += (row.refused.empty() ? row.cells[i] : std::string()) + " ";
+            return readMoment(trimmed(joined), DateOrder::DayMonthYear) ||
+                   readMoment(trimmed(joined), DateOrder::MonthDayYear);
+        });
+    }
+
     // Where degrees Fahrenheit are read, the month stands in front more often than not.
     bool isAmerican() const
     {
@@ -928,6 +1153,37 @@ private:
                     m_mapping.columns[i].because += " It tells the zone of the clock.";
             }
         }
+    }
+
+    // Rows of one station that all have the same time tell but a part of it.
+    void judgeSteps()
+    {
+        if (has(Role::Station) || m_mapping.columns.empty())
+            return;
+        std::vector<std::size_t> columns;
+        for (std::size_t i = 0; i < m_mapping.columns.size(); ++i)
+            if (const Role role = m_mapping.columns[i].role;
+                role == Role::Time || (role >= Role::Year && role <= Role::Second))
+                columns.push_back(i);
+        std::size_t pairs = 0;
+        std::size_t same = 0;
+        const Row* before = nullptr;
+        for (const Row& row : m_table.look) {
+            if (!row.refused.empty() || columns.empty())
+                continue;
+            if (before != nullptr) {
+                ++pairs;
+                same += std::all_of(columns.begin(), columns.end(),
+                                    [&](std::size_t i) { return row.cells[i] == before->cells[i]; })
+                            ? 1U
+                            : 0U;
+            }
+            before = &row;
+        }
+        if (2 * same > pairs)
+            m_mapping.doubts.emplace_back(
+                "Most rows have the time of the row before; the hour or the station "
+                "may stand in a column that is carried along.");
     }
 
     void judgeWhole()

@@ -17,9 +17,10 @@ struct KnownColumn {
     std::string_view words; ///< all of its name, or its first ones where they tell the measurement
     Role role = Role::Reading;
     Quantity quantity = Quantity::Ta;
-    std::string_view unit{}; ///< of a reading
-    double height = 0;       ///< of a wind [m]
-    double step = 0;         ///< of a dose [s]
+    std::string_view unit{};   ///< of a reading
+    double height = 0;         ///< of a wind [m]
+    double step = 0;           ///< of a dose [s]
+    std::string_view unsure{}; ///< a doubt that every file of the service leaves, in a sentence
 };
 
 /// The service whose file has columns of these names.

@@ -137,9 +137,9 @@ Pieces takenApart(std::string_view text)
             if (pieces.count == 0 &&
                 (digits.size() == 8 || digits.size() == 10 || digits.size() == 12 || digits.size() == 14))
                 pieces.sound = addTogether(pieces, digits);
-            else if (pieces.count == 3 && digits.size() == 4 && pieces.numbers[0].digits == 4)
+            else if (pieces.count == (pieces.month == 0 ? 3U : 2U) && digits.size() == 4 && mark != '.')
                 pieces.sound = addNumber(pieces, digits.substr(0, 2), ':') &&
-                               addNumber(pieces, digits.substr(2), ':'); // "20240301:1530"
+                               addNumber(pieces, digits.substr(2), ':'); // "20240301:1530", "1/3/2024 1530"
             else
                 pieces.sound = addNumber(pieces, digits, mark);
             at = end;
@@ -158,7 +158,9 @@ Pieces takenApart(std::string_view text)
                     word += letter;
             pieces.sound = addWord(pieces, word);
             at = end;
-            mark = ' ';
+            mark =
+                (word == "h" || word == "H") && at < text.size() && isDigit(text[at]) ? ':' : ' '; // "15h30"
+            colons += mark == ':' ? 1U : 0U;
             continue;
         }
         if (std::string_view(" \t,-/.:+").find(c) == std::string_view::npos) {
@@ -291,6 +293,8 @@ bool looksLikeTime(std::string_view text)
         if (readMoment(text, order))
             return text.find_first_of("-/.: ") != std::string_view::npos || text.size() >= 8;
     const Pieces pieces = takenApart(text);
+    if (pieces.sound && pieces.count == 1 && pieces.numbers[0].digits == 4 && pieces.offset)
+        return pieces.numbers[0].value <= 2400; // "0130 UTC"
     return pieces.sound && pieces.count >= 2 && pieces.count <= 4 && pieces.numbers[1].before == ':' &&
            pieces.numbers[0].value <= 24 && pieces.numbers[1].value < 60;
 }

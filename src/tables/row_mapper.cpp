@@ -265,7 +265,10 @@ void RowMapper::takeTime(const Row& row, MappedRow& result) const
     std::string joined;
     for (const TimeSource& source : m_times) {
         const std::string_view cell = trimmed(row.cells[source.column]);
-        joined += (joined.empty() ? "" : " ") + std::string(cell);
+        joined += joined.empty() ? "" : " ";
+        if (source.role == Role::HourMinute && cell.size() < 4)
+            joined.append(4 - cell.size(), '0'); // "30" for half past midnight
+        joined += cell;
         gap = gap || isUsualGap(cell);
     }
     result.time = m_timeParts ? timeOfParts(row, gap) : readMoment(joined, m_order);

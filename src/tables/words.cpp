@@ -17,6 +17,12 @@ constexpr std::string_view kLatin = "aaaaaaaceeeeiiiidnooooo*ouuuuyts"
                                     "aaaaaaaceeeeiiiidnooooo/ouuuuyty";
 static_assert(kLatin.size() == 64);
 
+// The letters from U+0100 to U+017F in the same way; '.' stands for those that have no plain one.
+constexpr std::string_view kLatinExtended =
+    "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiii..jjkk.lllllll"
+    "lllnnnnnnn..oooooo..rrrrrrssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs";
+static_assert(kLatinExtended.size() == 0x80);
+
 char32_t greek(char32_t c)
 {
     constexpr std::array<std::array<char32_t, 2>, 19> kAccented{{{0x386, 0x3B1},
@@ -71,8 +77,9 @@ Kind kindOf(char32_t c)
     if ((c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ||
         (c >= 0x386 && c <= 0x3AB && c != 0x390))
         return Kind::Large;
+    // Capitals of the extended letters go for small ones: they part no words.
     const bool small =
-        (c >= 'a' && c <= 'z') || (c >= 0xDF && c <= 0xFF && c != 0xF7) || (c >= 0x390 && c <= 0x3CE);
+        (c >= 'a' && c <= 'z') || (c >= 0xDF && c <= 0x17F && c != 0xF7) || (c >= 0x390 && c <= 0x3CE);
     return small ? Kind::Small : Kind::Other;
 }
 
@@ -82,6 +89,8 @@ void appendFolded(std::string& text, std::string_view bytes, char32_t code)
         text += static_cast<char>(code - 'A' + 'a');
     else if (code >= kLatinBegin && code <= 0xFF && code != 0xD7 && code != 0xF7)
         text += kLatin[code - kLatinBegin];
+    else if (code > 0xFF && code <= 0x17F && kLatinExtended[code - 0x100] != '.')
+        text += kLatinExtended[code - 0x100];
     else if (code >= 0x370 && code < 0x400)
         appendUtf8(text, greek(code));
     else

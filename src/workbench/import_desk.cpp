@@ -316,10 +316,10 @@ std::vector<std::string> ImportDesk::doubts() const
 
 std::vector<std::string> unitsOf(Quantity quantity)
 {
-    static constexpr std::array kSymbols{"°C",   "F",     "K",     "%",      "1",     "m/s",    "km/h",
-                                         "kn",   "mph",   "ft/s",  "ft/min", "m/min", "W/m2",   "kW/m2",
-                                         "J/m2", "kJ/m2", "MJ/m2", "J/cm2",  "Wh/m2", "kWh/m2", "hPa",
-                                         "mbar", "kPa",   "Pa",    "mmHg"};
+    static constexpr std::array kSymbols{"°C",   "F",     "K",     "%",      "1",      "m/s",    "km/h",
+                                         "kn",   "mph",   "ft/s",  "ft/min", "m/min",  "W/m2",   "kW/m2",
+                                         "J/m2", "kJ/m2", "MJ/m2", "J/cm2",  "Wh/m2",  "kWh/m2", "hPa",
+                                         "mbar", "kPa",   "Pa",    "mmHg",   "0.1 °C", "0.1 m/s"};
     constexpr double kAnyStep = 3600;
     std::vector<std::string> units{std::string(tables::infoOf(quantity).unit)};
     for (const char* const symbol : kSymbols)

@@ -120,6 +120,26 @@ TEST(TableMapping, TheShapesOfLoggersAndServicesAreKnown)
          "1988-02-02T00:00:00 8|||-5||"},
         {"Date,Temp (°F),Globe (°F),Solar (W/m2)\n7/1/19 1:00 PM,86,104,900\n",
          "2019-07-01T13:00:00 30|40||||"},
+        {"Date;Heure;Température (°C)\n15/07/2019;13h30;30,5\n15/07/2019;14h00;31,5\n",
+         "2019-07-15T14:00:00 31.5|||||"},
+        {"Date,Hour (PST),Jul,Sol Rad (W/m2),Air Temp "
+         "(F)\n7/14/2019,2300,195,0,84\n7/14/2019,2400,195,0,86\n",
+         "2019-07-15T00:00:00 30||0|||"},
+        {"Date/Time (LST),Year,Month,Day,Temp (°C)\n2019-07-14 13:00,2019,07,14,30\n",
+         "2019-07-14T13:00:00 30|||||"},
+        {"numer_sta;date;pmer;ff;t;td;u;niv_bar;\n07149;20190714120000;101320;2;303.15;283.15;30;mq;\n",
+         "2019-07-14T12:00:00 30||||30|1.2862"},
+        {"# STN,YYYYMMDD,FG,TG,Q,UG\n260,20190714,100,153,2592,80\n",
+         "2019-07-14T00:00:00 15.3||300||80|6.431"},
+        {"DATA;HORA UTC;PRECIPITA\xC7\xC3O (mm);TEMPERATURA DO AR (\xB0"
+         "C)\n2019/07/14;1300 UTC;0;30,5\n",
+         "2019-07-14T13:00:00Z 30.5|||||"},
+        {"#YY  MM DD hh mm WSPD  ATMP DEWP\n#yr  mo dy hr mn m/s  degC degC\n2019 07 14 13 50 2.0  30.1 "
+         "10.1\n",
+         "2019-07-14T13:50:00 30.1|||10.1||2.0"},
+        {"Date        Time   Air Temp  Rel Hum\n                       [°F]      [%]\n"
+         "2019-07-14  13:00      86.0       45\n2019-07-14  14:00                44\n",
+         "2019-07-14T14:00:00 ||||44|"},
         {"time(UTC),temp,dew_point\n20160101:0030,275.15,270.15\n", "2016-01-01T00:30:00Z 2|||-3||"},
     };
     for (const auto& file : files)
@@ -131,7 +151,22 @@ TEST(TableMapping, TheShapesOfLoggersAndServicesAreKnown)
 TEST(TableMapping, NamesInFiveLanguagesAreKnown)
 {
     const std::pair<const char*, const char*> rows[] = {
-        {"air_temperature [K]", "ta:K"},
+        {"air_temperature [K]", "ta:K?"}, // 20 K
+        {"Mean Radiant Temperature (°C)", "none"},
+        {"Vapor Pressure Deficit (kPa)", "none"},
+        {"10m_u_component_of_wind (m/s)", "none"},
+        {"Clear sky GHI (W/m2)", "none"},
+        {"wind_speed_unit_id", "none"},
+        {"Humidity (g/kg)", "rh:%?"},
+        {"Air temperature (K)", "ta:K?"},
+        {"Radiación (W/m2)", "sr:W/m2?"},
+        {"Hr", "none"}, // 20 and 21 hours
+        {"windspd_avg10m (m/s)", "none"},
+        {"Wind avg10m (m/s)", "ws:m/s?"},
+        {"WindSpeedKMH", "ws:km/h?"},
+        {"[°C]", "ta:°C?"},
+        {"Wilgotność (%)", "rh:%"},
+        {"Umidità relativa (%)", "rh:%"},
         {"Température de l'air (°C)", "ta:°C"},
         {"Θερμοκρασία (°C)", "ta:°C"},
         {"Temp_Out_F", "ta:F"},
@@ -190,6 +225,9 @@ TEST(TableMapping, AFileOfItGivesItBackAndIsKnownAgainByItsTable)
                      .separator = ';',
                      .decimal = ',',
                      .comment = "#",
+                     .header = 3,
+                     .unitLines = 0,
+                     .dataLine = 9,
                      .sheet = "S"};
     mapping.columns.back().step = 600;
     mapping.columns.front().role = tables::Role::Input;
