@@ -33,6 +33,15 @@ namespace comfortics::cli {
 
 namespace {
 
+constexpr const char* kNone = "none";
+constexpr std::size_t kLastLine = 1'000'000;
+
+std::string lineOrNone(const std::string& text)
+{
+    std::string copy = text;
+    return text == kNone ? std::string() : CLI::Range(std::size_t{1}, kLastLine)(copy);
+}
+
 /// The input file, or standard input for "-".
 class InputFile {
 public:
@@ -237,6 +246,24 @@ private:
             .add_option("--sheet", m_sheet, "Read the sheet NAME of an XLSX workbook instead of the first")
             ->type_name("NAME")
             ->check(named);
+        command
+            .add_option("--header-line", m_headerLine,
+                        "The line that has the names of the columns, or none; default: found by the program")
+            ->type_name("N|none")
+            ->check(lineOrNone);
+        command
+            .add_option("--unit-lines", m_shape.unitLines,
+                        "How many lines behind the names have units and the like")
+            ->type_name("N")
+            ->check(CLI::Range(std::size_t{0}, std::size_t{100}));
+        command.add_option("--data-line", m_shape.dataLine, "The line on which the readings begin")
+            ->type_name("N")
+            ->check(CLI::Range(std::size_t{1}, kLastLine));
+        command
+            .add_option("--comment", m_comment,
+                        "What lines begin with that are passed over, or none; default: found by the program")
+            ->type_name("MARK|none")
+            ->check(named);
         command.add_flag("--inputs", m_inputs,
                          "Write the time and the six readings as they were taken, in their units");
         command.add_flag(
@@ -249,8 +276,24 @@ private:
     {
         const std::string name = texts::lowered(m_input);
         return !m_map.empty() || !m_columns.empty() || m_guess || !m_format.empty() || m_inputs || m_status ||
-               !m_sheet.empty() || !m_summary.empty() || name.ends_with(".epw") ||
-               tables::isWorkbook(m_input);
+               !m_sheet.empty() || !m_summary.empty() || !(toldShape({}) == tables::Shape()) ||
+               name.ends_with(".epw") || tables::isWorkbook(m_input);
+    }
+
+    // The options go before what a mapping tells.
+    tables::Shape toldShape(tables::Shape shape) const
+    {
+        if (!m_sheet.empty())
+            shape.sheet = m_sheet;
+        if (!m_headerLine.empty())
+            shape.header = m_headerLine == kNone ? 0 : std::stoul(m_headerLine);
+        if (m_shape.unitLines)
+            shape.unitLines = m_shape.unitLines;
+        if (m_shape.dataLine)
+            shape.dataLine = m_shape.dataLine;
+        if (!m_comment.empty())
+            shape.comment = m_comment == kNone ? std::string() : m_comment;
+        return shape;
     }
 
     static void tell(const tables::RunCounts& counts)
@@ -292,9 +335,7 @@ private:
             std::optional<tables::Mapping> mapping;
             if (!m_map.empty())
                 mapping = mappingOfFile();
-            tables::Shape shape = mapping ? mapping->shape : tables::Shape();
-            if (!m_sheet.empty())
-                shape.sheet = m_sheet;
+            const tables::Shape shape = toldShape(mapping ? mapping->shape : tables::Shape());
             tables::OpenTable table =
                 tables::isWorkbook(m_input)
                     ? tables::openWorkbook(m_input, shape)
@@ -302,7 +343,9 @@ private:
                           [&input](char* buffer, std::size_t size) { return input.read(buffer, size); },
                           shape);
             if (m_guess) {
-                take(tables::mappingText(tables::guessMapping(table)));
+                tables::Mapping guess = tables::guessMapping(table);
+                guess.shape = shape;
+                take(tables::mappingText(guess));
                 return {};
             }
             if (!m_columns.empty())
@@ -426,6 +469,9 @@ private:
     std::string m_format;
     std::string m_sheet;
     std::string m_summary;
+    std::string m_headerLine;
+    std::string m_comment;
+    tables::Shape m_shape; // the lines that are told
     bool m_guess = false;
     bool m_inputs = false;
     bool m_status = false;

@@ -465,7 +465,8 @@ void takeToldPlaces(Places& places, const std::vector<Line>& lines, const Divisi
         const bool guessed = !told.unitLines && below < places.data &&
                              isUnitLine(headOf(lines[below], below, division, edges));
         const std::size_t count = told.unitLines.value_or(guessed ? places.data - below : 0);
-        for (std::size_t i = below; i < lines.size() && places.units.size() < count; ++i)
+        const std::size_t end = guessed ? places.data : lines.size();
+        for (std::size_t i = below; i < end && places.units.size() < count; ++i)
             if (lines[i].comment.empty())
                 places.units.push_back(i);
     }

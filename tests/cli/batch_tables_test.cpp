@@ -60,6 +60,22 @@ TEST(BatchTables, AGuessIsUsedAsAMappingAndAnotherFormHasTheSameFigures)
                   " cannot be used: it is damaged: it is no mapping of a table.\n");
 }
 
+TEST(BatchTables, WhereNamesAndReadingsStandIsToldAndKeptInTheMapping)
+{
+    const TemporaryFolder folder;
+    const std::string table = folder.file("table.csv");
+    folder.write("table.csv", "x;y;z\nTemp;Hum;Wind 2m\nF;%;m/s\n* 1;2;3\n77;50;1\n86;50;1\n");
+    const std::string map = folder.file("map.json");
+    EXPECT_EQ(runTool({"batch", table, "--guess", "--header-line", "2", "--comment", "*", "-o", map}).err,
+              "");
+    const Ending known = runTool({"batch", table, "--map", map, "--select", "159", "--data-line", "6"});
+    EXPECT_EQ(known.out.substr(0, known.out.find('\n')),
+              "Temp [F],Hum [%],Wind 2m [m/s],Status,159 Solar Radiation [W/m²]\r");
+    EXPECT_EQ(known.err, "Rows: 0 calculated, 1 skipped, 0 failed.\n");
+    EXPECT_EQ(runTool({"batch", table, "--guess", "--header-line", "99"}).status, 5);
+    EXPECT_EQ(runTool({"batch", table, "--guess", "--header-line", "0"}).status, 2);
+}
+
 TEST(BatchTables, OnlyWhatIsSureIsTakenUnasked)
 {
     const Ending weather =

@@ -104,6 +104,7 @@ TEST(TableLayout, WhatIsToldOfItsLinesGoesBeforeTheGuess)
         {{.header = 2, .unitLines = 0}, "Temp|Hum|Rad", "||", {2, 3, 0}, "3: °C|%|W/m²"},
         {{.header = 2, .unitLines = 1, .dataLine = 7}, "Temp|Hum|Rad", "°C|%|W/m²", {2, 7, 1}, "7: 4|5|6"},
         {{.header = 0}, "Column 1|Column 2|Column 3", "||", {0, 1, 0}, "1: Hill|1|2"},
+        {{.comment = "*", .header = 2}, "Temp|Hum|Rad", "°C|%|W/m²", {2, 6, 2}, "6: 1|2|3"},
         {{.comment = "*", .header = 2, .unitLines = 2}, "Temp|Hum|Rad", "°C|%|W/m²", {2, 6, 2}, "6: 1|2|3"},
         {{.header = 5, .unitLines = 0}, "* broken|Column 2|Column 3", "||", {5, 6, 0}, "6: 1|2|3"},
     };
