@@ -699,6 +699,10 @@ void makeNamesDiffer(std::vector<std::string>& names)
 
 Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
 {
+    if (sample.starts_with("\xD0\xCF\x11\xE0\xA1\xB1"))
+        throw TableFault(
+            "The file is a workbook of the older form (XLS), or one that a password locks; save it as "
+            "XLSX or CSV.");
     CodingGuess coding;
     if (told.coding)
         coding.coding = *told.coding;
@@ -726,6 +730,8 @@ Layout guessLayout(std::string_view sample, bool whole, const Shape& told)
     std::size_t begin = 0;
     std::size_t data = runFrom(0, false);
     if (told.dataLine || told.header.value_or(0) > 0) {
+        if (told.header.value_or(0) > lines.back().number)
+            failAtLine(*told.header);
         // Below the names and what is told to stand there, too.
         data = 0;
         const std::size_t first = told.dataLine ? *told.dataLine : *told.header + 1;

@@ -233,7 +233,7 @@ const Mapping* recognised(const Layout& layout, const std::vector<Mapping>& know
 {
     const std::string fingerprint = fingerprintOf(layout);
     for (const Mapping& mapping : known)
-        if (mapping.fingerprint == fingerprint)
+        if (mapping.fingerprint == fingerprint || mapping.guessedFingerprint == fingerprint)
             return &mapping;
     return nullptr;
 }

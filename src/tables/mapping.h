@@ -56,7 +56,9 @@ struct ColumnUse {
 struct Mapping {
     std::string name{};        ///< as the user calls it; may be empty
     std::string fingerprint{}; ///< of the table that it was made for
-    Shape shape{};             ///< what is told of the file's shape
+    /// Of the same table with nothing told of its shape, where it is another one then.
+    std::string guessedFingerprint{};
+    Shape shape{}; ///< what is told of the file's shape
     std::vector<ColumnUse> columns{};
     DateOrder order = DateOrder::YearMonthDay;
     std::optional<int> zone{};         ///< of times that tell none [min from UTC]
@@ -73,7 +75,8 @@ struct Mapping {
 /// their rows, separators and characters.
 std::string fingerprintOf(const Layout& layout);
 
-/// The first mapping that was made for a table of that layout; null where there is none.
+/// The first mapping that was made for a table of that layout, or for one that has that layout as long as
+/// nothing is told of its shape; null where there is none.
 const Mapping* recognised(const Layout& layout, const std::vector<Mapping>& known);
 
 /// All doubts of a guess, in sentences that name their column.

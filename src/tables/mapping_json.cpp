@@ -202,6 +202,7 @@ Mapping readWhole(const ordered_json& object)
     Mapping mapping;
     mapping.name = textAt(object, "name");
     mapping.fingerprint = textAt(object, "fingerprint");
+    mapping.guessedFingerprint = textAt(object, "guessed fingerprint");
     if (const auto file = object.find("file"); file != object.end())
         mapping.shape = readShape(*file);
     if (const std::string order = textAt(object, "order"); !order.empty())
@@ -243,6 +244,8 @@ std::string mappingText(const Mapping& mapping)
     if (!mapping.name.empty())
         object["name"] = mapping.name;
     object["fingerprint"] = mapping.fingerprint;
+    if (!mapping.guessedFingerprint.empty())
+        object["guessed fingerprint"] = mapping.guessedFingerprint;
     if (ordered_json shape = shapeJson(mapping.shape); !shape.empty())
         object["file"] = std::move(shape);
     object["order"] = orderName(mapping.order);

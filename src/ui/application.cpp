@@ -184,17 +184,31 @@ void Application::addStation()
         m_stationForm.show();
         m_station->open();
     });
+    auto* const recent = new QMenu(QStringLiteral("R&ecent Station Files"), &m_main);
+    // The list is that of now: a file may have gone, or another have been opened in the window.
+    const auto fill = [this, recent] {
+        fillRecent(
+            *recent, m_recentStations.paths(), [this](const std::string& path) { openStation(path); },
+            [this] { m_recentStations.forget(); });
+    };
+    QObject::connect(&menu, &QMenu::aboutToShow, recent, fill);
+    fill();
     // Behind the sessions, with which it shares that it opens files.
     QAction* before = nullptr;
     for (QAction* const action : menu.actions())
         if (action->isSeparator() && before == nullptr)
             before = action;
     menu.insertAction(before, open);
-    QObject::connect(&m_main, &MainWindow::fileDropped, &m_main, [this](const QString& path) {
-        stationWindow();
-        m_stationForm.show();
-        m_station->openFile(fromQt(path));
-    });
+    menu.insertMenu(before, recent);
+    QObject::connect(&m_main, &MainWindow::fileDropped, &m_main,
+                     [this](const QString& path) { openStation(fromQt(path)); });
+}
+
+void Application::openStation(const std::string& path)
+{
+    stationWindow();
+    m_stationForm.show();
+    m_station->openFile(path);
 }
 
 template <class Window>

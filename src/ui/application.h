@@ -59,6 +59,7 @@ public:
 private:
     void addPanels();
     void addStation();
+    void openStation(const std::string& path);
     /// The window with its help.
     template <class Window>
     std::unique_ptr<Window> helped(std::unique_ptr<Window> window);
@@ -87,6 +88,7 @@ private:
     std::unique_ptr<RadiationWindow> m_radiation;
     std::unique_ptr<RawDataWindow> m_rawData;
     StationForm m_stationForm;
+    workspace::RecentFiles m_recentStations{m_preferences, kRecentStations};
     std::unique_ptr<StationWindow> m_station;
 };
 

@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace comfortics::ui {
 
 using workbench::Condition;
@@ -73,6 +75,13 @@ std::vector<std::pair<QString, Condition>> testsOf(const Field& field, const wor
     case Field::Kind::Reading:
     case Field::Kind::Figure:
         add(QStringLiteral("lies from … to …"), test(Test::Range));
+        add(QStringLiteral("has a value"), test(Test::Value));
+        add(QStringLiteral("is blank"), test(Test::Blank));
+        break;
+    case Field::Kind::Carried:
+        add(QStringLiteral("is …"), test(Test::Is));
+        add(QStringLiteral("holds …"), test(Test::Holds));
+        add(QStringLiteral("is a number from … to …"), test(Test::Range));
         add(QStringLiteral("has a value"), test(Test::Value));
         add(QStringLiteral("is blank"), test(Test::Blank));
         break;
@@ -146,6 +155,8 @@ FilterDialog::FilterDialog(std::shared_ptr<const workbench::TableStore> store, c
         offer({Field::Kind::Reading, i});
     for (std::size_t i = 0; i < m_store->indices().size(); ++i)
         offer({Field::Kind::Figure, i});
+    for (std::size_t i = 0; i < m_store->facts().carried.size(); ++i)
+        offer({Field::Kind::Carried, i});
 
     auto* const form = new QFormLayout(this);
     form->addRow(QStringLiteral("&Column:"), m_field);
@@ -180,11 +191,16 @@ void FilterDialog::offerTests()
 void FilterDialog::offerValues()
 {
     const auto place = static_cast<std::size_t>(m_test->currentIndex());
-    const bool typed =
-        place < m_tests.size() && (m_tests[place].test == Test::Range || m_tests[place].test == Test::Period);
-    for (QWidget* const widget : {static_cast<QWidget*>(m_leastLabel), static_cast<QWidget*>(m_least),
-                                  static_cast<QWidget*>(m_mostLabel), static_cast<QWidget*>(m_most)})
-        widget->setEnabled(typed);
+    const auto is = [&](std::initializer_list<Test> any) {
+        return place < m_tests.size() && std::count(any.begin(), any.end(), m_tests[place].test) > 0;
+    };
+    const bool worded = is({Test::Is, Test::Holds});
+    m_leastLabel->setText(worded ? QStringLiteral("&Text:") : QStringLiteral("&From:"));
+    m_least->setAccessibleName(worded ? QStringLiteral("Text") : QStringLiteral("From"));
+    for (QWidget* const widget : {static_cast<QWidget*>(m_leastLabel), static_cast<QWidget*>(m_least)})
+        widget->setEnabled(worded || is({Test::Range, Test::Period}));
+    for (QWidget* const widget : {static_cast<QWidget*>(m_mostLabel), static_cast<QWidget*>(m_most)})
+        widget->setEnabled(is({Test::Range, Test::Period}));
     judge();
 }
 
@@ -196,6 +212,11 @@ std::optional<Condition> FilterDialog::condition() const
     Condition wanted = m_tests[place];
     const bool least = !m_least->text().trimmed().isEmpty();
     const bool most = !m_most->text().trimmed().isEmpty();
+    if (wanted.test == Test::Is || wanted.test == Test::Holds) {
+        wanted.text = fromQt(m_least->text());
+        if (!least)
+            return std::nullopt;
+    }
     if (wanted.test == Test::Range) {
         wanted.least = numberOf(*m_least);
         wanted.most = numberOf(*m_most);
@@ -222,7 +243,8 @@ void FilterDialog::judge()
     m_ok->setEnabled(whole);
     const Field& field = m_fields[static_cast<std::size_t>(m_field->currentIndex())];
     m_message->setText(
-        whole ? QString()
+        whole                  ? QString()
+        : !m_most->isEnabled() ? QStringLiteral("A text, as it stands in the cells.")
         : field.kind == Field::Kind::Time
             ? QStringLiteral("Times as 2024-07-01 or 2024-07-01 15:30, by the clock of the table.")
             : QStringLiteral("A number in one of the boxes, or in both."));

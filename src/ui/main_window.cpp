@@ -5,6 +5,7 @@
 #include "ui/about.h"
 #include "ui/bindings.h"
 #include "ui/cards_panel.h"
+#include "ui/file_drops.h"
 #include "ui/guide_window.h"
 #include "ui/index_panel.h"
 #include "ui/live_panel.h"
@@ -12,7 +13,6 @@
 #include "ui/panels.h"
 #include "ui/readings_panel.h"
 #include "ui/results_window.h"
-#include "ui/station_window.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 #include "ui/window_memory.h"
@@ -24,12 +24,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
-#include <QDropEvent>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -94,7 +92,8 @@ MainWindow::MainWindow(workspace::Workspace& workspace, const QString& warning)
     });
     connect(m_options, &OptionsPage::closeWanted, this, &MainWindow::turnOptions);
     setTabOrders();
-    setAcceptDrops(true);
+    takeDroppedFiles(
+        *this, [] { return true; }, [this](const QString& path) { emit fileDropped(path); });
     follow(*this, m_form.standing, [this] { showStanding(); });
     connect(this, &FormWindow::guideWanted, this, &MainWindow::showGuide);
     m_lastReading = &m_readings->line(classic::Reading::TA);
@@ -517,21 +516,6 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
     else
         event->accept();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!StationWindow::draggedFile(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void MainWindow::dropEvent(QDropEvent* event)
-{
-    const QString path = StationWindow::draggedFile(*event->mimeData());
-    if (path.isEmpty())
-        return;
-    event->acceptProposedAction();
-    emit fileDropped(path);
 }
 
 } // namespace comfortics::ui

@@ -15,6 +15,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSignalBlocker>
+#include <QSpinBox>
 #include <QSplitter>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -33,6 +35,8 @@ namespace {
 
 constexpr int kMostShownColumns = 200; // of a preview
 constexpr int kFirstValues = 3;
+constexpr int kLastLine = 1000000; // that can be told
+constexpr const char* kNoComments = "none";
 
 struct NamedCoding {
     Coding coding;
@@ -47,8 +51,8 @@ struct NamedMark {
     char mark;
     const char* name;
 };
-constexpr NamedMark kSeparators[]{
-    {',', "comma"}, {';', "semicolon"}, {'\t', "tab"}, {'|', "bar |"}, {' ', "blanks"}};
+constexpr NamedMark kSeparators[]{{',', "comma"}, {';', "semicolon"}, {'\t', "tab"},
+                                  {'|', "bar |"}, {' ', "blanks"},    {tables::kFixedWidth, "fixed width"}};
 constexpr NamedMark kDecimals[]{{'.', "point"}, {',', "comma"}};
 
 // What a column can be: first the quantities, then the rest.
@@ -151,6 +155,7 @@ MappingPage::MappingPage(workbench::ImportDesk& desk, std::function<std::string(
     upperLayout->setSpacing(kSmallGap);
     upperLayout->addWidget(m_source);
     upperLayout->addWidget(buildShape());
+    upperLayout->addWidget(buildLines());
     upperLayout->addWidget(m_columns, 1);
     upperLayout->addWidget(buildColumn());
     upperLayout->addWidget(buildTimes());
@@ -235,6 +240,55 @@ QWidget* MappingPage::buildShape()
     return row;
 }
 
+QWidget* MappingPage::buildLines()
+{
+    const auto number = [this](const QString& name, const QString& accessible, const QString& hint, int least,
+                               int most) {
+        auto* const made = new QSpinBox;
+        nameWidget(*made, name, accessible, hint);
+        made->setRange(least, most);
+        made->setKeyboardTracking(false); // a number is told when it is whole
+        connect(made, &QSpinBox::valueChanged, this, [this] { tellShape(); });
+        return made;
+    };
+    m_nameLine =
+        number(QStringLiteral("spn_NameLine"), QStringLiteral("Line of the names"),
+               QStringLiteral("The line that has the names of the columns; none: the columns are called "
+                              "Column 1, Column 2 and so on"),
+               0, kLastLine);
+    m_nameLine->setSpecialValueText(QStringLiteral("none"));
+    m_unitLines =
+        number(QStringLiteral("spn_UnitLines"), QStringLiteral("Lines of units"),
+               QStringLiteral("How many lines behind the names have units and the like; the first of "
+                              "them has the units"),
+               0, 100);
+    m_dataLine = number(QStringLiteral("spn_DataLine"), QStringLiteral("First line of readings"),
+                        QStringLiteral("The line on which the readings begin"), 1, kLastLine);
+    m_comment = new QComboBox;
+    nameWidget(*m_comment, QStringLiteral("lst_Comment"), QStringLiteral("Mark of comments"),
+               QStringLiteral("What lines begin with that are passed over; another mark can be typed"));
+    m_comment->addItems({toQt(kNoComments), QStringLiteral("#"), QStringLiteral("%"), QStringLiteral("!"),
+                         QStringLiteral("//"), QStringLiteral("*")});
+    m_comment->setEditable(true);
+    m_comment->setInsertPolicy(QComboBox::NoInsert);
+    m_comment->setCompleter(nullptr);
+    m_comment->setMaximumWidth(fontMetrics().averageCharWidth() * 14);
+    auto* const row = new QWidget;
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kSmallGap);
+    layout->addWidget(labelOf(QStringLiteral("Names in line:"), *m_nameLine));
+    layout->addWidget(m_nameLine);
+    layout->addWidget(labelOf(QStringLiteral("Lines of units:"), *m_unitLines));
+    layout->addWidget(m_unitLines);
+    layout->addWidget(labelOf(QStringLiteral("Readings from line:"), *m_dataLine));
+    layout->addWidget(m_dataLine);
+    layout->addWidget(labelOf(QStringLiteral("Comments begin with:"), *m_comment));
+    layout->addWidget(m_comment);
+    layout->addStretch(1);
+    return row;
+}
+
 QWidget* MappingPage::buildColumn()
 {
     m_column = new QLabel;
@@ -308,8 +362,9 @@ QWidget* MappingPage::buildTimes()
 
 void MappingPage::connectAll()
 {
-    for (QComboBox* const box : {m_coding, m_separator, m_decimal, m_sheet})
+    for (QComboBox* const box : {m_coding, m_separator, m_decimal, m_sheet, m_comment})
         connect(box, &QComboBox::activated, this, [this] { tellShape(); });
+    connect(m_comment->lineEdit(), &QLineEdit::editingFinished, this, [this] { tellShape(); });
     connect(m_columns, &QTableWidget::currentCellChanged, this, [this] {
         if (!m_showing)
             showColumn();
@@ -326,10 +381,12 @@ void MappingPage::connectAll()
         m_desk.kept.remove(fromQt(m_kept->currentText()));
         show();
     });
-    connect(m_guess, &QPushButton::clicked, this, [this] { m_desk.forgetChanges(); });
+    connect(m_guess, &QPushButton::clicked, this, [this] { guessAgain(); });
     connect(m_kept, &QComboBox::activated, this, [this](int place) {
         if (place == 0)
-            m_desk.forgetChanges();
+            guessAgain();
+        else if (const auto look = m_desk.lookForKept(fromQt(m_kept->currentText())))
+            emit reshapeWanted(look->told);
         else if (const std::string sentence = m_desk.useKept(fromQt(m_kept->currentText()));
                  !sentence.empty()) {
             show();
@@ -340,8 +397,9 @@ void MappingPage::connectAll()
 
 std::vector<QWidget*> MappingPage::tabOrder() const
 {
-    return {m_coding, m_separator, m_decimal, m_sheet, m_kept,  m_keep, m_forget, m_guess,  m_columns,
-            m_role,   m_unit,      m_height,  m_step,  m_order, m_zone, m_gaps,   m_preview};
+    return {m_coding, m_separator, m_decimal,   m_sheet,    m_kept,    m_keep,    m_forget,
+            m_guess,  m_nameLine,  m_unitLines, m_dataLine, m_comment, m_columns, m_role,
+            m_unit,   m_height,    m_step,      m_order,    m_zone,    m_gaps,    m_preview};
 }
 
 void MappingPage::refresh()
@@ -393,9 +451,7 @@ void MappingPage::showShape()
     text += QStringLiteral(", %1 columns").arg(layout.columns());
     if (look.expectedRows)
         text += QStringLiteral(", about %1 rows").arg(*look.expectedRows);
-    text += layout.header
-                ? QStringLiteral("; names above line %1. ").arg(layout.dataLine)
-                : QStringLiteral("; no names of columns; readings from line %1 on. ").arg(layout.dataLine);
+    text += layout.header ? QStringLiteral(". ") : QStringLiteral("; no names of columns. ");
     text += QStringLiteral("The mapping is ") + toQt(m_desk.mappingSource()) + QLatin1Char('.');
     m_source->setText(text);
     QString because;
@@ -410,6 +466,17 @@ void MappingPage::showShape()
     m_coding->setCurrentIndex(placeOf(kCodings, &NamedCoding::coding, layout.coding));
     m_separator->setCurrentIndex(placeOf(kSeparators, &NamedMark::mark, layout.form.separator));
     m_decimal->setCurrentIndex(placeOf(kDecimals, &NamedMark::mark, layout.decimal));
+    const bool lines = layout.kind != tables::FileKind::Epw;
+    for (const auto& [box, value] : {std::pair(m_nameLine, layout.nameLine),
+                                     {m_unitLines, layout.unitLines},
+                                     {m_dataLine, layout.dataLine}}) {
+        const QSignalBlocker quiet(box);
+        box->setEnabled(lines);
+        box->setValue(static_cast<int>(value));
+    }
+    m_unitLines->setEnabled(lines && layout.header);
+    m_comment->setEnabled(isText);
+    m_comment->setCurrentText(layout.form.comment.empty() ? toQt(kNoComments) : toQt(layout.form.comment));
     m_sheet->setVisible(look.sheets.size() > 1);
     m_sheetLabel->setVisible(look.sheets.size() > 1);
     m_sheet->clear();
@@ -590,10 +657,30 @@ void MappingPage::tellShape()
         if (decimal != layout.decimal)
             told.decimal = decimal;
     }
+    const auto line = [](const QSpinBox& box) { return static_cast<std::size_t>(box.value()); };
+    if (line(*m_nameLine) != layout.nameLine)
+        told.header = line(*m_nameLine);
+    if (line(*m_unitLines) != layout.unitLines)
+        told.unitLines = line(*m_unitLines);
+    if (line(*m_dataLine) != layout.dataLine)
+        told.dataLine = line(*m_dataLine);
+    const QString mark = m_comment->currentText().trimmed();
+    if (const std::string comment = mark == toQt(kNoComments) ? std::string() : fromQt(mark);
+        comment != layout.form.comment)
+        told.comment = comment;
     if (m_sheet->isVisible())
         told.sheet = fromQt(m_sheet->currentText());
     if (!(told == m_desk.look().told))
         emit reshapeWanted(told);
+}
+
+// Shape and columns as they are found.
+void MappingPage::guessAgain()
+{
+    const tables::Shape plain{.sheet = m_desk.look().told.sheet};
+    m_desk.forgetChanges();
+    if (!(m_desk.look().told == plain))
+        emit reshapeWanted(plain);
 }
 
 void MappingPage::choose(tables::ColumnUse& use, int choice) const
@@ -622,8 +709,6 @@ void MappingPage::choose(tables::ColumnUse& use, int choice) const
     };
     use.height = quantity == Quantity::WS ? number(*m_height) : 0;
     use.step = tables::isDose(use.unit) ? number(*m_step) : 0;
-    if (tables::isDose(use.unit) && use.step == 0)
-        use.step = 3600; // most tables are hourly; the box shows it
 }
 
 void MappingPage::tellColumn()

@@ -14,6 +14,7 @@ class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QSpinBox;
 class QTableWidget;
 
 namespace comfortics::ui {
@@ -38,6 +39,7 @@ signals:
 
 private:
     QWidget* buildShape();
+    QWidget* buildLines();
     QWidget* buildColumn();
     QWidget* buildTimes();
     void connectAll();
@@ -48,6 +50,7 @@ private:
     void showPreview();
     void showSentences();
     void tellShape();
+    void guessAgain();
     void tellColumn();
     void tellTimes();
     void keep();
@@ -62,6 +65,10 @@ private:
     QComboBox* m_coding = nullptr;
     QComboBox* m_separator = nullptr;
     QComboBox* m_decimal = nullptr;
+    QSpinBox* m_nameLine = nullptr;
+    QSpinBox* m_unitLines = nullptr;
+    QSpinBox* m_dataLine = nullptr;
+    QComboBox* m_comment = nullptr;
     QComboBox* m_sheet = nullptr;
     QLabel* m_sheetLabel = nullptr;
     QComboBox* m_kept = nullptr;

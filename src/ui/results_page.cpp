@@ -24,6 +24,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 
 namespace comfortics::ui {
 
@@ -51,9 +52,12 @@ QString count(std::size_t number)
 
 bool means(const Condition& condition, const workbench::TableStore& before, const workbench::TableStore& now)
 {
+    const std::size_t place = condition.field.place;
+    if (condition.field.kind == Field::Kind::Carried)
+        return place < now.facts().carried.size() && place < before.facts().carried.size() &&
+               now.facts().carried[place].heading() == before.facts().carried[place].heading();
     if (condition.field.kind != Field::Kind::Figure)
         return true;
-    const std::size_t place = condition.field.place;
     return place < now.indices().size() && place < before.indices().size() &&
            now.indices()[place] == before.indices()[place];
 }
@@ -200,7 +204,7 @@ void ResultsPage::show(std::shared_ptr<const workbench::TableStore> store)
     if (m_store) {
         std::erase_if(m_conditions,
                       [&](const Condition& condition) { return !means(condition, *m_store, *store); });
-        if (m_sortBy.kind == Field::Kind::Figure && !means({.field = m_sortBy}, *m_store, *store))
+        if (!means({.field = m_sortBy}, *m_store, *store))
             m_sortBy = {};
     }
     m_fresh = !m_store || m_store->indices() != store->indices() ||
@@ -215,12 +219,19 @@ void ResultsPage::show(std::shared_ptr<const workbench::TableStore> store)
     QString text = QStringLiteral("Run %1: %2, %3. ")
                        .arg(facts.number)
                        .arg(toQt(facts.source), toQt(classic::inForce(facts.options.settings)));
+    // Of the rows as they are now, those that were calculated again included.
+    std::array<std::size_t, 4> states{};
+    for (std::size_t row = 0; row < m_store->rows(); ++row)
+        ++states[static_cast<std::size_t>(m_store->state(row))];
     text += QStringLiteral("Rows: %1 calculated, %2 skipped, %3 failed, %4 refused.")
-                .arg(count(counts.rows.calculated), count(counts.rows.skipped), count(counts.rows.failed),
-                     count(counts.refused));
+                .arg(count(states[static_cast<std::size_t>(RowState::Calculated)]),
+                     count(states[static_cast<std::size_t>(RowState::Skipped)]),
+                     count(states[static_cast<std::size_t>(RowState::Failed)]),
+                     count(states[static_cast<std::size_t>(RowState::Refused)]));
     if (m_store->rowsAgain() > 0)
-        text += QStringLiteral(" %1 that had failed were calculated again by the robust rules.")
-                    .arg(count(m_store->rowsAgain()));
+        text +=
+            QStringLiteral(" Of these, %1 had failed at first and were calculated again by the robust rules.")
+                .arg(count(m_store->rowsAgain()));
     if (counts.stopped)
         text += QStringLiteral(" The run was stopped: more rows follow in the table.");
     m_facts->setText(text);
@@ -289,7 +300,6 @@ void ResultsPage::sortBy(int column, bool turn)
 {
     const auto field = m_model->field(column);
     if (!field) {
-        m_detail->showText(QStringLiteral("Columns that are carried along cannot be sorted by."));
         return;
     }
     m_descending = turn && *field == m_sortBy && !m_descending;
@@ -378,6 +388,10 @@ std::optional<Condition> ResultsPage::likeCurrent() const
         } else {
             condition.test = Condition::Test::Blank;
         }
+        return condition;
+    case Field::Kind::Carried:
+        condition.text = m_model->store()->carried(row)[field->place];
+        condition.test = condition.text.empty() ? Condition::Test::Blank : Condition::Test::Is;
         return condition;
     default:
         return std::nullopt;

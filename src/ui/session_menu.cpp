@@ -13,16 +13,14 @@ namespace comfortics::ui {
 
 using workspace::SessionDesk;
 
-namespace {
-
-void fillRecent(QMenu& menu, SessionDesk& session)
+void fillRecent(QMenu& menu, const std::vector<std::string>& paths,
+                const std::function<void(const std::string&)>& open, const std::function<void()>& forget)
 {
     menu.clear();
-    const std::vector<std::string> paths = session.recent();
     for (const std::string& path : paths) {
         const QFileInfo file(toQt(path));
-        QAction* const action = menu.addAction(withMnemonic(fromQt(file.fileName())), &menu,
-                                               [&session, path] { session.openFile(path); });
+        QAction* const action =
+            menu.addAction(withMnemonic(fromQt(file.fileName())), &menu, [open, path] { open(path); });
         action->setToolTip(toQt(path));
         action->setEnabled(file.exists());
     }
@@ -31,10 +29,8 @@ void fillRecent(QMenu& menu, SessionDesk& session)
     if (paths.empty())
         return;
     menu.addSeparator();
-    menu.addAction(QStringLiteral("&Clear This List"), &menu, [&session] { session.forgetRecent(); });
+    menu.addAction(QStringLiteral("&Clear This List"), &menu, forget);
 }
-
-} // namespace
 
 void addSessionEntries(QMenu& menu, SessionDesk& session, std::function<void()> report, QWidget& window)
 {
@@ -54,7 +50,14 @@ void addSessionEntries(QMenu& menu, SessionDesk& session, std::function<void()> 
     follow(*recent, session.changed, [recent, &session] {
         // Not at once: an entry of the list may be what changed it.
         QMetaObject::invokeMethod(
-            recent, [recent, &session] { fillRecent(*recent, session); }, Qt::QueuedConnection);
+            recent,
+            [recent, &session] {
+                fillRecent(
+                    *recent, session.recent(),
+                    [&session](const std::string& path) { session.openFile(path); },
+                    [&session] { session.forgetRecent(); });
+            },
+            Qt::QueuedConnection);
     });
     add(QStringLiteral("&Save Session"), QKeySequence::Save, [&session] { session.save(); });
     add(QStringLiteral("Save Session &As …"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),

@@ -75,7 +75,7 @@ std::optional<Field> StationModel::field(int column) const
     case Column::Kind::Figure:
         return Field{Field::Kind::Figure, wanted.place};
     case Column::Kind::Carried:
-        break;
+        return Field{Field::Kind::Carried, wanted.place};
     }
     return std::nullopt;
 }

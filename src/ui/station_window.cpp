@@ -5,6 +5,7 @@
 #include "ui/bindings.h"
 #include "ui/charts_page.h"
 #include "ui/export_dialog.h"
+#include "ui/file_drops.h"
 #include "ui/index_choice.h"
 #include "ui/mapping_page.h"
 #include "ui/results_page.h"
@@ -12,14 +13,13 @@
 #include "ui/text.h"
 #include "ui/widgets.h"
 #include "ui/window_memory.h"
+#include "workspace/recent_files.h"
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
@@ -27,7 +27,6 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QTabWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -125,7 +124,8 @@ StationWindow::StationWindow(StationForm& form, const Surroundings& surroundings
     listen(*centralWidget(), m_import.changed, [this] { showState(); });
     listen(*this, m_surroundings.workspace.changed, [this] { showState(); });
     listen(*this, m_surroundings.workspace.form().List_Indices.change, [this] { showState(); });
-    setAcceptDrops(true);
+    takeDroppedFiles(
+        *this, [this] { return !m_runs.running(); }, [this](const QString& path) { openFile(fromQt(path)); });
     resize(kSize.boundedTo(screen()->availableSize()));
     restorePlace(*this, m_surroundings.workspace.preferences(), kPlaceKey);
     showState();
@@ -246,6 +246,8 @@ void StationWindow::takeLook()
         this->look(*again);
         return;
     }
+    if (const std::string& path = m_import.look().source.path; m_import.fault().empty() && !path.empty())
+        workspace::RecentFiles(m_surroundings.workspace.preferences(), kRecentStations).add(path);
     if (m_import.fault().empty() && !m_results->store())
         m_pages->setCurrentWidget(m_mapping);
     showState();
@@ -429,28 +431,7 @@ void StationWindow::showCharts()
                    same);
 }
 
-// --- files, the end
-
-QString StationWindow::draggedFile(const QMimeData& data)
-{
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
-}
-
-void StationWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!m_runs.running() && !draggedFile(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void StationWindow::dropEvent(QDropEvent* event)
-{
-    const QString path = draggedFile(*event->mimeData());
-    if (path.isEmpty())
-        return;
-    event->acceptProposedAction();
-    openFile(fromQt(path));
-}
+// --- the end
 
 // What is open stays open, and a run goes on.
 void StationWindow::closeEvent(QCloseEvent* event)

@@ -16,7 +16,6 @@
 #include <optional>
 
 class QLabel;
-class QMimeData;
 class QProgressBar;
 class QPushButton;
 class QTabWidget;
@@ -27,6 +26,9 @@ class ChartsPage;
 class CutLabel;
 class MappingPage;
 class ResultsPage;
+
+/// Where the preferences keep the files that were opened last.
+inline constexpr const char* kRecentStations = "station/recent";
 
 class StationForm final : public controls::Form {
 public:
@@ -68,16 +70,11 @@ public:
     QString earlier() const;
     bool busy() const { return m_looking || m_runs.running(); }
 
-    /// The one local file that is dragged; empty where there is none.
-    static QString draggedFile(const QMimeData& data);
-
 signals:
     /// Other rows are in sight, or they have become those of an earlier run.
     void resultsChanged();
 
 protected:
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workbench/import_desk.h"
 
+#include "tables/summary.h"
 #include "tables/workbook.h"
 #include "texts/text.h"
+#include "values/plain_text.h"
 #include "workbench/table_store.h"
 
 #include <algorithm>
@@ -10,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <utility>
 
 namespace comfortics::workbench {
 
@@ -21,7 +24,9 @@ namespace {
 
 constexpr double kShareToSpare = 0.8; // of the memory that is free
 constexpr double kMegabyte = 1024.0 * 1024;
-constexpr double kCellMargin = 1; // the separator
+constexpr double kCellMargin = 1;                // the separator
+constexpr double kHour = 3600;                   // [s]
+constexpr std::string_view kAnyExponent = "0.2"; // of the wind, where times alone are read
 
 std::string megabytes(double bytes)
 {
@@ -86,6 +91,29 @@ std::string twice(const Mapping& mapping)
     return {};
 }
 
+std::string guessedFingerprint(const LookRequest& request)
+{
+    const tables::Shape plain{.sheet = request.told.sheet};
+    if (request.told == plain)
+        return {};
+    try {
+        return tables::fingerprintOf(openSource(request.source, plain).layout);
+    } catch (const tables::TableFault&) { // it needs to be told
+        return {};
+    }
+}
+
+// Why a mapping cannot be taken for a table; empty where it can.
+std::string misfit(const Mapping& mapping, const tables::Layout& layout)
+{
+    for (const tables::ColumnUse& use : mapping.columns)
+        if (use.role != Role::Carried && use.role != Role::Dropped &&
+            std::find(layout.names.begin(), layout.names.end(), use.column) == layout.names.end())
+            return "The mapping \"" + mapping.name + "\" does not fit: this table has no column \"" +
+                   use.column + "\".";
+    return {};
+}
+
 } // namespace
 
 Look lookAt(const LookRequest& request)
@@ -95,6 +123,7 @@ Look lookAt(const LookRequest& request)
         tables::OpenTable table = openSource(request.source, request.told);
         look.layout = table.layout;
         look.guess = tables::guessMapping(table);
+        look.guessedFingerprint = guessedFingerprint(request);
         tables::Row row;
         while (look.rows.size() < kLookRows && table.rows->next(row))
             look.rows.push_back(row);
@@ -118,6 +147,16 @@ std::optional<LookRequest> ImportDesk::take(Look look)
         return std::nullopt;
     }
     const bool sameTable = m_open && look.source == m_look.source;
+    const Mapping* const wanted = sameTable ? kept.find(std::exchange(m_wanted, {})) : nullptr;
+    if (wanted != nullptr) {
+        m_fault = misfit(*wanted, look.layout);
+        if (m_fault.empty()) {
+            m_look = std::move(look);
+            takeMapping(*wanted);
+        }
+        changed.raise();
+        return std::nullopt;
+    }
     const bool sameColumns = sameTable && look.layout.names == m_look.layout.names;
     const bool reshaped = sameTable && !(look.told == m_look.told);
     m_look = std::move(look);
@@ -127,8 +166,9 @@ std::optional<LookRequest> ImportDesk::take(Look look)
         changed.raise();
         return std::nullopt;
     }
-    const Mapping* const known = reshaped ? nullptr : tables::recognised(m_look.layout, kept.all());
-    if (known != nullptr) {
+    const Mapping* const known = tables::recognised(m_look.layout, kept.all());
+    // What was reshaped stays as it was told.
+    if (known != nullptr && (!reshaped || known->shape == m_look.told)) {
         takeMapping(*known);
         changed.raise();
         if (!(known->shape == m_look.told))
@@ -181,11 +221,39 @@ void ImportDesk::setUse(std::size_t column, tables::ColumnUse use)
     use.doubt.clear();
     const auto found = std::find_if(m_mapping.columns.begin(), m_mapping.columns.end(),
                                     [&use](const auto& one) { return one.column == use.column; });
-    if (found == m_mapping.columns.end() || *found == use)
+    if (found == m_mapping.columns.end())
+        return;
+    if (use.role == Role::Reading && tables::isDose(use.unit)) {
+        if (use.step <= 0)
+            assumeStep(use);
+        else if (found->step == use.step && found->quantity == use.quantity)
+            use.doubt = found->doubt; // another unit answers no doubt of the step
+    }
+    if (*found == use)
         return;
     *found = std::move(use);
     m_touched = true;
     changed.raise();
+}
+
+void ImportDesk::assumeStep(tables::ColumnUse& use) const
+{
+    const auto rows = stepOfRows();
+    use.step = rows.value_or(kHour);
+    use.doubt = "The time over which it is summed is not told; " +
+                (rows ? values::plainText(*rows) + " s are taken, which the rows are apart."
+                      : std::string("an hour is taken."));
+}
+
+std::optional<double> ImportDesk::stepOfRows() const
+{
+    constexpr double kDay = 86400;
+    tables::StepFinder finder;
+    for (const PreviewRow& row : preview(kAnyExponent))
+        if (row.mapped.time)
+            finder.add(*row.mapped.time);
+    const auto step = finder.step();
+    return step && *step > 0 && *step <= kDay ? step : std::nullopt;
 }
 
 void ImportDesk::setOrder(tables::DateOrder order)
@@ -222,17 +290,22 @@ void ImportDesk::forgetChanges()
     changed.raise();
 }
 
+std::optional<LookRequest> ImportDesk::lookForKept(const std::string& name)
+{
+    const Mapping* const mapping = kept.find(name);
+    if (mapping == nullptr || mapping->shape == m_look.told)
+        return std::nullopt;
+    m_wanted = name;
+    return LookRequest{m_look.source, mapping->shape};
+}
+
 std::string ImportDesk::useKept(const std::string& name)
 {
     const Mapping* const mapping = kept.find(name);
     if (mapping == nullptr)
         return {};
-    for (const tables::ColumnUse& use : mapping->columns)
-        if (use.role != Role::Carried && use.role != Role::Dropped &&
-            std::find(m_look.layout.names.begin(), m_look.layout.names.end(), use.column) ==
-                m_look.layout.names.end())
-            return "The mapping \"" + name + "\" does not fit: this table has no column \"" + use.column +
-                   "\".";
+    if (std::string sentence = misfit(*mapping, m_look.layout); !sentence.empty())
+        return sentence;
     takeMapping(*mapping);
     m_mapping.shape = m_look.told;
     changed.raise();
@@ -245,6 +318,8 @@ std::string ImportDesk::keepAs(const std::string& name)
     if (trimmed.empty())
         return "A mapping needs a name.";
     m_mapping.name = trimmed;
+    m_mapping.guessedFingerprint =
+        m_look.guessedFingerprint == m_mapping.fingerprint ? std::string() : m_look.guessedFingerprint;
     m_touched = false;
     kept.keep(m_mapping);
     changed.raise();
@@ -320,10 +395,9 @@ std::vector<std::string> unitsOf(Quantity quantity)
                                          "kn",   "mph",   "ft/s",  "ft/min", "m/min",  "W/m2",   "kW/m2",
                                          "J/m2", "kJ/m2", "MJ/m2", "J/cm2",  "Wh/m2",  "kWh/m2", "hPa",
                                          "mbar", "kPa",   "Pa",    "mmHg",   "0.1 °C", "0.1 m/s"};
-    constexpr double kAnyStep = 3600;
     std::vector<std::string> units{std::string(tables::infoOf(quantity).unit)};
     for (const char* const symbol : kSymbols)
-        if (symbol != units[0] && tables::UnitWay::find(quantity, symbol, kAnyStep))
+        if (symbol != units[0] && tables::UnitWay::find(quantity, symbol, kHour))
             units.emplace_back(symbol);
     return units;
 }

@@ -29,6 +29,7 @@ struct Look {
     tables::Layout layout{};
     std::vector<tables::Row> rows{}; ///< the first, as they stand
     tables::Mapping guess{};
+    std::string guessedFingerprint{};          ///< of the table with nothing told but the sheet
     std::vector<std::string> sheets{};         ///< of a workbook
     std::optional<std::size_t> bytes{};        ///< of the whole table
     std::optional<std::size_t> expectedRows{}; ///< about so many, where the size tells
@@ -69,6 +70,7 @@ public:
 
     // What the user tells. Columns by their place.
 
+    /// A dose without a step gets that of the rows, or an hour, with a doubt.
     void setUse(std::size_t column, tables::ColumnUse use);
     void setOrder(tables::DateOrder order);
     void setZone(std::optional<int> minutes);
@@ -80,6 +82,9 @@ public:
 
     /// The mappings that are kept between sessions.
     KeptMappings kept;
+    /// How the table is to be looked at before a kept mapping can be taken, which the next take() does then;
+    /// none where it stands as that wants it.
+    std::optional<LookRequest> lookForKept(const std::string& name);
     /// Takes a kept mapping for this table. One sentence where it does not fit, which changes nothing.
     std::string useKept(const std::string& name);
     /// Keeps the present one. One sentence where it cannot have the name.
@@ -100,12 +105,15 @@ public:
 
 private:
     void takeMapping(tables::Mapping mapping);
+    void assumeStep(tables::ColumnUse& use) const;
+    std::optional<double> stepOfRows() const;
 
     Look m_look;
     bool m_open = false;
     std::string m_fault;
     tables::Mapping m_mapping;
     bool m_touched = false;
+    std::string m_wanted; // the kept mapping that waits for a look
 };
 
 /// The units that a quantity may stand in.

@@ -24,6 +24,7 @@ struct Field {
         State,
         Reading, ///< `place` is that of classic::Reading
         Figure,  ///< `place` counts the indices of the store
+        Carried, ///< `place` counts the columns that are carried along: numbers in front of texts
     };
     Kind kind = Kind::Row;
     std::size_t place = 0;
@@ -43,6 +44,8 @@ struct Condition {
         Blank,   ///< a reading or figure without a value, whatever the reason
         Outcome, ///< a figure with `outcome`
         Class,   ///< a figure in the class at `place` of its scale
+        Is,      ///< a carried cell that is `text`
+        Holds,   ///< a carried cell that holds `text`, whatever its case and accents
     };
     Test test = Test::Range;
     Field field{};
@@ -51,6 +54,7 @@ struct Condition {
     std::optional<std::int64_t> from{}; ///< as tables::Moment has it [s]
     std::optional<std::int64_t> to{};
     std::string station{};
+    std::string text{};
     RowState state = RowState::Calculated;
     classic::OutcomeKind outcome = classic::OutcomeKind::Value;
     std::size_t place = 0;

@@ -18,7 +18,6 @@ constexpr const char* kFilter = "Comfortics sessions (*.comfortics)|*.comfortics
 constexpr const char* kEnding = ".comfortics";
 constexpr const char* kRecent = "session/recent";
 constexpr const char* kLast = "session/last";
-constexpr std::size_t kMostRecent = 8;
 
 std::string withEnding(const std::string& path)
 {
@@ -59,6 +58,7 @@ private:
 
 SessionDesk::SessionDesk(Workspace& workspace, controls::FileDialogs& files, controls::Messages& messages)
     : m_workspace(workspace), m_files(files), m_messages(messages),
+      m_recent(workspace.preferences(), kRecent),
       m_sets(std::make_unique<SetsPart>(workspace.sets)), m_parts{m_sets.get(), &workspace.person},
       m_start(collect()), m_saved(m_start),
       m_last(workspace.preferences().read(kLast).value_or(std::string()))
@@ -159,34 +159,18 @@ bool SessionDesk::modified() const
 
 std::vector<std::string> SessionDesk::recent() const
 {
-    std::vector<std::string> paths;
-    const auto kept = m_workspace.preferences().read(kRecent);
-    const auto list = nlohmann::json::parse(kept.value_or("[]"), nullptr, false);
-    if (list.is_array())
-        for (const auto& path : list)
-            if (path.is_string() && paths.size() < kMostRecent)
-                paths.push_back(path.get<std::string>());
-    return paths;
+    return m_recent.paths();
 }
 
 void SessionDesk::remember(const std::string& path)
 {
-    std::error_code error;
-    const std::filesystem::path whole = std::filesystem::absolute(path, error);
-    const std::string name = error ? path : whole.lexically_normal().string();
-    std::vector<std::string> paths = recent();
-    std::erase(paths, name);
-    paths.insert(paths.begin(), name);
-    paths.resize(std::min(paths.size(), kMostRecent));
-    // A name that is no UTF-8 is not worth a failure.
-    m_workspace.preferences().write(
-        kRecent, nlohmann::json(paths).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+    m_recent.add(path);
     changed.raise();
 }
 
 void SessionDesk::forgetRecent()
 {
-    m_workspace.preferences().remove(kRecent);
+    m_recent.forget();
     changed.raise();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/dialogs.h"
+#include "workspace/recent_files.h"
 #include "workspace/session.h"
 #include "workspace/session_part.h"
 #include "workspace/workspace.h"
@@ -63,6 +64,7 @@ private:
     Workspace& m_workspace;
     controls::FileDialogs& m_files;
     controls::Messages& m_messages;
+    RecentFiles m_recent;
     std::unique_ptr<SessionPart> m_sets; // those of the workspace
     std::vector<SessionPart*> m_parts;
     std::string m_path;

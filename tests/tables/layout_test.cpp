@@ -148,6 +148,8 @@ TEST(TableLayout, WhatIsNoTableIsOneSentence)
         {"", "The table is empty."},
         {std::string(20000, ',') + "1\n", "No row of numbers was found in the first 1 lines."},
         {"one\ntwo\n", "No row of numbers was found in the first 2 lines."},
+        {"\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0\0"s, "The file is a workbook of the older form (XLS), or one "
+                                                  "that a password locks; save it as XLSX or CSV."},
         {"a\0b\0\0\0"s, "The file is no text: it holds zero bytes."},
         {"LOCATION,a\n1,2\n", "The weather file has no eight header lines with a place in the first."},
     };

@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The window of station files. What is read, run and arranged is tested without it.
+#include "temporary_folder.h"
 #include "test_program.h"
 #include "ui/results_page.h"
 #include "ui/station_window.h"
+#include "workspace/recent_files.h"
 
 #include <QComboBox>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -90,6 +97,37 @@ TEST(StationWindow, ATableIsMappedRunSortedAndMarkedAsEarlier)
         window.earlier(),
         QStringLiteral("These are the results of run 1, of Clipboard; since then the mapping has changed."));
     EXPECT_TRUE(find<QLabel>(window, "lbl_Earlier").isVisibleTo(&window));
+}
+
+TEST(StationWindow, LinesOfTheFileAreToldOnThePageAndADroppedFileOpensWhereverItFalls)
+{
+    StationProgram program;
+    StationWindow& window = program.window;
+    const comfortics::tests::TemporaryFolder folder;
+    const std::string path = folder.write("a.csv", "Hill,1,2\nAir,Hum,Wind\n20,50,1\n21,50,1\n");
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+    dragged.setText(QStringLiteral("path"));
+    ASSERT_TRUE(program.openText(kStation)); // so that its boxes take texts
+    auto& box = find<QLineEdit>(window, "txt_Gaps");
+    QDragEnterEvent enter({1, 1}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(&box, &enter);
+    QDropEvent drop({1, 1}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(&box, &drop);
+    ASSERT_TRUE(program.settles([&] { return !window.busy(); }));
+    EXPECT_EQ(box.text(), QString());
+    ASSERT_EQ(window.importDesk().look().source.path, path);
+    auto& names = find<QSpinBox>(window, "spn_NameLine");
+    EXPECT_EQ(names.value(), 2);
+    names.setValue(0);
+    ASSERT_TRUE(program.settles([&] { return !window.busy(); }));
+    EXPECT_EQ(window.importDesk().look().layout.names.front(), "Column 1");
+    names.setValue(9); // behind the end of the file: what was read stays, and the page shows it
+    ASSERT_TRUE(program.settles([&] { return !window.busy(); }));
+    EXPECT_TRUE(tests::says(window, QStringLiteral("Line 9 is empty or not among")));
+    EXPECT_EQ(names.value(), 0);
+    EXPECT_EQ(workspace::RecentFiles(program.shell.workspace().preferences(), kRecentStations).paths(),
+              std::vector{path});
 }
 
 TEST(StationWindow, AWrongFileLeavesTheTableAsItWas)

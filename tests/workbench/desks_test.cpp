@@ -126,6 +126,76 @@ TEST(Desks, ARunThatDoesNotFitEndsWithASentence)
     EXPECT_NE(resultOf(desk, finished).fault.find("do not fit into memory"), std::string::npos);
 }
 
+TEST(Views, CarriedColumnsAreSortedAndFilteredByNumbersThenTexts)
+{
+    const auto store =
+        tests::storeOf("Ta,RH,WS,Tg,Note\n1,50,1,2,b-station 10\n1,50,1,2,9\n1,50,1,2,\n"
+                       "1,50,1,2,10.5\n1,50,1,2,B-Station 09\n1,50,1,2,b-station 1\n1,50,1,2,9\n",
+                       "ta=Ta,rh=RH,ws=WS,tg=Tg", tests::stationOptions({90}));
+    const Field note{Field::Kind::Carried, 4};
+    const struct {
+        std::vector<Condition> conditions;
+        bool descending;
+        const char* rows;
+    } views[] = {
+        {{}, false, "1634502"},
+        {{}, true, "0543162"},
+        {{{.test = Condition::Test::Holds, .field = note, .text = "STATION 1"}}, false, "50"},
+        {{{.test = Condition::Test::Is, .field = note, .text = "9"}}, false, "16"},
+        {{{.test = Condition::Test::Range, .field = note, .least = 9.5}}, false, "3"},
+        {{{.test = Condition::Test::Blank, .field = note}}, false, "2"},
+    };
+    for (const auto& one : views)
+        EXPECT_EQ(rowsOf(store, one.conditions, note, one.descending), one.rows);
+}
+
+TEST(ImportDesk, WhatIsToldOfTheShapeIsKeptAndFoundAgain)
+{
+    const std::string text = "1,2,3,4\n1,2,3,4\n1,2,3,4\nTa,RH,WS,Tg\n20,50,1,30\n21,50,1,30\n";
+    workspace::TransientPreferences preferences;
+    const tables::Shape told{.header = 4};
+    {
+        ImportDesk desk(preferences);
+        desk.take(lookAt({sourceOfText(text)}));
+        EXPECT_EQ(desk.mapping().find("Ta"), nullptr);
+        desk.take(lookAt(desk.reshaped(told)));
+        EXPECT_EQ(desk.keepAs("Hill"), "");
+    }
+    ImportDesk desk(preferences);
+    auto again = desk.take(lookAt({sourceOfText(text)}));
+    ASSERT_TRUE(again);
+    EXPECT_EQ(again->told, told);
+    EXPECT_FALSE(desk.take(lookAt(*again)));
+    EXPECT_EQ(desk.mappingSource(), "kept as \"Hill\"");
+    EXPECT_EQ(desk.mapping().find("Ta")->quantity, tables::Quantity::Ta);
+    // Read otherwise, and then by the kept one once more.
+    desk.take(lookAt(desk.reshaped({.header = 0})));
+    EXPECT_EQ(desk.mappingSource(), "guessed");
+    again = desk.lookForKept("Hill");
+    ASSERT_TRUE(again);
+    desk.take(lookAt(*again));
+    EXPECT_EQ(desk.mappingSource(), "kept as \"Hill\"");
+}
+
+TEST(ImportDesk, ASumWithoutItsTimeTakesThatOfTheRowsWithADoubt)
+{
+    workspace::TransientPreferences preferences;
+    ImportDesk desk(preferences);
+    desk.take(lookAt({sourceOfText("Time,Solar (W/m2)\n2024-07-01 12:00,1\n2024-07-01 12:10,2\n")}));
+    tables::ColumnUse use = desk.mapping().columns[1];
+    use.unit = "kJ/m2";
+    desk.setUse(1, use);
+    EXPECT_EQ(desk.mapping().columns[1].step, 600);
+    EXPECT_NE(desk.mapping().columns[1].doubt, "");
+    use = desk.mapping().columns[1];
+    use.unit = "J/m2"; // which does not answer it
+    desk.setUse(1, use);
+    EXPECT_NE(desk.mapping().columns[1].doubt, "");
+    use.step = 900;
+    desk.setUse(1, use);
+    EXPECT_EQ(desk.mapping().columns[1].doubt, "");
+}
+
 TEST(ImportDesk, AMappingIsKeptAndFoundAgain)
 {
     workspace::TransientPreferences preferences;
