@@ -38,9 +38,13 @@ std::optional<std::size_t> expectedRows(const Look& look)
     if (!look.bytes || look.rows.empty() || look.layout.kind == tables::FileKind::Xlsx)
         return std::nullopt;
     double bytes = 0;
+    const std::vector<std::size_t>& edges = look.layout.form.edges;
     for (const tables::Row& row : look.rows)
-        for (const std::string& cell : row.cells)
-            bytes += static_cast<double>(cell.size()) + kCellMargin;
+        if (edges.empty() || row.cells.empty())
+            for (const std::string& cell : row.cells)
+                bytes += static_cast<double>(cell.size()) + kCellMargin;
+        else // all but the last are as wide as their columns
+            bytes += static_cast<double>(edges.back() + row.cells.back().size()) + kCellMargin;
     if (bytes == 0)
         return std::nullopt;
     const bool wide =

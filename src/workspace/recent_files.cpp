@@ -11,7 +11,7 @@ namespace comfortics::workspace {
 
 namespace {
 
-constexpr std::size_t kMost = 8;
+constexpr std::size_t kMostRecent = 8;
 
 } // namespace
 
@@ -26,7 +26,7 @@ std::vector<std::string> RecentFiles::paths() const
     const auto list = nlohmann::json::parse(m_preferences.read(m_key).value_or("[]"), nullptr, false);
     if (list.is_array())
         for (const auto& path : list)
-            if (path.is_string() && paths.size() < kMost)
+            if (path.is_string() && paths.size() < kMostRecent)
                 paths.push_back(path.get<std::string>());
     return paths;
 }
@@ -39,7 +39,7 @@ void RecentFiles::add(const std::string& path)
     std::vector<std::string> all = paths();
     std::erase(all, name);
     all.insert(all.begin(), name);
-    all.resize(std::min(all.size(), kMost));
+    all.resize(std::min(all.size(), kMostRecent));
     // A name that is no UTF-8 is not worth a failure.
     m_preferences.write(m_key,
                         nlohmann::json(all).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
