@@ -25,7 +25,7 @@ namespace {
 constexpr double kShareToSpare = 0.8; // of the memory that is free
 constexpr double kMegabyte = 1024.0 * 1024;
 constexpr double kCellMargin = 1;                // the separator
-constexpr double kHour = 3600;                   // [s]
+constexpr double kUsualStep = 3600;              // of a sum [s]
 constexpr std::string_view kAnyExponent = "0.2"; // of the wind, where times alone are read
 
 std::string megabytes(double bytes)
@@ -243,7 +243,7 @@ void ImportDesk::setUse(std::size_t column, tables::ColumnUse use)
 void ImportDesk::assumeStep(tables::ColumnUse& use) const
 {
     const auto rows = stepOfRows();
-    use.step = rows.value_or(kHour);
+    use.step = rows.value_or(kUsualStep);
     use.doubt = "The time over which it is summed is not told; " +
                 (rows ? values::plainText(*rows) + " s are taken, which the rows are apart."
                       : std::string("an hour is taken."));
@@ -401,7 +401,7 @@ std::vector<std::string> unitsOf(Quantity quantity)
                                          "mbar", "kPa",   "Pa",    "mmHg",   "0.1 °C", "0.1 m/s"};
     std::vector<std::string> units{std::string(tables::infoOf(quantity).unit)};
     for (const char* const symbol : kSymbols)
-        if (symbol != units[0] && tables::UnitWay::find(quantity, symbol, kHour))
+        if (symbol != units[0] && tables::UnitWay::find(quantity, symbol, kUsualStep))
             units.emplace_back(symbol);
     return units;
 }
