@@ -88,12 +88,14 @@ ChartsPage::ChartsPage(controls::FileDialogs& files, controls::Messages& message
     };
     m_runner = std::make_unique<Runner>(
         [kept = std::make_shared<Kept>()](const Ask& asked, const Runner::GoOn& goOn) {
-            if (kept->rows != asked.rows) {
-                kept->charts = std::make_unique<workbench::StationCharts>(*asked.rows);
-                kept->rows = asked.rows;
-            }
             auto made = std::make_shared<Made>();
             made->asked = asked;
+            if (kept->rows != asked.rows) {
+                kept->charts = asked.rows ? std::make_unique<workbench::StationCharts>(*asked.rows) : nullptr;
+                kept->rows = asked.rows;
+            }
+            if (!asked.rows)
+                return made;
             made->chart = kept->charts->chart(asked.request, goOn);
             if (const auto whole = kept->charts->timeline(asked.request.station, {}, goOn))
                 made->periods = workbench::periodsOf(*whole);
@@ -331,6 +333,14 @@ void ChartsPage::showNone(const QString& why)
     showChart(std::move(none));
 }
 
+void ChartsPage::forget()
+{
+    if (!m_rows)
+        return;
+    showNone(QStringLiteral("The chart is being made …"));
+    m_runner->ask({});
+}
+
 void ChartsPage::ask()
 {
     if (!m_rows)
@@ -342,7 +352,7 @@ void ChartsPage::ask()
 void ChartsPage::hand()
 {
     auto made = m_runner->take();
-    if (!made || (*made)->asked.rows != m_rows)
+    if (!made || !m_rows || (*made)->asked.rows != m_rows)
         return;
     m_settled = true;
     fillPeriods((*made)->periods);

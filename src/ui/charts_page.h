@@ -38,6 +38,8 @@ public:
     void show(std::shared_ptr<const workbench::StoreRows> rows, bool same = false);
     /// Shows none, and says why in a sentence.
     void showNone(const QString& why);
+    /// Gives the rows back, until there are others to show.
+    void forget();
 
     /// Asks for a name and saves the chart as it is seen: PNG, SVG or PDF by its ending.
     void save();

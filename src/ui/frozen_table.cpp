@@ -65,9 +65,26 @@ private:
     const QWidget& m_view;
 };
 
+// Of one height, whatever stands in it: its names are not measured whenever a column is.
+class LowHead : public QHeaderView {
+public:
+    explicit LowHead(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
+    {
+        setSectionsClickable(true);
+        setHighlightSections(false);
+        // The names of indices are long.
+        setDefaultAlignment(
+            Qt::Alignment::fromInt(int{Qt::AlignLeft} | int{Qt::AlignVCenter} | int{Qt::TextWordWrap}));
+        setFixedHeight(sizeHint().height());
+    }
+
+    QSize sizeHint() const override { return {0, kLinesOfHeader * fontMetrics().lineSpacing() + kSmallGap}; }
+};
+
 QTableView* view(StationModel& model, QWidget& parent, const QString& name, const QString& accessible)
 {
     auto* const made = new QTableView(&parent);
+    made->setHorizontalHeader(new LowHead(made));
     made->setModel(&model);
     nameWidget(*made, name, accessible, {});
     made->verticalHeader()->hide();
@@ -82,12 +99,6 @@ QTableView* view(StationModel& model, QWidget& parent, const QString& name, cons
     made->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     // Bars of one height in both, so that their rows stand side by side.
     made->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    made->horizontalHeader()->setSectionsClickable(true);
-    made->horizontalHeader()->setHighlightSections(false);
-    // The names of indices are long.
-    made->horizontalHeader()->setDefaultAlignment(
-        Qt::Alignment::fromInt(int{Qt::AlignLeft} | int{Qt::AlignVCenter} | int{Qt::TextWordWrap}));
-    made->horizontalHeader()->setFixedHeight(kLinesOfHeader * made->fontMetrics().lineSpacing() + kSmallGap);
     made->setContextMenuPolicy(Qt::CustomContextMenu);
     return made;
 }
@@ -112,6 +123,8 @@ FrozenTable::FrozenTable(StationModel& model, QWidget* parent) : QWidget(parent)
     connect(m_left->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& now) { emit currentChanged(now); });
     for (QTableView* const each : {m_left, m_right}) {
+        // A head that follows the selection would ask each cell of a chosen column whether it is chosen.
+        each->horizontalHeader()->setSelectionModel(new QItemSelectionModel(&model, each));
         each->setItemDelegate(new SignedFigures(m_coloured, m_quiet, each));
         connect(each->horizontalHeader(), &QHeaderView::sectionClicked, this, &FrozenTable::sortWanted);
         connect(each, &QWidget::customContextMenuRequested, this,

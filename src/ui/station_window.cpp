@@ -417,17 +417,21 @@ void StationWindow::showState()
 
 void StationWindow::showCharts()
 {
-    if (m_pages->currentWidget() != m_charts || !m_seenView)
+    if (m_pages->currentWidget() != m_charts || !m_seenView) {
+        if (m_chartedView != m_seenView) { // a large table is not held twice
+            m_chartedView.reset();
+            m_charts->forget();
+        }
         return;
+    }
     const QString since = earlier();
     const bool same = m_chartedView == m_seenView;
     if (same && m_chartedEarlier == since)
         return;
     m_chartedView = m_seenView;
     m_chartedEarlier = since;
-    m_charts->show(std::make_shared<workbench::StoreRows>(
-                       m_seen, m_seenView->filtered ? std::optional(m_seenView->rows) : std::nullopt,
-                       m_seenView->words, fromQt(since)),
+    m_charts->show(std::make_shared<workbench::StoreRows>(m_seen, m_seenView->ascending, m_seenView->words,
+                                                          fromQt(since)),
                    same);
 }
 

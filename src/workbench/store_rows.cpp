@@ -3,7 +3,6 @@
 
 #include "catalogue/catalogue.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -23,12 +22,11 @@ std::string rulesOf(const TableStore& store)
 
 } // namespace
 
-StoreRows::StoreRows(std::shared_ptr<const TableStore> store, std::optional<std::vector<std::uint32_t>> shown,
-                     const std::string& filter, std::string run)
+StoreRows::StoreRows(std::shared_ptr<const TableStore> store,
+                     std::shared_ptr<const std::vector<std::uint32_t>> shown, const std::string& filter,
+                     std::string run)
     : m_store(std::move(store)), m_shown(std::move(shown))
 {
-    if (m_shown)
-        std::sort(m_shown->begin(), m_shown->end());
     for (const int index : m_store->indices()) {
         const catalogue::CatalogueRow& row = catalogue::row(index);
         std::string name(row.name);

@@ -15,11 +15,11 @@ namespace comfortics::workbench {
 /// The rows of a store for charts: its indices, then the readings that were taken.
 class StoreRows final : public ChartRows {
 public:
-    /// `shown` are the rows of a filtered view, in any order; none: all. `filter` tells of the view, and
-    /// `run` where it is not of the present file and options; sentences, which charts repeat.
+    /// `shown` are the rows of a filtered view, ascending; null: all. `filter` tells of the view, and `run`
+    /// where it is not of the present file and options; sentences, which charts repeat.
     explicit StoreRows(std::shared_ptr<const TableStore> store,
-                       std::optional<std::vector<std::uint32_t>> shown = {}, const std::string& filter = {},
-                       std::string run = {});
+                       std::shared_ptr<const std::vector<std::uint32_t>> shown = {},
+                       const std::string& filter = {}, std::string run = {});
 
     std::size_t rows() const override { return m_shown ? m_shown->size() : m_store->rows(); }
     std::optional<std::int64_t> seconds(std::size_t row) const override;
@@ -40,7 +40,7 @@ private:
     }
 
     std::shared_ptr<const TableStore> m_store;
-    std::optional<std::vector<std::uint32_t>> m_shown; // ascending
+    std::shared_ptr<const std::vector<std::uint32_t>> m_shown;
     std::vector<classic::Reading> m_readings;
 };
 

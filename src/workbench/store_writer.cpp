@@ -8,12 +8,15 @@
 #include <algorithm>
 #include <limits>
 #include <span>
+#include <system_error>
+#include <thread>
 
 namespace comfortics::workbench {
 
 namespace {
 
-constexpr std::size_t kMostStations = 1000; // as in a summary
+constexpr std::size_t kMostStations = 1000;                // as in a summary
+constexpr std::size_t kEndedBeside = std::size_t{8} << 20; // a larger store [bytes]
 
 RowState stateOf(std::string_view status)
 {
@@ -48,8 +51,21 @@ std::optional<NumberColumn::ClassMark> markOf(std::span<const catalogue::Categor
 
 } // namespace
 
+// To give back hundreds of megabytes takes longer than a window may stand still.
+void StoreWriter::endBeside(TableStore::Data* data)
+{
+    if (data->bytes() > kEndedBeside) {
+        try {
+            std::thread([data] { delete data; }).detach();
+            return;
+        } catch (const std::system_error&) { // there is no further thread
+        }
+    }
+    delete data;
+}
+
 StoreWriter::StoreWriter(RunFacts facts, const classic::Limits& limits, const tables::RowMapper& mapper)
-    : m_data(std::make_shared<TableStore::Data>())
+    : m_data(new TableStore::Data, &StoreWriter::endBeside)
 {
     m_data->facts = std::move(facts);
     m_data->facts.options.stopped = nullptr;

@@ -38,6 +38,7 @@ public:
     std::size_t bytes() const { return m_data->bytes(); }
 
 private:
+    static void endBeside(TableStore::Data* data);
     void writeRow(const tables::ResultBlock& block, std::size_t row);
 
     std::shared_ptr<TableStore::Data> m_data;

@@ -254,6 +254,8 @@ View makeView(const ViewRequest& request, const std::function<bool()>& goOn)
                         [&](const Condition& condition) { return meets(condition, store, row); }))
             view.rows.push_back(static_cast<std::uint32_t>(row));
     }
+    if (view.filtered)
+        view.ascending = std::make_shared<const std::vector<std::uint32_t>>(view.rows);
     if (request.sortBy.kind == Field::Kind::Carried)
         sortCarried(view, request, goOn);
     else if (request.sortBy.kind != Field::Kind::Row)

@@ -75,6 +75,8 @@ struct View {
     std::vector<std::uint32_t> rows; ///< of the store, in the order in which they are seen
     bool filtered = false;           ///< there are conditions
     std::string words;               ///< the conditions, for a heading; empty without one
+    /// The same rows as they stand in the table; null where none are left out.
+    std::shared_ptr<const std::vector<std::uint32_t>> ascending{};
 };
 
 /// Asks `goOn` now and then; a view that is not wanted any more comes to nothing.

@@ -5,6 +5,7 @@
 #include "tables/moment.h"
 #include "workbench/store_rows.h"
 #include "workbench/time_marks.h"
+#include "workbench/view.h"
 
 #include <gtest/gtest.h>
 
@@ -304,9 +305,13 @@ TEST(StoreRows, ChartsReadFiguresReadingsAndReasons)
         tests::storeOf("When;T;H;W;S\n2024-07-01 12:00;30;50;2;600\n2024-07-01 13:00;30;;2;600\n"
                        "2024-07-01 14:00;-5;50;3;0\n",
                        "ta=T,rh=H,ws=W,sr=S,time=When", tests::stationOptions({90, 211}));
-    const StoreRows rows(store, std::vector<std::uint32_t>{2, 0}, "Ta to 30");
+    const Field rh{Field::Kind::Reading, static_cast<std::size_t>(classic::Reading::RH)};
+    const View view =
+        makeView({store, {{.test = Condition::Test::Value, .field = rh}}, {}, true}, [] { return true; });
+    EXPECT_EQ(view.rows, (std::vector<std::uint32_t>{2, 0}));
+    const StoreRows rows(store, view.ascending, view.words); // a chart has them in the order of the file
     EXPECT_EQ(rows.columns.size(), 6U);
-    EXPECT_EQ(rows.origin.filter, "Of a filtered view (Ta to 30): 2 of 3 rows.");
+    EXPECT_EQ(rows.origin.filter, "Of a filtered view (RH has a value): 2 of 3 rows.");
     EXPECT_EQ(rows.origin.rules, "Calculated by precise rules, limits kept.");
     const Chart chart = StationCharts(rows).chart({.columns = {0, 1, 2}});
     EXPECT_EQ(
