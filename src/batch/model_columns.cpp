@@ -71,7 +71,8 @@ ModelColumns::ModelColumns(ModelRequest request, const std::vector<std::string>&
     : m_request(std::move(request)), m_extras(extras)
 {
     for (const Addition* model : m_request.models)
-        m_models.push_back(columnsOf(*model, names));
+        m_models.push_back(m_request.inputs ? Columns{model, {}} : columnsOf(*model, names));
+    m_readsLive = m_readsLive || (m_request.inputs && !m_models.empty());
 }
 
 ModelColumns::Source ModelColumns::givenSource(const InputInfo& input,
@@ -154,8 +155,24 @@ std::vector<ModelHeading> ModelColumns::headings() const
     return all;
 }
 
-void ModelColumns::calculate(const CellText& cellText, const LiveText& liveText,
-                             const std::function<void(const ModelFigures&)>& take) const
+void ModelColumns::readInputs(const Columns& columns, const ModelRow& row, ModelFigures& figures) const
+{
+    for (std::size_t i = 0; i < columns.sources.size(); ++i) {
+        const Source& source = columns.sources[i];
+        const InputInfo& info = *columns.model->inputs[i].info;
+        double value = source.value;
+        if (source.column || source.live) {
+            const std::string text = source.column ? row.cell(*source.column, info) : row.live(*source.live);
+            value = catalogue::inputValue(info, text).value_or(kNaN);
+            if (std::isnan(value) && !texts::trimmed(text).empty() && figures.unreadable.empty())
+                figures.unreadable =
+                    "No value: " + quoted(text) + " is no " + catalogue::inSentence(info.name) + ".";
+        }
+        figures.inputs.push_back(value);
+    }
+}
+
+void ModelColumns::calculate(const ModelRow& row, const std::function<void(const ModelFigures&)>& take) const
 {
     ModelFigures figures;
     for (const Columns& columns : m_models) {
@@ -163,20 +180,10 @@ void ModelColumns::calculate(const CellText& cellText, const LiveText& liveText,
         figures.model = &model;
         figures.inputs.clear();
         figures.unreadable.clear();
-        for (std::size_t i = 0; i < columns.sources.size(); ++i) {
-            const Source& source = columns.sources[i];
-            const InputInfo& info = *model.inputs[i].info;
-            double value = source.value;
-            if (source.column || source.live) {
-                const std::string text =
-                    source.column ? cellText(*source.column, info) : liveText(*source.live);
-                value = catalogue::inputValue(info, text).value_or(kNaN);
-                if (std::isnan(value) && !texts::trimmed(text).empty() && figures.unreadable.empty())
-                    figures.unreadable =
-                        "No value: " + quoted(text) + " is no " + catalogue::inSentence(info.name) + ".";
-            }
-            figures.inputs.push_back(value);
-        }
+        if (m_request.inputs)
+            figures.unreadable = m_request.inputs->tell(model, row, figures.inputs);
+        else
+            readInputs(columns, row, figures);
         figures.results.assign(model.results.size(), kNaN);
         figures.verdicts.assign(model.results.size(), {});
         // A cell that cannot be read is not the same as none.

@@ -116,22 +116,23 @@ private:
             if (meaning)
                 csv += std::to_string(meaning->severity);
         }
-        m_models.calculate(
-            [&row](std::size_t column, const catalogue::InputInfo&) {
-                std::string text = row.cells[column];
-                if (text.find('.') == std::string::npos)
-                    std::ranges::replace(text, ',', '.'); // a decimal comma, as in the readings
-                return text;
-            },
-            [&](formulas::Live quantity) {
-                return values ? std::string(figures.live(quantity)) : std::string();
-            },
-            [&](const ModelFigures& ofModel) {
-                m_models.cells(ofModel, [&csv](std::string_view cell) {
-                    csv += ',';
-                    appendCsvCell(csv, cell);
-                });
-            });
+        m_models.calculate({[&row](std::size_t column, const catalogue::InputInfo&) {
+                                std::string text = row.cells[column];
+                                if (text.find('.') == std::string::npos)
+                                    std::ranges::replace(text, ',',
+                                                         '.'); // a decimal comma, as in the readings
+                                return text;
+                            },
+                            [&](formulas::Live quantity) {
+                                return values ? std::string(figures.live(quantity)) : std::string();
+                            },
+                            {}},
+                           [&](const ModelFigures& ofModel) {
+                               m_models.cells(ofModel, [&csv](std::string_view cell) {
+                                   csv += ',';
+                                   appendCsvCell(csv, cell);
+                               });
+                           });
         csv += "\r\n";
     }
 

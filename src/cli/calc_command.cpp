@@ -90,8 +90,9 @@ public:
             calculation.readings.complete() ? calculation.run(settings) : RunStatus::Rejected;
         std::vector<batch::ModelFigures> figures;
         models->calculate(
-            {},
-            [&calculation](Live quantity) { return std::string(calculation.liveLabel(quantity).caption()); },
+            {{},
+             [&calculation](Live quantity) { return std::string(calculation.liveLabel(quantity).caption()); },
+             {}},
             [&figures](const batch::ModelFigures& ofModel) { figures.push_back(ofModel); });
         if (m_format == "json")
             print(json(calculation, status, settings, messages.texts(), figures));

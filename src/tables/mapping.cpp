@@ -201,6 +201,11 @@ std::optional<Role> roleOfName(std::string_view name)
     return valueOfName<Role>(kRoleNames, name);
 }
 
+bool isTimeRole(Role role)
+{
+    return role == Role::Time || (role >= Role::Year && role <= Role::Second);
+}
+
 const ColumnUse* Mapping::find(std::string_view column) const
 {
     for (const ColumnUse& use : columns)

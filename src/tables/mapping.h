@@ -35,6 +35,8 @@ enum class Role : std::uint8_t {
 /// "carried", "dropped", "reading", "time", "year" and so on.
 std::string_view roleName(Role role);
 std::optional<Role> roleOfName(std::string_view name);
+/// Whether it tells a date or a time, or a part of them.
+bool isTimeRole(Role role);
 
 /// How one column is used.
 struct ColumnUse {

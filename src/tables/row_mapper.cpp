@@ -21,11 +21,6 @@ namespace {
 constexpr std::int64_t kDay = 86400; // [s]
 constexpr double kBoxSteps = 10000;  // decimals of what is converted, as a power of 10
 
-bool isTimeRole(Role role)
-{
-    return role == Role::Time || (role >= Role::Year && role <= Role::Second);
-}
-
 } // namespace
 
 RowMapper::RowMapper(const Mapping& mapping, const Layout& layout, std::string_view friction)

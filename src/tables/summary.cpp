@@ -142,7 +142,27 @@ ordered_json indexJson(const IndexSummary& index)
     return object;
 }
 
+ModelValue valueOf(const batch::ModelFigures& figures, std::size_t result)
+{
+    const catalogue::AdditionResult& info = figures.model->results[result];
+    const double value = figures.results[result];
+    ModelValue made{.isMarked = figures.standing(result) == "outside"};
+    if (info.choices.empty()) {
+        made.text = catalogue::resultText(info, value);
+        if (const catalogue::Category* const of = figures.category(result))
+            made.category = static_cast<std::size_t>(of - catalogue::scaleOf(info).categories.data());
+    } else if (const catalogue::Choice* const word = catalogue::choiceWith(info.choices, value)) {
+        made.category = static_cast<std::size_t>(word - info.choices.data());
+    }
+    return made;
+}
+
 } // namespace
+
+Summarizer::Summarizer(std::vector<int> indices, std::vector<catalogue::Figure> figures)
+    : m_indices(std::move(indices)), m_figures(std::move(figures))
+{
+}
 
 Summarizer::Summarizer(std::vector<int> indices, const std::vector<const catalogue::Addition*>& models)
     : m_indices(std::move(indices))
@@ -176,7 +196,22 @@ void Summarizer::add(std::string_view name, std::size_t line, const std::optiona
     Station& to = station(name);
     for (std::size_t i = 0, place = m_indices.size(); i < ofModels.size(); ++i)
         for (std::size_t result = 0; result < ofModels[i].results.size(); ++result, ++place)
-            addFigure(to.indices[place], ofModels[i], line, time);
+            addFigure(to.indices[place], valueOf(ofModels[i], result), line, time);
+    addRow(to, line, time, figures);
+}
+
+void Summarizer::add(std::string_view name, std::size_t line, const std::optional<Moment>& time,
+                     batch::RowFigures* figures, const std::function<ModelValue(std::size_t)>& ofModels)
+{
+    Station& to = station(name);
+    for (std::size_t i = 0; i < m_figures.size(); ++i)
+        addFigure(to.indices[m_indices.size() + i], ofModels(i), line, time);
+    addRow(to, line, time, figures);
+}
+
+void Summarizer::addRow(Station& to, std::size_t line, const std::optional<Moment>& time,
+                        batch::RowFigures* figures)
+{
     if (figures == nullptr) {
         ++to.counts.refused;
         return;
@@ -192,9 +227,10 @@ void Summarizer::add(std::string_view name, std::size_t line, const std::optiona
         ++to.counts.calculated;
         break;
     }
-    for (std::size_t place = 0; place < m_indices.size(); ++place) {
+    for (std::size_t place = 0; place < to.indices.size() && !to.indices[place].counts.figure; ++place) {
         Gathered& gathered = to.indices[place];
-        const auto placeOf = [index = m_indices[place]](const std::optional<catalogue::Meaning>& meaning) {
+        const auto placeOf = [index =
+                                  gathered.counts.index](const std::optional<catalogue::Meaning>& meaning) {
             return meaning ? std::optional(static_cast<std::size_t>(
                                  meaning->category - catalogue::scale(index).categories.data()))
                            : std::nullopt;
@@ -238,26 +274,18 @@ void Summarizer::addValue(Gathered& gathered, std::string_view text, std::size_t
         ++gathered.classes[{monthOf(time), *category}];
 }
 
-void Summarizer::addFigure(Gathered& gathered, const batch::ModelFigures& figures, std::size_t line,
+void Summarizer::addFigure(Gathered& gathered, const ModelValue& value, std::size_t line,
                            const std::optional<Moment>& time)
 {
-    const catalogue::Figure& figure = *gathered.counts.figure;
-    const std::size_t result = figure.result;
-    const catalogue::AdditionResult& info = figure.info();
-    const double value = figures.results[result];
-    const bool marked = figures.standing(result) == "outside";
-    if (info.choices.empty()) {
-        std::optional<std::size_t> category;
-        if (const catalogue::Category* const of = figures.category(result))
-            category = static_cast<std::size_t>(of - catalogue::scaleOf(info).categories.data());
-        addValue(gathered, catalogue::resultText(info, value), line, time, category);
-    } else if (const catalogue::Choice* const word = catalogue::choiceWith(info.choices, value)) {
+    if (!isWord(gathered.counts)) {
+        addValue(gathered, value.text, line, time, value.category);
+    } else if (value.category) {
         ++gathered.counts.values;
-        ++gathered.classes[{monthOf(time), static_cast<std::size_t>(word - info.choices.data())}];
+        ++gathered.classes[{monthOf(time), *value.category}];
     } else {
         ++gathered.counts.noValue;
     }
-    gathered.counts.marked += marked ? 1 : 0;
+    gathered.counts.marked += value.isMarked ? 1 : 0;
 }
 
 void Summarizer::add(const Summarizer& other)

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
 #include <span>
@@ -75,16 +76,28 @@ struct TableSummary {
     std::vector<StationSummary> stations;
 };
 
+/// A figure of a model in one row.
+struct ModelValue {
+    std::string text{};                    ///< as it is shown; empty without a value, and of words
+    std::optional<std::size_t> category{}; ///< the place of its class in its scale, or of its word
+    bool isMarked = false;                 ///< a value outside its range
+};
+
 /// Gathers a summary. Memory grows with the number of stations, months and different values, not with the
 /// rows.
 class Summarizer {
 public:
-    explicit Summarizer(std::vector<int> indices, const std::vector<const catalogue::Addition*>& models = {});
+    explicit Summarizer(std::vector<int> indices, std::vector<catalogue::Figure> figures = {});
+    /// With all figures of models.
+    Summarizer(std::vector<int> indices, const std::vector<const catalogue::Addition*>& models);
 
     /// A row that was refused has no figures. `ofModels` are those of the models, in their order. Throws
     /// TableFault where there are too many stations.
     void add(std::string_view station, std::size_t line, const std::optional<Moment>& time,
              batch::RowFigures* figures, std::span<const batch::ModelFigures> ofModels = {});
+    /// The same with the figures of models by their places.
+    void add(std::string_view station, std::size_t line, const std::optional<Moment>& time,
+             batch::RowFigures* figures, const std::function<ModelValue(std::size_t place)>& ofModels);
     /// What another has gathered of other rows; the order does not matter.
     void add(const Summarizer& other);
 
@@ -108,8 +121,10 @@ private:
     Station& station(std::string_view name);
     static void addValue(Gathered& gathered, std::string_view text, std::size_t line,
                          const std::optional<Moment>& time, std::optional<std::size_t> category);
-    static void addFigure(Gathered& gathered, const batch::ModelFigures& figures, std::size_t line,
+    static void addFigure(Gathered& gathered, const ModelValue& value, std::size_t line,
                           const std::optional<Moment>& time);
+    static void addRow(Station& to, std::size_t line, const std::optional<Moment>& time,
+                       batch::RowFigures* figures);
 
     std::vector<int> m_indices;
     std::vector<catalogue::Figure> m_figures; // behind the indices

@@ -114,14 +114,14 @@ private:
         const bool values = figures != nullptr && figures->status() == batch::RowStatus::Calculated;
         m_ofModels.clear();
         if (figures != nullptr && !m_options.models.models.empty())
-            m_models.calculate(
-                [&](std::size_t column, const catalogue::InputInfo& input) {
-                    return m_mapper.inputText(column, input, row, mapped);
-                },
-                [&](formulas::Live quantity) {
-                    return values ? std::string(figures->live(quantity)) : std::string();
-                },
-                [this](const batch::ModelFigures& ofModel) { m_ofModels.push_back(ofModel); });
+            m_models.calculate({[&](std::size_t column, const catalogue::InputInfo& input) {
+                                    return m_mapper.inputText(column, input, row, mapped);
+                                },
+                                [&](formulas::Live quantity) {
+                                    return values ? std::string(figures->live(quantity)) : std::string();
+                                },
+                                mapped.time ? std::optional(rowClock(*mapped.time)) : std::nullopt},
+                               [this](const batch::ModelFigures& ofModel) { m_ofModels.push_back(ofModel); });
         if (m_writer != nullptr)
             appendModels(done.results);
         if (!m_summarizer)
@@ -237,6 +237,16 @@ std::string_view outcomeWord(classic::OutcomeKind kind)
         return "failed";
     }
     return {};
+}
+
+batch::RowClock rowClock(const Moment& time)
+{
+    const ClockTime clock = clockTime(time);
+    batch::RowClock made{clock.year, clock.month, clock.day, 0, {}};
+    made.hour = clock.hour + clock.minute / 60.0 + clock.second / 3600.0;
+    if (time.offset)
+        made.utcOffset = *time.offset / 60.0;
+    return made;
 }
 
 std::vector<ResultColumn> resultColumns(const RowMapper& mapper, const Layout& layout,

@@ -46,6 +46,9 @@ struct RunCounts {
 /// Why a value stands or is blank, in a word: "value", "outside temperature limits" and so on.
 std::string_view outcomeWord(classic::OutcomeKind kind);
 
+/// The clock of a row for models.
+batch::RowClock rowClock(const Moment& time);
+
 /// The columns of the results: those of the table but for the dropped ones, the status, what is asked for
 /// besides, and the indices.
 std::vector<ResultColumn> resultColumns(const RowMapper& mapper, const Layout& layout,

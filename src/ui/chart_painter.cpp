@@ -108,6 +108,14 @@ void paintHatch(QPainter& painter, const QRectF& room, const QPalette& palette)
     painter.restore();
 }
 
+// Words without a severity have colours in their order.
+QColor classColor(const workbench::ClassHours& hours, std::size_t place, const QPalette& palette)
+{
+    if (const auto& severity = hours.classes[place].severity)
+        return severityField(*severity, palette);
+    return rampColor((static_cast<double>(place) + 0.5) / static_cast<double>(hours.classes.size()));
+}
+
 bool isSeen(const Band& band, const Axis& axis)
 {
     return band.low < axis.high && band.high > axis.low;
@@ -306,7 +314,8 @@ std::vector<ChartPainter::Entry> ChartPainter::legend() const
                                                  hours->hours ? QStringLiteral("h") : QStringLiteral("rows"));
         };
         for (std::size_t i = 0; i < hours->classes.size(); ++i) {
-            field(hours->classes[i], 1);
+            entries.push_back({Entry::Kind::Field, toQt(workbench::bandWords(hours->classes[i])), 0,
+                               classColor(*hours, i, m_palette), 1});
             entries.back().text += total(hours->totals[i]);
         }
         if (hours->without > 0)
@@ -588,13 +597,12 @@ struct ChartPainter::Body {
                 if (amount <= 0)
                     continue;
                 painter.setPen(QPen(faded(ink(), 0.6F), 1));
-                painter.setBrush(without ? QBrush(Qt::NoBrush)
-                                         : QBrush(severityField(*hours.classes[k].severity, palette())));
+                painter.setBrush(without ? QBrush(Qt::NoBrush) : QBrush(classColor(hours, k, palette())));
                 painter.drawRect(box);
                 if (without)
                     paintHatch(painter, box, palette());
-                else
-                    paintSignIn(box, *hours.classes[k].severity);
+                else if (const auto& severity = hours.classes[k].severity)
+                    paintSignIn(box, *severity);
             }
             if (chosen)
                 outline(*chosen);

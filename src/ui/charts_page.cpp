@@ -34,8 +34,7 @@ constexpr int kLongestNote = 160; // characters of a line below the chart
 
 QString columnName(const workbench::ChartColumn& column)
 {
-    return column.index == 0 ? toQt(column.name)
-                             : QStringLiteral("%1 %2").arg(column.index).arg(toQt(column.name));
+    return column.id.empty() ? toQt(column.name) : toQt(column.id + " " + column.name);
 }
 
 QString shortened(const QString& line)

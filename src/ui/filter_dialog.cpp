@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/filter_dialog.h"
 
-#include "catalogue/catalogue.h"
 #include "texts/number_text.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
@@ -25,10 +24,8 @@ namespace {
 
 QString fieldTitle(const Field& field, const workbench::TableStore& store)
 {
-    if (field.kind == Field::Kind::Figure) {
-        const int index = store.indices()[field.place];
-        return QString::number(index) + QLatin1Char(' ') + toQt(catalogue::row(index).name);
-    }
+    if (field.kind == Field::Kind::Figure)
+        return toQt(workbench::columnTitle(store.items()[field.place]));
     if (field.kind == Field::Kind::Reading)
         return toQt(classic::kReadingInfo[field.place].heading);
     QString name = toQt(fieldName(field, store));
@@ -88,21 +85,29 @@ std::vector<std::pair<QString, Condition>> testsOf(const Field& field, const wor
     }
     if (field.kind != Field::Kind::Figure)
         return tests;
+    const workspace::Item& item = store.items()[field.place];
     using classic::OutcomeKind;
     for (const auto& [outcome, words] :
          {std::pair(OutcomeKind::OutsideTemperature, "is blank: outside its temperature limits"),
           std::pair(OutcomeKind::OutsideWind, "is blank: outside its wind limits"),
           std::pair(OutcomeKind::NoValue, "is blank: the formula has no value"),
           std::pair(OutcomeKind::RunFailed, "is blank: the calculation failed")}) {
+        if (item.model() != nullptr && outcome != OutcomeKind::NoValue)
+            continue; // models have a mark in place of limits
         Condition condition = test(Test::Outcome);
         condition.outcome = outcome;
-        add(toQt(words), condition);
+        add(item.model() != nullptr ? QStringLiteral("is blank: the model has no value") : toQt(words),
+            condition);
     }
-    const auto classes = catalogue::scale(store.indices()[field.place]).categories;
+    if (item.model() != nullptr)
+        add(QStringLiteral("stands outside of the model's range"), test(Test::Marked));
+    const std::vector<std::string_view> classes = item.classNames();
     for (std::size_t place = 0; place < classes.size(); ++place) {
         Condition condition = test(Test::Class);
         condition.place = place;
-        add(QStringLiteral("is in the class: ") + toQt(classes[place].label), condition);
+        add((item.isWord() ? QStringLiteral("is: ") : QStringLiteral("is in the class: ")) +
+                toQt(classes[place]),
+            condition);
     }
     return tests;
 }
@@ -153,7 +158,7 @@ FilterDialog::FilterDialog(std::shared_ptr<const workbench::TableStore> store, c
     offer({Field::Kind::State, 0});
     for (std::size_t i = 0; i < classic::kReadingCount; ++i)
         offer({Field::Kind::Reading, i});
-    for (std::size_t i = 0; i < m_store->indices().size(); ++i)
+    for (std::size_t i = 0; i < m_store->items().size(); ++i)
         offer({Field::Kind::Figure, i});
     for (std::size_t i = 0; i < m_store->facts().carried.size(); ++i)
         offer({Field::Kind::Carried, i});

@@ -79,6 +79,8 @@ QString originText(const ModelInput& at)
         return QStringLiteral("<b>%1</b>").arg(escaped(at.problem));
     case InputOrigin::Readings:
         return source.isEmpty() ? QStringLiteral("readings") : QStringLiteral("readings, ") + source;
+    case InputOrigin::Row:
+        return QStringLiteral("its row");
     case InputOrigin::Typed:
         return QStringLiteral("person and place");
     case InputOrigin::Model:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/results_page.h"
 
-#include "catalogue/catalogue.h"
 #include "ui/bindings.h"
 #include "ui/filter_dialog.h"
 #include "ui/find_bar.h"
@@ -58,16 +57,18 @@ bool means(const Condition& condition, const workbench::TableStore& before, cons
                now.facts().carried[place].heading() == before.facts().carried[place].heading();
     if (condition.field.kind != Field::Kind::Figure)
         return true;
-    return place < now.indices().size() && place < before.indices().size() &&
-           now.indices()[place] == before.indices()[place];
+    return place < now.items().size() && place < before.items().size() &&
+           now.items()[place] == before.items()[place];
 }
 
 } // namespace
 
 ResultsPage::ResultsPage(QWidget* parent)
-    : QWidget(parent), m_model(std::make_unique<StationModel>()), m_finding([this](std::size_t row) {
+    : QWidget(parent), m_model(std::make_unique<StationModel>()),
+      m_finding(workspace::itemFinder(), workspace::itemSubjects(), [this](std::size_t place) {
           // The columns are what is ticked here.
-          const bool shown = m_store && std::ranges::count(m_store->indices(), static_cast<int>(row) + 1) > 0;
+          const bool shown =
+              m_store && std::ranges::count(m_store->items(), workspace::allItems()[place]) > 0;
           return catalogue::Standing{.hasValue = shown, .ticked = shown};
       })
 {
@@ -207,7 +208,7 @@ void ResultsPage::show(std::shared_ptr<const workbench::TableStore> store)
         if (!means({.field = m_sortBy}, *m_store, *store))
             m_sortBy = {};
     }
-    m_fresh = !m_store || m_store->indices() != store->indices() ||
+    m_fresh = !m_store || m_store->items() != store->items() ||
               m_store->facts().carried.size() != store->facts().carried.size() ||
               m_store->facts().hasTime != store->facts().hasTime ||
               m_store->facts().hasStation != store->facts().hasStation;
@@ -376,10 +377,11 @@ std::optional<Condition> ResultsPage::likeCurrent() const
                              : Condition::Test::Blank;
         return condition;
     case Field::Kind::Figure:
-        if (const auto meaning = m_model->store()->meaning(row, field->place)) {
-            const auto classes = catalogue::scale(m_model->store()->indices()[field->place]).categories;
+        if (const auto place = m_model->store()->classOf(row, field->place)) {
             condition.test = Condition::Test::Class;
-            condition.place = static_cast<std::size_t>(meaning->category - classes.data());
+            condition.place = *place;
+        } else if (m_model->store()->isMarked(row, field->place)) {
+            condition.test = Condition::Test::Marked;
         } else if (m_model->store()->figure(row, field->place)) {
             condition.test = Condition::Test::Value;
         } else if (m_model->store()->state(row) == RowState::Calculated) {
@@ -440,8 +442,9 @@ void ResultsPage::step(bool forward)
     if (!m_model->store())
         return;
     std::vector<std::size_t> order;
-    for (const int index : m_model->store()->indices())
-        order.push_back(static_cast<std::size_t>(index - 1));
+    const std::vector<workspace::Item>& all = workspace::allItems();
+    for (const workspace::Item& item : m_model->store()->items())
+        order.push_back(static_cast<std::size_t>(std::ranges::find(all, item) - all.begin()));
     std::optional<std::size_t> from;
     const QModelIndex current = m_table->current();
     if (current.isValid() && m_model->columns()[static_cast<std::size_t>(current.column())].kind ==
@@ -457,7 +460,7 @@ void ResultsPage::goTo(std::size_t subject)
     for (int column = 0; column < m_model->columnCount(); ++column) {
         const StationModel::Column& one = m_model->columns()[static_cast<std::size_t>(column)];
         if (one.kind == Kind::Figure &&
-            m_model->store()->indices()[one.place] == static_cast<int>(subject) + 1)
+            m_model->store()->items()[one.place] == workspace::allItems()[subject])
             m_table->stand(std::max(0, m_table->current().row()), column);
     }
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/station_model.h"
 
-#include "catalogue/catalogue.h"
 #include "ui/text.h"
 
 #include <QBrush>
@@ -39,7 +38,7 @@ void StationModel::show(std::shared_ptr<const workbench::TableStore> store,
         m_columns.push_back({Column::Kind::Status, 0});
         for (std::size_t i = 0; i < classic::kReadingCount; ++i)
             m_columns.push_back({Column::Kind::Reading, i});
-        for (std::size_t i = 0; i < m_store->indices().size(); ++i)
+        for (std::size_t i = 0; i < m_store->items().size(); ++i)
             m_columns.push_back({Column::Kind::Figure, i});
         for (std::size_t i = 0; i < m_store->facts().carried.size(); ++i)
             m_columns.push_back({Column::Kind::Carried, i});
@@ -114,13 +113,15 @@ QString StationModel::detail(const QModelIndex& index) const
     const Column& column = m_columns[static_cast<std::size_t>(index.column())];
     if (column.kind != Column::Kind::Figure)
         return text(row, column);
-    const int number = m_store->indices()[column.place];
-    const QString name = toQt(catalogue::row(number).name) + QStringLiteral(": ");
+    const workspace::Item& item = m_store->items()[column.place];
+    const QString name = toQt(item.name()) + QStringLiteral(": ");
     if (m_store->outcome(row, column.place) != classic::OutcomeKind::Value)
         return name + toQt(m_store->whyBlank(row, column.place));
-    QString all = name + text(row, column) + QLatin1Char(' ') + toQt(catalogue::row(number).shownUnit());
+    QString all = name + text(row, column) + QLatin1Char(' ') + toQt(item.unit());
     if (const auto meaning = m_store->meaning(row, column.place))
         all += QStringLiteral(", ") + toQt(catalogue::inWords(*meaning));
+    if (m_store->isMarked(row, column.place))
+        all = all.trimmed() + QStringLiteral(". ") + toQt(m_store->whyBlank(row, column.place));
     return all.trimmed();
 }
 
@@ -179,9 +180,9 @@ QString StationModel::heading(const Column& column) const
         return toQt(info.symbol()) + QStringLiteral(" [") + toQt(info.unit()) + QLatin1Char(']');
     }
     case Column::Kind::Figure: {
-        const catalogue::CatalogueRow& row = catalogue::row(m_store->indices()[column.place]);
-        const QString unit = toQt(row.shownUnit());
-        return QString::number(m_store->indices()[column.place]) + QLatin1Char(' ') + toQt(row.name) +
+        const workspace::Item& item = m_store->items()[column.place];
+        const QString unit = toQt(item.unit());
+        return toQt(workbench::columnTitle(item)) +
                (unit.isEmpty() ? QString() : QStringLiteral(" [") + unit + QLatin1Char(']'));
     }
     case Column::Kind::Carried:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/summary_dialog.h"
 
-#include "catalogue/catalogue.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 #include "values/plain_text.h"
@@ -138,8 +137,9 @@ void SummaryDialog::show(const Summary& summary)
                 m_table->setItem(row, column++, item(cell, number));
             };
             add(toQt(station.station), false);
-            add(QString::number(one.index) + QLatin1Char(' ') + toQt(catalogue::row(one.index).name), false);
-            add(toQt(catalogue::row(one.index).shownUnit()), false);
+            const workspace::Item which = workbench::itemOf(one);
+            add(toQt(workbench::columnTitle(which)), false);
+            add(toQt(which.unit()), false);
             for (const std::size_t count :
                  {one.values, one.outsideTemperature, one.outsideWind, one.noValue, one.failed})
                 add(QString::number(count));
@@ -183,8 +183,9 @@ void SummaryDialog::showClasses()
         m_ofClasses->clear();
         return;
     }
-    const QString name = toQt(catalogue::row(chosen->index).name);
-    const auto classes = catalogue::scale(chosen->index).categories;
+    const workspace::Item which = workbench::itemOf(*chosen);
+    const QString name = toQt(which.name());
+    const std::vector<std::string_view> classes = which.classNames();
     if (classes.empty() || chosen->classes.empty()) {
         m_ofClasses->setText(name + (classes.empty() ? QStringLiteral(": no classes are published.")
                                                      : QStringLiteral(": no value lies in a class.")));
@@ -197,9 +198,11 @@ void SummaryDialog::showClasses()
         months[one.month][one.category] =
             one.hours ? figure(*one.hours) : QString::number(static_cast<qulonglong>(one.rows));
     QStringList heads{QStringLiteral("Month")};
-    for (const catalogue::Category& category : classes)
-        heads += toQt(category.label) + QStringLiteral(" (") +
-                 toQt(catalogue::signedSeverity(category.severity)) + QLatin1Char(')');
+    for (std::size_t i = 0; i < classes.size(); ++i)
+        heads += which.isWord() ? toQt(classes[i])
+                                : toQt(classes[i]) + QStringLiteral(" (") +
+                                      toQt(catalogue::signedSeverity(which.scale().categories[i].severity)) +
+                                      QLatin1Char(')');
     m_classes->setColumnCount(static_cast<int>(heads.size()));
     m_classes->setHorizontalHeaderLabels(heads);
     m_classes->setRowCount(static_cast<int>(months.size()));
@@ -207,7 +210,7 @@ void SummaryDialog::showClasses()
     for (const auto& [month, cells] : months) {
         m_classes->setItem(at, 0, item(month.empty() ? QStringLiteral("without time") : toQt(month), false));
         for (std::size_t i = 0; i < classes.size(); ++i) {
-            const auto found = cells.find(classes[i].label);
+            const auto found = cells.find(classes[i]);
             m_classes->setItem(at, static_cast<int>(i) + 1,
                                item(found == cells.end() ? QStringLiteral("0") : found->second, true));
         }

@@ -7,16 +7,20 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace comfortics::workbench {
 
 /// A column that a chart can show.
 struct ChartColumn {
-    int index = 0; ///< of the catalogue; 0 for a reading
+    int index = 0; ///< or of a figure of a model that whose classes are its own; 0 where there is none
     std::string name{};
     std::string unit{}; ///< empty where it has none
     int decimals = 1;   ///< of its values; a mean has one more
+    std::string id{};   ///< as columnId() has it; empty for a reading
+    /// Of a figure that is one of several words.
+    std::vector<std::string_view> words{};
 
     friend bool operator==(const ChartColumn&, const ChartColumn&) = default;
 };
@@ -42,6 +46,8 @@ public:
     virtual std::optional<double> value(std::size_t row, std::size_t column) const = 0;
     /// The class of a value inside its limits.
     virtual std::optional<catalogue::Meaning> meaning(std::size_t row, std::size_t column) const = 0;
+    /// Of a figure that is one of several words the place of its word.
+    virtual std::optional<std::size_t> word(std::size_t, std::size_t) const { return std::nullopt; }
     /// Why there is no value, a sentence.
     virtual std::string whyNone(std::size_t row, std::size_t column) const = 0;
 

@@ -3,6 +3,7 @@
 
 #include "batch/ordered_crew.h"
 #include "tables/workbook.h"
+#include "workbench/row_inputs.h"
 #include "workbench/store_writer.h"
 
 #include <algorithm>
@@ -43,13 +44,44 @@ private:
     std::size_t m_blocks = 0;
 };
 
-// The readings of some rows of a store as a table: a row of six cells for each.
+// The readings of some rows of a store as a table: six cells for each, and where models are calculated the
+// time and the cells that they read.
 class StoredReadings final : public tables::RowSource {
 public:
     StoredReadings(const TableStore& store, const std::vector<std::uint32_t>& rows)
         : m_store(store), m_rows(rows)
     {
+        for (std::size_t i = 0; i < classic::kReadingCount; ++i) {
+            const tables::QuantityInfo& info = tables::infoOf(static_cast<tables::Quantity>(i));
+            tables::ColumnUse use;
+            use.role = tables::Role::Reading;
+            use.quantity = static_cast<tables::Quantity>(i);
+            use.unit = info.unit;
+            add(std::move(use));
+        }
+        m_layout.header = true;
+        m_mapping.zone = store.facts().mapping.zone;
+        if (!store.facts().hasModels())
+            return;
+        tables::ColumnUse time;
+        time.role = tables::Role::Time;
+        add(std::move(time));
+        const tables::Mapping& mapping = store.facts().mapping;
+        std::size_t carried = 0;
+        for (const std::string& name : store.facts().layout.names) {
+            const tables::ColumnUse* const use = mapping.find(name);
+            if (use != nullptr && use->role == tables::Role::Input) {
+                tables::ColumnUse same = *use;
+                same.gaps.insert(same.gaps.end(), mapping.gaps.begin(), mapping.gaps.end());
+                add(std::move(same));
+                m_inputs.push_back(carried);
+            }
+            carried += use != nullptr && use->role == tables::Role::Dropped ? 0U : 1U;
+        }
     }
+
+    const tables::Mapping& mapping() const { return m_mapping; }
+    const tables::Layout& layout() const { return m_layout; }
 
     bool next(tables::Row& row) override
     {
@@ -57,29 +89,35 @@ public:
             return false;
         row.clear();
         row.line = m_store.line(m_rows[m_at]);
+        const std::size_t place = m_rows[m_at++];
         for (std::size_t i = 0; i < classic::kReadingCount; ++i)
-            row.cells.push_back(m_store.readingText(m_rows[m_at], static_cast<classic::Reading>(i)));
-        ++m_at;
+            row.cells.push_back(m_store.readingText(place, static_cast<classic::Reading>(i)));
+        if (!m_store.facts().hasModels())
+            return true;
+        const auto time = m_store.time(place);
+        row.cells.push_back(time ? tables::momentText(*time) : std::string());
+        const std::vector<std::string> carried = m_store.carried(place);
+        for (const std::size_t column : m_inputs)
+            row.cells.push_back(carried.at(column));
         return true;
     }
 
 private:
+    void add(tables::ColumnUse use)
+    {
+        use.column = std::to_string(m_layout.names.size());
+        m_layout.names.push_back(use.column);
+        m_layout.units.push_back(use.unit);
+        m_mapping.columns.push_back(std::move(use));
+    }
+
     const TableStore& m_store;
     const std::vector<std::uint32_t>& m_rows;
     std::size_t m_at = 0;
+    tables::Mapping m_mapping;
+    tables::Layout m_layout;
+    std::vector<std::size_t> m_inputs; // among the carried columns
 };
-
-tables::Layout layoutOfReadings()
-{
-    tables::Layout layout;
-    layout.header = true;
-    for (std::size_t i = 0; i < classic::kReadingCount; ++i) {
-        const tables::QuantityInfo& info = tables::infoOf(static_cast<tables::Quantity>(i));
-        layout.names.emplace_back(info.key);
-        layout.units.emplace_back(info.unit);
-    }
-    return layout;
-}
 
 } // namespace
 
@@ -156,12 +194,16 @@ RunResult RunDesk::run(const RunRequest& request)
     tables::OpenTable table = openSource(request.source, request.mapping.shape, m_bytesRead);
     tables::RunOptions options = StoreWriter::asked(request.options);
     options.stopped = [this] { return m_stop.load(); };
-    const tables::RowMapper mapper(request.mapping, table.layout, options.assumptions[kFriction]);
+    const std::string& friction = options.assumptions[kFriction];
+    const tables::RowMapper mapper(request.mapping, table.layout, friction);
+    options.models = modelRequest(request.figures, request.person, request.mapping, table.layout, friction);
     StoreWriter store({.source = request.source.name,
                        .place = table.layout.place,
                        .mapping = request.mapping,
                        .layout = table.layout,
                        .options = options,
+                       .figures = request.figures,
+                       .person = request.person,
                        .number = ++m_runs},
                       m_limits, mapper);
     BoundedWriter writer(store, request.mostBytes);
@@ -192,24 +234,20 @@ RunResult RunDesk::runAgain(const std::shared_ptr<const TableStore>& store)
     tables::RunOptions options = StoreWriter::asked(store->facts().options);
     options.settings.rules = classic::Rules::Robust;
     options.stopped = [this] { return m_stop.load(); };
-    const tables::Layout layout = layoutOfReadings();
-    tables::Mapping mapping;
-    for (std::size_t i = 0; i < classic::kReadingCount; ++i) {
-        tables::ColumnUse use;
-        use.column = layout.names[i];
-        use.role = tables::Role::Reading;
-        use.quantity = static_cast<tables::Quantity>(i);
-        use.unit = layout.units[i];
-        mapping.columns.push_back(std::move(use));
-    }
-    const tables::RowMapper mapper(mapping, layout, options.assumptions[kFriction]);
+    StoredReadings readings(*store, rows);
+    const std::string& friction = options.assumptions[kFriction];
+    const tables::RowMapper mapper(readings.mapping(), readings.layout(), friction);
     RunFacts facts;
     facts.source = store->facts().source;
+    facts.mapping = readings.mapping();
+    facts.layout = readings.layout();
+    facts.figures = store->facts().figures;
+    facts.person = store->facts().person;
+    options.models = modelRequest(facts.figures, facts.person, facts.mapping, facts.layout, friction);
     facts.options = options;
     StoreWriter writer(std::move(facts), m_limits, mapper);
-    StoredReadings readings(*store, rows);
     const tables::RunCounts counts =
-        tables::runTable(readings, mapper, layout, m_limits, options, &writer,
+        tables::runTable(readings, mapper, readings.layout(), m_limits, options, &writer,
                          [this](const tables::RunCounts& done) { m_rows = done.total(); });
     std::shared_ptr<const TableStore> again = writer.finish(counts);
     rows.resize(again->rows()); // fewer where it was stopped

@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace comfortics::workbench {
 
@@ -21,8 +22,10 @@ namespace comfortics::workbench {
 struct RunRequest {
     TableSource source;
     tables::Mapping mapping;
-    tables::RunOptions options; ///< of which rules, selection, assumptions and threads count
-    std::size_t mostBytes = 0;  ///< that the results may take in memory; more ends the run
+    tables::RunOptions options;               ///< of which rules, selection, assumptions and threads count
+    std::size_t mostBytes = 0;                ///< that the results may take in memory; more ends the run
+    std::vector<catalogue::Figure> figures{}; ///< of models
+    workspace::FieldTexts person{};           ///< what the models read besides the rows
 };
 
 /// How far a run is.

@@ -214,6 +214,13 @@ void StationCharts::Work::make()
         chart.problem = "No row is of this station and this time.";
         return;
     }
+    const auto isWord = [this](std::size_t place) { return !rows.columns.at(place).words.empty(); };
+    if (const auto word = std::ranges::find_if(request.columns, isWord);
+        word != request.columns.end() && request.kind != ChartKind::ClassHours) {
+        chart.problem = rows.columns.at(*word).name + " is one of several words: the chart \"" +
+                        std::string(chartName(ChartKind::ClassHours)) + "\" shows how long each lasted.";
+        return;
+    }
     switch (request.kind) {
     case ChartKind::TimeSeries:
         timeSeries();
@@ -562,45 +569,62 @@ void StationCharts::Work::classHours()
 {
     ClassHours result;
     result.column = request.columns.front();
-    if (column().index == 0 || catalogue::scale(column().index).categories.empty()) {
+    const std::vector<std::string_view>& words = column().words;
+    const auto categories = column().index == 0 ? std::span<const catalogue::Category>()
+                                                : catalogue::scale(column().index).categories;
+    if (words.empty() && categories.empty()) {
         chart.problem = column().name + " has no published classes.";
         return;
     }
+    // The place in the scale or among the words, and whether the severity has the other sign.
+    using Key = std::pair<std::size_t, bool>;
+    const auto keyAt = [&](std::size_t row) -> std::optional<Key> {
+        if (!words.empty()) {
+            const auto word = rows.word(row, result.column);
+            return word ? std::optional(Key{*word, false}) : std::nullopt;
+        }
+        const auto meaning = rows.meaning(row, result.column);
+        if (!meaning)
+            return std::nullopt;
+        return Key{static_cast<std::size_t>(meaning->category - categories.data()),
+                   meaning->severity < meaning->category->severity};
+    };
     struct Month {
-        std::map<std::pair<const catalogue::Category*, int>, std::size_t> classes;
+        std::map<Key, std::size_t> classes;
         std::size_t without = 0;
     };
     std::map<int, Month> months; // the first is of rows without a time
     constexpr int kNone = std::numeric_limits<int>::min();
+    std::set<Key> all;
     eachRow([&](std::size_t row, const std::optional<std::int64_t>& seconds) {
         Month& month = months[seconds ? monthOf(*seconds) : kNone];
-        if (const auto meaning = rows.meaning(row, result.column))
-            ++month.classes[{meaning->category, meaning->severity}];
-        else
+        if (const auto key = keyAt(row)) {
+            ++month.classes[*key];
+            all.insert(*key);
+        } else
             ++month.without;
     });
-    std::set<std::pair<int, const catalogue::Category*>> all;
-    for (const auto& [number, month] : months)
-        for (const auto& [key, count] : month.classes)
-            all.insert({key.second < key.first->severity ? -1 : 1, key.first});
     if (all.empty()) {
-        chart.problem = "No row of these has a class of " + column().name + ".";
+        chart.problem = "No row of these has a " + std::string(words.empty() ? "class" : "value") + " of " +
+                        column().name + ".";
         return;
     }
     // Ascending; of scales of the dissatisfied the cold side first, its worst class foremost.
-    std::vector<std::pair<const catalogue::Category*, int>> keys;
-    keys.reserve(all.size());
-    for (const auto& [side, category] : all)
-        keys.emplace_back(category, side < 0 ? -category->severity : category->severity);
-    std::stable_sort(keys.begin(), keys.end(), [&](const auto& one, const auto& other) {
-        const bool oneCold = one.second < one.first->severity;
-        const bool otherCold = other.second < other.first->severity;
-        if (oneCold != otherCold)
-            return oneCold;
-        return oneCold ? one.first > other.first : one.first < other.first;
+    std::vector<Key> keys(all.begin(), all.end());
+    std::ranges::sort(keys, [](const Key& one, const Key& other) {
+        if (one.second != other.second)
+            return one.second;
+        return one.second ? one.first > other.first : one.first < other.first;
     });
-    for (const auto& [category, severity] : keys)
-        result.classes.push_back({category->lower, category->upper, std::string(category->label), severity});
+    for (const auto& [place, turned] : keys) {
+        if (!words.empty()) {
+            result.classes.push_back({.label = std::string(words[place]), .severity = std::nullopt});
+            continue;
+        }
+        const catalogue::Category& category = categories[place];
+        result.classes.push_back({category.lower, category.upper, std::string(category.label),
+                                  turned ? -category.severity : category.severity});
+    }
     const bool timed = months.begin()->first != kNone;
     const double hours = timeline->step && timed ? *timeline->step / static_cast<double>(kHour) : 0;
     result.hours = hours > 0;

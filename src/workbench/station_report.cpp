@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workbench/station_report.h"
 
-#include "catalogue/catalogue.h"
 #include "comfortics/version.h"
 #include "tables/table_run.h"
 #include "tables/value_counts.h"
+#include "workbench/row_inputs.h"
+#include "workbench/store_summary.h"
 #include "workbench/time_marks.h"
 #include "workspace/page_html.h"
 
@@ -27,6 +28,7 @@ constexpr std::array kCharts{ChartKind::TimeSeries, ChartKind::Months, ChartKind
 struct Gathered {
     tables::IndexSummary summary;
     tables::ValueCounts values;
+    std::map<std::size_t, std::size_t> words; // how often each came, of a figure that is one of several
 };
 
 void addFigure(Gathered& to, const StoreRows& rows, std::size_t row, std::size_t column)
@@ -53,6 +55,14 @@ void addFigure(Gathered& to, const StoreRows& rows, std::size_t row, std::size_t
     const auto value = store.figure(place, column);
     if (!value) {
         ++summary.noValue;
+        return;
+    }
+    if (store.isMarked(place, column))
+        ++summary.marked;
+    if (store.items()[column].isWord()) {
+        ++summary.values;
+        if (const auto word = store.classOf(place, column))
+            ++to.words[*word];
         return;
     }
     const tables::Extreme here{*value, store.line(place), store.time(place)};
@@ -117,8 +127,8 @@ std::string summaryRows(const StationReport& report)
     using workspace::row;
     std::string rows;
     for (const tables::IndexSummary& index : report.summary.indices) {
-        const catalogue::CatalogueRow& entry = catalogue::row(index.index);
-        const ChartColumn column{index.index, {}, {}, entry.format.decimals};
+        const workspace::Item item = itemOf(index);
+        const ChartColumn column{.decimals = item.decimals()};
         const auto mean = [&](double value) { return valueText(column, value, 1) + "&nbsp;"; };
         const bool any = index.mean.has_value();
         std::string blank =
@@ -132,10 +142,20 @@ std::string summaryRows(const StationReport& report)
                 why.append(why.empty() ? "" : ", ").append(std::to_string(count)).append(" ").append(words);
         if (!why.empty())
             blank.append("<br><small>").append(why).append("</small>");
+        std::string words; // of a figure that is one of several
+        for (const tables::ClassTime& one : index.classes)
+            words.append("<br><small>")
+                .append(escaped(one.category))
+                .append(": ")
+                .append(std::to_string(one.rows))
+                .append("</small>");
+        const std::string marked = index.marked == 0 ? std::string()
+                                                     : "<br><small>" + std::to_string(index.marked) +
+                                                           " outside of its range</small>";
         rows += row(
-            {std::to_string(index.index) + "&nbsp;",
-             escaped(entry.name) + (entry.shownUnit().empty() ? "" : " [" + escaped(entry.shownUnit()) + "]"),
-             std::to_string(index.values) + "&nbsp;", blank, any ? mean(*index.mean) : "–",
+            {columnId(item) + "&nbsp;",
+             escaped(item.name()) + (item.unit().empty() ? "" : " [" + escaped(item.unit()) + "]") + words,
+             std::to_string(index.values) + marked + "&nbsp;", blank, any ? mean(*index.mean) : "–",
              any ? mean(index.percentiles[1]) : "–", any ? mean(index.percentiles[3]) : "–",
              any ? mean(index.percentiles[5]) : "–", any ? extremeText(column, index.lowest) : "–",
              any ? extremeText(column, index.highest) : "–"});
@@ -201,7 +221,7 @@ std::optional<StationReport> stationReport(const StoreRows& rows, const StationR
                       timeText(timeline->seconds.back(), timeline->yearless());
 
     const TableStore& store = rows.store();
-    std::vector<Gathered> gathered(store.indices().size());
+    std::vector<Gathered> gathered(store.items().size());
     std::map<std::string, std::size_t> reasons;
     std::size_t asked = 0;
     for (const auto* const part : {&timeline->rows, &timeline->untimed})
@@ -226,8 +246,13 @@ std::optional<StationReport> stationReport(const StoreRows& rows, const StationR
     report.summary.station = report.station;
     for (std::size_t column = 0; column < gathered.size(); ++column) {
         Gathered& one = gathered[column];
-        one.summary.index = store.indices()[column];
-        if (one.summary.values > 0) {
+        const workspace::Item& item = store.items()[column];
+        one.summary.index = item.index();
+        if (item.model() != nullptr)
+            one.summary.figure = {item.model(), item.result()};
+        for (const auto& [place, count] : one.words)
+            one.summary.classes.push_back({item.classNames().at(place), 0, {}, count, {}});
+        if (one.summary.values > 0 && !item.isWord()) {
             one.summary.mean = one.values.mean();
             for (std::size_t i = 0; i < tables::kPercentiles.size(); ++i)
                 one.summary.percentiles[i] = one.values.quantile(tables::kPercentiles[i] / 100.0);
@@ -252,6 +277,8 @@ std::optional<StationReport> stationReport(const StoreRows& rows, const StationR
     for (auto& fact : tables::runMetadata(store.facts().mapping, layout, store.facts().options, {}))
         if (!fact.first.starts_with("Rows ")) // of the whole table
             report.facts.push_back(std::move(fact));
+    for (auto& fact : modelFacts(store.facts()))
+        report.facts.push_back(std::move(fact));
     if (store.rowsAgain() > 0)
         report.facts.emplace_back("Note",
                                   std::to_string(store.rowsAgain()) +

@@ -5,6 +5,7 @@
 #include "output/code_page.h"
 #include "output/whole_file.h"
 #include "tables/workbook_writer.h"
+#include "workbench/row_inputs.h"
 
 #include <algorithm>
 #include <array>
@@ -42,12 +43,12 @@ std::vector<ResultColumn> columnsOf(const ExportRequest& request)
             columns.push_back(
                 {std::string(info.symbol()) + " taken", std::string(info.unit()), Kind::Number});
     }
-    for (const int index : store.indices()) {
-        const catalogue::CatalogueRow& row = catalogue::row(index);
-        columns.push_back(
-            {std::to_string(index) + " " + std::string(row.name), std::string(row.unit), Kind::Number});
+    for (const workspace::Item& item : store.items()) {
+        const std::string_view unit =
+            item.model() != nullptr ? item.unit() : catalogue::row(item.index()).unit;
+        columns.push_back({columnTitle(item), std::string(unit), item.isWord() ? Kind::Text : Kind::Number});
         if (request.status)
-            columns.push_back({std::to_string(index) + " status", "", Kind::Text});
+            columns.push_back({columnId(item) + " status", "", Kind::Text});
     }
     return columns;
 }
@@ -60,10 +61,11 @@ public:
 
     std::string of(std::size_t row)
     {
-        const std::size_t count = m_store.indices().size();
+        const std::size_t count = m_store.items().size();
         bool blank = false;
         for (std::size_t column = 0; column < count && !blank; ++column)
-            blank = m_store.outcome(row, column) != classic::OutcomeKind::Value;
+            blank =
+                m_store.outcome(row, column) != classic::OutcomeKind::Value || m_store.isMarked(row, column);
         if (m_store.state(row) != RowState::Calculated || !blank)
             return {};
         return m_store.whyBlank(row, m_calculators);
@@ -95,10 +97,14 @@ void append(tables::ResultBlock& block, const ExportRequest& request, std::size_
             block.add(store.readingText(row, static_cast<classic::Reading>(i)));
     }
     const bool calculated = store.state(row) == RowState::Calculated;
-    for (std::size_t column = 0; column < store.indices().size(); ++column) {
+    for (std::size_t column = 0; column < store.items().size(); ++column) {
         block.add(calculated ? store.figureText(row, column) : std::string());
-        if (request.status)
-            block.add(calculated ? tables::outcomeWord(store.outcome(row, column)) : std::string_view());
+        if (!request.status)
+            continue;
+        const bool marked = calculated && store.isMarked(row, column);
+        block.add(marked       ? "value outside its range"
+                  : calculated ? tables::outcomeWord(store.outcome(row, column))
+                               : std::string_view());
     }
 }
 
@@ -133,6 +139,8 @@ std::vector<std::pair<std::string, std::string>> exportMetadata(const ExportRequ
                            std::to_string(request.store->rowsAgain()));
     if (facts.counts.stopped)
         first.emplace_back("Stopped", "more rows follow in the table");
+    for (auto& line : modelFacts(facts))
+        lines.push_back(std::move(line));
     if (request.view) {
         first.emplace_back("Rows written", std::to_string(request.view->rows.size()));
         if (request.view->filtered)

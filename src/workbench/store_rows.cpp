@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workbench/store_rows.h"
 
-#include "catalogue/catalogue.h"
+#include "workbench/view.h"
 
 #include <array>
 #include <utility>
@@ -27,11 +27,16 @@ StoreRows::StoreRows(std::shared_ptr<const TableStore> store,
                      std::string run)
     : m_store(std::move(store)), m_shown(std::move(shown))
 {
-    for (const int index : m_store->indices()) {
-        const catalogue::CatalogueRow& row = catalogue::row(index);
-        std::string name(row.name);
+    for (const workspace::Item& item : m_store->items()) {
+        std::string name = item.name();
         name.erase(name.find_last_not_of(' ') + 1);
-        columns.push_back({index, std::move(name), std::string(row.shownUnit()), row.format.decimals});
+        columns.push_back({.index = item.model() == nullptr ? item.index() : item.scaleIndex(),
+                           .name = std::move(name),
+                           .unit = std::string(item.unit()),
+                           .decimals = item.decimals(),
+                           .id = columnId(item)});
+        if (item.isWord())
+            columns.back().words = item.classNames();
     }
     const RunFacts& facts = m_store->facts();
     std::array<bool, classic::kReadingCount> taken{};
@@ -43,7 +48,10 @@ StoreRows::StoreRows(std::shared_ptr<const TableStore> store,
         if (taken[i]) {
             const classic::ReadingInfo& info = classic::kReadingInfo[i];
             m_readings.push_back(static_cast<classic::Reading>(i));
-            columns.push_back({0, std::string(info.heading), std::string(info.unit()), kReadingDecimals});
+            columns.push_back({.index = 0,
+                               .name = std::string(info.heading),
+                               .unit = std::string(info.unit()),
+                               .decimals = kReadingDecimals});
         }
     stations = m_store->stations();
     origin.source = facts.place.empty() ? facts.source : facts.source + " (" + facts.place + ")";
@@ -62,13 +70,19 @@ std::optional<std::int64_t> StoreRows::seconds(std::size_t row) const
 
 std::optional<double> StoreRows::value(std::size_t row, std::size_t column) const
 {
-    return isIndex(column) ? m_store->figure(place(row), column)
-                           : m_store->reading(place(row), readingOf(column));
+    return isFigure(column) ? m_store->figure(place(row), column)
+                            : m_store->reading(place(row), readingOf(column));
 }
 
 std::optional<catalogue::Meaning> StoreRows::meaning(std::size_t row, std::size_t column) const
 {
-    return isIndex(column) ? m_store->meaning(place(row), column) : std::nullopt;
+    return isFigure(column) ? m_store->meaning(place(row), column) : std::nullopt;
+}
+
+std::optional<std::size_t> StoreRows::word(std::size_t row, std::size_t column) const
+{
+    return isFigure(column) && m_store->items()[column].isWord() ? m_store->classOf(place(row), column)
+                                                                 : std::nullopt;
 }
 
 std::string StoreRows::whyNone(std::size_t row, std::size_t column) const
@@ -76,7 +90,7 @@ std::string StoreRows::whyNone(std::size_t row, std::size_t column) const
     const std::size_t place = this->place(row);
     if (m_store->state(place) != RowState::Calculated)
         return "The row was " + m_store->status(place) + ".";
-    return isIndex(column)
+    return isFigure(column)
                ? m_store->whyBlank(place, column)
                : std::string(classic::kReadingInfo[static_cast<std::size_t>(readingOf(column))].heading) +
                      " is not given.";

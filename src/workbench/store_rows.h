@@ -12,7 +12,7 @@
 
 namespace comfortics::workbench {
 
-/// The rows of a store for charts: its indices, then the readings that were taken.
+/// The rows of a store for charts: its indices and figures, then the readings that were taken.
 class StoreRows final : public ChartRows {
 public:
     /// `shown` are the rows of a filtered view, ascending; null: all. `filter` tells of the view, and `run`
@@ -26,6 +26,7 @@ public:
     std::size_t station(std::size_t row) const override { return m_store->stationNumber(place(row)); }
     std::optional<double> value(std::size_t row, std::size_t column) const override;
     std::optional<catalogue::Meaning> meaning(std::size_t row, std::size_t column) const override;
+    std::optional<std::size_t> word(std::size_t row, std::size_t column) const override;
     std::string whyNone(std::size_t row, std::size_t column) const override;
 
     const TableStore& store() const noexcept { return *m_store; }
@@ -33,10 +34,10 @@ public:
     std::size_t place(std::size_t row) const { return m_shown ? (*m_shown)[row] : row; }
 
 private:
-    bool isIndex(std::size_t column) const { return column < m_store->indices().size(); }
+    bool isFigure(std::size_t column) const { return column < m_store->items().size(); }
     classic::Reading readingOf(std::size_t column) const
     {
-        return m_readings.at(column - m_store->indices().size());
+        return m_readings.at(column - m_store->items().size());
     }
 
     std::shared_ptr<const TableStore> m_store;

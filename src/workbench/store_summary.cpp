@@ -46,19 +46,41 @@ private:
 
 } // namespace
 
+workspace::Item itemOf(const tables::IndexSummary& summary)
+{
+    return summary.figure ? workspace::Item(*summary.figure) : workspace::Item(summary.index);
+}
+
 tables::TableSummary summaryOf(const TableStore& store, const View& view, const std::function<bool()>& goOn)
 {
     std::vector<std::uint32_t> rows = view.rows;
     std::sort(rows.begin(), rows.end());
-    tables::Summarizer summarizer(store.indices());
+    std::vector<int> indices;
+    for (const workspace::Item& item : store.items())
+        if (item.model() == nullptr)
+            indices.push_back(item.index());
+    tables::Summarizer summarizer(indices, store.facts().figures);
     StoredFigures figures(store);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (i % kRowsBetweenQuestions == 0 && !goOn())
             return {};
         const std::size_t row = rows[i];
         figures.stand(row);
-        summarizer.add(store.station(row), store.line(row), store.time(row),
-                       store.state(row) == RowState::Refused ? nullptr : &figures);
+        const auto add = [&](const auto&... ofModels) {
+            summarizer.add(store.station(row), store.line(row), store.time(row),
+                           store.state(row) == RowState::Refused ? nullptr : &figures, ofModels...);
+        };
+        if (store.state(row) != RowState::Calculated) { // what has no row has no figures either
+            add();
+            continue;
+        }
+        const std::size_t first = indices.size();
+        add([&](std::size_t place) -> tables::ModelValue {
+            const std::size_t column = first + place;
+            if (store.outcome(row, column) != classic::OutcomeKind::Value)
+                return {};
+            return {store.numberText(row, column), store.classOf(row, column), store.isMarked(row, column)};
+        });
     }
     return summarizer.summary(store.facts().step);
 }

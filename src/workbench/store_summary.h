@@ -12,4 +12,7 @@ namespace comfortics::workbench {
 /// `goOn` has ended it.
 tables::TableSummary summaryOf(const TableStore& store, const View& view, const std::function<bool()>& goOn);
 
+/// What a summary is of.
+workspace::Item itemOf(const tables::IndexSummary& summary);
+
 } // namespace comfortics::workbench

@@ -3,9 +3,12 @@
 
 #include "batch/selected_indices.h"
 #include "texts/text.h"
+#include "values/plain_text.h"
 #include "workbench/store_texts.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <limits>
 #include <span>
 #include <system_error>
@@ -17,6 +20,7 @@ namespace {
 
 constexpr std::size_t kMostStations = 1000;                // as in a summary
 constexpr std::size_t kEndedBeside = std::size_t{8} << 20; // a larger store [bytes]
+constexpr auto kFriction = static_cast<std::size_t>(classic::Assumption::Friction);
 
 RowState stateOf(std::string_view status)
 {
@@ -73,7 +77,17 @@ StoreWriter::StoreWriter(RunFacts facts, const classic::Limits& limits, const ta
     m_data->facts.hasStation = mapper.station().has_value();
     m_data->limits = &limits;
     m_data->indices = batch::selectedIndices(m_data->facts.options.settings.selection);
-    m_data->figures.resize(m_data->indices.size());
+    m_data->items.assign(m_data->indices.begin(), m_data->indices.end());
+    for (const catalogue::Figure& figure : m_data->facts.figures)
+        m_data->items.emplace_back(figure);
+    m_data->figures.resize(m_data->items.size());
+    if (!m_data->facts.figures.empty()) {
+        const tables::RunOptions& options = m_data->facts.options;
+        m_data->models.emplace(options.models, std::vector<std::string>(), batch::ModelExtras());
+        tables::Layout layout = m_data->facts.layout;
+        layout.decimal = '.'; // as the cells have it that are kept
+        m_data->mapper.emplace(m_data->facts.mapping, layout, options.assumptions[kFriction]);
+    }
     if (mapper.station())
         m_stationColumn = static_cast<std::size_t>(
             std::find(mapper.carried().begin(), mapper.carried().end(), *mapper.station()) -
@@ -170,6 +184,62 @@ void StoreWriter::writeRow(const tables::ResultBlock& block, std::size_t row)
             m_data->figures[column].add(text, mark);
         else
             m_data->figures[column].addBlank(outcome);
+    }
+    writeModels(block, row, at, state == RowState::Calculated);
+}
+
+// The cells of all figures of the models, of which some are shown.
+void StoreWriter::writeModels(const tables::ResultBlock& block, std::size_t row, std::size_t at,
+                              bool calculated)
+{
+    struct Cell {
+        double value = standards::kNaN;
+        bool marked = false;
+        std::string_view label;
+        std::string_view severity;
+    };
+    std::array<Cell, catalogue::kMostAdditionResults> cells;
+    std::array<double, catalogue::kMostAdditionResults> numbers{};
+    for (const catalogue::Addition* const model : m_data->facts.options.models.models) {
+        for (std::size_t i = 0; i < model->results.size(); ++i) {
+            const catalogue::AdditionResult& result = model->results[i];
+            Cell& cell = cells.at(i);
+            cell = {};
+            const std::string_view text = block.cell(row, at++);
+            cell.value = (result.choices.empty() ? tables::cellNumber(text, '.')
+                                                 : catalogue::choiceOf(result.choices, text))
+                             .value_or(standards::kNaN);
+            cell.marked = block.cell(row, at++) == "outside";
+            if (!catalogue::scaleOf(result).categories.empty()) {
+                cell.label = block.cell(row, at++);
+                cell.severity = block.cell(row, at++);
+            }
+            numbers.at(i) = cell.value;
+        }
+        for (std::size_t i = 0; i < m_data->facts.figures.size(); ++i) {
+            const catalogue::Figure& figure = m_data->facts.figures[i];
+            if (figure.model != model)
+                continue;
+            NumberColumn& column = m_data->figures[m_data->indices.size() + i];
+            const Cell& cell = cells.at(figure.result);
+            if (!calculated || std::isnan(cell.value)) {
+                column.addBlank(calculated ? classic::OutcomeKind::NoValue
+                                           : classic::OutcomeKind::NotCalculated);
+                continue;
+            }
+            const catalogue::AdditionResult& result = figure.info();
+            const auto flag = result.reachedBy.empty() ? std::nullopt : model->resultPlace(result.reachedBy);
+            std::optional<NumberColumn::ClassMark> mark;
+            if (flag && numbers.at(*flag) == 0)
+                mark = {TableStore::kNotReached, cell.marked};
+            else if (cell.marked)
+                mark = {TableStore::kMarked, false};
+            else
+                mark = markOf(catalogue::scaleOf(result).categories, cell.label, cell.severity);
+            column.add(result.choices.empty() ? catalogue::resultText(result, cell.value)
+                                              : values::plainText(cell.value),
+                       mark);
+        }
     }
 }
 

@@ -17,7 +17,8 @@ namespace comfortics::workbench {
 /// Takes the rows of a run into a store.
 class StoreWriter final : public tables::ResultWriter {
 public:
-    /// Facts without counts and columns. Limits must outlive the store. Throws TableFault where there is no
+    /// Facts without counts and columns; the options have the models of their figures, see modelRequest.
+    /// Limits must outlive the store. Throws TableFault where there is no
     /// temporary file.
     StoreWriter(RunFacts facts, const classic::Limits& limits, const tables::RowMapper& mapper);
 
@@ -40,6 +41,7 @@ public:
 private:
     static void endBeside(TableStore::Data* data);
     void writeRow(const tables::ResultBlock& block, std::size_t row);
+    void writeModels(const tables::ResultBlock& block, std::size_t row, std::size_t at, bool calculated);
 
     std::shared_ptr<TableStore::Data> m_data;
     std::optional<std::size_t> m_stationColumn; // among the carried

@@ -79,11 +79,10 @@ bool meets(const Condition& condition, const TableStore& store, std::size_t row)
     case Test::Outcome:
         return store.state(row) == RowState::Calculated &&
                store.outcome(row, condition.field.place) == condition.outcome;
-    case Test::Class: {
-        const auto meaning = store.meaning(row, condition.field.place);
-        const auto scale = catalogue::scale(store.indices()[condition.field.place]).categories;
-        return meaning && meaning->category == &scale[condition.place];
-    }
+    case Test::Class:
+        return store.classOf(row, condition.field.place) == condition.place;
+    case Test::Marked:
+        return store.isMarked(row, condition.field.place);
     }
     return false;
 }
@@ -271,6 +270,16 @@ std::string_view stateWord(RowState state)
     return kWords[static_cast<std::size_t>(state)];
 }
 
+std::string columnId(const workspace::Item& item)
+{
+    return item.model() == nullptr ? std::to_string(item.index()) : item.id();
+}
+
+std::string columnTitle(const workspace::Item& item)
+{
+    return columnId(item) + " " + item.name();
+}
+
 std::string fieldName(const Field& field, const TableStore& store)
 {
     switch (field.kind) {
@@ -285,7 +294,7 @@ std::string fieldName(const Field& field, const TableStore& store)
     case Field::Kind::Reading:
         return std::string(classic::kReadingInfo[field.place].symbol());
     case Field::Kind::Figure:
-        return std::to_string(store.indices()[field.place]);
+        return columnId(store.items()[field.place]);
     case Field::Kind::Carried:
         return store.facts().carried[field.place].heading();
     }
@@ -326,10 +335,9 @@ std::string inWords(const Condition& condition, const TableStore& store)
     case Test::Holds:
         return name + " holds " + condition.text;
     case Test::Class:
-        return name + ": " +
-               std::string(catalogue::scale(store.indices()[condition.field.place])
-                               .categories[condition.place]
-                               .label);
+        return name + ": " + std::string(store.items()[condition.field.place].classNames()[condition.place]);
+    case Test::Marked:
+        return name + " outside of its range";
     }
     return {};
 }

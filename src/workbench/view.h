@@ -23,7 +23,7 @@ struct Field {
         Station,
         State,
         Reading, ///< `place` is that of classic::Reading
-        Figure,  ///< `place` counts the indices of the store
+        Figure,  ///< `place` counts the columns of the store
         Carried, ///< `place` counts the columns that are carried along: numbers in front of texts
     };
     Kind kind = Kind::Row;
@@ -43,9 +43,10 @@ struct Condition {
         Value,   ///< a reading or figure that stands
         Blank,   ///< a reading or figure without a value, whatever the reason
         Outcome, ///< a figure with `outcome`
-        Class,   ///< a figure in the class at `place` of its scale
+        Class,   ///< a figure in the class at `place` of its scale, or with that word
         Is,      ///< a carried cell that is `text`
         Holds,   ///< a carried cell that holds `text`, whatever its case and accents
+        Marked,  ///< a figure of a model that stands outside of its range
     };
     Test test = Test::Range;
     Field field{};
@@ -87,6 +88,10 @@ std::string inWords(const Condition& condition, const TableStore& store);
 
 /// What a row came to, in a word: "calculated", "skipped", "failed", "refused".
 std::string_view stateWord(RowState state);
+
+/// What a column is called: "195", "pmv_iso.pmv", and with its name behind.
+std::string columnId(const workspace::Item& item);
+std::string columnTitle(const workspace::Item& item);
 
 /// What a column of the store is called, shortly: "Ta", "195".
 std::string fieldName(const Field& field, const TableStore& store);

@@ -4,6 +4,8 @@
 #include "catalogue/notes.h"
 #include "catalogue/references.h"
 
+#include <utility>
+
 namespace comfortics::workspace {
 
 namespace {
@@ -81,9 +83,74 @@ int Item::scaleIndex() const
     return catalogue::scale(m_index).categories.empty() ? 0 : m_index;
 }
 
+std::vector<std::string_view> Item::classNames() const
+{
+    std::vector<std::string_view> names;
+    if (isWord())
+        for (const catalogue::Choice& choice : m_model->results[m_result].choices)
+            names.push_back(choice.text);
+    for (const catalogue::Category& category : scale().categories)
+        names.push_back(category.label);
+    return names;
+}
+
+int Item::decimals() const
+{
+    return m_model != nullptr ? m_model->results[m_result].decimals : catalogue::row(m_index).format.decimals;
+}
+
 const catalogue::Scale& Item::scale() const
 {
     return m_model != nullptr ? catalogue::scaleOf(m_model->results[m_result]) : catalogue::scale(m_index);
+}
+
+const std::vector<Item>& allItems()
+{
+    static const std::vector<Item> all = [] {
+        std::vector<Item> items;
+        for (int index = 1; index <= catalogue::kLastIndex; ++index)
+            items.emplace_back(index);
+        for (const catalogue::Addition& model : catalogue::additions())
+            for (std::size_t result = 0; result < model.results.size(); ++result)
+                items.emplace_back(catalogue::Figure{&model, result});
+        return items;
+    }();
+    return all;
+}
+
+std::span<const catalogue::Subject> itemSubjects()
+{
+    // Their ids and names are put together.
+    static const auto texts = [] {
+        std::vector<std::pair<std::string, std::string>> made;
+        for (const Item& item : allItems())
+            if (item.model() != nullptr)
+                made.emplace_back(item.id(), std::string(item.model()->results[item.result()].name) + ", " +
+                                                 std::string(item.model()->name));
+        return made;
+    }();
+    static const auto all = [] {
+        const auto indices = catalogue::indexSubjects();
+        std::vector<catalogue::Subject> subjects(indices.begin(), indices.end());
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const Item& item = allItems()[indices.size() + i];
+            const auto model = static_cast<std::size_t>(item.model() - catalogue::additions().data());
+            catalogue::Subject subject = catalogue::additionSubjects()[model];
+            subject.id = texts[i].first;
+            subject.name = texts[i].second;
+            subject.unit = item.unit();
+            subject.hasClasses = item.isWord() || item.scaleIndex() != 0;
+            subjects.push_back(subject);
+        }
+        return subjects;
+    }();
+    return all;
+}
+
+const catalogue::Finder& itemFinder()
+{
+    static const catalogue::Finder all{itemSubjects()};
+    return all;
 }
 
 ItemFigure itemFigure(const Item& item, const Situation& situation, const FieldTexts& person)

@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace comfortics::workspace {
 
@@ -42,6 +43,11 @@ public:
     std::string_view warningInShort() const;
     /// The index whose published classes are its own; 0 where none are published.
     int scaleIndex() const;
+    /// Whether it is one of several words, which have no mean.
+    bool isWord() const { return m_model != nullptr && !m_model->results[m_result].choices.empty(); }
+    int decimals() const; ///< to show
+    /// Its classes in words, those of its scale or the words that it can be.
+    std::vector<std::string_view> classNames() const;
     /// These classes.
     const catalogue::Scale& scale() const;
 
@@ -52,6 +58,12 @@ private:
     const catalogue::Addition* m_model = nullptr;
     std::size_t m_result = 0;
 };
+
+/// The indices, then the figures of the models.
+const std::vector<Item>& allItems();
+/// The same as the search has them, and the search over them.
+std::span<const catalogue::Subject> itemSubjects();
+const catalogue::Finder& itemFinder();
 
 /// An item where a situation and a person stand.
 struct ItemFigure {

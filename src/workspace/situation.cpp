@@ -61,13 +61,18 @@ void lack(Situation& situation, std::string problem)
 std::optional<double> windAt10m(const Situation& situation)
 {
     const auto& wind = situation.liveFigure(formulas::Live::WS).number;
-    if (!wind)
-        return std::nullopt;
+    return wind ? windAt10m(
+                      *wind,
+                      situation.inputs.assumptions[static_cast<std::size_t>(classic::Assumption::Friction)])
+                : std::nullopt;
+}
+
+std::optional<double> windAt10m(double wind, const std::string& friction)
+{
     formulas::Assumptions assumptions;
-    assumptions.Friction =
-        texts::val(situation.inputs.assumptions[static_cast<std::size_t>(classic::Assumption::Friction)]);
+    assumptions.Friction = texts::val(friction);
     try {
-        return formulas::Wind_At_10m(assumptions, values::Number(*wind)).value();
+        return formulas::Wind_At_10m(assumptions, values::Number(wind)).value();
     } catch (const values::RunFailure&) {
         return std::nullopt;
     }

@@ -55,6 +55,9 @@ struct Situation {
 
 /// The wind of a situation taken from 1.1 m to 10 m by its assumptions [m/s]; none where there is none.
 std::optional<double> windAt10m(const Situation& situation);
+/// The same of a wind by itself; `friction` is the exponent of its profile, as the box of the assumptions has
+/// it.
+std::optional<double> windAt10m(double wind, const std::string& friction);
 
 /// Writes readings and assumptions to the boxes of a calculation, as if they were typed into empty ones. The
 /// settings are none of them.

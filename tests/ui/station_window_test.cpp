@@ -79,7 +79,7 @@ TEST(StationWindow, ATableIsMappedRunSortedAndMarkedAsEarlier)
     window.calculate();
     ASSERT_TRUE(program.settles([&] { return !window.busy() && window.results().view() != nullptr; }));
     EXPECT_EQ(program.lines(), QStringLiteral("2345"));
-    EXPECT_EQ(window.results().store()->indices(), std::vector{195}); // those that are ticked
+    EXPECT_EQ(window.results().store()->items(), std::vector<workspace::Item>{195}); // those that are ticked
     EXPECT_TRUE(find<QLabel>(window, "lbl_Run")
                     .text()
                     .contains(QStringLiteral("2 calculated, 1 skipped, 0 failed, 1 refused")));

@@ -64,7 +64,7 @@ TEST(TableStore, HoldsWhatTheRunHasGiven)
     const auto store =
         tests::storeOf(kTable, kMapping, tests::stationOptions({65, 195, 211}, classic::Rules::Classic));
     ASSERT_EQ(store->rows(), 4U);
-    EXPECT_EQ(store->indices(), (std::vector{65, 195, 211}));
+    EXPECT_EQ(store->items(), (std::vector<workspace::Item>{65, 195, 211}));
     EXPECT_EQ(store->stations(), (std::vector<std::string>{"A", "B;\n1"}));
     EXPECT_EQ(store->station(3), "A");
     EXPECT_EQ(tables::momentText(*store->time(1)), "2024-07-01T13:00:00+02:00");
