@@ -127,6 +127,13 @@ def write(name, text):
     until(f"'{text}' in '{name}'", lambda: Atspi.Text.get_text(box, 0, -1) == text)
 
 
+def pick(shown, letters):
+    """Picks the first entry that begins so in a list, which is named by the entry that it shows."""
+    click(shown, "combo box")
+    xdotool("type", "--delay", 40, letters)
+    press("Return")
+
+
 # --- pictures
 
 
@@ -307,6 +314,45 @@ def batch(album, main):
     close(number, "Raw Data")
 
 
+def station(album, main):
+    """The made-up year of docs/station_file.md, by the precise rules."""
+    example = pathlib.Path(__file__).resolve().parent.parent / "examples" / "make_station_year.py"
+    with (pathlib.Path.home() / "station.csv").open("wb") as file:
+        subprocess.run([sys.executable, "-B", example], stdout=file, check=True)
+    xdotool("windowactivate", "--sync", main)
+    press("alt+o")
+    precise = widget("Calculation rules: Precise", "radio button")
+    Atspi.Component.grab_focus(precise)  # a click hits its sign and its word alone
+    press("space")
+    until("precise rules", lambda: precise.get_state_set().contains(Atspi.StateType.CHECKED))
+    press("Escape", "ctrl+shift+o")
+    widget("File name", "text")
+    xdotool("type", "--delay", 40, pathlib.Path.home() / "station.csv")
+    press("Return")
+    number = window("Station File")
+    xdotool("windowmove", number, 0, 0, "windowsize", "--sync", number, 1180, 720)
+    widget("station.csv: a text", "label")
+    press("Tab")
+    album.save("station-mapping", number)
+    press("F5")
+    widget("195 ", "table column header")
+    click("Class colours", "check box")
+    album.save("station-results", number)
+    click("Charts", "page tab")
+    pick("Time series", "Hours by")
+    pick("90", "195")
+    album.save("station-hours-by-days", number)
+    pick("Hours by days", "Hours in")
+    album.save("station-hours-in-classes", number)
+    pick("All", "2023")
+    click("Report", "push button", "Station File")
+    paper = window("Report of the Station")
+    write("Heading", "A year at 38° north")
+    album.save("station-report", paper)
+    press("Escape")
+    close(number, "Station File")
+
+
 def widen_panel(name, pixels):
     """Drags the left border of the panels at the right side, as far as the readings let it."""
     panel = widget(name).get_extents(Atspi.CoordType.SCREEN)
@@ -355,24 +401,17 @@ def report(album, main):
     press("Escape")
 
 
-def show_fields(shown, letters):
-    """Shows the fields of the first model that begins so, in place of those shown. A list is named by its entry."""
-    click(shown, "combo box")
-    xdotool("type", "--delay", 40, letters)
-    press("Return")
-
-
 def standards(album, main):
     """The site of the report by ISO 7243 and ISO 7933."""
     xdotool("windowactivate", "--sync", main)
     write_readings()
     press("ctrl+shift+p")
-    show_fields("Fields of all models", "Predicted heat strain (ISO 7933; 2023")
+    pick("Fields of all models", "Predicted heat strain (ISO 7933; 2023")
     write("Metabolic rate, met", "2.6")
     write("Clothing insulation", "0.6")
     press(*["Tab"] * 3, "Down")  # standing
     press(*["Tab"] * 3, *["Down"] * 2)  # acclimatised
-    show_fields("Predicted heat strain", "Heat stress")
+    pick("Predicted heat strain", "Heat stress")
     write("Body weight", "75")
     write("Body height", "1.75")
     press(*["Tab"] * 2, *["Down"] * 2)  # in the sun
@@ -415,6 +454,7 @@ def main():
                 converter(album, number)
                 radiation(album, number)
                 batch(album, number)
+                station(album, number)
                 sheet(album, number)
                 comparison(album, number)
                 report(album, number)

@@ -17,6 +17,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -55,6 +56,14 @@ QString timeLeft(double seconds)
     const auto whole = static_cast<long>(std::ceil(seconds));
     return whole < 90 ? QStringLiteral("%1 s left").arg(whole)
                       : QStringLiteral("%1 min left").arg((whole + 30) / 60);
+}
+
+// The path as people tell it; the name of what has none.
+QString whereOf(const workbench::TableSource& source)
+{
+    const QString path = QDir::toNativeSeparators(toQt(source.path.empty() ? source.name : source.path));
+    const QString home = QDir::toNativeSeparators(QDir::homePath()) + QDir::separator();
+    return !source.path.empty() && path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path;
 }
 
 } // namespace
@@ -394,10 +403,8 @@ void StationWindow::showState()
     const std::size_t indices = batch::selectedIndices(now.settings.selection).size();
     m_indices->setText(QStringLiteral("&Indices: %1 …").arg(indices));
     m_rules->setText(toQt(classic::inForce(now.settings)));
-    m_name->showText(m_import.isOpen()
-                         ? toQt(m_import.look().source.path.empty() ? m_import.look().source.name
-                                                                    : m_import.look().source.path)
-                         : QStringLiteral("Open a table, or drop a file here."));
+    m_name->showText(m_import.isOpen() ? whereOf(m_import.look().source)
+                                       : QStringLiteral("Open a table, or drop a file here."));
     std::string why = indices == 0 ? "No index is chosen." : m_import.whyNot(friction());
     m_calculate->setEnabled(!running && !m_looking && why.empty());
     m_calculate->setVisible(!running);
