@@ -63,7 +63,8 @@ QString whereOf(const workbench::TableSource& source)
 {
     const QString path = QDir::toNativeSeparators(toQt(source.path.empty() ? source.name : source.path));
     const QString home = QDir::toNativeSeparators(QDir::homePath()) + QDir::separator();
-    return !source.path.empty() && path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path;
+    return !source.path.empty() && path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size())
+                                                         : path;
 }
 
 } // namespace
