@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/index_choice.h"
 
-#include "catalogue/catalogue.h"
 #include "ui/bindings.h"
 #include "ui/find_bar.h"
 #include "ui/index_list.h"
 #include "ui/widgets.h"
+#include "workspace/item.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -13,25 +13,34 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <numeric>
 #include <vector>
 
 namespace comfortics::ui {
 
-IndexChoice::IndexChoice(const classic::Selection& selection, QWidget* parent)
-    : QDialog(parent), m_finding([this](std::size_t row) {
+IndexChoice::IndexChoice(const classic::Selection& selection, const std::vector<catalogue::Figure>& figures,
+                         QWidget* parent)
+    : QDialog(parent), m_finding(workspace::itemFinder(), workspace::itemSubjects(), [this](std::size_t row) {
           return catalogue::Standing{.hasValue = true, .ticked = m_list.selected(row)};
       })
 {
     setWindowTitle(QStringLiteral("Indices of the Run"));
-    for (int index = 1; index <= catalogue::kLastIndex; ++index) {
-        m_list.addItem(std::to_string(index) + " " + std::string(catalogue::row(index).name));
-        m_list.setSelected(static_cast<std::size_t>(index - 1), selection.contains(index));
+    for (const workspace::Item& item : workspace::allItems()) {
+        const bool index = item.model() == nullptr;
+        m_list.addItem(index ? std::to_string(item.index()) + " " + item.name() : item.name());
+        m_list.setSelected(m_list.count() - 1,
+                           index ? selection.contains(item.index())
+                                 : std::any_of(figures.begin(), figures.end(), [&](const auto& figure) {
+                                       return workspace::Item(figure) == item;
+                                   }));
     }
     m_find = new FindBar(m_finding);
     m_view = new IndexList(m_list);
-    nameWidget(*m_view, QStringLiteral("List_Run_Indices"), QStringLiteral("Indices of the run"),
-               QStringLiteral("Ticked indices are calculated for each row; the space bar turns a tick"));
+    nameWidget(
+        *m_view, QStringLiteral("List_Run_Indices"), QStringLiteral("Indices of the run"),
+        QStringLiteral("Ticked indices and figures of models are calculated for each row; the space bar "
+                       "turns a tick"));
     auto* const all = new QPushButton(QStringLiteral("&Tick all shown"));
     auto* const none = new QPushButton(QStringLiteral("&Untick all shown"));
     nameWidget(*all, QStringLiteral("cmd_Tick"), QStringLiteral("Tick all shown"),
@@ -87,8 +96,19 @@ IndexChoice::~IndexChoice()
 classic::Selection IndexChoice::selection() const
 {
     classic::Selection chosen = classic::Selection::none();
-    for (int index = 1; index <= catalogue::kLastIndex; ++index)
-        chosen.set(index, m_list.selected(static_cast<std::size_t>(index - 1)));
+    for (std::size_t row = 0; row < m_list.count(); ++row)
+        if (const workspace::Item& item = workspace::allItems()[row]; item.model() == nullptr)
+            chosen.set(item.index(), m_list.selected(row));
+    return chosen;
+}
+
+std::vector<catalogue::Figure> IndexChoice::figures() const
+{
+    std::vector<catalogue::Figure> chosen;
+    for (std::size_t row = 0; row < m_list.count(); ++row)
+        if (const workspace::Item& item = workspace::allItems()[row];
+            item.model() != nullptr && m_list.selected(row))
+            chosen.push_back({item.model(), item.result()});
     return chosen;
 }
 

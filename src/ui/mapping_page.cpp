@@ -35,7 +35,8 @@ namespace {
 
 constexpr int kMostShownColumns = 200; // of a preview
 constexpr int kFirstValues = 3;
-constexpr int kLastLine = 1000000; // that can be told
+constexpr int kRoleCharacters = 34; // the inputs of models have longer names
+constexpr int kLastLine = 1000000;  // that can be told
 constexpr const char* kNoComments = "none";
 
 struct NamedCoding {
@@ -73,6 +74,17 @@ constexpr NamedRole kRoles[]{{Role::Time, "date and time, or a part as text"},
                              {Role::Carried, "carried along"},
                              {Role::Dropped, "left out"}};
 constexpr int kFirstRole = static_cast<int>(tables::kQuantityCount);
+constexpr int kFirstInput = kFirstRole + static_cast<int>(std::size(kRoles)); // of the models of standards
+
+QString inputName(const catalogue::InputInfo& input)
+{
+    return QStringLiteral("input of models: ") + toQt(input.name);
+}
+
+QString inputUnit(const catalogue::InputInfo* input)
+{
+    return input == nullptr ? QString() : toQt(input->unit);
+}
 
 QString useName(const tables::ColumnUse& use)
 {
@@ -81,7 +93,8 @@ QString useName(const tables::ColumnUse& use)
     for (const NamedRole& one : kRoles)
         if (one.role == use.role)
             return toQt(one.name);
-    return QStringLiteral("carried along, input of models");
+    const catalogue::InputInfo* const input = catalogue::additionInputOfId(use.input);
+    return input == nullptr ? QStringLiteral("carried along, input of models") : inputName(*input);
 }
 
 QString cell(const std::string& text)
@@ -299,6 +312,10 @@ QWidget* MappingPage::buildColumn()
         m_role->addItem(toQt(info.name));
     for (const NamedRole& one : kRoles)
         m_role->addItem(toQt(one.name));
+    for (const catalogue::InputInfo* const input : catalogue::additionInputs())
+        m_role->addItem(inputName(*input));
+    m_role->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_role->setMinimumContentsLength(kRoleCharacters);
     m_unit = new QComboBox;
     nameWidget(*m_unit, QStringLiteral("lst_Unit"), QStringLiteral("Unit"),
                QStringLiteral("The unit that the column stands in"));
@@ -523,7 +540,9 @@ void MappingPage::showColumns()
         for (const tables::Row& row : m_desk.look().rows)
             if (values.size() < kFirstValues && row.refused.empty() && place < row.cells.size())
                 values += toQt(row.cells[place]);
-        QString unit = one.role == Role::Reading ? toQt(one.unit) : QString();
+        QString unit = one.role == Role::Reading ? toQt(one.unit)
+                       : one.role == Role::Input ? inputUnit(catalogue::additionInputOfId(one.input))
+                                                 : QString();
         if (one.role == Role::Reading && one.height > 0)
             unit += QStringLiteral(" at ") + toQt(values::plainText(one.height)) + QStringLiteral(" m");
         const QString why = toQt(one.doubt.empty() ? one.because : one.doubt);
@@ -557,10 +576,17 @@ void MappingPage::showColumn()
     const tables::ColumnUse& one = use(column);
     m_column->setText(QStringLiteral("Column “%1”").arg(toQt(one.column)));
     m_role->setCurrentIndex(one.role == Role::Reading ? static_cast<int>(one.quantity) : [&] {
+        const auto inputs = catalogue::additionInputs();
+        if (one.role == Role::Input)
+            return kFirstInput + static_cast<int>(std::find(inputs.begin(), inputs.end(),
+                                                            catalogue::additionInputOfId(one.input)) -
+                                                  inputs.begin());
         const int place = placeOf(kRoles, &NamedRole::role, one.role);
         return place < 0 ? -1 : kFirstRole + place;
     }());
     m_unit->clear();
+    if (one.role == Role::Input)
+        m_unit->addItem(inputUnit(catalogue::additionInputOfId(one.input)));
     const bool reading = one.role == Role::Reading;
     if (reading) {
         for (const std::string& unit : workbench::unitsOf(one.quantity))
@@ -688,7 +714,12 @@ void MappingPage::choose(tables::ColumnUse& use, int choice) const
     if (choice < 0)
         return;
     if (choice >= kFirstRole) {
-        use.role = kRoles[choice - kFirstRole].role;
+        const bool input = choice >= kFirstInput;
+        use.role = input ? Role::Input : kRoles[choice - kFirstRole].role;
+        use.input =
+            input
+                ? std::string(catalogue::additionInputs()[static_cast<std::size_t>(choice - kFirstInput)]->id)
+                : std::string();
         use.unit.clear();
         use.height = use.step = 0;
         return;
@@ -697,6 +728,7 @@ void MappingPage::choose(tables::ColumnUse& use, int choice) const
     const bool other = use.role != Role::Reading || use.quantity != quantity;
     use.role = Role::Reading;
     use.quantity = quantity;
+    use.input.clear();
     if (other) {
         use.unit = std::string(tables::infoOf(quantity).unit);
         use.height = use.step = 0;

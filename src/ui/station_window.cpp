@@ -30,6 +30,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <thread>
@@ -288,9 +289,10 @@ tables::RunOptions StationWindow::options() const
 
 void StationWindow::chooseIndices()
 {
-    IndexChoice dialog(options().settings.selection, this);
+    IndexChoice dialog(options().settings.selection, m_figures, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
+    m_figures = dialog.figures();
     m_selection = dialog.selection();
     if (m_selection == m_surroundings.workspace.form().inputs().settings.selection)
         m_selection.reset();
@@ -303,13 +305,14 @@ void StationWindow::calculate()
         return;
     const tables::RunOptions wanted = options();
     const std::size_t spare = workbench::memoryToSpare();
-    const std::size_t indices = batch::selectedIndices(wanted.settings.selection).size();
-    if (const std::string sentence = m_import.tooBig(indices, spare); !sentence.empty()) {
+    const std::size_t columns = batch::selectedIndices(wanted.settings.selection).size() + m_figures.size();
+    if (const std::string sentence = m_import.tooBig(columns, spare); !sentence.empty()) {
         m_message->showText(toQt(sentence));
         return;
     }
     m_ranSource = m_import.look().source;
-    m_runs.start({m_import.look().source, m_import.mapping(), wanted, spare});
+    m_runs.start({m_import.look().source, m_import.mapping(), wanted, spare, m_figures,
+                  m_surroundings.workspace.person.texts()});
     begin();
 }
 
@@ -388,6 +391,13 @@ QString StationWindow::earlier() const
         changed += QStringLiteral("the rules have changed");
     if (!(now.settings.selection == facts.options.settings.selection))
         changed += QStringLiteral("other indices are chosen");
+    const auto same = [](const catalogue::Figure& one, const catalogue::Figure& other) {
+        return one.model == other.model && one.result == other.result;
+    };
+    if (!std::equal(m_figures.begin(), m_figures.end(), facts.figures.begin(), facts.figures.end(), same))
+        changed += QStringLiteral("other figures of models are chosen");
+    if (facts.hasModels() && m_surroundings.workspace.person.texts() != facts.person)
+        changed += QStringLiteral("person and place have changed");
     if (now.assumptions != facts.options.assumptions)
         changed += QStringLiteral("the assumptions have changed");
     if (changed.isEmpty())
@@ -401,7 +411,7 @@ void StationWindow::showState()
 {
     const bool running = m_runs.running();
     const tables::RunOptions now = options();
-    const std::size_t indices = batch::selectedIndices(now.settings.selection).size();
+    const std::size_t indices = batch::selectedIndices(now.settings.selection).size() + m_figures.size();
     m_indices->setText(QStringLiteral("&Indices: %1 …").arg(indices));
     m_rules->setText(toQt(classic::inForce(now.settings)));
     m_name->showText(m_import.isOpen() ? whereOf(m_import.look().source)
