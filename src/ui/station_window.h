@@ -98,7 +98,7 @@ private:
     Surroundings m_surroundings;
     workbench::ImportDesk m_import;
     std::optional<classic::Selection> m_selection; // of this window's own; else that of the main one
-    std::vector<catalogue::Figure> m_figures; // of models
+    std::vector<catalogue::Figure> m_figures;      // of models
     workbench::TableSource m_ranSource;
     bool m_looking = false;
     QTabWidget* m_pages;
