@@ -155,7 +155,7 @@ std::vector<ModelHeading> ModelColumns::headings() const
     return all;
 }
 
-void ModelColumns::readInputs(const Columns& columns, const ModelRow& row, ModelFigures& figures) const
+void ModelColumns::readInputs(const Columns& columns, const ModelRow& row, ModelFigures& figures)
 {
     for (std::size_t i = 0; i < columns.sources.size(); ++i) {
         const Source& source = columns.sources[i];

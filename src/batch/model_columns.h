@@ -128,7 +128,7 @@ private:
 
     /// By a constant or a column; else without either.
     Source givenSource(const catalogue::InputInfo& input, const std::vector<std::string>& names) const;
-    void readInputs(const Columns& columns, const ModelRow& row, ModelFigures& figures) const;
+    static void readInputs(const Columns& columns, const ModelRow& row, ModelFigures& figures);
     Columns columnsOf(const catalogue::Addition& model, const std::vector<std::string>& names);
     bool hasCategory(const catalogue::AdditionResult& result) const;
 

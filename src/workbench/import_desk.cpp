@@ -251,13 +251,13 @@ void ImportDesk::assumeStep(tables::ColumnUse& use) const
 
 std::optional<double> ImportDesk::stepOfRows() const
 {
-    constexpr double kDay = 86400;
+    constexpr double kLongest = 86400; // a day [s]
     tables::StepFinder finder;
     for (const PreviewRow& row : preview(kAnyExponent))
         if (row.mapped.time)
             finder.add(*row.mapped.time);
     const auto step = finder.step();
-    return step && *step > 0 && *step <= kDay ? step : std::nullopt;
+    return step && *step > 0 && *step <= kLongest ? step : std::nullopt;
 }
 
 void ImportDesk::setOrder(tables::DateOrder order)

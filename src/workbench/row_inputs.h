@@ -15,6 +15,9 @@
 
 namespace comfortics::workbench {
 
+/// Which assumption is the exponent of the wind's profile.
+inline constexpr auto kFriction = static_cast<std::size_t>(classic::Assumption::Friction);
+
 /// Tells the inputs of models row by row, as the cards of the main window have them. What a column or the
 /// time of the row tells goes before what was typed; in its gaps nothing stands in for it.
 class RowInputs final : public batch::ModelInputs {

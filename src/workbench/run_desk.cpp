@@ -15,8 +15,6 @@ namespace comfortics::workbench {
 
 namespace {
 
-constexpr auto kFriction = static_cast<std::size_t>(classic::Assumption::Friction);
-
 // Ends a run whose rows would not fit into memory.
 class BoundedWriter final : public tables::ResultWriter {
 public:

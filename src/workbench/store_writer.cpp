@@ -4,6 +4,7 @@
 #include "batch/selected_indices.h"
 #include "texts/text.h"
 #include "values/plain_text.h"
+#include "workbench/row_inputs.h"
 #include "workbench/store_texts.h"
 
 #include <algorithm>
@@ -20,7 +21,6 @@ namespace {
 
 constexpr std::size_t kMostStations = 1000;                // as in a summary
 constexpr std::size_t kEndedBeside = std::size_t{8} << 20; // a larger store [bytes]
-constexpr auto kFriction = static_cast<std::size_t>(classic::Assumption::Friction);
 
 RowState stateOf(std::string_view status)
 {

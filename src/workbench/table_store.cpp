@@ -171,8 +171,11 @@ std::string TableStore::whyBlank(std::size_t row, Calculators& calculators) cons
                 tell(m_data->items[m_data->indices.size() + i].id(), ofModels[i]);
     });
     std::string text;
-    for (const auto& [what, why] : told)
-        text += (text.empty() ? "" : " ") + what + ": " + why;
+    for (const auto& [what, why] : told) {
+        if (!text.empty())
+            text += ' ';
+        text.append(what).append(": ").append(why);
+    }
     return text;
 }
 
