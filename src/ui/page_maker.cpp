@@ -7,7 +7,6 @@
 #include <QCursor>
 #include <QEventLoop>
 #include <QGuiApplication>
-#include <QImage>
 #include <QPainter>
 #include <QPalette>
 #include <QPdfWriter>
@@ -53,12 +52,19 @@ void write(const workspace::ReportPage& page, QTextDocument& document)
     document.setHtml(toQt(page.html));
 }
 
-void write(const std::string& html, const std::vector<std::string>& charts, QTextDocument& document,
-           int sharpness)
+std::vector<QImage> picturesOf(const std::vector<std::string>& charts, int sharpness)
 {
-    for (std::size_t i = 0; i < charts.size(); ++i)
+    std::vector<QImage> pictures;
+    for (const std::string& chart : charts)
+        pictures.push_back(picture(chart, sharpness));
+    return pictures;
+}
+
+void write(const std::string& html, const std::vector<QImage>& pictures, QTextDocument& document)
+{
+    for (std::size_t i = 0; i < pictures.size(); ++i)
         document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("chart%1.svg").arg(i + 1)),
-                             picture(charts[i], sharpness));
+                             pictures[i]);
     document.setHtml(toQt(html));
 }
 

@@ -3,6 +3,7 @@
 
 #include "workspace/report_desk.h"
 
+#include <QImage>
 #include <QPagedPaintDevice>
 #include <QTextDocument>
 
@@ -20,10 +21,11 @@ inline constexpr int kSharpness = 3;
 /// Writes the page and its chart into a document, in place of what it holds.
 void write(const workspace::ReportPage& page, QTextDocument& document);
 
-/// The same for a page of several charts, SVG each, which it refers to as "chart1.svg" and so on. They have
-/// `sharpness` pixels to one unit.
-void write(const std::string& html, const std::vector<std::string>& charts, QTextDocument& document,
-           int sharpness = kSharpness);
+/// Charts, SVG each, as pictures with `sharpness` pixels to one unit. On any thread.
+std::vector<QImage> picturesOf(const std::vector<std::string>& charts, int sharpness = kSharpness);
+
+/// Writes a page of several pictures, which it refers to as "chart1.svg" and so on.
+void write(const std::string& html, const std::vector<QImage>& pictures, QTextDocument& document);
 
 /// Shows a page on white, whatever the palette, with its scroll bar always there so that it keeps its width.
 void wearPaper(QTextBrowser& page);

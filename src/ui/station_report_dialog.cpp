@@ -86,9 +86,10 @@ StationReportDialog::StationReportDialog(std::shared_ptr<const workbench::StoreR
             auto report = workbench::stationReport(*kept, asked, goOn);
             if (!report)
                 return nullptr;
-            auto made = std::make_shared<Gathered>(Gathered{std::move(*report), {}});
+            auto made = std::make_shared<Gathered>(Gathered{std::move(*report), {}, {}});
             for (const workbench::Chart& chart : made->report.charts)
-                made->pictures.push_back(paperSvg(chart, font, kChartSize));
+                made->charts.push_back(paperSvg(chart, font, kChartSize));
+            made->shown = picturesOf(made->charts, kScreenSharpness);
             return made;
         },
         [this] { QMetaObject::invokeMethod(this, &StationReportDialog::hand, Qt::QueuedConnection); });
@@ -128,7 +129,7 @@ void StationReportDialog::showPage()
     const int room = std::min(kChartSize.width(), m_page->viewport()->width() - 4 * kGap);
     write(workbench::stationReportPage(m_gathered->report, room,
                                        kChartSize.height() * room / kChartSize.width()),
-          m_gathered->pictures, *m_page->document(), kScreenSharpness);
+          m_gathered->shown, *m_page->document());
     m_page->moveCursor(QTextCursor::Start);
     m_page->verticalScrollBar()->setValue(place);
 }
@@ -146,10 +147,10 @@ void StationReportDialog::save(Form form)
     if (pdf)
         bytes = pdfOf([this](QTextDocument& document) {
             write(workbench::stationReportPage(m_gathered->report, kPaperChart.width(), kPaperChart.height()),
-                  m_gathered->pictures, document);
+                  picturesOf(m_gathered->charts), document);
         });
     else
-        bytes = workbench::stationReportHtml(m_gathered->report, m_gathered->pictures);
+        bytes = workbench::stationReportHtml(m_gathered->report, m_gathered->charts);
     if (bytes.empty())
         m_messages.show({.text = "The report could not be made.", .title = kTitle});
     else

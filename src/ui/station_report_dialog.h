@@ -6,6 +6,7 @@
 #include "workspace/latest_runner.h"
 
 #include <QDialog>
+#include <QImage>
 #include <QTimer>
 
 #include <memory>
@@ -40,7 +41,8 @@ public:
 private:
     struct Gathered {
         workbench::StationReport report;
-        std::vector<std::string> pictures; ///< SVG
+        std::vector<std::string> charts; ///< SVG
+        std::vector<QImage> shown;       ///< the same as pictures, which take longer to draw than to show
     };
     using Runner = workspace::LatestRunner<workbench::StationReportRequest, std::shared_ptr<Gathered>>;
 
