@@ -322,6 +322,15 @@ void ChartsPage::show(std::shared_ptr<const workbench::StoreRows> rows, bool sam
     ask();
 }
 
+void ChartsPage::choose(const workspace::Item& item)
+{
+    if (!m_rows)
+        return;
+    const auto& items = m_rows->store().items(); // which come first
+    if (const auto found = std::find(items.begin(), items.end(), item); found != items.end())
+        m_column->setCurrentIndex(static_cast<int>(found - items.begin()));
+}
+
 void ChartsPage::showNone(const QString& why)
 {
     m_runner->cancel();

@@ -36,6 +36,8 @@ public:
     /// Shows charts of these rows. What was chosen stays where the rows have it, too; the part of the time
     /// that is seen where they are the `same` ones, of which something else is to be told.
     void show(std::shared_ptr<const workbench::StoreRows> rows, bool same = false);
+    /// Draws this index or figure, where the rows have it.
+    void choose(const workspace::Item& item);
     /// Shows none, and says why in a sentence.
     void showNone(const QString& why);
     /// Gives the rows back, until there are others to show.

@@ -19,9 +19,10 @@ namespace comfortics::ui {
 
 namespace {
 
-constexpr int kCharactersOfFigure = 20;
+constexpr int kCharactersOfFigure = 24;
 constexpr int kCharactersOfText = 22;
-constexpr int kCharactersOfLine = 9;
+constexpr int kCharactersOfReading = 10;
+constexpr int kCharactersOfLine = 11; // with the arrow of the order
 constexpr int kBesideSign = 4;
 constexpr int kRoomOfSign = 14; // the field around it, too
 constexpr int kLinesOfHeader = 5;
@@ -145,8 +146,10 @@ void FrozenTable::fitColumns()
         int characters = kCharactersOfText;
         switch (m_model.columns()[static_cast<std::size_t>(column)].kind) {
         case Kind::Row:
-        case Kind::Reading:
             characters = kCharactersOfLine;
+            break;
+        case Kind::Reading:
+            characters = kCharactersOfReading;
             break;
         case Kind::Figure:
             characters = kCharactersOfFigure;

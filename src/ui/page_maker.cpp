@@ -55,6 +55,7 @@ void write(const workspace::ReportPage& page, QTextDocument& document)
 std::vector<QImage> picturesOf(const std::vector<std::string>& charts, int sharpness)
 {
     std::vector<QImage> pictures;
+    pictures.reserve(charts.size());
     for (const std::string& chart : charts)
         pictures.push_back(picture(chart, sharpness));
     return pictures;

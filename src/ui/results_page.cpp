@@ -189,6 +189,15 @@ ResultsPage::~ResultsPage()
     delete m_table;
 }
 
+std::optional<workspace::Item> ResultsPage::currentItem() const
+{
+    const QModelIndex index = m_table->current();
+    const auto field = index.isValid() ? m_model->field(index.column()) : std::nullopt;
+    if (!field || field->kind != Field::Kind::Figure)
+        return std::nullopt;
+    return m_model->store()->items()[field->place];
+}
+
 std::vector<QWidget*> ResultsPage::tabOrder() const
 {
     std::vector<QWidget*> order = m_find->tabOrder();

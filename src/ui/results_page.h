@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QCheckBox;
@@ -40,6 +41,8 @@ public:
     const std::shared_ptr<const workbench::TableStore>& store() const noexcept { return m_store; }
     /// What is in sight; null before the first run.
     const std::shared_ptr<const workbench::View>& view() const noexcept { return m_view; }
+    /// The index or figure in whose column the user stands; none in another.
+    std::optional<workspace::Item> currentItem() const;
     std::vector<QWidget*> tabOrder() const;
 
 signals:

@@ -182,7 +182,8 @@ QString StationModel::heading(const Column& column) const
     case Column::Kind::Figure: {
         const workspace::Item& item = m_store->items()[column.place];
         const QString unit = toQt(item.unit());
-        return toQt(workbench::columnTitle(item)) +
+        // The id of a figure would be cut; the tip has it.
+        return toQt(item.model() == nullptr ? workbench::columnTitle(item) : item.name()) +
                (unit.isEmpty() ? QString() : QStringLiteral(" [") + unit + QLatin1Char(']'));
     }
     case Column::Kind::Carried:
@@ -198,10 +199,14 @@ QVariant StationModel::headerData(int section, Qt::Orientation orientation, int 
     const Column& column = m_columns[static_cast<std::size_t>(section)];
     if (role == Qt::DisplayRole)
         return heading(column);
-    if (role == Qt::ToolTipRole)
-        return column.kind == Column::Kind::Carried
-                   ? tip(heading(column) + QStringLiteral(": as the table has it"))
-                   : tip(heading(column));
+    if (role == Qt::ToolTipRole) {
+        if (column.kind == Column::Kind::Carried)
+            return tip(heading(column) + QStringLiteral(": as the table has it"));
+        if (column.kind == Column::Kind::Figure)
+            if (const workspace::Item& item = m_store->items()[column.place]; item.model() != nullptr)
+                return tip(heading(column) + QStringLiteral(" – ") + toQt(item.id()));
+        return tip(heading(column));
+    }
     return {};
 }
 

@@ -444,13 +444,18 @@ void StationWindow::showCharts()
     }
     const QString since = earlier();
     const bool same = m_chartedView == m_seenView;
-    if (same && m_chartedEarlier == since)
-        return;
-    m_chartedView = m_seenView;
-    m_chartedEarlier = since;
-    m_charts->show(std::make_shared<workbench::StoreRows>(m_seen, m_seenView->ascending, m_seenView->words,
-                                                          fromQt(since)),
-                   same);
+    if (!same || m_chartedEarlier != since) {
+        m_chartedView = m_seenView;
+        m_chartedEarlier = since;
+        m_charts->show(std::make_shared<workbench::StoreRows>(m_seen, m_seenView->ascending,
+                                                              m_seenView->words, fromQt(since)),
+                       same);
+    }
+    // Who went to another index meanwhile wants to see it.
+    if (const auto item = m_results->currentItem(); item && item != m_chartedItem) {
+        m_chartedItem = item;
+        m_charts->choose(*item);
+    }
 }
 
 // --- the end

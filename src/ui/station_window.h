@@ -111,6 +111,7 @@ private:
     std::shared_ptr<const workbench::View> m_seenView;
     std::shared_ptr<const workbench::View> m_chartedView;
     QString m_chartedEarlier;
+    std::optional<workspace::Item> m_chartedItem; // that the charts took from the results
     QPushButton* m_open = nullptr;
     QPushButton* m_paste = nullptr;
     CutLabel* m_name = nullptr;
