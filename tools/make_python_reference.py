@@ -37,6 +37,9 @@ def reference():
     names = ["calculate", "explain", "index", "convert", "solar_radiation", "Indices", "Index", "Category", "Limits", "Quantity",
              "Status", "UnknownIndexError", "Model", "Models", "ModelInput", "ModelResult", "ModelChoice", "ModelStatus"]
     parts = [section(name, getattr(comfortics, name)) for name in names]
+    parts.append(f"\n## person\n\n{inspect.getdoc(comfortics.person)}\n")
+    parts += [section(f"person.{name}", thing) for name in comfortics.person.__all__
+              if inspect.getdoc(thing := getattr(comfortics.person, name)) and callable(thing)]
     return TOP + "".join(parts) + section("Dataset.comfortics", Comfortics).replace("Dataset.comfortics.", "dataset.comfortics.")
 
 

@@ -301,21 +301,31 @@ bool knowsUnit(const InputInfo& input, std::string_view unit)
     return converted(input, 1, symbol).has_value();
 }
 
+std::vector<std::string_view> unitsOfColumns(const InputInfo& input)
+{
+    if (input.unit.empty())
+        return {};
+    std::vector<std::string_view> names{input.unit};
+    const auto add = [&](std::string_view name) {
+        if (!values::sameLetters(name, input.unit) && converted(input, 1, name))
+            names.push_back(name);
+    };
+    for (const RateUnit unit : {RateUnit::Met, RateUnit::WattsPerArea, RateUnit::Watts})
+        if (rateUnitOf(input))
+            add(unitName(unit));
+    for (const formulas::Unit& unit : formulas::kUnits)
+        if (measureOf(input) == unit.measure && !rateUnitOf(input))
+            add(unit.name);
+    for (const Factor& factor : kFactors)
+        if (factor.dimension == input.unit && !rateUnitOf(input))
+            add(factor.written);
+    return names;
+}
+
 std::string unitsInWords(const InputInfo& input)
 {
-    std::vector<std::string_view> names;
-    if (rateUnitOf(input))
-        names = {"met", "W/m²", "W"};
-    else if (const auto measure = measureOf(input)) {
-        names = {input.unit};
-        for (const formulas::Unit& unit : formulas::kUnits)
-            if (unit.measure == *measure)
-                names.push_back(unit.name);
-    } else {
-        for (const Factor& factor : kFactors)
-            if (factor.dimension == input.unit)
-                names.push_back(factor.written);
-    }
+    const std::vector<std::string_view> names =
+        rateUnitOf(input) ? std::vector<std::string_view>{"met", "W/m²", "W"} : unitsOfColumns(input);
     std::string text;
     for (std::size_t i = 0; i < names.size(); ++i)
         text.append(i == 0 ? "" : i + 1 == names.size() ? " or " : ", ").append(names[i]);
@@ -382,6 +392,71 @@ WornTogether insulationOfGarments(std::span<const std::string_view> ids)
             seat = chair->clo;
     }
     return {standards::ensembleOf(worn, seat).clo, {}};
+}
+
+namespace {
+
+std::string inQuotes(std::string_view text)
+{
+    return "\"" + std::string(text) + "\"";
+}
+
+Picked garmentsOf(std::string_view list)
+{
+    std::vector<std::string> plain;
+    for (std::size_t at = 0; at <= list.size();) {
+        const std::size_t end = std::min(list.find_first_of("+,", at), list.size());
+        plain.push_back(withoutBlanks(list.substr(at, end - at)));
+        at = end + 1;
+    }
+    const std::vector<std::string_view> ids(plain.begin(), plain.end());
+    WornTogether worn = insulationOfGarments(ids);
+    return {.input = &inputs::kClo,
+            .value = worn.clo,
+            .origin = std::to_string(ids.size()) + (ids.size() == 1 ? " garment" : " garments") +
+                      " together, ISO 9920 (2007)",
+            .fault = std::move(worn.fault)};
+}
+
+} // namespace
+
+std::optional<Picked> picked(std::string_view key, std::string_view text)
+{
+    if (key == "metabolic") {
+        const auto rate = rateOfText(text);
+        return Picked{.rate = rate.value_or(Rate{}),
+                      .origin = {},
+                      .fault = rate ? std::string()
+                                    : inQuotes(text) + " is no metabolic rate with its unit, as 2.6 met, "
+                                                       "165 W/m2 or 300 W"};
+    }
+    if (key == "activity") {
+        const PickedRate* const activity = activityOfId(withoutBlanks(text));
+        if (activity == nullptr)
+            return Picked{.origin = {}, .fault = "there is no activity " + inQuotes(text)};
+        return Picked{.rate = activity->rate,
+                      .origin = std::string(activity->id) + ", " + std::string(activity->source),
+                      .fault = {}};
+    }
+    if (key == "ensemble") {
+        const auto clo = insulationOfEnsemble(withoutBlanks(text));
+        return Picked{.input = &inputs::kClo,
+                      .value = clo.value_or(kNaN),
+                      .origin = std::string(text) + ", " + std::string(kClothingSource),
+                      .fault = clo ? std::string() : "there is no ensemble " + inQuotes(text)};
+    }
+    if (key == "garments")
+        return garmentsOf(text);
+    if (key == "morning_temperature") {
+        const auto outdoor = inputValue(inputs::kTa, text);
+        const double clo = standards::clothingByWeather(outdoor.value_or(kNaN)).clo;
+        return Picked{.input = &inputs::kClo,
+                      .value = clo,
+                      .origin = "outdoors " + std::string(text) + " at six, Schiavon and Lee (2013)",
+                      .fault = std::isnan(clo) ? inQuotes(text) + " is no temperature in °C or with its unit"
+                                               : std::string()};
+    }
+    return std::nullopt;
 }
 
 double metabolicRateFor(const InputInfo& input, double met, const Body& body)

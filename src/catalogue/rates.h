@@ -9,12 +9,14 @@
 
 #include "catalogue/additions.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace comfortics::catalogue {
 
@@ -60,6 +62,9 @@ std::optional<double> valueInUnit(const InputInfo& input, std::string_view text)
 
 /// Whether numbers in the unit can be given to an input, those of rates by the body.
 bool knowsUnit(const InputInfo& input, std::string_view unit);
+/// Those in which a column of a table can give an input, its own first: numbers in them convert without a
+/// body.
+std::vector<std::string_view> unitsOfColumns(const InputInfo& input);
 /// In which units an input can be given: "°C, F or K".
 std::string unitsInWords(const InputInfo& input);
 
@@ -86,5 +91,22 @@ struct WornTogether {
     std::string fault; ///< a clause on the one that is none, or is named again; empty where all are known
 };
 WornTogether insulationOfGarments(std::span<const std::string_view> ids);
+
+/// What stands in place of an input of all models that read it, in words of its own.
+struct Picked {
+    const InputInfo* input = nullptr; ///< null for the metabolic rate, whichever of its inputs a model has
+    double value = standards::kNaN;   ///< of an input
+    Rate rate{};                      ///< of the metabolic rate
+    std::string origin;               ///< for instance "typing, ASHRAE 55"
+    std::string fault;                ///< a clause on a text that means nothing; empty where all is well
+};
+
+/// "metabolic" (2.6 met), "activity" and "ensemble" (an id), "garments" (ids with + or commas between) and
+/// "morning_temperature", that of six o'clock outdoors, from which clothing follows. None for other keys.
+std::optional<Picked> picked(std::string_view key, std::string_view text);
+
+/// In the order in which they are shown.
+inline constexpr std::array<std::string_view, 5> kPickKeys{"metabolic", "activity", "ensemble", "garments",
+                                                           "morning_temperature"};
 
 } // namespace comfortics::catalogue

@@ -3,6 +3,7 @@
 #include "cli/commands.h"
 #include "cli/exit_status.h"
 #include "cli/model_lists.h"
+#include "cli/person_options.h"
 #include "cli/text_table.h"
 #include "output/csv_cell.h"
 #include "standards/wbgt_iso7243.h"
@@ -16,6 +17,7 @@
 #include <cmath>
 #include <iostream>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -80,12 +82,13 @@ std::string_view standingName(standards::Standing standing)
 /// One point of a model: what was typed, what is taken for the rest, and what follows.
 class Point {
 public:
-    Point(const Addition& model, const std::vector<std::string>& typed, standards::Limits limits)
+    Point(const Addition& model, const std::vector<std::string>& typed, const PersonOptions& person,
+          standards::Limits limits)
         : m_model(model), m_limits(limits)
     {
         const auto all = catalogue::additionInputs();
         for (std::size_t i = 0; i < all.size(); ++i)
-            if (!typed[i].empty() && !model.inputPlace(all[i]->id))
+            if (!typed[i].empty() && !model.inputPlace(all[i]->id) && !person.convertsBy(model, all[i]->id))
                 throw Refusal{kUsage, std::string(model.id) + " has no input " + optionName(*all[i]) +
                                           " (comfortics-cli model " + std::string(model.id) +
                                           " --describe shows those that it has)."};
@@ -94,6 +97,16 @@ public:
             m_typed.push_back(!typed[place].empty());
             inputs.push_back(m_typed.back() ? read(input, typed[place]) : input.start);
         }
+        m_origins.resize(inputs.size());
+        take(person, [&](std::string_view id) {
+            const auto place = static_cast<std::size_t>(
+                std::ranges::find(all, id, [](const InputInfo* input) { return input->id; }) - all.begin());
+            if (const auto own = model.inputPlace(id))
+                return inputs[*own];
+            return place < all.size()
+                       ? catalogue::inputValue(*all[place], typed[place]).value_or(standards::kNaN)
+                       : standards::kNaN;
+        });
         refuseIncomplete();
         results.resize(model.results.size());
         verdicts.resize(model.results.size());
@@ -109,7 +122,7 @@ public:
         if (!m_model.isRead(place, inputs))
             return "not read";
         if (m_typed[place])
-            return {};
+            return m_origins[place];
         return input.need == Need::Start ? "start: " + std::string(input.startSource)
                                          : "without: " + std::string(input.without);
     }
@@ -155,6 +168,27 @@ private:
         throw Refusal{kReadingsRejected, "The readings are rejected: " + sentence + "."};
     }
 
+    // What is picked stands as if it were typed.
+    void take(const PersonOptions& person, const PersonOptions::NumberOf& number)
+    {
+        try {
+            const std::vector<std::string> unread = person.unreadBy(m_model);
+            if (!unread.empty())
+                throw Refusal{kUsage, std::string(m_model.id) + " does not read " + unread.front() + "."};
+            for (const PersonOptions::Told& told : person.toldTo(m_model, number)) {
+                const std::size_t place = *m_model.inputPlace(told.input->id);
+                if (m_typed[place])
+                    throw std::invalid_argument(told.option + " and " + optionName(*told.input) +
+                                                " are both given, one stands for the other");
+                m_typed[place] = true;
+                m_origins[place] = told.origin;
+                inputs[place] = told.value;
+            }
+        } catch (const std::invalid_argument& error) {
+            throw Refusal{kReadingsRejected, "The readings are rejected: " + std::string(error.what()) + "."};
+        }
+    }
+
     void refuseIncomplete() const
     {
         for (std::size_t i = 0; i < inputs.size(); ++i) {
@@ -183,6 +217,7 @@ private:
     const Addition& m_model;
     standards::Limits m_limits;
     std::vector<bool> m_typed;
+    std::vector<std::string> m_origins; ///< of what is picked
 };
 
 /// Minutes and their figures.
@@ -243,6 +278,8 @@ public:
             command->add_option(optionName(*all[i]), m_typed[i], optionHelp(*all[i]))
                 ->type_name("TEXT")
                 ->group(std::string(groupName(all[i]->group)));
+        m_person.addPicksTo(*command);
+        m_person.addTablesTo(*command);
         command->footer("What is left out has the start value of the model, or the model does without it;\n"
                         "both are shown. What has neither has to be given.\n"
                         "Example: comfortics-cli model pmv_iso --ta 26 --tr 26 --v 0.15 --rh 50 --met 1.2 "
@@ -265,6 +302,14 @@ private:
     {
         if (m_list || !m_find.empty()) {
             print(modelList(modelsFound(m_find), m_format));
+            return kDone;
+        }
+        if (m_person.asksForTables()) {
+            print(m_person.tables(m_format));
+            return kDone;
+        }
+        if (m_id.empty() && m_person.any()) {
+            print(figuresOfPerson());
             return kDone;
         }
         if (m_id.empty())
@@ -291,7 +336,7 @@ private:
             print(workRestTable(*model, limits));
             return kDone;
         }
-        const Point point(*model, m_typed, limits);
+        const Point point(*model, m_typed, m_person, limits);
         refuseWithoutValue(*model, point);
         std::optional<Course> course;
         if (m_course)
@@ -461,6 +506,23 @@ private:
         return root.dump(2) + "\n";
     }
 
+    std::string figuresOfPerson() const
+    {
+        const auto all = catalogue::additionInputs();
+        const auto number = [&](std::string_view id) {
+            double value = standards::kNaN;
+            for (std::size_t i = 0; i < all.size(); ++i)
+                if (all[i]->id == id)
+                    value = catalogue::inputValue(*all[i], m_typed[i]).value_or(standards::kNaN);
+            return value;
+        };
+        try {
+            return m_person.figures(catalogue::bodyOf(number), m_format);
+        } catch (const std::invalid_argument& error) {
+            throw Refusal{kReadingsRejected, "The readings are rejected: " + std::string(error.what()) + "."};
+        }
+    }
+
     // For the acclimatised and for others, where the basis makes a difference.
     std::string workRestTable(const Addition& model, standards::Limits limits)
     {
@@ -486,7 +548,7 @@ private:
                     continue; // the basis does not know them
                 textOf("metabolic_w") = plainText(row.watts);
                 textOf("acclimatised") = acclimatised;
-                const Point point(model, m_typed, limits);
+                const Point point(model, m_typed, m_person, limits);
                 const bool none = point.verdicts[0].reason == Reason::Missing ||
                                   point.verdicts[0].reason == Reason::BeyondPhysics;
                 if (none)
@@ -528,6 +590,7 @@ private:
     bool m_table = false;
     std::string m_limits = "mark";
     std::string m_format = "text";
+    PersonOptions m_person;
     std::vector<std::string> m_typed; ///< in the order of additionInputs()
 };
 

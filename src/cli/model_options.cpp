@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 namespace comfortics::cli {
@@ -47,6 +48,7 @@ void ModelOptions::addTo(CLI::App& command, const std::string& shared)
         ->check(CLI::IsMember({"mark", "blank"}))
         ->capture_default_str()
         ->group("Models");
+    m_person.addPicksTo(command);
 }
 
 batch::ModelRequest ModelOptions::request() const
@@ -58,18 +60,57 @@ batch::ModelRequest ModelOptions::request() const
         request.constants = batch::ModelRequest::parseConstants(m_with);
     if (m_limits == "blank")
         request.limits = standards::Limits::Blank;
+    addPicked(request);
     return request;
+}
+
+// Rates are converted by the body that all rows share, never by start values: a column may give another.
+void ModelOptions::addPicked(batch::ModelRequest& request) const
+{
+    const auto given = [constants = request.constants](std::string_view id) {
+        const auto found =
+            std::ranges::find(constants, id, [](const auto& constant) { return constant.first->id; });
+        return found == constants.end() ? standards::kNaN : found->second;
+    };
+    for (const catalogue::Addition* model : request.models)
+        for (const PersonOptions::Told& told : m_person.toldTo(*model, given)) {
+            if (!std::isnan(given(told.input->id)))
+                throw std::invalid_argument(told.option + " and --with both give " +
+                                            std::string(told.input->id));
+            if (std::ranges::find(request.constants, std::pair(told.input, told.value)) ==
+                request.constants.end())
+                request.constants.emplace_back(told.input, told.value);
+        }
+}
+
+bool ModelOptions::isRead(std::string_view input, const std::vector<const catalogue::Addition*>& models) const
+{
+    return std::ranges::any_of(models, [&](const catalogue::Addition* model) {
+        return model->inputPlace(input).has_value() || m_person.convertsBy(*model, input);
+    });
 }
 
 std::string ModelOptions::fault() const
 {
-    const batch::ModelRequest asked = request();
-    for (const auto& [input, value] : asked.constants)
-        if (std::ranges::none_of(asked.models, [id = input->id](const catalogue::Addition* model) {
-                return model->inputPlace(id).has_value();
-            }))
-            return "--with: none of the models reads " + std::string(input->id) + ".";
-    return {};
+    if (m_models.empty())
+        return m_person.any() ? "What is told of a person wants --models." : "";
+    std::string clause;
+    try {
+        const batch::ModelRequest asked = request();
+        for (const auto& [input, value] : asked.constants)
+            if (!isRead(input->id, asked.models))
+                clause = "--with: none of the models reads " + std::string(input->id);
+        std::vector<std::string> unread = m_person.unreadBy(*asked.models.front());
+        for (const catalogue::Addition* model : asked.models)
+            std::erase_if(unread, [others = m_person.unreadBy(*model)](const std::string& option) {
+                return std::ranges::find(others, option) == others.end();
+            });
+        if (!unread.empty())
+            clause = unread.front() + ": none of the models reads it";
+    } catch (const std::invalid_argument& error) {
+        clause = error.what();
+    }
+    return clause.empty() ? clause : clause + ".";
 }
 
 } // namespace comfortics::cli

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "batch/model_columns.h"
+#include "cli/person_options.h"
 
 #include <string>
 
@@ -20,12 +21,17 @@ public:
     bool any() const noexcept { return !m_models.empty(); }
     /// A sentence on what was asked for and cannot be; empty where all is well.
     std::string fault() const;
+    /// Throws std::invalid_argument with a clause where there is a fault.
     batch::ModelRequest request() const;
 
 private:
+    bool isRead(std::string_view input, const std::vector<const catalogue::Addition*>& models) const;
+    void addPicked(batch::ModelRequest& request) const;
+
     std::string m_models;
     std::string m_with;
     std::string m_limits = "mark";
+    PersonOptions m_person;
 };
 
 } // namespace comfortics::cli

@@ -7,8 +7,10 @@
 
 #include "catalogue/catalogue.h"
 #include "python/calculate.h"
+#include "python/doubles.h"
 #include "python/lists.h"
 #include "python/models.h"
+#include "python/person.h"
 #include "python/reference.h"
 #include "python/ufuncs.h"
 #include "texts/number_text.h"
@@ -117,27 +119,6 @@ PyObject* formatValue(PyObject* /*module*/, PyObject* arguments)
     });
 }
 
-/// What an argument holds, as doubles side by side.
-class Doubles {
-public:
-    explicit Doubles(PyObject* object)
-        : m_array(PyArray_FROMANY(object, NPY_DOUBLE, 0, 0, NPY_ARRAY_CARRAY_RO))
-    {
-    }
-    PyArrayObject* array() const { return static_cast<PyArrayObject*>(static_cast<void*>(m_array.get())); }
-    const double* data() const { return static_cast<const double*>(PyArray_DATA(array())); }
-    std::size_t size() const { return static_cast<std::size_t>(PyArray_SIZE(array())); }
-    Reference like() const { return Reference(PyArray_NewLikeArray(array(), NPY_CORDER, nullptr, 0)); }
-
-private:
-    Reference m_array;
-};
-
-double* dataOf(const Reference& array)
-{
-    return static_cast<double*>(PyArray_DATA(static_cast<PyArrayObject*>(static_cast<void*>(array.get()))));
-}
-
 /// (values, from, to): an array of doubles.
 PyObject* convertArray(PyObject* /*module*/, PyObject* arguments)
 {
@@ -192,7 +173,7 @@ PyObject* solarRadiationArrays(PyObject* /*module*/, PyObject* arguments)
     });
 }
 
-std::array<PyMethodDef, 14> methods{{
+std::array<PyMethodDef, 19> methods{{
     {"catalogue", catalogue, METH_NOARGS, nullptr},
     {"quantities", quantities, METH_NOARGS, nullptr},
     {"units", allUnits, METH_NOARGS, nullptr},
@@ -206,6 +187,11 @@ std::array<PyMethodDef, 14> methods{{
     {"evaluate_model", evaluateModels, METH_VARARGS, nullptr},
     {"explain_model", explainModels, METH_VARARGS, nullptr},
     {"model_course", courseOfModel, METH_VARARGS, nullptr},
+    {"person_tables", personTables, METH_NOARGS, nullptr},
+    {"insulation_of_garments", insulationOfGarments, METH_VARARGS, nullptr},
+    {"clothing_by_weather_array", clothingByWeatherArray, METH_VARARGS, nullptr},
+    {"metabolic_rate_arrays", metabolicRateArrays, METH_VARARGS, nullptr},
+    {"running_mean_arrays", runningMeanArrays, METH_VARARGS, nullptr},
     {nullptr, nullptr, 0, nullptr},
 }};
 

@@ -3,6 +3,7 @@
 
 #include "batch/column_map.h"
 #include "catalogue/additions.h"
+#include "catalogue/rates.h"
 #include "tables/names.h"
 #include "tables/words.h"
 #include "texts/number_text.h"
@@ -149,11 +150,16 @@ private:
             do
                 add(upTo(value, *role == Role::Time || *role == Role::Dropped ? "+" : "", mark), *role);
             while (mark != 0);
-        } else if (catalogue::additionInputOfId(key) != nullptr) {
+        } else if (const catalogue::InputInfo* const input = catalogue::additionInputOfId(key)) {
             for (const ColumnUse& other : m_mapping.columns)
                 if (other.input == key)
                     fail("Two columns are told to be the input " + key + ".");
-            add(upTo(value, "", mark), Role::Input).input = key;
+            ColumnUse& use = add(upTo(value, ":", mark), Role::Input);
+            use.input = key;
+            if (mark == ':')
+                use.unit = upTo(value, "", mark);
+            if (const std::string fault = faultOfInputUnit(*input, use.unit); !fault.empty())
+                fail(fault + ".");
         } else {
             fail("\"" + key + "\" is nothing that a column can be.");
         }
@@ -190,6 +196,17 @@ private:
 };
 
 } // namespace
+
+std::string faultOfInputUnit(const catalogue::InputInfo& input, const std::string& unit)
+{
+    if (unit.empty() || catalogue::valueInUnit(input, "1 " + unit))
+        return {};
+    std::string fault = "\"" + unit + "\" is no unit in which a column can give " + std::string(input.id);
+    const auto known = catalogue::unitsOfColumns(input);
+    for (std::size_t i = 0; i < known.size(); ++i)
+        fault.append(i == 0 ? ": " : i + 1 == known.size() ? " or " : ", ").append(known[i]);
+    return fault;
+}
 
 std::string_view roleName(Role role)
 {

@@ -12,6 +12,10 @@
 #include <string_view>
 #include <vector>
 
+namespace comfortics::catalogue {
+struct InputInfo;
+}
+
 namespace comfortics::tables {
 
 /// What a column is used for.
@@ -29,7 +33,7 @@ enum class Role : std::uint8_t {
     Minute,
     Second,
     Station, ///< carried, and told apart in summaries
-    Input,   ///< carried, and an input of the models of standards, in the unit that these have for it
+    Input,   ///< carried, and an input of the models of standards
 };
 
 /// "carried", "dropped", "reading", "time", "year" and so on.
@@ -43,7 +47,9 @@ struct ColumnUse {
     std::string column; ///< its name, as the layout has it
     Role role = Role::Carried;
     Quantity quantity = Quantity::Ta; ///< of a reading
-    std::string unit;                 ///< of a reading: a symbol that UnitWay knows
+    /// Of a reading a symbol that UnitWay knows; of an input one of catalogue::unitsOfColumns(), or empty for
+    /// the one that models have for it.
+    std::string unit;
     double height = 0;             ///< of a wind: at which it was measured [m]; 0: at the height of the box
     double step = 0;               ///< of a dose: over which it was summed [s]
     std::string input;             ///< of an input: its id, such as "met"
@@ -95,10 +101,13 @@ std::optional<Mapping> plainMapping(const OpenTable& table);
 
 /// Reads the command line's form: "ta=Temp:F,ws=Wind:km/h@10m,time=Date+Time,station=Station". Keys: a
 /// quantity; time (columns joined by +), year, month, day, day of year, hour, hour and minute, minute,
-/// second, station, drop; the id of an input of models that is none of these, as met=Activity; order=dmy,
-/// zone=+02:00, gap=-99. A dose has its step behind @, as sr=Rad:kJ/m2@10min. A column is called by its name
-/// or by "#" and its number; a backslash before a mark takes it for a letter. Throws TableFault.
+/// second, station, drop; the id of an input of models that is none of these, as met=Activity:W/m2;
+/// order=dmy, zone=+02:00, gap=-99. A dose has its step behind @, as sr=Rad:kJ/m2@10min. A column is called
+/// by its name or by "#" and its number; a backslash before a mark takes it for a letter. Throws TableFault.
 Mapping mappingOfText(std::string_view text, const Layout& layout);
+
+/// A clause on why a column cannot give an input in a unit; empty where it can.
+std::string faultOfInputUnit(const catalogue::InputInfo& input, const std::string& unit);
 
 /// A mapping file: JSON in UTF-8.
 std::string mappingText(const Mapping& mapping);

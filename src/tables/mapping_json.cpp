@@ -146,6 +146,8 @@ ordered_json columnJson(const ColumnUse& use)
         object["role"] = roleName(use.role);
         if (use.role == Role::Input)
             object["input"] = use.input;
+        if (use.role == Role::Input && !use.unit.empty())
+            object["unit"] = use.unit;
     }
     if (!use.gaps.empty())
         object["gaps"] = use.gaps;
@@ -180,8 +182,12 @@ ColumnUse readColumn(const ordered_json& object)
             throw Damage("\"" + use.column + "\" tells not which reading it is");
         if (use.role == Role::Input) {
             use.input = textAt(object, "input");
-            if (catalogue::additionInputOfId(use.input) == nullptr)
+            const catalogue::InputInfo* const input = catalogue::additionInputOfId(use.input);
+            if (input == nullptr)
                 throw Damage("\"" + use.input + "\" is no input of a model");
+            use.unit = textAt(object, "unit");
+            if (const std::string fault = faultOfInputUnit(*input, use.unit); !fault.empty())
+                throw Damage(fault);
         }
     }
     use.gaps = textsAt(object, "gaps");

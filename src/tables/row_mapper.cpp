@@ -155,6 +155,8 @@ std::string RowMapper::inputText(std::size_t column, const catalogue::InputInfo&
         return {};
     if (m_decimal == ',' && cellNumber(cell, ','))
         std::replace(text.begin(), text.end(), ',', '.');
+    if (use.role == Role::Input && !use.unit.empty() && cellNumber(text, '.'))
+        text += " " + use.unit;
     return text;
 }
 

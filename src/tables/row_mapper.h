@@ -44,7 +44,7 @@ public:
     /// of the reading that it is, or else its own name.
     std::vector<std::string> inputNames() const;
     /// A cell as an input of models: that of a reading in the reading's unit, others as they stand, with a
-    /// point for a decimal mark; empty for a gap.
+    /// unit where the mapping tells one, and a point for a decimal mark; empty for a gap.
     std::string inputText(std::size_t column, const catalogue::InputInfo& input, const Row& row,
                           const MappedRow& mapped) const;
 

@@ -323,7 +323,8 @@ runMetadata(const Mapping& mapping, const Layout& layout, const RunOptions& opti
     }
     for (const ColumnUse& use : mapping.columns) {
         if (use.role == Role::Input)
-            lines.emplace_back("Column of the input " + use.input, "\"" + use.column + "\"");
+            lines.emplace_back("Column of the input " + use.input,
+                               "\"" + use.column + "\"" + (use.unit.empty() ? "" : " in " + use.unit));
         if (use.role != Role::Reading)
             continue;
         std::string text = "\"" + use.column + "\" in " + use.unit;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/mapping_page.h"
 
+#include "catalogue/rates.h"
 #include "texts/number_text.h"
 #include "ui/bindings.h"
 #include "ui/text.h"
@@ -81,9 +82,10 @@ QString inputName(const catalogue::InputInfo& input)
     return QStringLiteral("input of models: ") + toQt(input.name);
 }
 
-QString inputUnit(const catalogue::InputInfo* input)
+QString inputUnit(const tables::ColumnUse& use)
 {
-    return input == nullptr ? QString() : toQt(input->unit);
+    const catalogue::InputInfo* const input = catalogue::additionInputOfId(use.input);
+    return !use.unit.empty() ? toQt(use.unit) : input == nullptr ? QString() : toQt(input->unit);
 }
 
 QString useName(const tables::ColumnUse& use)
@@ -541,7 +543,7 @@ void MappingPage::showColumns()
             if (values.size() < kFirstValues && row.refused.empty() && place < row.cells.size())
                 values += toQt(row.cells[place]);
         QString unit = one.role == Role::Reading ? toQt(one.unit)
-                       : one.role == Role::Input ? inputUnit(catalogue::additionInputOfId(one.input))
+                       : one.role == Role::Input ? inputUnit(one)
                                                  : QString();
         if (one.role == Role::Reading && one.height > 0)
             unit += QStringLiteral(" at ") + toQt(values::plainText(one.height)) + QStringLiteral(" m");
@@ -585,8 +587,13 @@ void MappingPage::showColumn()
         return place < 0 ? -1 : kFirstRole + place;
     }());
     m_unit->clear();
-    if (one.role == Role::Input)
-        m_unit->addItem(inputUnit(catalogue::additionInputOfId(one.input)));
+    if (const catalogue::InputInfo* const input = catalogue::additionInputOfId(one.input)) {
+        for (const std::string_view unit : catalogue::unitsOfColumns(*input))
+            m_unit->addItem(toQt(unit));
+        if (m_unit->findText(inputUnit(one)) < 0)
+            m_unit->addItem(inputUnit(one));
+        m_unit->setCurrentText(inputUnit(one));
+    }
     const bool reading = one.role == Role::Reading;
     if (reading) {
         for (const std::string& unit : workbench::unitsOf(one.quantity))
@@ -595,7 +602,7 @@ void MappingPage::showColumn()
             m_unit->addItem(toQt(one.unit));
         m_unit->setCurrentText(toQt(one.unit));
     }
-    m_unit->setEnabled(reading);
+    m_unit->setEnabled(m_unit->count() > 1);
     m_height->setEnabled(reading && one.quantity == Quantity::WS);
     m_height->setText(reading && one.height > 0 ? toQt(values::plainText(one.height)) : QString());
     m_step->setEnabled(reading && tables::isDose(one.unit));
@@ -715,12 +722,15 @@ void MappingPage::choose(tables::ColumnUse& use, int choice) const
         return;
     if (choice >= kFirstRole) {
         const bool input = choice >= kFirstInput;
+        const std::string before = use.input;
         use.role = input ? Role::Input : kRoles[choice - kFirstRole].role;
         use.input =
             input
                 ? std::string(catalogue::additionInputs()[static_cast<std::size_t>(choice - kFirstInput)]->id)
                 : std::string();
         use.unit.clear();
+        if (input && use.input == before && m_unit->currentIndex() > 0) // the first is that of the input
+            use.unit = fromQt(m_unit->currentText());
         use.height = use.step = 0;
         return;
     }

@@ -41,6 +41,23 @@ TEST(BatchTables, AStationsTableIsCalculatedByItsColumns)
     EXPECT_EQ(runTool(with(options, {"--threads", "1"})).out, ending.out);
 }
 
+TEST(BatchTables, AnInputOfModelsComesInItsColumnsUnit)
+{
+    const std::string table = "Ta,Tg,RH,WS,Work,Rate\n26,26,50,0.1,116.3,2\n26,26,50,0.1,,2\n";
+    const Arguments options{"batch", "-",      "--models", "pmv_iso",  "--select",
+                            "1",     "--with", "clo=0.5",  "--format", "csv"};
+    const auto figures = [&](const std::string& column) {
+        const std::string out =
+            runTool(with(options, {"--columns", "ta=Ta,tg=Tg,rh=RH,ws=WS," + column}), table).out;
+        return out.substr(0, out.rfind('\n', out.size() - 2)); // the last row has no work
+    };
+    EXPECT_EQ(figures("met=Work:W/m2"), figures("met=Rate"));
+    EXPECT_NE(figures("met=Rate").find(",2,ok,132.9,1.25"), std::string::npos) << figures("met=Rate");
+    EXPECT_NE(runTool(with(options, {"--columns", "ta=Ta,met=Work:W"}), table)
+                  .err.find("\"W\" is no unit in which a column can give met: met or W/m²."),
+              std::string::npos);
+}
+
 TEST(BatchTables, AGuessIsUsedAsAMappingAndAnotherFormHasTheSameFigures)
 {
     const TemporaryFolder folder;

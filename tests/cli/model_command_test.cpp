@@ -55,6 +55,52 @@ TEST(Model, MarksOrBlanksWhatIsOutside)
               std::string::npos);
 }
 
+// 300 W over 58.15 W/m2 times the surface of DuBois with 0.202, 75 kg and 1.8 m; 0.835 (0.08 + 0.15) + 0.161.
+TEST(Model, TakesAPersonInOtherWords)
+{
+    const Arguments air{"model", "pmv_iso", "--ta", "26", "--tr",     "26",
+                        "--v",   "0.1",     "--rh", "50", "--format", "csv"};
+    const std::pair<Arguments, Arguments> same[] = {
+        {{"--activity", "typing", "--garments", "t_shirt, trousers_thin"},
+         {"--met", "1.1", "--clo", "0.35305"}},
+        {{"--metabolic", "116.3 W/m2", "--ensemble", "summer_indoors"}, {"--met", "2", "--clo", "0.5"}},
+        {{"--met", "69.78 W/m²", "--morning-temperature", "86 F"}, {"--met", "1.2", "--clo", "0.46"}},
+    };
+    for (const auto& [told, typed] : same) {
+        const Ending ending = runTool(with(air, told));
+        EXPECT_EQ(ending.status, 0) << ending.err;
+        EXPECT_EQ(ending.out, runTool(with(air, typed)).out) << told.front();
+    }
+    expectHas(runTool({"model", "--metabolic", "300 W", "--weight", "75", "--height", "180 cm"}).out,
+              "2.66223606862");
+    expectHas(runTool({"model", "--days", "20,21,22,23,24,25,26", "--format", "csv"}).out, ",22.1424337150");
+    expectHas(runTool({"model", "--work-clothes"}).out, "vapour_barrier_hooded");
+
+    const std::pair<Arguments, std::string> refused[] = {
+        {{"--activity", "typing", "--met", "1.2"},
+         "--activity and --met are both given, one stands for the other."},
+        {{"--metabolic", "300W"},
+         "pmv_iso reads met in met, for which it takes the weight of the body, too."},
+        {{"--metabolic", "300"},
+         "\"300\" is no metabolic rate with its unit, as 2.6 met, 165 W/m2 or 300 W."},
+        {{"--garments", "t_shirt,t_shirt"}, "the garment \"t_shirt\" is named twice."},
+        {{"--days", "20,21"}, "pmv_iso does not read --days."},
+        {{"--weight", "75"}, "pmv_iso has no input --weight"},
+    };
+    for (const auto& [told, says] : refused) {
+        const Ending ending = runTool(with(air, told));
+        EXPECT_EQ(ending.out, "");
+        expectHas(ending.err, says);
+    }
+    const Arguments calc{"calc", "--ta", "30",       "--rh",    "50",       "--ws", "0.2",
+                         "--tg", "31",   "--models", "pmv_iso", "--format", "csv"};
+    EXPECT_EQ(runTool(with(calc, {"--metabolic", "300W", "--with", "clo=0.5,weight=75,height=1.8"})).out,
+              runTool(with(calc, {"--with", "clo=0.5,met=2.662236068621"})).out);
+    EXPECT_EQ(runTool(with(calc, {"--activity", "typing", "--with", "clo=0.5,met=1"})).status, 2);
+    EXPECT_EQ(runTool(with(calc, {"--days", "1,2,3,4,5,6,7", "--with", "clo=0.5,met=1"})).err,
+              "comfortics-cli: --days: none of the models reads it.\n");
+}
+
 TEST(Model, FollowsTheCourse)
 {
     const Ending ending = runTool({"model",

@@ -19,7 +19,7 @@ def starred():
 def test_the_stub_has_each_name_with_its_parameters():
     tree = ast.parse((FOLDER / "__init__.pyi").read_text(encoding="utf-8"))
     functions = {}
-    told = {"ufuncs", *starred()}
+    told = {"person", "ufuncs", *starred()}
     for node in tree.body:
         if isinstance(node, (ast.FunctionDef, ast.ClassDef)):
             told.add(node.name)

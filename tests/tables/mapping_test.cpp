@@ -232,6 +232,7 @@ TEST(TableMapping, AFileOfItGivesItBackAndIsKnownAgainByItsTable)
     mapping.columns.back().step = 600;
     mapping.columns.front().role = tables::Role::Input;
     mapping.columns.front().input = "met";
+    mapping.columns.front().unit = "W/m2";
     EXPECT_EQ(tables::readMapping(tables::mappingText(mapping)).mapping, mapping);
     const std::vector<Mapping> known{{.name = "other"}, mapping};
     EXPECT_EQ(tables::recognised(table.layout, known), &known[1]);

@@ -11,7 +11,7 @@ Every index is a NumPy ufunc of its own inputs, by its id::
 wind speed) to any of them, and keeps the limits in which they are valid. `indices` is the catalogue.
 """
 
-from comfortics import _hook, ufuncs
+from comfortics import _hook, person, ufuncs
 from comfortics._calculate import calculate, explain
 from comfortics._catalogue import Category, Index, Indices, Limits, Quantity, Status, index, indices, quantities
 from comfortics._comfortics import version as __version__
@@ -43,6 +43,7 @@ __all__ = [
     "index",
     "indices",
     "models",
+    "person",
     "quantities",
     "solar_radiation",
     "ufuncs",

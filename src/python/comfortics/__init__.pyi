@@ -9,7 +9,7 @@ import numpy
 from numpy.typing import ArrayLike
 from pandas import DataFrame  # type: ignore
 
-from . import ufuncs as ufuncs
+from . import person as person, ufuncs as ufuncs
 from .ufuncs import *
 
 # Numbers and arrays of NumPy, and Series, DataArrays and arrays of Dask, none of which need be installed.
