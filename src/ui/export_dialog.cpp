@@ -2,6 +2,7 @@
 #include "ui/export_dialog.h"
 
 #include "ui/mark_style.h"
+#include "ui/share_bar.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
 
@@ -12,11 +13,12 @@
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QTimer>
 
-#include <cmath>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
 
 namespace comfortics::ui {
 
@@ -24,16 +26,48 @@ using Form = workbench::ExportRequest::Form;
 
 namespace {
 
-constexpr int kBarSteps = 1000;
-constexpr int kTick = 100; // [ms]
-
 std::string withEnding(const std::string& path, Form form)
 {
     const QString ending = form == Form::Xlsx ? QStringLiteral(".xlsx") : QStringLiteral(".csv");
     return toQt(path).endsWith(ending, Qt::CaseInsensitive) ? path : path + fromQt(ending);
 }
 
+/// Ends what may take a while beside the windows' thread; the program waits for it when it ends.
+class LateEnds {
+public:
+    LateEnds() = default;
+    ~LateEnds()
+    {
+        for (std::thread& thread : m_threads)
+            thread.join();
+    }
+    LateEnds(const LateEnds&) = delete;
+    LateEnds& operator=(const LateEnds&) = delete;
+
+    template <class Owned>
+    void end(Owned owned)
+    {
+        m_threads.emplace_back([ending = std::move(owned)]() mutable { ending.reset(); });
+    }
+
+private:
+    std::vector<std::thread> m_threads;
+};
+
 } // namespace
+
+/// Whom the end of an export is told, as long as it is there.
+struct ExportDialog::Listener {
+    std::mutex mutex;
+    ExportDialog* dialog = nullptr;
+
+    void finish()
+    {
+        const std::lock_guard lock(mutex);
+        if (dialog != nullptr)
+            QMetaObject::invokeMethod(dialog, &ExportDialog::finish, Qt::QueuedConnection);
+    }
+};
 
 ExportDialog::ExportDialog(std::shared_ptr<const workbench::TableStore> store,
                            std::shared_ptr<const workbench::View> view, controls::FileDialogs& files,
@@ -73,9 +107,8 @@ ExportDialog::ExportDialog(std::shared_ptr<const workbench::TableStore> store,
     m_message = new QLabel;
     m_message->setObjectName(QStringLiteral("lbl_Export_Message"));
     m_message->setWordWrap(true);
-    m_bar = new QProgressBar;
-    m_bar->setRange(0, kBarSteps);
-    m_bar->setAccessibleName(QStringLiteral("Progress of the export"));
+    m_bar = new ShareBar(QStringLiteral("Progress of the export"));
+    m_bar->setLast(QStringLiteral("completing the file"));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
     m_save = buttons->button(QDialogButtonBox::Save);
     m_save->setText(QStringLiteral("&Save …"));
@@ -90,23 +123,34 @@ ExportDialog::ExportDialog(std::shared_ptr<const workbench::TableStore> store,
     layout->addRow(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::save);
     connect(buttons, &QDialogButtonBox::rejected, this, &ExportDialog::reject);
-    m_ticks = new QTimer(this);
-    m_ticks->setInterval(kTick);
-    connect(m_ticks, &QTimer::timeout, this,
-            [this] { m_bar->setValue(static_cast<int>(std::lround(m_share * kBarSteps))); });
+    m_listener = std::make_shared<Listener>();
+    m_listener->dialog = this;
     m_runner = std::make_unique<Runner>(
-        [this](const workbench::ExportRequest& request, const Runner::GoOn& goOn) {
-            return workbench::exportStore(request, [&](double share) {
-                m_share = share;
-                return goOn();
+        [share = m_bar->share()](const workbench::ExportRequest& request, const Runner::GoOn& goOn) {
+            return workbench::exportStore(request, [&](double done) {
+                const bool on = goOn();
+                if (on) // a bar that has begun anew is not told of what was stopped
+                    *share = done;
+                return on;
             });
         },
-        [this] { QMetaObject::invokeMethod(this, &ExportDialog::finish, Qt::QueuedConnection); });
+        [listener = m_listener] { listener->finish(); });
     setWriting(false);
     setMinimumWidth(fontMetrics().averageCharWidth() * 60);
 }
 
-ExportDialog::~ExportDialog() = default;
+// A workbook that is being packed cannot be interrupted: nobody waits for it.
+ExportDialog::~ExportDialog()
+{
+    static LateEnds lateEnds;
+    {
+        const std::lock_guard lock(m_listener->mutex);
+        m_listener->dialog = nullptr;
+    }
+    m_runner->cancel();
+    if (m_stopped)
+        lateEnds.end(std::move(m_runner));
+}
 
 workbench::ExportRequest ExportDialog::request() const
 {
@@ -136,7 +180,6 @@ void ExportDialog::save()
     if (!path || path->empty())
         return;
     wanted.path = withEnding(*path, wanted.form);
-    m_share = 0;
     setWriting(true);
     m_runner->ask(std::move(wanted));
 }
@@ -144,12 +187,10 @@ void ExportDialog::save()
 void ExportDialog::setWriting(bool writing)
 {
     m_writing = writing;
-    m_bar->setVisible(writing);
-    m_bar->setValue(0);
     if (writing)
-        m_ticks->start();
+        m_bar->begin();
     else
-        m_ticks->stop();
+        m_bar->end();
     for (QWidget* const widget :
          {static_cast<QWidget*>(m_rows), static_cast<QWidget*>(m_form), static_cast<QWidget*>(m_inputs),
           static_cast<QWidget*>(m_status), static_cast<QWidget*>(m_reasons), static_cast<QWidget*>(m_save)})
@@ -174,6 +215,7 @@ void ExportDialog::reject()
 {
     if (m_writing) {
         m_runner->cancel();
+        m_stopped = true;
         setWriting(false);
         m_message->setText(QStringLiteral("No file was written."));
         return;

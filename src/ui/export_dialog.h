@@ -7,7 +7,6 @@
 
 #include <QDialog>
 
-#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,11 +14,11 @@
 class QCheckBox;
 class QComboBox;
 class QLabel;
-class QProgressBar;
 class QPushButton;
-class QTimer;
 
 namespace comfortics::ui {
+
+class ShareBar;
 
 /// Writes the rows in sight, or all of a run, to a file, on a thread of its own.
 class ExportDialog : public QDialog {
@@ -36,6 +35,8 @@ public:
 private:
     using Runner = workspace::LatestRunner<workbench::ExportRequest, std::optional<std::string>>;
 
+    struct Listener;
+
     workbench::ExportRequest request() const;
     void save();
     void finish();
@@ -50,12 +51,12 @@ private:
     QCheckBox* m_status;
     QCheckBox* m_reasons;
     QLabel* m_message;
-    QProgressBar* m_bar;
+    ShareBar* m_bar;
     QPushButton* m_save;
-    QTimer* m_ticks;
     bool m_writing = false;
-    std::atomic<double> m_share = 0;
-    std::unique_ptr<Runner> m_runner; // last: ends before what it tells goes
+    bool m_stopped = false; // what was stopped may still end
+    std::shared_ptr<Listener> m_listener;
+    std::unique_ptr<Runner> m_runner;
 };
 
 } // namespace comfortics::ui

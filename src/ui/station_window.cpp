@@ -9,6 +9,7 @@
 #include "ui/index_choice.h"
 #include "ui/mapping_page.h"
 #include "ui/results_page.h"
+#include "ui/share_bar.h"
 #include "ui/summary_dialog.h"
 #include "ui/text.h"
 #include "ui/widgets.h"
@@ -50,13 +51,6 @@ QPushButton* button(const QString& text, const QString& name, const QString& hin
     nameWidget(*made, name, QString(text).remove(QLatin1Char('&')), hint);
     pressWithEnter(*made);
     return made;
-}
-
-QString timeLeft(double seconds)
-{
-    const auto whole = static_cast<long>(std::ceil(seconds));
-    return whole < 90 ? QStringLiteral("%1 s left").arg(whole)
-                      : QStringLiteral("%1 min left").arg((whole + 30) / 60);
 }
 
 // The path as people tell it; the name of what has none.

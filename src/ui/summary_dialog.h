@@ -8,14 +8,17 @@
 
 #include <memory>
 
+class QDialogButtonBox;
 class QLabel;
-class QPushButton;
-class QTableWidget;
+class QTableView;
 
 namespace comfortics::ui {
 
+class CellModel;
+class ShareBar;
+
 /// What the rows in sight come to, index by index, and the hours in each class by month of the one that is
-/// chosen.
+/// chosen. They are counted on a thread of their own, which ends with the dialog.
 class SummaryDialog : public QDialog {
     Q_OBJECT
 
@@ -34,10 +37,14 @@ private:
     std::shared_ptr<const workbench::TableStore> m_store;
     std::shared_ptr<const workbench::View> m_view;
     Summary m_shown;
+    std::unique_ptr<CellModel> m_rows; // before the tables that show them
+    std::unique_ptr<CellModel> m_months;
     QLabel* m_facts;
-    QTableWidget* m_table;
+    ShareBar* m_bar;
+    QTableView* m_table;
     QLabel* m_ofClasses;
-    QTableWidget* m_classes;
+    QTableView* m_classes;
+    QDialogButtonBox* m_buttons;
     std::unique_ptr<Runner> m_runner; // last: ends before what it tells goes
 };
 

@@ -123,6 +123,8 @@ void writeRows(const ExportRequest& request, tables::ResultWriter& writer,
             append(block, request, request.view ? request.view->rows[i] : i, reasons);
         writer.write(block, writer.prepared(block));
     }
+    if (!goOn(1))
+        throw Ended();
     writer.end();
 }
 

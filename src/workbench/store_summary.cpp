@@ -8,7 +8,7 @@ namespace comfortics::workbench {
 
 namespace {
 
-constexpr std::size_t kRowsBetweenQuestions = 4096;
+constexpr std::size_t kRowsBetweenQuestions = 256;
 
 // A row of a store as one of a batch.
 class StoredFigures final : public batch::RowFigures {
@@ -51,7 +51,8 @@ workspace::Item itemOf(const tables::IndexSummary& summary)
     return summary.figure ? workspace::Item(*summary.figure) : workspace::Item(summary.index);
 }
 
-tables::TableSummary summaryOf(const TableStore& store, const View& view, const std::function<bool()>& goOn)
+tables::TableSummary summaryOf(const TableStore& store, const View& view,
+                               const std::function<bool(double share)>& goOn)
 {
     std::vector<std::uint32_t> rows = view.rows;
     std::sort(rows.begin(), rows.end());
@@ -62,7 +63,8 @@ tables::TableSummary summaryOf(const TableStore& store, const View& view, const 
     tables::Summarizer summarizer(indices, store.facts().figures);
     StoredFigures figures(store);
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (i % kRowsBetweenQuestions == 0 && !goOn())
+        if (i % kRowsBetweenQuestions == 0 &&
+            !goOn(static_cast<double>(i) / static_cast<double>(rows.size())))
             return {};
         const std::size_t row = rows[i];
         figures.stand(row);

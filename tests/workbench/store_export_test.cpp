@@ -87,7 +87,7 @@ TEST(Export, AWorkbookComesBackAsItWas)
 TEST(StoreSummary, CountsTheRowsInSight)
 {
     const auto store = exampleStore();
-    const auto summary = summaryOf(*store, View{{1, 0, 2}, false, {}}, [] { return true; });
+    const auto summary = summaryOf(*store, View{{1, 0, 2}, false, {}}, [](double) { return true; });
     ASSERT_EQ(summary.stations.size(), 1U);
     const tables::StationSummary& station = summary.stations[0];
     EXPECT_EQ(std::tuple(station.calculated, station.skipped, station.refused), std::tuple(2U, 0U, 1U));

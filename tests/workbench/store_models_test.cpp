@@ -135,7 +135,8 @@ TEST(StoreModels, AreSeenSummedAndDrawnAsIndicesAre)
     EXPECT_EQ(rows(word), (std::vector<std::uint32_t>{0}));
     EXPECT_EQ(inWords(word, *store), "pmv_iso.category: category B");
 
-    const auto station = summaryOf(*store, View{{0, 1, 2, 3}, false, {}}, [] { return true; }).stations.at(0);
+    const auto station =
+        summaryOf(*store, View{{0, 1, 2, 3}, false, {}}, [](double) { return true; }).stations.at(0);
     EXPECT_EQ(station.indices[Pmv].values, 2U);
     EXPECT_EQ(station.indices[Pmv].noValue, 1U); // the refused row has no figures
     EXPECT_EQ(station.indices[Pmv].marked, 1U);
