@@ -29,7 +29,8 @@ using workspace::Axis;
 
 namespace {
 
-constexpr double kSpace = 6;          // [pixel]
+constexpr double kDense = 1; // points of a line for each pixel, from which it is drawn thin, which is quicker
+constexpr double kSpace = 6; // [pixel]
 constexpr double kBandOpacity = 0.45; // the figures stay the strongest
 constexpr float kGridOpacity = 0.18F;
 constexpr float kShadeOpacity = 0.3F;
@@ -442,9 +443,11 @@ struct ChartPainter::Body {
     void paintLine(const workbench::TimeLine& line, const Plot& plot, std::size_t number)
     {
         const QColor color = lineInk(number, palette());
-        painter.setPen(QPen(color, number == 0 ? 1.3 : 1.6, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin));
-        painter.setBrush(color);
         const auto& points = line.points;
+        const bool dense = static_cast<double>(points.size()) > kDense * plot.room.width();
+        const double width = dense ? 1 : number == 0 ? 1.3 : 1.6;
+        painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin));
+        painter.setBrush(color);
         QPolygonF run;
         const auto flush = [&] {
             if (run.size() > 1)

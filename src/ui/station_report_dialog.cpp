@@ -130,7 +130,6 @@ void StationReportDialog::showPage()
     write(workbench::stationReportPage(m_gathered->report, room,
                                        kChartSize.height() * room / kChartSize.width()),
           m_gathered->shown, *m_page->document());
-    m_page->moveCursor(QTextCursor::Start);
     m_page->verticalScrollBar()->setValue(place);
 }
 

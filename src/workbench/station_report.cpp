@@ -20,6 +20,7 @@ using workspace::escaped;
 namespace {
 
 constexpr std::size_t kMostReasons = 8;
+constexpr std::size_t kRowsOfPart = 20;        // of the indices, on a page
 constexpr std::size_t kMostReasonsTold = 1000; // different ones that are counted
 constexpr std::size_t kAskEvery = 1U << 14;    // rows
 constexpr std::array kCharts{ChartKind::TimeSeries, ChartKind::Months, ChartKind::HeatMap,
@@ -122,11 +123,18 @@ constexpr const char* kSummaryHeader =
     "<th width=\"8%\">Median</th><th width=\"7%\">P95</th><th width=\"10%\">Lowest</th>"
     "<th width=\"10%\">Highest</th></tr>";
 
-std::string summaryRows(const StationReport& report)
+constexpr const char* kTable = "<table width=\"100%\" cellpadding=\"2\">";
+
+// In parts with a header each a long table is laid out piece by piece, and read more easily on paper.
+std::string summaryTable(const StationReport& report, bool inParts)
 {
     using workspace::row;
-    std::string rows;
+    std::string rows = std::string(kTable) + kSummaryHeader;
+    std::size_t written = 0;
     for (const tables::IndexSummary& index : report.summary.indices) {
+        if (inParts && written > 0 && written % kRowsOfPart == 0)
+            rows.append("</table>").append(kTable).append(kSummaryHeader);
+        ++written;
         const workspace::Item item = itemOf(index);
         const ChartColumn column{.decimals = item.decimals()};
         const auto mean = [&](double value) { return valueText(column, value, 1) + "&nbsp;"; };
@@ -160,10 +168,10 @@ std::string summaryRows(const StationReport& report)
              any ? mean(index.percentiles[5]) : "–", any ? extremeText(column, index.lowest) : "–",
              any ? extremeText(column, index.highest) : "–"});
     }
-    return rows;
+    return rows + "</table>";
 }
 
-std::string page(const StationReport& report, const std::vector<std::string>& pictures,
+std::string page(const StationReport& report, const std::vector<std::string>& pictures, bool inParts,
                  const char* style = "")
 {
     using workspace::row;
@@ -178,9 +186,8 @@ std::string page(const StationReport& report, const std::vector<std::string>& pi
     for (const auto& [name, text] : report.facts)
         html += row({escaped(name), escaped(text)});
     html += "</table>\n<h2>Rows</h2>\n<table width=\"100%\" cellpadding=\"2\">" + countRows(report) +
-            "</table>\n<h2>Indices</h2>\n<table width=\"100%\" cellpadding=\"2\">" + kSummaryHeader +
-            summaryRows(report) +
-            "</table>\n<p><small>Blank are values of calculated rows. Percentiles with linear "
+            "</table>\n<h2>Indices</h2>\n" + summaryTable(report, inParts) +
+            "\n<p><small>Blank are values of calculated rows. Percentiles with linear "
             "interpolation.</small></p>\n";
     for (std::size_t i = 0; i < report.charts.size() && i < pictures.size(); ++i) {
         const Chart& chart = report.charts[i];
@@ -301,7 +308,7 @@ std::optional<StationReport> stationReport(const StoreRows& rows, const StationR
 
 std::string stationReportHtml(const StationReport& report, const std::vector<std::string>& pictures)
 {
-    return page(report, pictures, workspace::kBrowserStyle);
+    return page(report, pictures, false, workspace::kBrowserStyle);
 }
 
 std::string stationReportPage(const StationReport& report, int width, int height)
@@ -310,7 +317,7 @@ std::string stationReportPage(const StationReport& report, int width, int height
     for (std::size_t i = 0; i < report.charts.size(); ++i)
         pictures.push_back("<p><img src=\"" + chartFileName(i) + "\" width=\"" + std::to_string(width) +
                            "\" height=\"" + std::to_string(height) + "\"></p>");
-    return page(report, pictures);
+    return page(report, pictures, true);
 }
 
 } // namespace comfortics::workbench

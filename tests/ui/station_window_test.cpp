@@ -3,8 +3,10 @@
 // The window of station files. What is read, run and arranged is tested without it.
 #include "temporary_folder.h"
 #include "test_program.h"
+#include "ui/charts_page.h"
 #include "ui/results_page.h"
 #include "ui/station_window.h"
+#include "ui/summary_dialog.h"
 #include "workspace/recent_files.h"
 
 #include <QComboBox>
@@ -97,6 +99,41 @@ TEST(StationWindow, ATableIsMappedRunSortedAndMarkedAsEarlier)
         window.earlier(),
         QStringLiteral("These are the results of run 1, of Clipboard; since then the mapping has changed."));
     EXPECT_TRUE(find<QLabel>(window, "lbl_Earlier").isVisibleTo(&window));
+}
+
+TEST(StationWindow, ChartsBeginWithTheChosenColumnAndTheSummaryHasItToo)
+{
+    StationProgram program;
+    StationWindow& window = program.window;
+    program.form.List_Indices.selectAll(false);
+    for (const std::size_t place : {0U, 194U})
+        program.form.List_Indices.setSelected(place, true);
+    ASSERT_TRUE(program.openText("Ta,Tg,RH,WS\n30,40,50,2\n25,26,60,1\n"));
+    window.calculate();
+    ASSERT_TRUE(program.settles([&] { return !window.busy() && window.results().view() != nullptr; }));
+    const auto charted = [&](int column) {
+        window.pages().setCurrentWidget(&window.results());
+        program.rows().setCurrentIndex(program.rows().model()->index(0, column));
+        window.pages().setCurrentWidget(&window.charts());
+        EXPECT_TRUE(program.settles([&] { return window.charts().settled(); }));
+        return find<QComboBox>(window, "chartColumn").currentText();
+    };
+    // Line, status and six readings, then the two indices.
+    EXPECT_TRUE(charted(9).startsWith(QStringLiteral("195 ")));
+    EXPECT_TRUE(charted(8).startsWith(QStringLiteral("1 ")));
+
+    SummaryDialog dialog(window.results().store(), window.results().view(), nullptr);
+    auto& table = find<QTableView>(dialog, "Flex_Summary");
+    ASSERT_TRUE(program.settles([&] { return table.model()->rowCount() == 2; }));
+    const auto cell = [&table](int column) { return table.model()->index(1, column).data().toString(); };
+    EXPECT_TRUE(cell(1).startsWith(QStringLiteral("195 ")));
+    EXPECT_EQ(cell(3), QStringLiteral("2"));
+    // The mean of two values lies between them, and the percentiles run from one to the other.
+    EXPECT_DOUBLE_EQ(2 * cell(8).toDouble(), cell(9).toDouble() + cell(11).toDouble());
+    EXPECT_LE(cell(9).toDouble(), cell(13).toDouble());
+    EXPECT_GE(cell(11).toDouble(), cell(19).toDouble());
+    table.setCurrentIndex(table.model()->index(1, 0));
+    EXPECT_TRUE(find<QLabel>(dialog, "lbl_Classes").text().contains(QStringLiteral("rows in each class")));
 }
 
 TEST(StationWindow, LinesOfTheFileAreToldOnThePageAndADroppedFileOpensWhereverItFalls)
