@@ -34,6 +34,7 @@ namespace {
 constexpr int kWidthInCharacters = 58;
 constexpr int kHeightInLines = 30;
 constexpr int kLineCharacters = 9;
+constexpr int kPickedCharacters = 7; // beside buttons
 constexpr int kAboutLines = 5;
 constexpr int kPicksShown = 15;
 constexpr const char* kModelKey = "person/model";
@@ -220,14 +221,16 @@ QWidget* PersonPanel::buildLine(const Field& field, controls::TextBox& box, QWid
     editor = line;
     new TextBoxBinding(*line, box);
     leaveUndoToWindow(*line);
-    line->setFixedWidth(line->fontMetrics().averageCharWidth() * kLineCharacters);
+    const bool picked = !workspace::picksOf(*field.info).empty();
+    line->setFixedWidth(line->fontMetrics().averageCharWidth() *
+                        (picked ? kPickedCharacters : kLineCharacters));
     auto* const whole = new QWidget;
     auto* const row = new QHBoxLayout(whole);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(kSmallGap);
+    row->setSpacing(picked ? kSmallGap / 2 : kSmallGap);
     row->addWidget(line);
     const QString id = toQt(field.info->id);
-    if (!workspace::picksOf(*field.info).empty()) {
+    if (picked) {
         auto* const pick =
             smallButton({}, QStringLiteral("pick_") + id, QStringLiteral("Pick: ") + toQt(field.info->name),
                         QStringLiteral("Shows what there is to pick from (ASHRAE 55); letters "

@@ -197,7 +197,7 @@ void SummaryDialog::show(const Summary& summary)
     for (int column = 0; column < m_rows->columnCount(); ++column)
         m_table->setColumnWidth(column, character * (column == kIndex                              ? 40
                                                      : column == kLowestAt || column == kHighestAt ? 26
-                                                                                                   : 14));
+                                                                                                   : 17));
     if (any)
         m_table->setCurrentIndex(m_rows->index(0, 0)); // shows its classes
     else
