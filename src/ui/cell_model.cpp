@@ -43,9 +43,11 @@ QVariant CellModel::data(const QModelIndex& index, int role) const
 
 QVariant CellModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= columnCount())
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
-    return m_cells.heads[section];
+    return role == Qt::DisplayRole   ? QVariant(m_cells.heads[section])
+           : role == Qt::ToolTipRole ? QVariant(tip(m_cells.heads[section]))
+                                     : QVariant();
 }
 
 } // namespace comfortics::ui

@@ -192,7 +192,7 @@ QWidget* ChartsPage::buildButtons()
                button(QStringLiteral("&Whole"), "zoomWhole", "All of the time (Home)",
                       [this] { m_chart->showWhole(); })};
     row->addStretch(1);
-    m_save = button(QStringLiteral("&Save chart …"), "saveChart",
+    m_save = button(QStringLiteral("Save &chart …"), "saveChart",
                     "PNG, SVG or PDF with title, source and rules", [this] { save(); });
     m_report = button(QStringLiteral("R&eport …"), "stationReport",
                       "A report of this station and period as PDF or HTML", [this] { report(); });

@@ -164,8 +164,8 @@ FilterDialog::FilterDialog(std::shared_ptr<const workbench::TableStore> store, c
         offer({Field::Kind::Carried, i});
 
     auto* const form = new QFormLayout(this);
-    form->addRow(QStringLiteral("&Column:"), m_field);
-    form->addRow(QStringLiteral("C&ondition:"), m_test);
+    form->addRow(QStringLiteral("Co&lumn:"), m_field);
+    form->addRow(QStringLiteral("Co&ndition:"), m_test);
     form->addRow(m_leastLabel, m_least);
     form->addRow(m_mostLabel, m_most);
     form->addRow(m_message);

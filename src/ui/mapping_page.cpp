@@ -238,11 +238,11 @@ QWidget* MappingPage::buildShape()
     auto* const layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kSmallGap);
-    layout->addWidget(labelOf(QStringLiteral("Encoding:"), *m_coding));
+    layout->addWidget(labelOf(QStringLiteral("&Encoding:"), *m_coding));
     layout->addWidget(m_coding);
-    layout->addWidget(labelOf(QStringLiteral("Separator:"), *m_separator));
+    layout->addWidget(labelOf(QStringLiteral("Separa&tor:"), *m_separator));
     layout->addWidget(m_separator);
-    layout->addWidget(labelOf(QStringLiteral("Decimals:"), *m_decimal));
+    layout->addWidget(labelOf(QStringLiteral("Decima&ls:"), *m_decimal));
     layout->addWidget(m_decimal);
     layout->addWidget(m_sheetLabel = labelOf(QStringLiteral("Sheet:"), *m_sheet));
     layout->addWidget(m_sheet);
@@ -296,9 +296,9 @@ QWidget* MappingPage::buildLines()
     layout->addWidget(m_nameLine);
     layout->addWidget(labelOf(QStringLiteral("Lines of units:"), *m_unitLines));
     layout->addWidget(m_unitLines);
-    layout->addWidget(labelOf(QStringLiteral("Readings from line:"), *m_dataLine));
+    layout->addWidget(labelOf(QStringLiteral("Readings &from line:"), *m_dataLine));
     layout->addWidget(m_dataLine);
-    layout->addWidget(labelOf(QStringLiteral("Comments begin with:"), *m_comment));
+    layout->addWidget(labelOf(QStringLiteral("&Comments begin with:"), *m_comment));
     layout->addWidget(m_comment);
     layout->addStretch(1);
     return row;
@@ -338,13 +338,13 @@ QWidget* MappingPage::buildColumn()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kSmallGap);
     layout->addWidget(m_column, 1);
-    layout->addWidget(labelOf(QStringLiteral("&is:"), *m_role));
+    layout->addWidget(labelOf(QStringLiteral("i&s:"), *m_role));
     layout->addWidget(m_role);
     layout->addWidget(labelOf(QStringLiteral("i&n:"), *m_unit));
     layout->addWidget(m_unit);
-    layout->addWidget(labelOf(QStringLiteral("at height [m]:"), *m_height));
+    layout->addWidget(labelOf(QStringLiteral("at &height [m]:"), *m_height));
     layout->addWidget(m_height);
-    layout->addWidget(labelOf(QStringLiteral("summed over [s]:"), *m_step));
+    layout->addWidget(labelOf(QStringLiteral("summed o&ver [s]:"), *m_step));
     layout->addWidget(m_step);
     return row;
 }
@@ -629,6 +629,8 @@ void MappingPage::showPreview()
         heads += cell(names[static_cast<std::size_t>(i)]);
     m_preview->setColumnCount(static_cast<int>(heads.size()));
     m_preview->setHorizontalHeaderLabels(heads);
+    for (int i = 0; i < m_preview->columnCount(); ++i)
+        m_preview->horizontalHeaderItem(i)->setToolTip(tip(heads[i])); // names of columns can be long
     m_preview->setRowCount(static_cast<int>(rows.size()));
     for (int i = 0; i < m_preview->rowCount(); ++i) {
         const workbench::PreviewRow& row = rows[static_cast<std::size_t>(i)];

@@ -177,5 +177,27 @@ TEST(StationWindow, AWrongFileLeavesTheTableAsItWas)
     EXPECT_TRUE(tests::says(program.window, QStringLiteral("cannot be read")));
 }
 
+TEST(StationWindow, NoLetterMeansTwoThingsOnAPage)
+{
+    StationProgram program;
+    StationWindow& window = program.window;
+    program.form.List_Indices.selectAll(false);
+    program.form.List_Indices.setSelected(194, true);
+    ASSERT_TRUE(program.openText("Time,Station,Ta (°C),RH (%),Wind (m/s),Globe (°C)\n"
+                                 "2024-07-01 12:00,Roof,30,50,2,40\n2024-07-01 13:00,Yard,25,60,1,31\n"));
+    window.calculate();
+    ASSERT_TRUE(program.settles([&] { return !window.busy() && window.results().view() != nullptr; }));
+    auto& stop = find<QPushButton>(window, "cmd_Stop_Run");
+    for (int page = 0; page < window.pages().count(); ++page) {
+        window.pages().setCurrentIndex(page);
+        EXPECT_EQ(tests::clashingLetters(window), "") << page;
+        if (page == 0)
+            continue; // it cannot be used during a run
+        stop.show();
+        EXPECT_EQ(tests::clashingLetters(window), "") << page << " during a run";
+        stop.hide();
+    }
+}
+
 } // namespace
 } // namespace comfortics::ui

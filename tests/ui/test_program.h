@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
+#include <QTabBar>
 #include <QTest>
 #include <QWidget>
 
@@ -95,6 +96,32 @@ inline std::string tabOrder(const QWidget& first, int steps)
         }
     }
     return order;
+}
+
+/// The letters that, with Alt, mean two of the widgets that can be used.
+inline std::string clashingLetters(const QWidget& window)
+{
+    std::string seen;
+    std::string found;
+    const auto add = [&](const QString& text) {
+        const QKeySequence keys = QKeySequence::mnemonic(text);
+        if (keys.isEmpty())
+            return;
+        const char letter = static_cast<char>(keys[0].key());
+        (seen.find(letter) == std::string::npos ? seen : found) += letter;
+    };
+    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&window) || !widget->isEnabled())
+            continue;
+        if (const auto* const button = qobject_cast<const QAbstractButton*>(widget))
+            add(button->text());
+        if (const auto* const label = qobject_cast<const QLabel*>(widget); label && label->buddy())
+            add(label->text());
+        if (const auto* const tabs = qobject_cast<const QTabBar*>(widget))
+            for (int i = 0; i < tabs->count(); ++i)
+                add(tabs->tabText(i));
+    }
+    return found;
 }
 
 /// What can be used and has nothing that a screen reader could say of it.
