@@ -123,7 +123,7 @@ constexpr const char* kSummaryHeader =
     "<th width=\"8%\">Median</th><th width=\"7%\">P95</th><th width=\"10%\">Lowest</th>"
     "<th width=\"10%\">Highest</th></tr>";
 
-constexpr const char* kTable = "<table width=\"100%\" cellpadding=\"2\">";
+constexpr const char* kTable = R"(<table width="100%" cellpadding="2">)";
 
 // In parts with a header each a long table is laid out piece by piece, and read more easily on paper.
 std::string summaryTable(const StationReport& report, bool inParts)

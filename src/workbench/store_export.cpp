@@ -182,6 +182,8 @@ std::optional<std::string> exportStore(const ExportRequest& request,
     } catch (const tables::TableFault& fault) {
         return fault.what();
     }
+    if (!goOn(1)) // stopped while a workbook was packed: what was promised not to be written is not
+        return std::nullopt;
     const output::WriteResult result = file.commit();
     return result.succeeded() ? std::nullopt : std::optional(result.error);
 }

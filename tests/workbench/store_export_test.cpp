@@ -58,6 +58,11 @@ TEST(Export, WritesTheRowsInSightWithTheirReasons)
     // Ended, or to a folder that is none: no file.
     request.path = folder.file("ended.csv");
     EXPECT_EQ(exportStore(request, [](double) { return false; }), std::nullopt);
+    // Stopped when the rows are written and the file is to be completed, too.
+    int whole = 0;
+    EXPECT_EQ(exportStore(request, [&whole](double share) { return share < 1 || ++whole == 1; }),
+              std::nullopt);
+    EXPECT_EQ(whole, 2);
     request.path = folder.file("none/out.csv");
     EXPECT_NE(exportStore(request, always).value_or(""), "");
     EXPECT_EQ(folder.names().size(), 2U);
