@@ -164,7 +164,11 @@ void ModelColumns::readInputs(const Columns& columns, const ModelRow& row, Model
         if (source.column || source.live) {
             const std::string text = source.column ? row.cell(*source.column, info) : row.live(*source.live);
             value = catalogue::inputValue(info, text).value_or(kNaN);
-            if (std::isnan(value) && !texts::trimmed(text).empty() && figures.unreadable.empty())
+            const bool blank = texts::trimmed(text).empty();
+            if (source.live && blank && !row.calculated && figures.unreadable.empty())
+                figures.unreadable = "No value: the row was not calculated, so the " +
+                                     catalogue::inSentence(info.name) + " is not known.";
+            if (std::isnan(value) && !blank && figures.unreadable.empty())
                 figures.unreadable =
                     "No value: " + quoted(text) + " is no " + catalogue::inSentence(info.name) + ".";
         }

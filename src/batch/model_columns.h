@@ -37,6 +37,7 @@ struct ModelRow {
     CellText cell;
     LiveText live;
     std::optional<RowClock> clock{};
+    bool calculated = true; ///< else its live quantities are not known, which is not the same as missing
 };
 
 /// Tells inputs in a way of its own. Any number of threads may ask.

@@ -126,7 +126,8 @@ private:
                             [&](formulas::Live quantity) {
                                 return values ? std::string(figures.live(quantity)) : std::string();
                             },
-                            {}},
+                            {},
+                            values},
                            [&](const ModelFigures& ofModel) {
                                m_models.cells(ofModel, [&csv](std::string_view cell) {
                                    csv += ',';

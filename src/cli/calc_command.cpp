@@ -92,7 +92,8 @@ public:
         models->calculate(
             {{},
              [&calculation](Live quantity) { return std::string(calculation.liveLabel(quantity).caption()); },
-             {}},
+             {},
+             status == RunStatus::Ok},
             [&figures](const batch::ModelFigures& ofModel) { figures.push_back(ofModel); });
         if (m_format == "json")
             print(json(calculation, status, settings, messages.texts(), figures));

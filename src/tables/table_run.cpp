@@ -120,7 +120,7 @@ private:
                                 [&](formulas::Live quantity) {
                                     return values ? std::string(figures->live(quantity)) : std::string();
                                 },
-                                mapped.time ? std::optional(rowClock(*mapped.time)) : std::nullopt},
+                                mapped.time ? std::optional(rowClock(*mapped.time)) : std::nullopt, values},
                                [this](const batch::ModelFigures& ofModel) { m_ofModels.push_back(ofModel); });
         if (m_writer != nullptr)
             appendModels(done.results);

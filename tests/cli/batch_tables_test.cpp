@@ -58,6 +58,19 @@ TEST(BatchTables, AnInputOfModelsComesInItsColumnsUnit)
               std::string::npos);
 }
 
+// The dew point reads above the air temperature for the classic rules.
+TEST(BatchTables, WhatStandsInARowThatFailedIsNotCalledMissing)
+{
+    const std::string table = "Ta,Tg,RH,WS\n18.3,18.3,53,1.2\n";
+    const Arguments options{"batch", "-", "--models", "utci", "--select", "195", "--reasons"};
+    const std::string says =
+        "\"No value: the row was not calculated, so the mean radiant temperature is not known.\"";
+    for (const Arguments& form : {Arguments{}, {"--columns", "ta=Ta,tg=Tg,rh=RH,ws=WS"}}) {
+        const std::string out = runTool(with(options, form), table).out;
+        EXPECT_NE(out.find(says), std::string::npos) << out;
+    }
+}
+
 TEST(BatchTables, AGuessIsUsedAsAMappingAndAnotherFormHasTheSameFigures)
 {
     const TemporaryFolder folder;
