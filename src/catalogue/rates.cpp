@@ -322,14 +322,26 @@ std::vector<std::string_view> unitsOfColumns(const InputInfo& input)
     return names;
 }
 
-std::string unitsInWords(const InputInfo& input)
+namespace {
+
+std::string alternatives(const std::vector<std::string_view>& names)
 {
-    const std::vector<std::string_view> names =
-        rateUnitOf(input) ? std::vector<std::string_view>{"met", "W/m²", "W"} : unitsOfColumns(input);
     std::string text;
     for (std::size_t i = 0; i < names.size(); ++i)
         text.append(i == 0 ? "" : i + 1 == names.size() ? " or " : ", ").append(names[i]);
     return text;
+}
+
+} // namespace
+
+std::string unitsOfColumnsInWords(const InputInfo& input)
+{
+    return alternatives(unitsOfColumns(input));
+}
+
+std::string unitsInWords(const InputInfo& input)
+{
+    return rateUnitOf(input) ? alternatives({"met", "W/m²", "W"}) : unitsOfColumnsInWords(input);
 }
 
 std::span<const PickedRate> activities()

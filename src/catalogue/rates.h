@@ -49,7 +49,10 @@ bool isMetabolicRate(const InputInfo& input) noexcept;
 /// That input of a model; none where it reads none.
 std::optional<std::size_t> metabolicPlace(const Addition& model) noexcept;
 
-/// The body by the numbers of its inputs (weight, height, age, sex, area), each NaN where there is none.
+/// The inputs that a body is made of.
+inline constexpr std::array<std::string_view, 5> kBodyInputs{"weight", "height", "age", "sex", "area"};
+
+/// The body by the numbers of its inputs, each NaN where there is none.
 Body bodyOf(const std::function<double(std::string_view id)>& number);
 
 /// A number with a unit, such as "2.6 met", "165 W/m2" or "150W". None for other texts, such as a number
@@ -65,6 +68,8 @@ bool knowsUnit(const InputInfo& input, std::string_view unit);
 /// Those in which a column of a table can give an input, its own first: numbers in them convert without a
 /// body.
 std::vector<std::string_view> unitsOfColumns(const InputInfo& input);
+/// These: "met or W/m²".
+std::string unitsOfColumnsInWords(const InputInfo& input);
 /// In which units an input can be given: "°C, F or K".
 std::string unitsInWords(const InputInfo& input);
 

@@ -79,6 +79,17 @@ std::string_view standingName(standards::Standing standing)
     return kNames[static_cast<std::size_t>(standing)];
 }
 
+/// The number that is typed for an input, in the order of additionInputs(); NaN for none.
+double typedNumber(const std::vector<std::string>& typed, std::string_view id)
+{
+    const auto all = catalogue::additionInputs();
+    const auto found = std::ranges::find(all, id, [](const InputInfo* input) { return input->id; });
+    if (found == all.end())
+        return standards::kNaN;
+    return catalogue::inputValue(**found, typed[static_cast<std::size_t>(found - all.begin())])
+        .value_or(standards::kNaN);
+}
+
 /// One point of a model: what was typed, what is taken for the rest, and what follows.
 class Point {
 public:
@@ -99,13 +110,8 @@ public:
         }
         m_origins.resize(inputs.size());
         take(person, [&](std::string_view id) {
-            const auto place = static_cast<std::size_t>(
-                std::ranges::find(all, id, [](const InputInfo* input) { return input->id; }) - all.begin());
-            if (const auto own = model.inputPlace(id))
-                return inputs[*own];
-            return place < all.size()
-                       ? catalogue::inputValue(*all[place], typed[place]).value_or(standards::kNaN)
-                       : standards::kNaN;
+            const auto own = model.inputPlace(id);
+            return own ? inputs[*own] : typedNumber(typed, id);
         });
         refuseIncomplete();
         results.resize(model.results.size());
@@ -508,14 +514,7 @@ private:
 
     std::string figuresOfPerson() const
     {
-        const auto all = catalogue::additionInputs();
-        const auto number = [&](std::string_view id) {
-            double value = standards::kNaN;
-            for (std::size_t i = 0; i < all.size(); ++i)
-                if (all[i]->id == id)
-                    value = catalogue::inputValue(*all[i], m_typed[i]).value_or(standards::kNaN);
-            return value;
-        };
+        const auto number = [this](std::string_view id) { return typedNumber(m_typed, id); };
         try {
             return m_person.figures(catalogue::bodyOf(number), m_format);
         } catch (const std::invalid_argument& error) {

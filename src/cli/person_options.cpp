@@ -5,6 +5,7 @@
 #include "standards/adaptive_en.h"
 #include "standards/picking_tables.h"
 #include "standards/wbgt_iso7243.h"
+#include "texts/number_text.h"
 #include "values/plain_text.h"
 
 #include <CLI/CLI.hpp>
@@ -34,7 +35,6 @@ constexpr std::array<const char*, kPickKeys.size()> kHelp{
     "Clothing that people choose by the outdoor temperature at six in the morning, in °C or with its unit"};
 
 constexpr std::string_view kRunning = "t_outdoor_running";
-constexpr std::array<std::string_view, 5> kBody{"weight", "height", "age", "sex", "area"};
 constexpr std::string_view kNobody = "the body is one that nobody has";
 constexpr std::string_view kBelowBasal = "below the basal rate";
 
@@ -45,14 +45,22 @@ std::string optionOf(std::string_view key)
     return name;
 }
 
-/// A table with names for its columns and, in the last of the numbers, a value.
+/// A table whose third column has numbers; NaN for none.
 class Listing {
 public:
     explicit Listing(std::vector<std::string> headers) : m_lines{std::move(headers)} {}
 
-    void add(std::vector<std::string> cells) { m_lines.push_back(std::move(cells)); }
+    void add(std::string_view id, std::string_view name, double number, std::string_view unit,
+             std::string_view note = {})
+    {
+        m_numbers.push_back(number);
+        m_lines.push_back({std::string(id), std::string(name),
+                           std::isnan(number) ? std::string() : plainText(number), std::string(unit)});
+        if (m_lines.front().size() > m_lines.back().size())
+            m_lines.back().emplace_back(note);
+    }
 
-    std::string text(const std::string& format, std::size_t number) const
+    std::string text(const std::string& format) const
     {
         if (format != "json")
             return formattedTable(m_lines, format);
@@ -62,12 +70,12 @@ public:
             for (std::size_t i = 0; i < m_lines[row].size(); ++i) {
                 std::string key = m_lines[0][i];
                 std::ranges::transform(key, key.begin(), [](unsigned char c) { return std::tolower(c); });
-                const std::string& cell = m_lines[row][i];
-                if (i != number)
-                    entry[key] = cell;
+                if (i != kNumber)
+                    entry[key] = m_lines[row][i];
+                else if (!std::isnan(m_numbers[row - 1]))
+                    entry[key] = m_numbers[row - 1];
                 else
-                    entry[key] =
-                        cell.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json::parse(cell);
+                    entry[key] = nullptr;
             }
             root.push_back(std::move(entry));
         }
@@ -75,14 +83,17 @@ public:
     }
 
 private:
+    static constexpr std::size_t kNumber = 2;
+
     std::vector<std::vector<std::string>> m_lines;
+    std::vector<double> m_numbers; // behind the headers
 };
 
 template <typename Garments>
 void addGarments(Listing& listing, const Garments& garments)
 {
     for (const standards::Garment& one : garments)
-        listing.add({std::string(one.id), std::string(one.name), plainText(one.clo), "clo"});
+        listing.add(one.id, one.name, one.clo, "clo");
 }
 
 } // namespace
@@ -129,22 +140,19 @@ bool PersonOptions::asksForTables() const
 
 std::string PersonOptions::tables(const std::string& format) const
 {
-    constexpr std::size_t kNumber = 2;
     if (m_activities) {
         Listing listing({"Id", "Activity", "Rate", "Unit", "Source"});
         for (const catalogue::PickedRate& one : catalogue::activities())
-            listing.add({std::string(one.id), std::string(one.name), plainText(one.rate.value),
-                         std::string(catalogue::unitName(one.rate.unit)), std::string(one.source)});
-        return listing.text(format, kNumber);
+            listing.add(one.id, one.name, one.rate.value, catalogue::unitName(one.rate.unit), one.source);
+        return listing.text(format);
     }
     if (m_workClothes) {
         Listing listing({"Id", "Clothing", "Adds", "Unit", "Source"});
         for (const catalogue::Choice& choice : catalogue::additionInputOfId("work_clothing")->choices)
-            listing.add(
-                {std::string(choice.word), std::string(choice.text),
-                 plainText(standards::clothingAdjustment(static_cast<standards::WorkClothing>(choice.value))),
-                 "K", "ISO 7243 (2017)"});
-        return listing.text(format, kNumber);
+            listing.add(choice.word, choice.text,
+                        standards::clothingAdjustment(static_cast<standards::WorkClothing>(choice.value)),
+                        "K", "ISO 7243 (2017)");
+        return listing.text(format);
     }
     Listing listing({"Id", "Clothing", "Insulation", "Unit"});
     if (m_ensembles) {
@@ -153,7 +161,7 @@ std::string PersonOptions::tables(const std::string& format) const
         addGarments(listing, standards::kGarments);
         addGarments(listing, standards::kChairs);
     }
-    return listing.text(format, kNumber);
+    return listing.text(format);
 }
 
 bool PersonOptions::any() const
@@ -229,7 +237,7 @@ std::vector<std::string> PersonOptions::unreadBy(const catalogue::Addition& mode
 bool PersonOptions::convertsBy(const catalogue::Addition& model, std::string_view id) const
 {
     const auto place = catalogue::metabolicPlace(model);
-    if (!place || std::ranges::find(kBody, id) == kBody.end())
+    if (!place || std::ranges::find(catalogue::kBodyInputs, id) == catalogue::kBodyInputs.end())
         return false;
     const RateUnit unit = *catalogue::rateUnitOf(*model.inputs[*place].info);
     return std::ranges::any_of(picked(), [unit](const auto& one) {
@@ -260,7 +268,7 @@ std::optional<PersonOptions::Told> PersonOptions::runningMean() const
         return Told{"--days", &outdoor, standards::runningMeanFixed(seven).t,
                     "seven days with the fixed weights of EN 16798-1"};
     const standards::Interval range = standards::adaptive_en_range::kAlpha.range;
-    const auto alpha = catalogue::inputValue(*catalogue::additionInputOfId("emissivity"), m_alpha);
+    const auto alpha = texts::numericValue(m_alpha);
     if (!alpha || !range.contains(*alpha))
         throw std::invalid_argument("--alpha: \"" + m_alpha + "\" is neither a weight, " +
                                     catalogue::rangeInWords(range, {}) + ", nor fixed");
@@ -272,8 +280,7 @@ std::string PersonOptions::figures(const catalogue::Body& body, const std::strin
     Listing listing({"Quantity", "Id", "Value", "Unit", "Note"});
     for (const auto& [option, one] : picked()) {
         if (one.input != nullptr) {
-            listing.add({std::string(one.input->name), std::string(one.input->id), plainText(one.value),
-                         std::string(one.input->unit), one.origin});
+            listing.add(one.input->name, one.input->id, one.value, one.input->unit, one.origin);
             continue;
         }
         for (const std::string_view id : {"met", "metabolic_w_m2", "metabolic_w", "activity_w"}) {
@@ -286,15 +293,12 @@ std::string PersonOptions::figures(const catalogue::Body& body, const std::strin
                 note = kNobody;
             else if (value < 0)
                 note = kBelowBasal;
-            listing.add({std::string(input.name), std::string(id),
-                         std::isnan(value) ? std::string() : plainText(value), std::string(input.unit),
-                         note});
+            listing.add(input.name, id, value, input.unit, note);
         }
     }
     if (const auto mean = runningMean())
-        listing.add({std::string(mean->input->name), std::string(mean->input->id), plainText(mean->value),
-                     std::string(mean->input->unit), mean->origin});
-    return listing.text(format, 2);
+        listing.add(mean->input->name, mean->input->id, mean->value, mean->input->unit, mean->origin);
+    return listing.text(format);
 }
 
 } // namespace comfortics::cli

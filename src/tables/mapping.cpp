@@ -201,11 +201,9 @@ std::string faultOfInputUnit(const catalogue::InputInfo& input, const std::strin
 {
     if (unit.empty() || catalogue::valueInUnit(input, "1 " + unit))
         return {};
-    std::string fault = "\"" + unit + "\" is no unit in which a column can give " + std::string(input.id);
-    const auto known = catalogue::unitsOfColumns(input);
-    for (std::size_t i = 0; i < known.size(); ++i)
-        fault.append(i == 0 ? ": " : i + 1 == known.size() ? " or " : ", ").append(known[i]);
-    return fault;
+    const std::string known = catalogue::unitsOfColumnsInWords(input);
+    return "\"" + unit + "\" is no unit in which a column can give " + std::string(input.id) +
+           (known.empty() ? "" : ": " + known);
 }
 
 std::string_view roleName(Role role)

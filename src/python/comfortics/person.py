@@ -23,6 +23,7 @@ import numpy
 
 from comfortics import _comfortics
 from comfortics._arrays import is_lazy, numbers
+from comfortics._calculate import _said
 from comfortics._errors import did_you_mean
 from comfortics._units import _folded, cf, convert
 
@@ -307,11 +308,3 @@ def _unit_place(unit):
     if _folded(unit) not in folded:
         raise ValueError(f"There is no unit {unit!r} of metabolic rates.{did_you_mean(str(unit), _UNITS)}")
     return folded[_folded(unit)]
-
-
-def _said(function, *arguments):
-    try:
-        return function(*arguments)
-    except ValueError as error:
-        text = str(error).removeprefix("comfortics: ")
-        raise ValueError(text[:1].upper() + text[1:] + ".") from None
